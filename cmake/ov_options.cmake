@@ -1,0 +1,11 @@
+# Compiler settings that every target of this project shares.
+add_library(ov_options INTERFACE)
+target_compile_features(ov_options INTERFACE cxx_std_20)
+target_compile_options(
+  ov_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
+                       -Woverloaded-virtual $<$<BOOL:${OV_WARNINGS_AS_ERRORS}>:-Werror>)
+if(OV_SANITIZE)
+  target_compile_options(ov_options INTERFACE -fsanitize=${OV_SANITIZE} -fno-omit-frame-pointer
+                                              -fno-sanitize-recover=all)
+  target_link_options(ov_options INTERFACE -fsanitize=${OV_SANITIZE})
+endif()

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <mutex>
+#include <utility>
+
+#include <OVAddressBookSDK/export.h>
+
+namespace ov::detail {
+
+/// One lock of a fixed pool, chosen by address.
+[[nodiscard]] OV_EXPORT std::mutex& stripeOf(const void* address);
+
+}  // namespace ov::detail
+
+/// A field that one thread may read while another replaces it: readers always get a whole value.
+///
+/// The old value is released after the lock is, so that its destructor may do anything.
+template <class T>
+class OVAtomic {
+ public:
+  OVAtomic() = default;
+  explicit OVAtomic(T value) : value_(std::move(value)) {}
+  OVAtomic(const OVAtomic&) = delete;
+  OVAtomic& operator=(const OVAtomic&) = delete;
+
+  [[nodiscard]] T load() const {
+    const std::lock_guard lock(ov::detail::stripeOf(this));
+    return value_;
+  }
+  void store(T value) {
+    const std::lock_guard lock(ov::detail::stripeOf(this));
+    std::swap(value_, value);
+  }
+  /// The value without the lock: for a caller that knows that no other thread stores.
+  [[nodiscard]] const T& peek() const { return value_; }
+
+ private:
+  T value_{};
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include <OVAddressBookSDK/object.h>
+
+/// An immutable block of bytes. Any thread may read it.
+class OV_EXPORT OVData final : public OVObject {
+ public:
+  /// A copy of the bytes.
+  [[nodiscard]] static OVRef<OVData> dataWithBytes(std::span<const std::byte> bytes);
+  [[nodiscard]] static OVRef<OVData> dataWithText(std::string_view bytes);
+  /// Takes the bytes over without copying them.
+  [[nodiscard]] static OVRef<OVData> dataWithVector(std::vector<std::byte> bytes);
+  /// Refers to bytes that stay unchanged for as long as `owner` lives.
+  [[nodiscard]] static OVRef<OVData> dataWithBytesNoCopy(std::span<const std::byte> bytes,
+                                                         std::shared_ptr<const void> owner);
+
+  /// Valid while this object lives.
+  [[nodiscard]] std::span<const std::byte> bytes() const { return bytes_; }
+  [[nodiscard]] std::string_view text() const {
+    return {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()};
+  }
+  [[nodiscard]] std::size_t size() const { return bytes_.size(); }
+
+  /// Written as plain data, without a class of its own.
+  [[nodiscard]] const OVClass* classForCoder() const override;
+
+ private:
+  OVData(std::span<const std::byte> bytes, std::shared_ptr<const void> owner)
+      : bytes_(bytes), owner_(std::move(owner)) {}
+
+  std::span<const std::byte> bytes_;
+  std::shared_ptr<const void> owner_;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/object.h>
+
+/// An image in whatever encoding its maker used (PNG, JPEG, ...). The library never looks inside.
+class OV_EXPORT OVImage final : public OVObject {
+ public:
+  /// Null for null data.
+  [[nodiscard]] static OVRef<OVImage> imageWithData(OVRef<OVData> data);
+
+  /// The encoded image; null only when an archive held none.
+  [[nodiscard]] const OVRef<OVData>& data() const { return data_; }
+
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ private:
+  friend struct ov::detail::Maker;
+  OVImage() = default;
+
+  OVRef<OVData> data_;
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+namespace ov::detail {
+class ArchiveWriter;
+}
+
+/// Writes an object graph into one data block: a keyed archive in a binary property list.
+///
+/// Each object is written once, under its identity, so that sharing and cycles survive; equal texts
+/// are written once. The same graph always gives the same bytes. A coder is handed to
+/// `OVObject::encodeWithCoder` and lives for that call; the graph must not change meanwhile.
+///
+/// Keys are UTF-8 texts without a NUL. Writing a key twice in one object is an error of its class:
+/// readers take the first.
+class OV_EXPORT OVKeyedArchiver {
+ public:
+  OVKeyedArchiver(const OVKeyedArchiver&) = delete;
+  OVKeyedArchiver& operator=(const OVKeyedArchiver&) = delete;
+
+  /// The archive of everything that can be reached from `root`. A null root is archived as null.
+  /// Throws `std::invalid_argument` for an object whose class cannot be archived.
+  [[nodiscard]] static OVRef<OVData> archivedDataWithRootObject(const OVRef<OVObject>& root);
+
+  /// Null is written as a null object: the key is present and reads as null.
+  void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
+  void encodeObjectForKey(const OVString& text, std::string_view key);
+  template <class T>
+  void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
+    encodeObjectForKey(OVRef<OVObject>(object), key);
+  }
+  /// An array as one object of the class "NSMutableArray".
+  void encodeListForKey(std::span<const OVRef<OVObject>> items, std::string_view key);
+  void encodeIntegerForKey(std::int64_t value, std::string_view key);
+  void encodeBoolForKey(bool value, std::string_view key);
+  void encodeDoubleForKey(double value, std::string_view key);
+  /// Raw bytes, inside the object itself.
+  void encodeBytesForKey(std::span<const std::byte> bytes, std::string_view key);
+
+ private:
+  friend class ov::detail::ArchiveWriter;
+  explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
+
+  ov::detail::ArchiveWriter& writer_;
+};

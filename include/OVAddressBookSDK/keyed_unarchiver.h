@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+namespace ov::detail {
+class ArchiveReader;
+}
+
+/// A data block that is no keyed archive, is damaged, or is made to do harm. The message says what
+/// is wrong and where.
+class OV_EXPORT OVInvalidArchive : public std::invalid_argument {
+ public:
+  using std::invalid_argument::invalid_argument;
+  OVInvalidArchive(const OVInvalidArchive&) = default;
+  OVInvalidArchive& operator=(const OVInvalidArchive&) = default;
+  ~OVInvalidArchive() override;
+};
+
+/// Reads an object graph out of a data block.
+///
+/// Only the library's classes and those that the host registered are built; an object of any other
+/// class becomes an `OVOpaqueObject`, which is written back unchanged. A coder is handed to
+/// `OVObject::initWithCoder` and lives for that call.
+///
+/// Absent keys, and keys that hold something of another kind, read as null or 0.
+class OV_EXPORT OVKeyedUnarchiver {
+ public:
+  OVKeyedUnarchiver(const OVKeyedUnarchiver&) = delete;
+  OVKeyedUnarchiver& operator=(const OVKeyedUnarchiver&) = delete;
+
+  /// The root object of the archive; null when the archive holds a null root. Throws
+  /// `OVInvalidArchive`, for null data too.
+  [[nodiscard]] static OVRef<OVObject> unarchiveObjectWithData(const OVRef<OVData>& data);
+
+  /// The same, with no class but texts, numbers, dates, data, lists and dictionaries known: every
+  /// other object arrives as an `OVOpaqueObject`. For looking into archives of any origin.
+  [[nodiscard]] static OVRef<OVObject> unarchiveOpaqueObjectWithData(const OVRef<OVData>& data);
+
+  /// Lets archives build objects of a host's class, from now on and in every thread.
+  ///
+  /// Registering the same class again does nothing. Throws `std::invalid_argument` when the name is
+  /// null or empty, belongs to another class, or the class cannot be made.
+  static void registerClass(const OVClass& hostClass);
+
+  [[nodiscard]] bool containsValueForKey(std::string_view key) const;
+  [[nodiscard]] OVRef<OVObject> decodeObjectForKey(std::string_view key);
+  template <class T>
+  [[nodiscard]] ov::Handle<T> decodeObjectForKey(std::string_view key) {
+    return ov::cast<T>(decodeObjectForKey(key));
+  }
+  [[nodiscard]] OVString decodeStringForKey(std::string_view key);
+  /// The elements of a list object; false when there is no list under the key.
+  [[nodiscard]] bool decodeListForKey(std::vector<OVRef<OVObject>>& items, std::string_view key);
+  /// A number inside the object itself; a real number is rounded towards zero.
+  [[nodiscard]] std::int64_t decodeIntegerForKey(std::string_view key) const;
+  [[nodiscard]] bool decodeBoolForKey(std::string_view key) const;
+  [[nodiscard]] double decodeDoubleForKey(std::string_view key) const;
+  /// Empty when absent. Valid during the call that got this coder.
+  [[nodiscard]] std::span<const std::byte> decodeBytesForKey(std::string_view key) const;
+
+ private:
+  friend class ov::detail::ArchiveReader;
+  OVKeyedUnarchiver(ov::detail::ArchiveReader& reader, std::uint64_t object)
+      : reader_(reader), object_(object) {}
+
+  ov::detail::ArchiveReader& reader_;
+  std::uint64_t object_;
+};

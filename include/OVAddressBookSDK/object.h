@@ -1,0 +1,103 @@
+#pragma once
+
+#include <memory>
+#include <typeinfo>
+
+#include <OVAddressBookSDK/export.h>
+
+class OVKeyedArchiver;
+class OVKeyedUnarchiver;
+class OVObject;
+
+namespace ov::detail {
+
+/// Makes objects whose constructors only the library and its heirs may call.
+struct Maker;
+
+}  // namespace ov::detail
+
+/// A counted reference. Null is the null reference.
+template <class T>
+using OVRef = std::shared_ptr<T>;
+
+/// Names a class in an archive. The name is part of the stored format.
+///
+/// Instances are static: an archive and the class table keep their addresses.
+struct OVClass {
+  /// The name under which objects are recorded.
+  const char* name;
+  /// The next class up, null for the root object ("NSObject").
+  const OVClass* superclass;
+  /// Makes an empty object, which `OVObject::initWithCoder` then fills.
+  OVRef<OVObject> (*make)();
+};
+
+/// The root of everything that can stand where any object may stand.
+///
+/// Objects are compared by identity and are not copyable as C++ values. They are meant for one
+/// thread at a time unless their class says more.
+class OV_EXPORT OVObject {
+ public:
+  OVObject(const OVObject&) = delete;
+  OVObject& operator=(const OVObject&) = delete;
+  constexpr virtual ~OVObject() = default;
+
+  /// The class under which the object is archived; null when it cannot be.
+  [[nodiscard]] virtual const OVClass* classForCoder() const;
+
+  /// Writes the object's fields. Called once an archive has given the object its identity.
+  virtual void encodeWithCoder(OVKeyedArchiver& coder) const;
+
+  /// Fills an empty object from its archived fields.
+  ///
+  /// The object is known to the archive before it is filled, so that cycles can be read. An object
+  /// that the coder hands out may itself still be empty: keep the reference, do not look inside.
+  virtual void initWithCoder(OVKeyedUnarchiver& coder);
+
+ protected:
+  constexpr OVObject() = default;
+};
+
+namespace ov {
+
+namespace detail {
+
+/// How a reference to any object is read as a T. Specialised for types with a handle of their own.
+template <class T>
+struct Cast {
+  static OVRef<T> from(const OVRef<OVObject>& object) {
+    if (object == nullptr) return nullptr;
+    OVObject& target = *object;
+    if (typeid(target) == typeid(T)) return std::static_pointer_cast<T>(object);
+    return std::dynamic_pointer_cast<T>(object);
+  }
+};
+
+template <>
+struct Cast<OVObject> {
+  static OVRef<OVObject> from(const OVRef<OVObject>& object) { return object; }
+};
+
+/// What stands for a T in a collection or a result: a reference, but for types that are handles.
+template <class T>
+struct Handle {
+  using type = OVRef<T>;
+};
+
+}  // namespace detail
+
+/// `OVRef<T>`, but `OVString` for `OVString`.
+template <class T>
+using Handle = typename detail::Handle<T>::type;
+
+/// The checked down-cast: null when `object` is null or of another class.
+///
+/// `cast<OVString>` gives the text with its identity kept. `cast<OVList<T>>` and
+/// `cast<OVDictionary<T>>` give a view of any list or dictionary; elements of another class read as
+/// null through it.
+template <class T>
+[[nodiscard]] Handle<T> cast(const OVRef<OVObject>& object) {
+  return detail::Cast<T>::from(object);
+}
+
+}  // namespace ov
