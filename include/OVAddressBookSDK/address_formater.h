@@ -1,0 +1,47 @@
+#pragma once
+
+#include <OVAddressBookSDK/address.h>
+#include <OVAddressBookSDK/address_field.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// Lays out a postal address as its country does.
+///
+/// Layouts are found by the exact country code. Every code without a layout of its own, "" and
+/// upper-case codes included, has the layout of the United States; null has an empty one.
+class OV_EXPORT OVAddressFormater : public OVObject {
+ public:
+  /// A formatter that keeps the address and reads it anew on every call; null for null.
+  [[nodiscard]] static OVRef<OVAddressFormater> initWithObject(OVRef<OVObjectAddress> address);
+
+  /// The address on several lines in the layout of its own country; "" when it has no country code.
+  [[nodiscard]] OVString formatString() const;
+  /// The address on one line in the layout of its own country; "" when it has no country code.
+  [[nodiscard]] OVString string() const;
+
+  /// The address on several lines: values of one line are joined by a blank, lines without a value
+  /// are left out. Never null.
+  [[nodiscard]] OVString formatStringByCountryCode(const OVString& code) const;
+  /// All values joined by blanks. Never null.
+  [[nodiscard]] OVString stringByCountryCode(const OVString& code) const;
+
+  /// The layout: lines of fields, the fields being those of the catalogue. The lists are the
+  /// caller's own; never null, empty for a null code.
+  [[nodiscard]] static OVRef<OVList<OVList<OVAdressField>>> fieldFormaterByCountryCode(
+      const OVString& code);
+  /// The fields of the layout in one list, the caller's own; never null, empty for a null code.
+  [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayByCountryCode(const OVString& code);
+
+  /// The layout of `OVCountry::local()`, empty when there is no local country. Throws as that does.
+  [[nodiscard]] static OVRef<OVList<OVList<OVAdressField>>> fieldFormaterLocal();
+  [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayLocal();
+
+ protected:
+  explicit OVAddressFormater(OVRef<OVObjectAddress> address);
+
+ private:
+  friend struct ov::detail::Maker;
+
+  OVRef<OVObjectAddress> addressObject_;
+};

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// A country: a two-letter code and an English name. Immutable.
+///
+/// The class keeps one list of known countries for the whole process: the codes of the platform's
+/// ISO 3166-1 list that have a name in the library's own vocabulary. Building it is safe when
+/// several threads come first. Once built it is shared and handed out live: `addCountryByCode`,
+/// `sort` and changes through `allCountry` must not run beside readers.
+class OV_EXPORT OVCountry : public OVObject {
+ public:
+  /// Keeps both as they are, null included.
+  [[nodiscard]] static OVRef<OVCountry> initWithCodeName(OVString code, OVString name);
+
+  /// Lower case for every country of the list; null only where the maker gave null.
+  [[nodiscard]] OVString code() const { return code_; }
+  [[nodiscard]] OVString name() const { return name_; }
+
+  /// The shared list itself, ordered by name when it is built. Never null.
+  [[nodiscard]] static OVRef<OVList<OVCountry>> allCountry();
+
+  /// The country under exactly this code; null asks for the country of the current locale.
+  ///
+  /// Known codes are lower case. Any other text whose upper-case form is an ISO country code ("DE",
+  /// or a code without a name) gives the United States; everything else gives null. Throws
+  /// `std::out_of_range` for null when the locale identifier has no underscore.
+  [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVString& code);
+
+  /// The English name for a code in any case; null for null and for codes without a name.
+  [[nodiscard]] static OVString countryNameByCode(const OVString& code);
+
+  /// Appends a new country to the shared list, even when the code stands there already, and makes
+  /// it the one that `countryWithCode` finds. Does nothing when the code has no name, and nothing
+  /// before the list was built.
+  static void addCountryByCode(const OVString& code);
+
+  /// Orders the shared list by name, byte by byte; a null name counts as "". Countries of one name
+  /// keep their order. Does nothing before the list was built.
+  static void sort();
+
+  /// `standCode` of the current locale's identifier.
+  [[nodiscard]] static OVString localeCode();
+
+  /// The country of the current locale; null when it is not known. Throws as `standCode` does.
+  [[nodiscard]] static OVRef<OVCountry> local();
+
+  /// What follows the first underscore of a locale identifier, lower-cased: "us" for "en_US",
+  /// "latn_rs" for "sr_Latn_RS". Null for null. Throws `std::out_of_range` without an underscore.
+  [[nodiscard]] static OVString standCode(const OVString& localeIdentifier);
+
+  /// The country that the user chose, read anew from the user defaults; `local()` when none is
+  /// stored or the stored code gives no country. Throws as `standCode` does when it needs
+  /// `local()`.
+  [[nodiscard]] static OVRef<OVCountry> defaultCountry();
+
+  /// Stores the country's code as the user's choice and writes the user defaults through. Does
+  /// nothing for null, and for a country whose code is null.
+  static void setDefaultCountry(const OVRef<OVCountry>& country);
+
+ protected:
+  OVCountry(OVString code, OVString name);
+
+ private:
+  friend struct ov::detail::Maker;
+
+  OVString code_;
+  OVString name_;
+};

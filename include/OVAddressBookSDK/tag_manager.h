@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// The user's tags on the persons of one address book, kept in the user defaults under an ID that
+/// the host chooses.
+///
+/// Every change writes the whole store at once, without waiting for the disk. Two managers of one
+/// ID know nothing of each other: the last to save wins. Used from one thread; only `tagID` may be
+/// read beside its setter.
+///
+/// Lists are handed out live: a change made through one shows in the manager, but is written only
+/// with the next save.
+class OV_EXPORT OVTagManager : public OVObject {
+ public:
+  /// The manager stored under the ID, or a new, empty one when nothing is stored there or the
+  /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive` when
+  /// what is stored is no archive, and leaves it as it is.
+  [[nodiscard]] static OVRef<OVTagManager> tagManagerWithID(const OVString& tagID);
+
+  /// An empty manager without an ID. It cannot be saved before it gets one.
+  [[nodiscard]] static OVRef<OVTagManager> init();
+
+  /// The key in the user defaults; null when none was given.
+  [[nodiscard]] OVString tagID() const { return tagID_.load(); }
+  /// Takes effect with the next save; what is stored under the old ID stays.
+  void setTagID(OVString tagID) { tagID_.store(std::move(tagID)); }
+
+  /// Writes the whole manager to the user defaults. Does nothing while the ID is null.
+  void save() const;
+
+  /// How many tags are in use.
+  [[nodiscard]] std::uint64_t count() const;
+  /// Tags in the order of their first use; null past the end.
+  [[nodiscard]] OVString tagAtIndex(std::uint64_t index) const;
+
+  /// The live list of the persons that carry the tag, in order of tagging; null when there is none
+  /// and for null.
+  [[nodiscard]] OVRef<OVList<OVString>> personIDsByTag(const OVString& tag) const;
+  /// The live list of the person's tags, in order of tagging; null when there is none and for null.
+  [[nodiscard]] OVRef<OVList<OVString>> tagsByPersonID(const OVString& personID) const;
+
+  /// Tags a person; a tag that the person already carries stays where it is. Saves. Does nothing,
+  /// not even save, when an argument is null.
+  void addPersonIDForTag(const OVString& personID, const OVString& tag);
+
+  /// Takes a tag from a person. A tag that nobody carries any more is dropped, and so is the list
+  /// of a person without tags. Saves. Does nothing, not even save, when an argument is null.
+  void removePersonIDFromTag(const OVString& personID, const OVString& tag);
+
+  /// Takes all tags from a person. Saves after each and once at the end. Does nothing for null.
+  void removeForPersonID(const OVString& personID);
+
+  /// Takes a tag from all persons and drops it. A person whose last tag it was keeps an empty list,
+  /// unlike with `removePersonIDFromTag`. Saves, for a null tag too.
+  void removeTag(const OVString& tag);
+
+  /// Gives a person these tags in place of all others. Saves after each step and once at the end.
+  /// Does nothing, not even save, when an argument is null.
+  ///
+  /// The list is read after the person's old tags are gone: the person's own live list is empty by
+  /// then, and handing it in only takes all tags away.
+  void setTagsForPersonID(const OVRef<OVList<OVString>>& tags, const OVString& personID);
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  OVTagManager() = default;
+
+ private:
+  friend struct ov::detail::Maker;
+  using ListsByText = OVDictionary<OVList<OVString>>;
+
+  // A manager from an archive may lack any of the three: it reads as empty and takes nothing up.
+  OVRef<OVList<OVString>> tags_;
+  OVRef<ListsByText> tagKeyDic_;
+  OVRef<ListsByText> personIDDic_;
+  OVAtomic<OVString> tagID_;
+};
