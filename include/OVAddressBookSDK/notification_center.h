@@ -1,0 +1,93 @@
+#pragma once
+
+#include <functional>
+
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// What an observer is told.
+struct OVNotification {
+  OVString name;
+  /// Whom it is about; may be null.
+  OVRef<OVObject> object;
+  /// More about it; may be null. Shared with the poster and the other observers.
+  OVRef<OVDictionary<OVObject>> userInfo;
+};
+
+/// Keeps an observer registered for as long as it lives.
+class OV_EXPORT OVNotificationObserver {
+ public:
+  /// Observes nothing.
+  OVNotificationObserver() = default;
+  /// Calls `remove`, once, when the observation is to end.
+  explicit OVNotificationObserver(std::function<void()> remove);
+  OVNotificationObserver(OVNotificationObserver&& other) noexcept;
+  OVNotificationObserver& operator=(OVNotificationObserver&& other) noexcept;
+  ~OVNotificationObserver();
+
+  /// Ends the observation: no call of the callback begins after this. A call that another thread is
+  /// in the middle of may still be running. Does nothing the second time.
+  void remove();
+
+ private:
+  std::function<void()> remove_;
+};
+
+/// Broadcasts notifications by name.
+///
+/// The platform's default works within the process: a notification is delivered on the poster's
+/// thread, before the post returns, to the observers in the order in which they were added. During
+/// a delivery observers may be added, removed (themselves and each other) and notifications posted:
+/// one that has been removed is not called any more, one that has just been added is not called for
+/// that delivery. Any thread may do anything at any time; no lock is held while a callback runs.
+///
+///     auto observer = OVNotificationCenter::defaultCenter()->addObserver(
+///         OV_LastNmaeFrontChange_notification, [&](const OVNotification&) { redrawNames(); });
+///
+/// A host with a bus of its own derives from this class and installs it:
+///
+///     class HostCenter : public OVNotificationCenter {
+///       OVNotificationObserver observe(const OVString& name, Callback callback) override {
+///         const auto id = bus.subscribe(name, std::move(callback));
+///         return OVNotificationObserver([id] { bus.unsubscribe(id); });
+///       }
+///       void post(const OVNotification& notification) override { bus.publish(notification); }
+///     };
+///     OVNotificationCenter::setDefaultCenter(std::make_shared<HostCenter>());
+class OV_EXPORT OVNotificationCenter {
+ public:
+  using Callback = std::function<void(const OVNotification&)>;
+
+  OVNotificationCenter(const OVNotificationCenter&) = delete;
+  OVNotificationCenter& operator=(const OVNotificationCenter&) = delete;
+  virtual ~OVNotificationCenter();
+
+  /// The centre that the library posts on; never null.
+  [[nodiscard]] static OVRef<OVNotificationCenter> defaultCenter();
+  /// Installs another centre; null brings the platform's default back. Observers stay with the
+  /// centre that they were added to.
+  static void setDefaultCenter(OVRef<OVNotificationCenter> center);
+
+  /// A new centre of the default's kind, on which nobody else posts.
+  [[nodiscard]] static OVRef<OVNotificationCenter> inProcess();
+
+  /// Calls `callback` for every notification of that name, of any name when `name` is null, until
+  /// the result is destroyed. The observer may outlive the centre. Throws `std::invalid_argument`
+  /// when there is no callback.
+  [[nodiscard]] OVNotificationObserver addObserver(const OVString& name, Callback callback);
+
+  /// Delivers a notification. A null name delivers nothing. What a callback throws reaches the
+  /// caller, and the observers after it are not called.
+  void postNotificationName(const OVString& name, const OVRef<OVObject>& object = nullptr,
+                            const OVRef<OVDictionary<OVObject>>& userInfo = nullptr);
+
+ protected:
+  OVNotificationCenter() = default;
+
+ private:
+  /// Called with a callback that can be called.
+  virtual OVNotificationObserver observe(const OVString& name, Callback callback) = 0;
+  /// Called with a name that is not null.
+  virtual void post(const OVNotification& notification) = 0;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace ov {
+
+/// Whether person names are shown last name first, read from the standard user defaults each time.
+[[nodiscard]] bool lastNameInFront();
+
+/// Stores the preference durably, then announces it, also when it is what it was.
+void setLastNameInFront(bool flag);
+
+}  // namespace ov
