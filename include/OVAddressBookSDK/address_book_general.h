@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+
+#include <OVAddressBookSDK/address_book.h>
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/group_general.h>
+#include <OVAddressBookSDK/person_general.h>
+
+/// A neutral snapshot of any book, written whole into one data block and read back from it.
+///
+/// Its content is reached through `personsDic` and `groupsDic` only: asked as an `OVAddressBook`,
+/// it is empty. One thread at a time.
+class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
+                                       public std::enable_shared_from_this<OVAddressBookGeneral> {
+ public:
+  /// A new, empty book.
+  [[nodiscard]] static OVRef<OVAddressBookGeneral> init();
+  /// The root object of the archive in `data`, whatever its class: `ov::cast<OVAddressBookGeneral>`
+  /// tells whether it is a book. Throws `OVInvalidArchive` for data that is no archive, and for
+  /// null.
+  [[nodiscard]] static OVRef<OVObject> addressBookWithData(const OVRef<OVData>& data);
+  /// The archive with this book as its root object. The same content gives the same bytes.
+  [[nodiscard]] OVRef<OVData> saveToData() const;
+
+  /// Converts the person and keeps the result under its ID, in the place of an earlier one. Null
+  /// does nothing. Throws `std::invalid_argument`, changing nothing, when the ID is null.
+  void addPerson(const OVRef<IOVPerson>& person);
+  /// Converts the group and keeps the result under its ID, in the place of an earlier one. Throws
+  /// `std::invalid_argument`, changing nothing, for null, when the ID is null, and where
+  /// `generalGroupByGroup` does.
+  void addGroup(const OVRef<IOVGroup>& group);
+
+  /// Always a new person, with the ID and the very values that `person` has for the properties of
+  /// the standard catalogue; null for null. Tags and values under other names stay behind.
+  [[nodiscard]] OVRef<OVPersonGeneral> generalPersonWithPerson(
+      const OVRef<IOVPerson>& person) const;
+  /// A new group of the IDs of the sub-groups and members of `group`; null for null. Sub-groups are
+  /// not converted. Throws `std::invalid_argument` when one of them has no ID.
+  [[nodiscard]] OVRef<OVGroupGeneral> generalGroupByGroup(const OVRef<IOVGroup>& group) const;
+
+  /// The persons by ID, the groups by the ID of the group they were made from: the live
+  /// dictionaries. Null when the book came out of an archive that had none; such a book takes
+  /// nothing, in silence.
+  [[nodiscard]] OVRef<OVDictionary<OVPersonGeneral>> personsDic() const { return personDic_; }
+  [[nodiscard]] OVRef<OVDictionary<OVGroupGeneral>> groupsDic() const { return groupDic_; }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVAddressBookGeneral() = default;
+
+ private:
+  OVRef<OVDictionary<OVPersonGeneral>> personDic_;
+  OVRef<OVDictionary<OVGroupGeneral>> groupDic_;
+};

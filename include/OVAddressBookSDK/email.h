@@ -1,0 +1,36 @@
+#pragma once
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// An e-mail address as the user typed it. Immutable; any thread may read it.
+class OV_EXPORT OVObjectEmail : public OVObject {
+ public:
+  /// Keeps the text as it stands. Null for null; an empty text is accepted, and is invalid.
+  [[nodiscard]] static OVRef<OVObjectEmail> initWithEmail(const OVString& email);
+
+  /// Null only when an archive held none.
+  [[nodiscard]] OVString email() const { return email_; }
+
+  /// True when the address holds exactly one "@"; nothing else is looked at.
+  [[nodiscard]] bool valid() const { return valid_; }
+  /// Works out `valid`. The initialisers have done so already.
+  void initValid();
+
+  /// Hands "mailto:" and the address as it stands to the shared workspace. Does nothing for an
+  /// invalid address, nor for one that makes no URL, and nothing tells whether the desktop took it.
+  void sendEmail() const;
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVObjectEmail() = default;
+
+ private:
+  OVString email_;
+  bool valid_ = false;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/text.h>
+
+class IOVPerson;
+
+/// A group of persons in a host's book: all that the library asks of it.
+class OV_EXPORT IOVGroup : public OVObject {
+ public:
+  ~IOVGroup() override;
+
+  /// The group's identifier in its book. A group without one (null) cannot enter a general book.
+  [[nodiscard]] virtual OVString ID() const = 0;
+  /// The name shown to the user; may be null.
+  [[nodiscard]] virtual OVString displayName() const = 0;
+  /// The groups directly inside this one, in order; null counts as none.
+  [[nodiscard]] virtual OVRef<OVList<IOVGroup>> subGroups() const = 0;
+  /// The members, in order; null counts as none.
+  [[nodiscard]] virtual OVRef<OVList<IOVPerson>> persons() const = 0;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/text.h>
+
+/// The library's own record of a group: a title, and the IDs of its sub-groups and members.
+///
+/// Setters keep the object given; everything may be null, and is so at first. The archive holds
+/// title, sub-groups and members: the ID lives on only as the key of the group in its book. Any
+/// thread may call the accessors.
+class OV_EXPORT OVGroupGeneral : public OVObject {
+ public:
+  [[nodiscard]] static OVRef<OVGroupGeneral> init();
+  ~OVGroupGeneral() override;
+
+  [[nodiscard]] OVString ID() const { return ID_.load(); }
+  void setID(OVString ID) { ID_.store(std::move(ID)); }
+  [[nodiscard]] OVString title() const { return title_.load(); }
+  void setTitle(OVString title) { title_.store(std::move(title)); }
+  /// The IDs of the groups directly inside this one, in order.
+  [[nodiscard]] OVRef<OVList<OVString>> subArray() const { return subArray_.load(); }
+  void setSubArray(OVRef<OVList<OVString>> subArray) { subArray_.store(std::move(subArray)); }
+  /// The IDs of the members, in order.
+  [[nodiscard]] OVRef<OVList<OVString>> persons() const { return persons_.load(); }
+  void setPersons(OVRef<OVList<OVString>> persons) { persons_.store(std::move(persons)); }
+  /// The host's own object; never archived.
+  [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
+  void setExtend(OVRef<OVObject> extend) { extend_.store(std::move(extend)); }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVGroupGeneral() = default;
+
+ private:
+  OVAtomic<OVString> ID_;
+  OVAtomic<OVString> title_;
+  OVAtomic<OVRef<OVList<OVString>>> subArray_;
+  OVAtomic<OVRef<OVList<OVString>>> persons_;
+  OVAtomic<OVRef<OVObject>> extend_;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// Says what a datum is to the user: home, work, ... A label may be shared by many values; a change
+/// shows in all of them. Two labels are the same only if they are the same object.
+///
+/// The accessors may be called from any thread.
+class OV_EXPORT OVLabel : public OVObject {
+ public:
+  /// A new label, both texts null.
+  [[nodiscard]] static OVRef<OVLabel> init();
+
+  /// The label's key; may be null.
+  [[nodiscard]] OVString name() const { return name_.load(); }
+  void setName(OVString name) { name_.store(std::move(name)); }
+  /// The text shown to the user; may be null.
+  [[nodiscard]] OVString displayName() const { return displayName_.load(); }
+  void setDisplayName(OVString displayName) { displayName_.store(std::move(displayName)); }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVLabel() = default;
+
+ private:
+  OVAtomic<OVString> name_;
+  OVAtomic<OVString> displayName_;
+};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <OVAddressBookSDK/email.h>
+#include <OVAddressBookSDK/group.h>
+#include <OVAddressBookSDK/image.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/phone.h>
+#include <OVAddressBookSDK/property.h>
+#include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/value.h>
+
+/// What every person presents: a bag of values, one per property name. Hosts derive from it.
+///
+/// The library itself calls `ID` and `valueByProperty` of a host's person, nothing else.
+class OV_EXPORT IOVPerson : public OVObject {
+ public:
+  ~IOVPerson() override;
+
+  /// The person's identifier. A person without one (null) cannot enter a general book.
+  [[nodiscard]] virtual OVString ID() const = 0;
+  /// The identifier of the book that the person stands in.
+  [[nodiscard]] virtual OVString addressBookID() const = 0;
+  [[nodiscard]] virtual OVString displayName() const = 0;
+
+  /// The value itself, shared, not a copy; null when there is none.
+  [[nodiscard]] virtual OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const = 0;
+  [[nodiscard]] virtual OVRef<OVValue> valueByPropertyName(const OVString& name) const = 0;
+  virtual void setValueByProperty(const OVRef<OVValue>& value,
+                                  const OVRef<OVProperty>& property) = 0;
+  virtual void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) = 0;
+
+  /// May be null.
+  [[nodiscard]] virtual OVRef<OVImage> thumbnail() const = 0;
+  virtual void setThumbnail(const OVRef<OVImage>& image) = 0;
+
+  /// The datum of the main phone entry; may be null.
+  [[nodiscard]] virtual OVRef<OVObjectPhone> mainPhone() const = 0;
+  /// The datum of the main e-mail entry; may be null.
+  [[nodiscard]] virtual OVRef<OVObjectEmail> mainEmail() const = 0;
+
+  /// The groups that the person is known to be in.
+  [[nodiscard]] virtual OVRef<OVList<IOVGroup>> groups() const = 0;
+  /// The properties that the person has a value for.
+  [[nodiscard]] virtual OVRef<OVList<OVProperty>> notNullValueProperty() const = 0;
+
+  [[nodiscard]] virtual OVRef<OVList<OVString>> tagArray() const = 0;
+  virtual void addTag(const OVString& tag) = 0;
+  virtual void removeTag(const OVString& tag) = 0;
+  virtual void setTags(const OVRef<OVList<OVString>>& tags) = 0;
+
+  virtual void setIsOrganization(bool isOrganization) = 0;
+  [[nodiscard]] virtual bool isOrganization() const = 0;
+  [[nodiscard]] virtual OVString showName() const = 0;
+  [[nodiscard]] virtual OVString companyName() const = 0;
+  [[nodiscard]] virtual OVString jobTitle() const = 0;
+
+  /// Optional: null unless a host's person class knows better.
+  [[nodiscard]] virtual OVString nameChineesPinyin() const;
+  /// Optional: null unless a host's person class knows better.
+  [[nodiscard]] virtual OVString showNameChineesPinyin() const;
+};

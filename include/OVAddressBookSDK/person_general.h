@@ -1,0 +1,102 @@
+#pragma once
+
+#include <vector>
+
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/person.h>
+#include <OVAddressBookSDK/single_value.h>
+
+/// The library's own person: an ID and a bag of values by property name.
+///
+/// Its archive holds the ID and the values under the names of the standard catalogue; values under
+/// other names, tags and the extension object are not archived. One thread at a time, but for
+/// `extend`.
+class OV_EXPORT OVPersonGeneral : public IOVPerson {
+ public:
+  /// A new person without values and tags. The ID is kept as given, null included.
+  [[nodiscard]] static OVRef<OVPersonGeneral> initWithID(const OVString& ID);
+  ~OVPersonGeneral() override;
+
+  [[nodiscard]] OVString ID() const override { return ID_; }
+  /// Always "": the person does not know its book.
+  [[nodiscard]] OVString addressBookID() const override;
+  /// The `displayString` of the name object under "Name"; "" without one.
+  [[nodiscard]] OVString displayName() const override;
+
+  /// Null for a null property.
+  [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
+  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
+  /// Replaces an earlier value. Does nothing when value or property is null: a value can be
+  /// replaced, never removed.
+  void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
+  void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
+
+  [[nodiscard]] OVRef<OVImage> thumbnail() const override;
+  /// Null keeps the old thumbnail.
+  void setThumbnail(const OVRef<OVImage>& image) override;
+
+  [[nodiscard]] OVRef<OVObjectPhone> mainPhone() const override;
+  [[nodiscard]] OVRef<OVObjectEmail> mainEmail() const override;
+  /// The main value of the multiple value under `name`; null when there is none.
+  [[nodiscard]] OVRef<OVSingleValue> mainValueForProPertyName(const OVString& name) const;
+  /// The datum of that main value; null when there is none.
+  [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVString& name) const;
+
+  /// Always a new empty list: membership lives in the groups.
+  [[nodiscard]] OVRef<OVList<IOVGroup>> groups() const override;
+  /// A new list, in no particular order, of the catalogue's properties that have a value.
+  [[nodiscard]] OVRef<OVList<OVProperty>> notNullValueProperty() const override;
+
+  /// The live list: a change of it is a change of the person. Never null.
+  [[nodiscard]] OVRef<OVList<OVString>> tagArray() const override;
+  /// Appends the tag only when the person has it already.
+  void addTag(const OVString& tag) override;
+  /// Removes every occurrence.
+  void removeTag(const OVString& tag) override;
+  /// Merges: removes the tags that `tags` names, then appends `tags` in its order. Null does
+  /// nothing.
+  void setTags(const OVRef<OVList<OVString>>& tags) override;
+
+  /// A general person does not tell organisations apart: this does nothing, and the next four
+  /// answer false or null.
+  void setIsOrganization(bool isOrganization) override;
+  [[nodiscard]] bool isOrganization() const override;
+  [[nodiscard]] OVString showName() const override;
+  [[nodiscard]] OVString companyName() const override;
+  [[nodiscard]] OVString jobTitle() const override;
+
+  /// A new single value around `rawValue`, which it shares; null for a null `rawValue`. A null
+  /// label is accepted.
+  [[nodiscard]] static OVRef<OVMutableSingleValue> singleValueByMacValueLabelType(
+      const OVRef<OVObject>& rawValue, const OVRef<OVLabel>& label, OVValueType type);
+  /// The same with the type of the property and a new label that shows its display name.
+  [[nodiscard]] static OVRef<OVMutableSingleValue> singleValueByMacValueProperty(
+      const OVRef<OVObject>& rawValue, const OVRef<OVProperty>& property);
+
+  /// The host's own object, null until the host sets one. Any thread may call these two.
+  [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
+  void setExtend(OVRef<OVObject> extend) { extend_.store(std::move(extend)); }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVPersonGeneral() = default;
+
+ private:
+  struct Entry {
+    OVString name;
+    // An archive may hold an object of any class: it reads as null, is kept and written back.
+    OVRef<OVObject> value;
+  };
+  /// Null when nothing stands under `name`.
+  [[nodiscard]] const Entry* entryFor(const OVString& name) const;
+
+  OVString ID_;
+  std::vector<Entry> entries_;
+  mutable OVRef<OVList<OVString>> tags_;  // made when first asked for
+  OVAtomic<OVRef<OVObject>> extend_;
+};

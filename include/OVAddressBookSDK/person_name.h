@@ -1,0 +1,44 @@
+#pragma once
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// A person's structured name. Immutable; any thread may read it.
+///
+/// A part is null or a non-empty text without line breaks (line feed, carriage return, U+0085),
+/// but a name out of an archive holds whatever the archive held.
+class OV_EXPORT OVObjectPersonName : public OVObject {
+ public:
+  /// Each part goes through `standString`. Null when all three are null or empty as given; a part
+  /// that holds only line breaks counts as given and becomes null.
+  [[nodiscard]] static OVRef<OVObjectPersonName> initWithFirstMiddleLast(const OVString& first,
+                                                                         const OVString& middle,
+                                                                         const OVString& last);
+
+  [[nodiscard]] OVString first() const { return first_; }
+  [[nodiscard]] OVString middle() const { return middle_; }
+  [[nodiscard]] OVString last() const { return last_; }
+
+  /// The parts that are not null, with single spaces between them, in the order that
+  /// `OVAddressBook::lastNameInFront` asks for at the time of the call: first or last name in
+  /// front, the middle name always in the middle. Never null.
+  [[nodiscard]] OVString displayString() const;
+
+  /// The text without line feeds, carriage returns and U+0085; null for null and when nothing is
+  /// left. Nothing else is changed.
+  [[nodiscard]] OVString standString(const OVString& text) const;
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVObjectPersonName() = default;
+
+ private:
+  OVString first_;
+  OVString middle_;
+  OVString last_;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+/// A telephone number as the user typed it. Immutable; any thread may read it.
+class OV_EXPORT OVObjectPhone : public OVObject {
+ public:
+  /// Keeps the text as it stands. Null for null; an empty text is accepted, and is valid.
+  [[nodiscard]] static OVRef<OVObjectPhone> initWithPhoneNumber(const OVString& phoneNumber);
+
+  /// Null only when an archive held none.
+  [[nodiscard]] OVString phoneNumber() const { return phoneNumber_; }
+  /// The number as it stands.
+  [[nodiscard]] OVString displayString() const { return phoneNumber_; }
+
+  /// True when there is nothing in the number but digits, spaces, no-break spaces, parentheses, "+"
+  /// and "-". The test looks at the low byte of each UTF-16 code unit: U+0130 counts as "0".
+  [[nodiscard]] bool valid() const { return valid_; }
+  /// Works out `valid`. The initialisers have done so already.
+  void initValid();
+
+  /// These three answer `valid`.
+  [[nodiscard]] bool canDoCall() const { return valid(); }
+  [[nodiscard]] bool canDoVideoCall() const { return valid(); }
+  [[nodiscard]] bool canDoSendMessage() const { return valid(); }
+
+  /// Hands "tel:" and the digits of the number to the shared workspace. Like the other two actions,
+  /// does nothing for an invalid number, and nothing tells whether the desktop took the URL.
+  void call() const;
+  /// The same with "facetime://".
+  void videoCall() const;
+  /// The same with "imessage://".
+  void sendMessage() const;
+
+  /// The digits of `number`, by the low byte of each UTF-16 code unit. Never null; "" for null.
+  [[nodiscard]] OVString adjustNumber(const OVString& number) const;
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVObjectPhone() = default;
+
+ private:
+  OVString phoneNumber_;
+  bool valid_ = true;
+};

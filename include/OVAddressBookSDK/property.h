@@ -1,0 +1,74 @@
+#pragma once
+
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/value_type.h>
+
+/// @name The names of properties
+/// @{
+OV_EXPORT extern const OVString OVProPertyThumbnail;
+OV_EXPORT extern const OVString OVProPertyName;
+OV_EXPORT extern const OVString OVProPertyTags;
+OV_EXPORT extern const OVString OVProPertyPhone;
+OV_EXPORT extern const OVString OVProPertyEmail;
+/// "Prefix": what stands before the name.
+OV_EXPORT extern const OVString OVProPertyTitle;
+OV_EXPORT extern const OVString OVProPertySuffix;
+OV_EXPORT extern const OVString OVProPertyMaidenName;
+OV_EXPORT extern const OVString OVProPertyNickname;
+OV_EXPORT extern const OVString OVProPertyCompany;
+OV_EXPORT extern const OVString OVProPertyDepartment;
+OV_EXPORT extern const OVString OVProPertyJobTitle;
+OV_EXPORT extern const OVString OVProPertyBirthday;
+OV_EXPORT extern const OVString OVProPertyFirstNamePhonetic;
+OV_EXPORT extern const OVString OVProPertyLastNamePhonetic;
+/// "URL", in the singular.
+OV_EXPORT extern const OVString OVProPertyURLs;
+OV_EXPORT extern const OVString OVProPertyInstantMessage;
+/// For the host's own use: not in the catalogue, never archived.
+OV_EXPORT extern const OVString OVProPertySocialProfile;
+OV_EXPORT extern const OVString OVProPertyAddress;
+OV_EXPORT extern const OVString OVProPertyRelatedNames;
+OV_EXPORT extern const OVString OVProPertyNote;
+OV_EXPORT extern const OVString OVProPertyOther;
+OV_EXPORT extern const OVString OVProPertyDate;
+/// For the host's own use: not in the catalogue, never archived.
+OV_EXPORT extern const OVString OVMacOtherProperty;
+/// A text, not a flag.
+OV_EXPORT extern const OVString OVProPertyIsOrganization;
+/// @}
+
+/// Describes one property of a person. Made by the catalogue only, immutable, compared by identity,
+/// alive until the process ends. Any thread may use it.
+class OV_EXPORT OVProperty final : public OVObject {
+ public:
+  /// The 23 standard properties in their fixed order: the same list on every call, to be treated as
+  /// read-only. Built on the first call of any of these operations.
+  [[nodiscard]] static OVRef<OVList<OVProperty>> StandardPropertyArray();
+  /// The same descriptors by name: the same dictionary on every call, to be treated as read-only.
+  [[nodiscard]] static OVRef<OVDictionary<OVProperty>> StandardPropertyDictionary();
+  /// Null for null and for a name that is not in the catalogue.
+  [[nodiscard]] static OVRef<OVProperty> propertyWithName(const OVString& name);
+  /// Writes the line "aa" to the system log, for diagnosis.
+  static void testAddress();
+
+  /// The key of the property's value in a person.
+  [[nodiscard]] OVString name() const { return name_; }
+  /// The text shown to the user; for many properties the same text object as the name.
+  [[nodiscard]] OVString displayName() const { return displayName_; }
+  [[nodiscard]] OVValueType valueType() const { return valueType_; }
+  /// The type of the entries of a multi-valued property; 0 for every other.
+  [[nodiscard]] OVValueType subValueType() const { return subValueType_; }
+  /// The display name.
+  [[nodiscard]] OVString description() const { return displayName_; }
+
+ private:
+  friend struct ov::detail::Maker;
+  OVProperty(OVString name, OVString displayName, OVValueType valueType, OVValueType subValueType);
+
+  const OVString name_;
+  const OVString displayName_;
+  const OVValueType valueType_;
+  const OVValueType subValueType_;
+};

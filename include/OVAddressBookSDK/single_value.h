@@ -1,0 +1,66 @@
+#pragma once
+
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/label.h>
+#include <OVAddressBookSDK/value.h>
+
+class OVMutableSingleValue;
+
+/// One labelled datum, to be read. Label and datum are shared, never copied.
+///
+/// Every single value that the library makes is an `OVMutableSingleValue`.
+class OV_EXPORT OVSingleValue : public OVValue {
+ public:
+  /// An empty value that stays empty: type 0, no label, no datum.
+  [[nodiscard]] static OVRef<OVSingleValue> init();
+  ~OVSingleValue() override;
+
+  /// May be null. Any thread may read it.
+  [[nodiscard]] OVRef<OVLabel> label() const { return ov::cast<OVLabel>(label_.load()); }
+  /// The datum; may be null. Any thread may read it.
+  [[nodiscard]] OVRef<OVObject> value() const { return value_.load(); }
+
+  /// A new value of the same type that shares label and datum. It is mutable: there are no
+  /// immutable copies.
+  [[nodiscard]] OVRef<OVMutableSingleValue> copy() const { return mutableCopy(); }
+  /// The same as `copy`.
+  [[nodiscard]] OVRef<OVMutableSingleValue> mutableCopy() const;
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVSingleValue() = default;
+
+  [[nodiscard]] OVRef<OVValue> copyValue() const override;
+
+ private:
+  friend class OVMutableSingleValue;
+
+  // An archive may hold objects of any class in both places: they are kept and written back.
+  OVAtomic<OVRef<OVObject>> label_;
+  OVAtomic<OVRef<OVObject>> value_;
+};
+
+/// One labelled datum. The setters are plain stores: nothing is checked or announced.
+class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
+ public:
+  /// A new value: type 0, no label, no datum.
+  [[nodiscard]] static OVRef<OVMutableSingleValue> init();
+
+  void setType(OVValueType type) { storeType(type); }
+  /// Null takes the label away.
+  void setLabel(OVRef<OVLabel> label) { label_.store(std::move(label)); }
+  /// Null takes the datum away.
+  void setValue(OVRef<OVObject> value) { value_.store(std::move(value)); }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  friend struct ov::detail::Maker;
+  OVMutableSingleValue() = default;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/value_type.h>
+
+/// The root of the values that a person holds, one per property.
+///
+/// Values are compared by identity and belong to one thread at a time.
+class OV_EXPORT OVValue : public OVObject {
+ public:
+  /// A value of this very class: immutable, of type 0.
+  [[nodiscard]] static OVRef<OVValue> init();
+
+  [[nodiscard]] virtual OVValueType type() const;
+
+  /// A value of the root class gives itself; single and multiple values give a new mutable value.
+  /// Never null.
+  [[nodiscard]] OVRef<OVValue> copy() const { return copyValue(); }
+  /// The same as `copy`.
+  [[nodiscard]] OVRef<OVValue> mutableCopy() const { return copyValue(); }
+
+  [[nodiscard]] static const OVClass& archivedClass();
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
+
+ protected:
+  OVValue() = default;
+
+  /// What `copy` and `mutableCopy` answer. Never null.
+  [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
+
+  void storeType(OVValueType type) { type_ = type; }
+
+ private:
+  OVValueType type_ = OVValueTypeString;
+};
