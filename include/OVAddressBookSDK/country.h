@@ -56,8 +56,8 @@ class OV_EXPORT OVCountry : public OVObject {
   /// `local()`.
   [[nodiscard]] static OVRef<OVCountry> defaultCountry();
 
-  /// Stores the country's code as the user's choice and writes the user defaults through. Does
-  /// nothing for null, and for a country whose code is null.
+  /// Stores the country's code as the user's choice and writes the user defaults through; a null
+  /// code takes the choice back. Does nothing for a null country.
   static void setDefaultCountry(const OVRef<OVCountry>& country);
 
  protected:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <utility>
 
 #include <OVAddressBookSDK/atomic.h>
@@ -18,7 +19,7 @@
 ///
 /// Lists are handed out live: a change made through one shows in the manager, but is written only
 /// with the next save.
-class OV_EXPORT OVTagManager : public OVObject {
+class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_this<OVTagManager> {
  public:
   /// The manager stored under the ID, or a new, empty one when nothing is stored there or the
   /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive` when
@@ -34,7 +35,7 @@ class OV_EXPORT OVTagManager : public OVObject {
   void setTagID(OVString tagID) { tagID_.store(std::move(tagID)); }
 
   /// Writes the whole manager to the user defaults. Does nothing while the ID is null.
-  void save() const;
+  void save();
 
   /// How many tags are in use.
   [[nodiscard]] std::uint64_t count() const;
@@ -80,6 +81,8 @@ class OV_EXPORT OVTagManager : public OVObject {
  private:
   friend struct ov::detail::Maker;
   using ListsByText = OVDictionary<OVList<OVString>>;
+
+  void makeMutable();
 
   // A manager from an archive may lack any of the three: it reads as empty and takes nothing up.
   OVRef<OVList<OVString>> tags_;

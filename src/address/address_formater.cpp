@@ -1,0 +1,100 @@
+#include <OVAddressBookSDK/address_formater.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <OVAddressBookSDK/country.h>
+
+#include "address/layouts.h"
+#include "platform/maker.h"
+
+using ov::detail::FieldNumber;
+using ov::detail::LayoutLine;
+using ov::detail::layoutOf;
+
+namespace {
+
+using Fields = OVList<OVAdressField>;
+
+OVString nameOf(FieldNumber field) { return OVString(*ov::detail::kFieldTable[field].name); }
+
+void append(const LayoutLine& line, Fields& fields) {
+  for (const FieldNumber field : line.fields())
+    fields.push_back(OVAdressField::fieldWithName(nameOf(field)));
+}
+
+// The values in the order of the layout, those of one line joined by blanks.
+OVString textOf(const OVObjectAddress& address, const OVString& code,
+                std::string_view betweenLines) {
+  std::string text;
+  if (code.isNull()) return text;
+  std::string_view separator;
+  for (const LayoutLine& line : layoutOf(code).lines()) {
+    bool hasValue = false;
+    for (const FieldNumber field : line.fields()) {
+      const OVString value = address.stringValueByFieldName(nameOf(field));
+      if (value.isNull()) continue;
+      text.append(separator).append(value.view());
+      separator = " ";
+      hasValue = true;
+    }
+    if (hasValue) separator = betweenLines;
+  }
+  return text;
+}
+
+OVString localCode() {
+  const auto country = OVCountry::local();
+  return country == nullptr ? OVString() : country->code();
+}
+
+}  // namespace
+
+OVAddressFormater::OVAddressFormater(OVRef<OVObjectAddress> address)
+    : addressObject_(std::move(address)) {}
+
+OVRef<OVAddressFormater> OVAddressFormater::initWithObject(OVRef<OVObjectAddress> address) {
+  if (address == nullptr) return nullptr;
+  return ov::detail::Maker::make<OVAddressFormater>(std::move(address));
+}
+
+OVString OVAddressFormater::formatString() const {
+  return formatStringByCountryCode(addressObject_->countryCode());
+}
+
+OVString OVAddressFormater::string() const {
+  return stringByCountryCode(addressObject_->countryCode());
+}
+
+OVString OVAddressFormater::formatStringByCountryCode(const OVString& code) const {
+  return textOf(*addressObject_, code, "\n");
+}
+
+OVString OVAddressFormater::stringByCountryCode(const OVString& code) const {
+  return textOf(*addressObject_, code, " ");
+}
+
+OVRef<OVList<Fields>> OVAddressFormater::fieldFormaterByCountryCode(const OVString& code) {
+  auto lines = OVList<Fields>::list();
+  if (code.isNull()) return lines;
+  for (const LayoutLine& line : layoutOf(code).lines()) {
+    auto fields = Fields::list();
+    append(line, *fields);
+    lines->push_back(fields);
+  }
+  return lines;
+}
+
+OVRef<Fields> OVAddressFormater::fieldArrayByCountryCode(const OVString& code) {
+  auto fields = Fields::list();
+  if (code.isNull()) return fields;
+  for (const LayoutLine& line : layoutOf(code).lines()) append(line, *fields);
+  return fields;
+}
+
+OVRef<OVList<Fields>> OVAddressFormater::fieldFormaterLocal() {
+  return fieldFormaterByCountryCode(localCode());
+}
+
+OVRef<Fields> OVAddressFormater::fieldArrayLocal() { return fieldArrayByCountryCode(localCode()); }

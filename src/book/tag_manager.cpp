@@ -1,0 +1,181 @@
+#include <OVAddressBookSDK/tag_manager.h>
+
+#include <string_view>
+
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/user_defaults.h>
+
+#include "platform/maker.h"
+
+namespace {
+
+constexpr std::string_view kTagsKey = "TagsKey";
+constexpr std::string_view kTagKeyDicKey = "TagsDicKey";
+constexpr std::string_view kPersonIDDicKey = "PersonDicKey";
+
+using Texts = OVList<OVString>;
+using TextsByText = OVDictionary<Texts>;
+
+OVRef<Texts> listUnder(const OVString& key, const OVRef<TextsByText>& dictionary) {
+  return dictionary == nullptr ? nullptr : (*dictionary)[key];
+}
+
+void addOnce(const OVString& text, const OVRef<Texts>& list) {
+  if (list != nullptr && !list->contains(text)) list->push_back(text);
+}
+
+void addOnce(const OVString& text, const OVString& key, const OVRef<TextsByText>& dictionary) {
+  if (dictionary == nullptr) return;
+  auto list = (*dictionary)[key];
+  if (list == nullptr) {
+    list = Texts::list();
+    dictionary->set(key, list);
+  }
+  addOnce(text, list);
+}
+
+void remove(const OVString& text, const OVRef<Texts>& list) {
+  if (list != nullptr) list->remove(text);
+}
+
+void removeKey(const OVString& key, const OVRef<TextsByText>& dictionary) {
+  if (dictionary != nullptr) dictionary->erase(key);
+}
+
+// True when a list without this text is left.
+bool removeFromList(const OVString& text, const OVString& key,
+                    const OVRef<TextsByText>& dictionary) {
+  const auto list = listUnder(key, dictionary);
+  remove(text, list);
+  if (list != nullptr && !list->empty()) return true;
+  removeKey(key, dictionary);
+  return false;
+}
+
+OVRef<OVData> archiveIn(const OVRef<OVObject>& stored, const OVString& tagID) {
+  auto data = ov::cast<OVData>(stored);
+  if (data == nullptr)
+    throw OVInvalidArchive("The user defaults hold no data block under \"" + tagID.str() + "\"");
+  return data;
+}
+
+}  // namespace
+
+OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
+  if (tagID.isNull()) return nullptr;
+  OVRef<OVTagManager> manager;
+  if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID))
+    manager = ov::cast<OVTagManager>(
+        OVKeyedUnarchiver::unarchiveObjectWithData(archiveIn(stored, tagID)));
+  if (manager == nullptr) manager = init();
+  manager->makeMutable();
+  manager->setTagID(tagID);
+  return manager;
+}
+
+OVRef<OVTagManager> OVTagManager::init() {
+  auto manager = ov::detail::Maker::make<OVTagManager>();
+  manager->tags_ = Texts::list();
+  manager->tagKeyDic_ = TextsByText::dictionary();
+  manager->personIDDic_ = TextsByText::dictionary();
+  return manager;
+}
+
+void OVTagManager::save() {
+  const OVString key = tagID();
+  if (key.isNull()) return;
+  OVUserDefaults::standardUserDefaults()->setObjectForKey(
+      OVKeyedArchiver::archivedDataWithRootObject(shared_from_this()), key);
+}
+
+std::uint64_t OVTagManager::count() const { return tags_ == nullptr ? 0 : tags_->size(); }
+
+OVString OVTagManager::tagAtIndex(std::uint64_t index) const {
+  return index < count() ? (*tags_)[index] : OVString();
+}
+
+OVRef<Texts> OVTagManager::personIDsByTag(const OVString& tag) const {
+  return listUnder(tag, tagKeyDic_);
+}
+
+OVRef<Texts> OVTagManager::tagsByPersonID(const OVString& personID) const {
+  return listUnder(personID, personIDDic_);
+}
+
+void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& tag) {
+  if (personID.isNull() || tag.isNull()) return;
+  addOnce(tag, tags_);
+  addOnce(personID, tag, tagKeyDic_);
+  addOnce(tag, personID, personIDDic_);
+  save();
+}
+
+void OVTagManager::removePersonIDFromTag(const OVString& personID, const OVString& tag) {
+  if (personID.isNull() || tag.isNull()) return;
+  if (!removeFromList(personID, tag, tagKeyDic_)) remove(tag, tags_);
+  removeFromList(tag, personID, personIDDic_);
+  save();
+}
+
+void OVTagManager::removeForPersonID(const OVString& personID) {
+  if (personID.isNull()) return;
+  // The removals change the person's list, so they walk a copy.
+  if (const auto list = tagsByPersonID(personID)) {
+    const auto tags = list->copy();
+    for (const OVString& tag : *tags) removePersonIDFromTag(personID, tag);
+  }
+  save();
+}
+
+void OVTagManager::removeTag(const OVString& tag) {
+  if (!tag.isNull()) {
+    remove(tag, tags_);
+    if (const auto list = personIDsByTag(tag)) {
+      const auto personIDs = list->copy();
+      for (const OVString& personID : *personIDs) remove(tag, tagsByPersonID(personID));
+    }
+    removeKey(tag, tagKeyDic_);
+  }
+  // A null tag writes the store all the same.
+  save();
+}
+
+void OVTagManager::setTagsForPersonID(const OVRef<Texts>& tags, const OVString& personID) {
+  if (tags == nullptr || personID.isNull()) return;
+  removeForPersonID(personID);
+  // The caller's list may be one of ours, which the additions change.
+  const auto added = tags->copy();
+  for (const OVString& tag : *added) addPersonIDForTag(personID, tag);
+  save();
+}
+
+// Other programs must be able to change what they read, even where an immutable list got in.
+void OVTagManager::makeMutable() {
+  if (tags_ != nullptr) tags_->elements()->immutable = false;
+  for (const auto& dictionary : {tagKeyDic_, personIDDic_}) {
+    if (dictionary == nullptr) continue;
+    dictionary->entries()->immutable = false;
+    for (const auto& [key, list] : *dictionary)
+      if (list != nullptr) list->elements()->immutable = false;
+  }
+}
+
+const OVClass& OVTagManager::archivedClass() {
+  static constexpr OVClass record{"OVTagManager", nullptr, &ov::detail::Maker::empty<OVTagManager>};
+  return record;
+}
+
+const OVClass* OVTagManager::classForCoder() const { return &archivedClass(); }
+
+void OVTagManager::encodeWithCoder(OVKeyedArchiver& coder) const {
+  coder.encodeObjectForKey(tags_, kTagsKey);
+  coder.encodeObjectForKey(tagKeyDic_, kTagKeyDicKey);
+  coder.encodeObjectForKey(personIDDic_, kPersonIDDicKey);
+}
+
+void OVTagManager::initWithCoder(OVKeyedUnarchiver& coder) {
+  tags_ = coder.decodeObjectForKey<Texts>(kTagsKey);
+  tagKeyDic_ = coder.decodeObjectForKey<TextsByText>(kTagKeyDicKey);
+  personIDDic_ = coder.decodeObjectForKey<TextsByText>(kPersonIDDicKey);
+}

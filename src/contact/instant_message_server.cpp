@@ -1,0 +1,86 @@
+#include <array>
+#include <utility>
+
+#include <OVAddressBookSDK/instant_message.h>
+#include <OVAddressBookSDK/locale.h>
+
+#include "platform/built_once.h"
+#include "platform/maker.h"
+
+namespace {
+
+struct Row {
+  const ov::detail::TextConstant* name;
+  const ov::detail::TextConstant* displayName;
+};
+
+template <ov::detail::Literal Name, ov::detail::Literal DisplayName>
+constexpr Row row() {
+  return {&ov::detail::kConstant<Name>, &ov::detail::kConstant<DisplayName>};
+}
+
+// The names stand in archives: never change one.
+constexpr std::array kRows{
+    row<"AIMInstant", "AIM">(),
+    row<"FacebookInstant", "Facebook">(),
+    row<"GaduGaduInstant", "Gadu-Gadu">(),
+    row<"GoogleTalkInstant", "Google Talk">(),
+    row<"ICQInstant", "ICQ">(),
+    row<"JabberInstant", "Jabber">(),
+    row<"MSNInstant", "MSN">(),
+    row<"QQInstant", "QQ">(),
+    row<"SkypeInstant", "Skype">(),
+    row<"YahooInstant", "Yahoo">(),
+};
+
+struct Services {
+  OVRef<OVList<OVInstantMessageServer>> list = OVList<OVInstantMessageServer>::list();
+  OVRef<OVDictionary<OVInstantMessageServer>> byName =
+      OVDictionary<OVInstantMessageServer>::dictionary();
+};
+
+constinit ov::detail::BuiltOnce<Services> servicesOnce;
+
+OVRef<OVInstantMessageServer> make(OVString name, OVString displayName) {
+  return ov::detail::Maker::make<OVInstantMessageServer>(std::move(name), std::move(displayName));
+}
+
+Services build() {
+  Services services;
+  for (const Row& row : kRows) {
+    const auto server = make(OVString(*row.name), OVString(*row.displayName));
+    services.list->push_back(server);
+    services.byName->set(server->name(), server);
+  }
+  return services;
+}
+
+}  // namespace
+
+OVInstantMessageServer::OVInstantMessageServer(OVString name, OVString displayName)
+    : name_(std::move(name)), displayName_(std::move(displayName)) {}
+
+OVRef<OVList<OVInstantMessageServer>> OVInstantMessageServer::supportServer() {
+  return servicesOnce.get(build).list;
+}
+
+OVRef<OVDictionary<OVInstantMessageServer>> OVInstantMessageServer::StandardServerDictionary() {
+  return servicesOnce.get(build).byName;
+}
+
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVString& name) {
+  auto server = (*StandardServerDictionary())[name];
+  return server == nullptr ? make(name, name) : server;
+}
+
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(
+    const OVString& displayName) {
+  // Reads the table as it stands: only others build it.
+  const Services* services = servicesOnce.peek();
+  if (services == nullptr || displayName.isNull()) return make(displayName, displayName);
+  const auto locale = OVLocale::currentLocale();
+  const OVString wanted = locale->lowercase(displayName);
+  for (const auto& server : *services->list)
+    if (locale->lowercase(server->displayName()) == wanted) return server;
+  return make(displayName, displayName);
+}

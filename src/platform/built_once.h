@@ -1,0 +1,38 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <utility>
+
+namespace ov::detail {
+
+/// A process-wide object: built by the first call that needs it, never destroyed.
+///
+/// Threads may come first together; a builder that throws leaves the next call to try again.
+/// Instances are static and run no constructor.
+template <class T>
+class BuiltOnce {
+ public:
+  constexpr BuiltOnce() = default;
+  BuiltOnce(const BuiltOnce&) = delete;
+  BuiltOnce& operator=(const BuiltOnce&) = delete;
+
+  /// The object, made of what `build` returns unless it stands already.
+  template <class Build>
+  const T& get(Build&& build) {
+    if (const T* built = peek()) return *built;
+    std::call_once(once_, [&] {
+      built_.store(new T(std::forward<Build>(build)()), std::memory_order_release);
+    });
+    return *peek();
+  }
+
+  /// The object; null while nobody has asked for it.
+  [[nodiscard]] const T* peek() const { return built_.load(std::memory_order_acquire); }
+
+ private:
+  std::once_flag once_;
+  std::atomic<const T*> built_{nullptr};
+};
+
+}  // namespace ov::detail
