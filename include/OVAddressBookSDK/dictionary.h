@@ -29,8 +29,10 @@ class OV_EXPORT DictionaryEntries {
   [[nodiscard]] std::size_t size() const { return live_; }
   /// Null when the key is absent.
   [[nodiscard]] const Entry* find(std::string_view key) const;
-  /// Throws `std::invalid_argument` for a null key.
+  /// Throws `std::invalid_argument` for a null key or value.
   void set(const OVString& key, OVRef<OVObject> value);
+  /// The same, but for a null value, which an archive may hold.
+  void setAny(const OVString& key, OVRef<OVObject> value);
   bool erase(std::string_view key);
   void clear();
   void reserve(std::size_t count);

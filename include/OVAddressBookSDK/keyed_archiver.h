@@ -9,9 +9,13 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
+class OVOpaqueObject;
+
 namespace ov::detail {
+class AnyDictionary;
+class AnyList;
 class ArchiveWriter;
-}
+}  // namespace ov::detail
 
 /// Writes an object graph into one data block: a keyed archive in a binary property list.
 ///
@@ -46,6 +50,9 @@ class OV_EXPORT OVKeyedArchiver {
   void encodeBytesForKey(std::span<const std::byte> bytes, std::string_view key);
 
  private:
+  friend class OVOpaqueObject;
+  friend class ov::detail::AnyDictionary;
+  friend class ov::detail::AnyList;
   friend class ov::detail::ArchiveWriter;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
 

@@ -12,8 +12,11 @@
 #include <OVAddressBookSDK/text.h>
 
 namespace ov::detail {
+class AnyDictionary;
+class AnyList;
 class ArchiveReader;
-}
+struct ArchiveFields;
+}  // namespace ov::detail
 
 /// A data block that is no keyed archive, is damaged, or is made to do harm. The message says what
 /// is wrong and where.
@@ -60,7 +63,8 @@ class OV_EXPORT OVKeyedUnarchiver {
   [[nodiscard]] OVString decodeStringForKey(std::string_view key);
   /// The elements of a list object; false when there is no list under the key.
   [[nodiscard]] bool decodeListForKey(std::vector<OVRef<OVObject>>& items, std::string_view key);
-  /// A number inside the object itself; a real number is rounded towards zero.
+  /// A number inside the object itself; a real number is rounded towards zero, a number out of
+  /// range is the nearest end of it.
   [[nodiscard]] std::int64_t decodeIntegerForKey(std::string_view key) const;
   [[nodiscard]] bool decodeBoolForKey(std::string_view key) const;
   [[nodiscard]] double decodeDoubleForKey(std::string_view key) const;
@@ -68,10 +72,12 @@ class OV_EXPORT OVKeyedUnarchiver {
   [[nodiscard]] std::span<const std::byte> decodeBytesForKey(std::string_view key) const;
 
  private:
+  friend class ov::detail::AnyDictionary;
+  friend class ov::detail::AnyList;
   friend class ov::detail::ArchiveReader;
-  OVKeyedUnarchiver(ov::detail::ArchiveReader& reader, std::uint64_t object)
-      : reader_(reader), object_(object) {}
+  OVKeyedUnarchiver(ov::detail::ArchiveReader& reader, const ov::detail::ArchiveFields& fields)
+      : reader_(reader), fields_(fields) {}
 
   ov::detail::ArchiveReader& reader_;
-  std::uint64_t object_;
+  const ov::detail::ArchiveFields& fields_;
 };

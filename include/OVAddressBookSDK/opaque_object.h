@@ -1,6 +1,5 @@
 #pragma once
 
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -11,24 +10,31 @@ namespace ov::detail {
 class ArchiveReader;
 }
 
-/// One field of an opaque object, as it stands in the archive.
-struct OV_EXPORT OVOpaqueValue {
+struct OVOpaqueField;
+
+/// What stands under one key of an opaque object, as the archive has it.
+struct OVOpaqueValue {
   using Array = std::vector<OVOpaqueValue>;
-  using Dictionary = std::vector<std::pair<OVString, OVOpaqueValue>>;
-  /// A reference to another object of the archive, null included.
+  using Dictionary = std::vector<OVOpaqueField>;
+  /// Another object of the archive, or null.
   struct Reference {
     OVRef<OVObject> object;
   };
-  /// A text, number, date or data block that stands in the object itself.
+  /// A text, number, date or data block that stands in the object itself, or null.
   struct Inline {
     OVRef<OVObject> object;
   };
-  /// A property list's own set.
   struct Set {
     Array elements;
   };
 
   std::variant<Reference, Inline, Array, Dictionary, Set> content;
+};
+
+struct OVOpaqueField {
+  /// As it stands in the archive, where a class's own key that begins with "$" has one more.
+  OVString key;
+  OVOpaqueValue value;
 };
 
 /// An object of a class that nobody registered, kept whole and written back unchanged.
@@ -42,8 +48,11 @@ class OV_EXPORT OVOpaqueObject final : public OVObject {
   [[nodiscard]] const std::vector<OVString>& classes() const { return classes_; }
   /// Names of classes that may stand in for this one; mostly empty.
   [[nodiscard]] const std::vector<OVString>& classHints() const { return classHints_; }
-  /// The fields in the archive's order, keys as the class knows them.
-  [[nodiscard]] const OVOpaqueValue::Dictionary& fields() const { return fields_; }
+  /// The fields in the archive's order.
+  [[nodiscard]] const std::vector<OVOpaqueField>& fields() const { return fields_; }
+
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
 
  private:
   friend struct ov::detail::Maker;
@@ -53,5 +62,5 @@ class OV_EXPORT OVOpaqueObject final : public OVObject {
   OVString className_;
   std::vector<OVString> classes_;
   std::vector<OVString> classHints_;
-  OVOpaqueValue::Dictionary fields_;
+  std::vector<OVOpaqueField> fields_;
 };

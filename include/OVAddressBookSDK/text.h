@@ -33,16 +33,16 @@ class OV_EXPORT TextObject : public OVObject {
     if (!isConstant() && references_.fetch_sub(1, std::memory_order_acq_rel) == 1) destroy();
   }
 
-  /// A new text of `size` bytes, made of the concatenated parts, which must be well-formed.
+  [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
+
+  [[nodiscard]] const OVClass* classForCoder() const override;
+
+  /// A new text with one reference. `wellFormed` is not checked.
   static TextObject* make(std::string_view wellFormed);
 
  protected:
   constexpr explicit TextObject(std::uint32_t references, std::uint32_t size)
       : references_(references), size_(size) {}
-
-  [[nodiscard]] bool isConstant() const {
-    return references_.load(std::memory_order_relaxed) == 0;
-  }
 
  private:
   void destroy() const;
@@ -124,7 +124,8 @@ class OV_EXPORT OVString {
 
   /// The text; "" for null. Valid while some copy of this string lives.
   [[nodiscard]] std::string_view view() const {
-    return text_ == nullptr ? std::string_view("", 0) : std::string_view(text_->data(), text_->size());
+    return text_ == nullptr ? std::string_view("", 0)
+                            : std::string_view(text_->data(), text_->size());
   }
   operator std::string_view() const { return view(); }  // NOLINT(google-explicit-constructor)
   [[nodiscard]] std::string str() const { return std::string(view()); }
@@ -143,8 +144,7 @@ class OV_EXPORT OVString {
   operator OVRef<OVObject>() const;  // NOLINT(google-explicit-constructor)
 
   friend bool operator==(const OVString& a, const OVString& b) {
-    return a.text_ == b.text_ ||
-           (a.text_ != nullptr && b.text_ != nullptr && a.view() == b.view());
+    return a.text_ == b.text_ || (a.text_ != nullptr && b.text_ != nullptr && a.view() == b.view());
   }
   friend bool operator==(const OVString& a, std::nullptr_t) { return a.text_ == nullptr; }
   friend bool operator==(const OVString& a, const OVTextLike auto& b) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include <OVAddressBookSDK/object.h>
+
+namespace ov {
+
+/// Every class of the library that archives may build. The table stands with the uppermost classes.
+[[nodiscard]] std::span<const OVClass* const> libraryClasses();
+
+namespace detail {
+
+/// The class to build for a name in an archive; null when nobody registered it.
+[[nodiscard]] const OVClass* registeredClass(std::string_view name);
+
+/// True for the library's own classes, which reach each object only through the references they
+/// hold, and each reference once.
+[[nodiscard]] bool isLibraryClass(const OVClass& candidate);
+
+/// Throws `std::invalid_argument` when the class cannot be registered.
+void registerHostClass(const OVClass& hostClass);
+
+/// What the archive writes in a form of its own.
+extern const OVClass kTextClass;
+extern const OVClass kNumberClass;
+extern const OVClass kDataClass;
+extern const OVClass kOpaqueClass;
+extern const OVClass kArrayClass;
+extern const OVClass kMutableArrayClass;
+extern const OVClass kDictionaryClass;
+extern const OVClass kMutableDictionaryClass;
+extern const OVClass kDateClass;
+extern const OVClass kImageClass;
+
+}  // namespace detail
+
+}  // namespace ov

@@ -1,0 +1,98 @@
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/number.h>
+#include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/text.h>
+
+#include "platform/archive/archive_keys.h"
+#include "platform/archive/archive_reader.h"
+#include "platform/archive/archive_writer.h"
+#include "platform/dispose.h"
+
+namespace ov::detail {
+
+constexpr OVClass kTextClass{"NSString", nullptr, nullptr};
+constexpr OVClass kNumberClass{"NSNumber", nullptr, nullptr};
+constexpr OVClass kDataClass{"NSData", nullptr, nullptr};
+constexpr OVClass kOpaqueClass{"", nullptr, nullptr};
+constexpr OVClass kArrayClass{"NSArray", nullptr, nullptr};
+constexpr OVClass kMutableArrayClass{"NSMutableArray", &kArrayClass, nullptr};
+constexpr OVClass kDictionaryClass{"NSDictionary", nullptr, nullptr};
+constexpr OVClass kMutableDictionaryClass{"NSMutableDictionary", &kDictionaryClass, nullptr};
+
+const OVClass* TextObject::classForCoder() const { return &kTextClass; }
+
+const OVClass* AnyList::classForCoder() const {
+  return isImmutable() ? &kArrayClass : &kMutableArrayClass;
+}
+
+void AnyList::encodeWithCoder(OVKeyedArchiver& coder) const {
+  ArchiveWriter& writer = coder.writer_;
+  writer.field(archive::kArrayObjects, writer.referenceArray(elements_->items));
+}
+
+void AnyList::initWithCoder(OVKeyedUnarchiver& coder) {
+  elements_->items.clear();
+  coder.reader_.readElements(coder.fields_, archive::kArrayObjects, elements_->items);
+}
+
+const OVClass* AnyDictionary::classForCoder() const {
+  return isImmutable() ? &kDictionaryClass : &kMutableDictionaryClass;
+}
+
+void AnyDictionary::encodeWithCoder(OVKeyedArchiver& coder) const {
+  ArchiveWriter& writer = coder.writer_;
+  std::vector<ArchiveWriter::Number> keys;
+  std::vector<ArchiveWriter::Number> values;
+  keys.reserve(size());
+  values.reserve(size());
+  for (const DictionaryEntries::Entry& entry : *entries_) {
+    if (entry.key.isNull()) continue;
+    keys.push_back(writer.reference(entry.key));
+    values.push_back(writer.reference(entry.value));
+  }
+  writer.field(archive::kDictionaryKeys, writer.array(keys));
+  writer.field(archive::kArrayObjects, writer.array(values));
+}
+
+void AnyDictionary::initWithCoder(OVKeyedUnarchiver& coder) {
+  std::vector<OVString> keys;
+  std::vector<OVRef<OVObject>> values;
+  coder.reader_.readTexts(coder.fields_, archive::kDictionaryKeys, keys);
+  coder.reader_.readElements(coder.fields_, archive::kArrayObjects, values);
+  if (keys.size() != values.size()) {
+    throw OVInvalidArchive("a dictionary with " + std::to_string(keys.size()) + " keys and " +
+                           std::to_string(values.size()) + " values");
+  }
+  entries_->clear();
+  entries_->reserve(keys.size());
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    // Of two equal keys the first counts.
+    if (entries_->find(keys[i]) == nullptr) entries_->setAny(keys[i], std::move(values[i]));
+  }
+}
+
+}  // namespace ov::detail
+
+using ov::detail::ArchiveWriter;
+
+const OVClass* OVData::classForCoder() const { return &ov::detail::kDataClass; }
+
+const OVClass* OVNumber::classForCoder() const { return &ov::detail::kNumberClass; }
+
+OVOpaqueObject::~OVOpaqueObject() {
+  for (OVOpaqueField& field : fields_) {
+    if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&field.value.content)) {
+      ov::detail::dispose(std::move(reference->object));
+    }
+  }
+}
+
+const OVClass* OVOpaqueObject::classForCoder() const { return &ov::detail::kOpaqueClass; }
+
+void OVOpaqueObject::encodeWithCoder(OVKeyedArchiver& coder) const {
+  ArchiveWriter& writer = coder.writer_;
+  for (const OVOpaqueField& field : fields_)
+    writer.rawField(field.key, writer.opaqueValue(field.value));
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace ov::detail {
+
+/// Numbers given to key texts.
+///
+/// The same few keys come from the same few places again and again: the address of a key's text is
+/// a good guess, and the text itself decides.
+class KeyNumbers {
+ public:
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
+  /// The key's number; kNone when it has none.
+  [[nodiscard]] std::uint32_t find(std::string_view key) {
+    Recent& recent = recent_[slotOf(key)];
+    if (recent.address == key.data() && recent.entry->first == key) return recent.entry->second;
+    const auto at = numbers_.find(key);
+    if (at == numbers_.end()) return kNone;
+    recent = {key.data(), &*at};
+    return at->second;
+  }
+  void add(std::string_view key, std::uint32_t number) { numbers_.emplace(key, number); }
+  [[nodiscard]] std::size_t size() const { return numbers_.size(); }
+
+ private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view key) const {
+      return std::hash<std::string_view>()(key);
+    }
+  };
+  using Numbers = std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>>;
+  struct Recent {
+    const char* address = nullptr;
+    const Numbers::value_type* entry = nullptr;
+  };
+  static constexpr std::size_t kRecent = 256;
+
+  static std::size_t slotOf(std::string_view key) {
+    const auto address = reinterpret_cast<std::uintptr_t>(key.data());
+    return (address ^ address >> 8) % kRecent;
+  }
+
+  Numbers numbers_;
+  std::array<Recent, kRecent> recent_{};
+};
+
+}  // namespace ov::detail

@@ -1,0 +1,41 @@
+#include <OVAddressBookSDK/keyed_archiver.h>
+
+#include "platform/archive/archive_writer.h"
+
+using ov::detail::ArchiveWriter;
+
+OVRef<OVData> OVKeyedArchiver::archivedDataWithRootObject(const OVRef<OVObject>& root) {
+  if (OVRef<OVData> data = ArchiveWriter(ArchiveWriter::Sharing::byReferenceCount).archive(root)) {
+    return data;
+  }
+  return ArchiveWriter(ArchiveWriter::Sharing::byIdentity).archive(root);
+}
+
+void OVKeyedArchiver::encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key) {
+  writer_.field(key, writer_.reference(object));
+}
+
+void OVKeyedArchiver::encodeObjectForKey(const OVString& text, std::string_view key) {
+  writer_.field(key, writer_.reference(text));
+}
+
+void OVKeyedArchiver::encodeListForKey(std::span<const OVRef<OVObject>> items,
+                                       std::string_view key) {
+  writer_.field(key, writer_.listReference(items));
+}
+
+void OVKeyedArchiver::encodeIntegerForKey(std::int64_t value, std::string_view key) {
+  writer_.field(key, writer_.inlineInteger(value));
+}
+
+void OVKeyedArchiver::encodeBoolForKey(bool value, std::string_view key) {
+  writer_.field(key, writer_.inlineBool(value));
+}
+
+void OVKeyedArchiver::encodeDoubleForKey(double value, std::string_view key) {
+  writer_.field(key, writer_.inlineReal(value));
+}
+
+void OVKeyedArchiver::encodeBytesForKey(std::span<const std::byte> bytes, std::string_view key) {
+  writer_.field(key, writer_.inlineData(bytes));
+}

@@ -1,0 +1,218 @@
+#include "platform/archive/plist_reader.h"
+
+#include <bit>
+#include <cstring>
+#include <string>
+
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+
+#include "platform/archive/plist_format.h"
+#include "platform/utf8.h"
+
+namespace ov::detail {
+
+using Kind = PlistItem::Kind;
+
+PlistReader::PlistReader(std::span<const std::byte> block)
+    : begin_(block.data()), size_(block.size()) {
+  const std::string_view text(reinterpret_cast<const char*>(begin_), size_);
+  if (text.starts_with("<?xml") || text.starts_with("<!DOCTYPE") || text.starts_with("<plist")) {
+    throw OVInvalidArchive("an XML property list; only binary ones can be read: convert it first");
+  }
+  if (!text.starts_with(plist::kHeader)) {
+    throw OVInvalidArchive(text.empty() ? "no data" : "not a binary property list");
+  }
+  if (size_ < plist::kHeader.size() + 1 + plist::kTrailerSize) {
+    throw OVInvalidArchive("the property list is cut short: no room for its trailer");
+  }
+  readTrailer();
+}
+
+void PlistReader::readTrailer() {
+  const std::byte* trailer = begin_ + size_ - plist::kTrailerSize;
+  offsetSize_ = static_cast<unsigned>(trailer[6]);
+  referenceSize_ = static_cast<unsigned>(trailer[7]);
+  objectCount_ = bigEndian(trailer + 8, 8);
+  top_ = bigEndian(trailer + 16, 8);
+  tableOffset_ = bigEndian(trailer + 24, 8);
+  checkTrailer(size_ - plist::kTrailerSize);
+  table_ = begin_ + tableOffset_;
+}
+
+void PlistReader::checkTrailer(std::uint64_t size) const {
+  const auto tooSmall = [](unsigned width, std::uint64_t largest) {
+    return width < 8 && largest >> (8 * width) != 0;
+  };
+  if (offsetSize_ < 1 || offsetSize_ > 8 || referenceSize_ < 1 || referenceSize_ > 8) {
+    throw OVInvalidArchive("the trailer gives an offset or reference size that is not 1 to 8");
+  }
+  if (tableOffset_ < plist::kHeader.size() + 1 || tableOffset_ >= size) {
+    throw OVInvalidArchive("the trailer puts the offset table outside the block");
+  }
+  const std::uint64_t tableSize = size - tableOffset_;
+  if (tableSize % offsetSize_ != 0 || tableSize / offsetSize_ != objectCount_) {
+    throw OVInvalidArchive("the offset table does not fill the room up to the trailer");
+  }
+  if (top_ >= objectCount_) throw OVInvalidArchive("the top object is past the last object");
+  if (tooSmall(offsetSize_, tableOffset_) || tooSmall(referenceSize_, objectCount_)) {
+    throw OVInvalidArchive("the trailer's offset or reference size is too small for the block");
+  }
+}
+
+std::uint64_t PlistReader::bigEndian(const std::byte* bytes, unsigned width) const {
+  if (width == 4) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes, sizeof number);
+    return std::endian::native == std::endian::little ? __builtin_bswap32(number) : number;
+  }
+  std::uint64_t number = 0;
+  for (unsigned i = 0; i < width; ++i) number = number << 8 | static_cast<std::uint64_t>(bytes[i]);
+  return number;
+}
+
+void PlistReader::refuse(std::string_view what, std::uint64_t object) const {
+  throw OVInvalidArchive("property list object " + std::to_string(object) + ": " +
+                         std::string(what));
+}
+
+std::uint64_t PlistReader::offset(std::uint64_t object) const {
+  if (object >= objectCount_) refuse("a reference past the last object", object);
+  const std::uint64_t offset = bigEndian(table_ + object * offsetSize_, offsetSize_);
+  if (offset < plist::kHeader.size() || offset >= tableOffset_) {
+    refuse("its offset lies outside the objects", object);
+  }
+  return offset;
+}
+
+std::uint64_t PlistReader::reference(const PlistItem& container, std::uint64_t position) const {
+  const std::uint64_t object =
+      bigEndian(container.bytes + position * referenceSize_, referenceSize_);
+  if (object >= objectCount_) refuse("a reference past the last object", object);
+  return object;
+}
+
+PlistItem PlistReader::item(std::uint64_t object) const {
+  const std::byte* at = begin_ + offset(object);
+  const auto marker = static_cast<unsigned>(*at++);
+  const unsigned low = marker & 0x0F;
+  switch (marker & 0xF0U) {
+    case plist::kData:
+      return sized(Kind::data, at, readLength(at, low, object), 1, object);
+    case plist::kAscii:
+      return sized(Kind::ascii, at, readLength(at, low, object), 1, object);
+    case plist::kUtf16:
+      return sized(Kind::utf16, at, readLength(at, low, object), 2, object);
+    case plist::kArray:
+      return sized(Kind::array, at, readLength(at, low, object), referenceSize_, object);
+    case plist::kSet:
+      return sized(Kind::set, at, readLength(at, low, object), referenceSize_, object);
+    case plist::kDictionary:
+      return sized(Kind::dictionary, at, readLength(at, low, object), 2ULL * referenceSize_,
+                   object);
+    default:
+      return fixed(marker, at, object);
+  }
+}
+
+/// Objects whose size follows from their first byte.
+PlistItem PlistReader::fixed(unsigned marker, const std::byte* at, std::uint64_t object) const {
+  const unsigned low = marker & 0x0F;
+  const std::uint64_t width = 1ULL << low;
+  switch (marker & 0xF0U) {
+    case plist::kSingle:
+      if (marker == plist::kNull) return {};
+      if (marker == plist::kFalse || marker == plist::kTrue) {
+        return {Kind::boolean, marker == plist::kTrue ? 1U : 0U, at};
+      }
+      break;
+    case plist::kInteger:
+      if (low <= 4) return sized(Kind::integer, at, width, 1, object);
+      break;
+    case plist::kReal:
+      if (low == 2 || low == 3) return sized(Kind::real, at, width, 1, object);
+      break;
+    case plist::kDate:
+      if (low == 3) return sized(Kind::date, at, width, 1, object);
+      break;
+    case plist::kUid:
+      if (low < 8) return sized(Kind::uid, at, low + 1U, 1, object);
+      break;
+    default:
+      break;
+  }
+  refuse("an unknown kind of object", object);
+}
+
+/// The length in the low half of the first byte, or in the integer object behind it.
+std::uint64_t PlistReader::readLength(const std::byte*& at, unsigned low,
+                                      std::uint64_t object) const {
+  if (low != plist::kLengthFollows) return low;
+  const std::byte* end = begin_ + tableOffset_;
+  const unsigned marker = at < end ? static_cast<unsigned>(*at) : 0;
+  if ((marker & 0xF0U) != plist::kInteger || (marker & 0x0FU) > 3) {
+    refuse("its length is no integer of at most 8 bytes", object);
+  }
+  const unsigned width = 1U << (marker & 0x0FU);
+  if (static_cast<std::uint64_t>(end - at) <= width) refuse("its length is cut short", object);
+  const std::uint64_t length = bigEndian(at + 1, width);
+  at += 1 + width;
+  return length;
+}
+
+PlistItem PlistReader::sized(Kind kind, const std::byte* at, std::uint64_t count,
+                             std::uint64_t unit, std::uint64_t object) const {
+  const auto remaining = static_cast<std::uint64_t>(begin_ + tableOffset_ - at);
+  if (count > remaining / unit) refuse("it does not fit into the block", object);
+  return {kind, count, at};
+}
+
+std::string_view PlistReader::text(const PlistItem& item, std::string& storage) const {
+  const auto count = static_cast<std::size_t>(item.count);
+  if (item.kind == Kind::ascii) {
+    const std::string_view text(reinterpret_cast<const char*>(item.bytes), count);
+    if (!isAscii(text)) throw OVInvalidArchive("a plain text holds a byte above 127");
+    return text;
+  }
+  const auto unit = [&](std::size_t i) {
+    return static_cast<char32_t>(bigEndian(item.bytes + 2 * i, 2));
+  };
+  storage.clear();
+  for (std::size_t i = 0; i < count; ++i) {
+    char32_t value = unit(i);
+    if (value >= 0xD800 && value < 0xDC00 && i + 1 < count) {
+      const char32_t next = unit(i + 1);
+      if (next >= 0xDC00 && next < 0xE000) {
+        value = 0x10000 + ((value - 0xD800) << 10) + (next - 0xDC00);
+        ++i;
+      }
+    }
+    appendUtf8(storage, value);
+  }
+  return storage;
+}
+
+std::uint64_t PlistReader::uid(const PlistItem& item) const {
+  return bigEndian(item.bytes, static_cast<unsigned>(item.count));
+}
+
+double PlistReader::real(const PlistItem& item) const {
+  if (item.count == 4) {
+    return std::bit_cast<float>(static_cast<std::uint32_t>(bigEndian(item.bytes, 4)));
+  }
+  return std::bit_cast<double>(bigEndian(item.bytes, 8));
+}
+
+PlistReader::Integer PlistReader::integer(const PlistItem& item) const {
+  if (item.count < 16) {
+    return {static_cast<std::int64_t>(bigEndian(item.bytes, static_cast<unsigned>(item.count))),
+            false};
+  }
+  const std::uint64_t high = bigEndian(item.bytes, 8);
+  const std::uint64_t low = bigEndian(item.bytes + 8, 8);
+  const auto value = static_cast<std::int64_t>(low);
+  if (high == 0) return {value, value < 0};
+  if (~high == 0 && value < 0) return {value, false};
+  throw OVInvalidArchive("an integer of 16 bytes that 64 bits cannot hold");
+}
+
+}  // namespace ov::detail

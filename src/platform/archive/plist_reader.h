@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace ov::detail {
+
+/// One object of a binary property list, its extent checked against the block.
+struct PlistItem {
+  enum class Kind : std::uint8_t {
+    null,
+    boolean,
+    integer,
+    real,
+    date,
+    data,
+    ascii,
+    utf16,
+    uid,
+    array,
+    set,
+    dictionary,
+  };
+
+  Kind kind = Kind::null;
+  /// Bytes, UTF-16 code units, or elements.
+  std::uint64_t count = 0;
+  const std::byte* bytes = nullptr;
+};
+
+/// Random access to the objects of a binary property list.
+///
+/// Nothing is read ahead, and every read is checked against the block: on a damaged or hostile
+/// block any call may throw `OVInvalidArchive`. The block must outlive the reader.
+class PlistReader {
+ public:
+  explicit PlistReader(std::span<const std::byte> block);
+
+  [[nodiscard]] std::uint64_t objectCount() const { return objectCount_; }
+  [[nodiscard]] std::uint64_t top() const { return top_; }
+
+  [[nodiscard]] PlistItem item(std::uint64_t object) const;
+  /// The object at a position of an array or set; of a dictionary, keys come before values.
+  [[nodiscard]] std::uint64_t reference(const PlistItem& container, std::uint64_t position) const;
+
+  [[nodiscard]] static bool isText(const PlistItem& item) {
+    return item.kind == PlistItem::Kind::ascii || item.kind == PlistItem::Kind::utf16;
+  }
+  /// The text as UTF-8; lone surrogates become U+FFFD. `storage` is used where conversion needs it.
+  [[nodiscard]] std::string_view text(const PlistItem& item, std::string& storage) const;
+  [[nodiscard]] std::uint64_t uid(const PlistItem& item) const;
+  [[nodiscard]] double real(const PlistItem& item) const;
+  /// An integer, and whether it stands above the signed range.
+  struct Integer {
+    std::int64_t value;
+    bool isUnsigned;
+  };
+  [[nodiscard]] Integer integer(const PlistItem& item) const;
+  [[nodiscard]] bool boolean(const PlistItem& item) const { return item.count != 0; }
+  [[nodiscard]] std::span<const std::byte> data(const PlistItem& item) const {
+    return {item.bytes, static_cast<std::size_t>(item.count)};
+  }
+
+  /// Position of the object's first byte in the block, for error messages.
+  [[nodiscard]] std::uint64_t offset(std::uint64_t object) const;
+
+ private:
+  [[nodiscard]] std::uint64_t bigEndian(const std::byte* bytes, unsigned width) const;
+  void readTrailer();
+  void checkTrailer(std::uint64_t size) const;
+  std::uint64_t readLength(const std::byte*& at, unsigned low, std::uint64_t object) const;
+  [[nodiscard]] PlistItem sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
+                                std::uint64_t unit, std::uint64_t object) const;
+  [[nodiscard]] PlistItem fixed(unsigned marker, const std::byte* at, std::uint64_t object) const;
+  [[noreturn]] void refuse(std::string_view what, std::uint64_t object) const;
+
+  const std::byte* begin_;
+  const std::byte* table_ = nullptr;
+  std::size_t size_;
+  std::uint64_t objectCount_ = 0;
+  std::uint64_t top_ = 0;
+  std::uint64_t tableOffset_ = 0;
+  unsigned offsetSize_ = 0;
+  unsigned referenceSize_ = 0;
+};
+
+}  // namespace ov::detail

@@ -1,0 +1,26 @@
+#include <OVAddressBookSDK/atomic.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace ov::detail {
+
+namespace {
+
+constexpr std::size_t kStripes = 64;
+
+struct alignas(64) Stripe {
+  std::mutex mutex;
+};
+
+constinit std::array<Stripe, kStripes> stripes;
+
+}  // namespace
+
+std::mutex& stripeOf(const void* address) {
+  const auto number = reinterpret_cast<std::uintptr_t>(address);
+  return stripes[(number >> 4 ^ number >> 10) % kStripes].mutex;
+}
+
+}  // namespace ov::detail

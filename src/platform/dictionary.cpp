@@ -1,0 +1,119 @@
+#include <OVAddressBookSDK/dictionary.h>
+
+#include <bit>
+#include <functional>
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/dispose.h"
+
+namespace ov::detail {
+
+namespace {
+
+/// Up to this many slots a look-up walks them; beyond, it hashes.
+constexpr std::size_t kSmall = 8;
+
+std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
+
+}  // namespace
+
+DictionaryEntries::~DictionaryEntries() {
+  for (Entry& entry : entries_) dispose(std::move(entry.value));
+}
+
+const DictionaryEntries::Entry* DictionaryEntries::find(std::string_view key) const {
+  if (slots_.empty()) {
+    for (const Entry& entry : entries_) {
+      if (!entry.key.isNull() && entry.key.view() == key) return &entry;
+    }
+    return nullptr;
+  }
+  const std::uint32_t position = slots_[slotOf(key)];
+  return position == 0 ? nullptr : &entries_[position - 1];
+}
+
+/// The slot that holds `key`, or the empty one where it would go.
+std::size_t DictionaryEntries::slotOf(std::string_view key) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t slot = hashOf(key) & mask;
+  for (; slots_[slot] != 0; slot = (slot + 1) & mask) {
+    const OVString& held = entries_[slots_[slot] - 1].key;
+    if (!held.isNull() && held.view() == key) break;
+  }
+  return slot;
+}
+
+void DictionaryEntries::set(const OVString& key, OVRef<OVObject> value) {
+  if (key.isNull()) throw std::invalid_argument("OVDictionary: a dictionary takes no null key");
+  if (value == nullptr) {
+    throw std::invalid_argument("OVDictionary: a dictionary takes no null value (key \"" +
+                                key.str() + "\")");
+  }
+  setAny(key, std::move(value));
+}
+
+void DictionaryEntries::setAny(const OVString& key, OVRef<OVObject> value) {
+  if (const Entry* entry = find(key)) {
+    entries_[static_cast<std::size_t>(entry - entries_.data())].value = std::move(value);
+    return;
+  }
+  if (entries_.size() >= std::numeric_limits<std::uint32_t>::max() / 4) {
+    throw std::length_error("OVDictionary: too many entries");
+  }
+  entries_.push_back({key, std::move(value)});
+  ++live_;
+  if (entries_.size() <= kSmall && slots_.empty()) return;
+  if (entries_.size() * 4 > slots_.size() * 3) {
+    rebuild();
+  } else {
+    slots_[slotOf(key)] = static_cast<std::uint32_t>(entries_.size());
+  }
+}
+
+bool DictionaryEntries::erase(std::string_view key) {
+  const Entry* found = find(key);
+  if (found == nullptr) return false;
+  // The slot stays taken by an entry without a key, so that probing goes on past it.
+  Entry& entry = entries_[static_cast<std::size_t>(found - entries_.data())];
+  entry.key = nullptr;
+  dispose(std::exchange(entry.value, nullptr));
+  --live_;
+  if (live_ * 2 < entries_.size() && entries_.size() > kSmall) rebuild();
+  return true;
+}
+
+void DictionaryEntries::clear() {
+  const std::vector<Entry> removed = std::exchange(entries_, {});
+  slots_.clear();
+  live_ = 0;
+}
+
+void DictionaryEntries::reserve(std::size_t count) {
+  entries_.reserve(count);
+  if (count > kSmall) rebuild();
+}
+
+/// Drops removed entries and lays the hash table out anew.
+void DictionaryEntries::rebuild() {
+  std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNull(); });
+  slots_.clear();
+  const std::size_t room = std::max(entries_.capacity(), entries_.size());
+  if (room <= kSmall) return;
+  slots_.assign(std::bit_ceil(room + room / 2), 0);
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    std::size_t slot = hashOf(entries_[i].key) & mask;
+    while (slots_[slot] != 0) slot = (slot + 1) & mask;
+    slots_[slot] = static_cast<std::uint32_t>(i + 1);
+  }
+}
+
+bool AnyDictionary::contains(const OVString& key) const {
+  return !key.isNull() && entries_->find(key) != nullptr;
+}
+
+bool AnyDictionary::erase(const OVString& key) { return !key.isNull() && entries_->erase(key); }
+
+}  // namespace ov::detail
