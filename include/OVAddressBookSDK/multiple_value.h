@@ -105,6 +105,8 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   OVMutableMultipleValue() = default;
 
  private:
+  [[nodiscard]] bool isMain(const OVRef<OVObject>& element) const;
+
   // An archive may hold objects of any class: they read as null, are kept and written back.
   bool hasList_ = true;
   std::vector<OVRef<OVObject>> elements_;

@@ -69,7 +69,8 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// label is accepted.
   [[nodiscard]] static OVRef<OVMutableSingleValue> singleValueByMacValueLabelType(
       const OVRef<OVObject>& rawValue, const OVRef<OVLabel>& label, OVValueType type);
-  /// The same with the type of the property and a new label that shows its display name.
+  /// The same with the type of the property and a new label whose two texts are its display name;
+  /// type 0 and a label without texts for a null property.
   [[nodiscard]] static OVRef<OVMutableSingleValue> singleValueByMacValueProperty(
       const OVRef<OVObject>& rawValue, const OVRef<OVProperty>& property);
 
@@ -92,8 +93,6 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
     // An archive may hold an object of any class: it reads as null, is kept and written back.
     OVRef<OVObject> value;
   };
-  /// Null when nothing stands under `name`.
-  [[nodiscard]] const Entry* entryFor(const OVString& name) const;
 
   OVString ID_;
   std::vector<Entry> entries_;

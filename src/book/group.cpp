@@ -1,0 +1,3 @@
+#include <OVAddressBookSDK/group.h>
+
+IOVGroup::~IOVGroup() = default;

@@ -1,0 +1,83 @@
+#include <OVAddressBookSDK/phone.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/workspace.h>
+
+#include "platform/maker.h"
+#include "platform/utf16.h"
+
+namespace {
+
+constexpr std::string_view kPhoneNumberKey = "phoneNumber";
+
+/// Numbers are looked at through the low byte of each code unit only, in tests and in the digits
+/// taken out of them: far-off characters that share it count as well.
+char lowByte(char16_t unit) { return static_cast<char>(unit & 0xFF); }
+
+bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
+
+bool mayStandInNumber(char16_t unit) {
+  constexpr std::string_view kSigns = " \xA0()+-";
+  const char byte = lowByte(unit);
+  return isDigit(byte) || kSigns.find(byte) != std::string_view::npos;
+}
+
+void openDigits(const char* scheme, const OVObjectPhone& phone) {
+  OVWorkspace::sharedWorkspace()->openURL(scheme + phone.adjustNumber(phone.phoneNumber()).str());
+}
+
+}  // namespace
+
+OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNumber) {
+  if (phoneNumber.isNull()) return nullptr;
+  auto made = ov::detail::Maker::make<OVObjectPhone>();
+  made->phoneNumber_ = phoneNumber;
+  made->initValid();
+  return made;
+}
+
+void OVObjectPhone::initValid() {
+  valid_ = std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_), mayStandInNumber);
+}
+
+void OVObjectPhone::call() const {
+  if (canDoCall()) openDigits("tel:", *this);
+}
+
+void OVObjectPhone::videoCall() const {
+  if (canDoVideoCall()) openDigits("facetime://", *this);
+}
+
+void OVObjectPhone::sendMessage() const {
+  if (canDoSendMessage()) openDigits("imessage://", *this);
+}
+
+OVString OVObjectPhone::adjustNumber(const OVString& number) const {
+  std::string digits;
+  for (const char16_t unit : ov::detail::Utf16Units(number)) {
+    if (isDigit(lowByte(unit))) digits.push_back(lowByte(unit));
+  }
+  return digits;
+}
+
+const OVClass& OVObjectPhone::archivedClass() {
+  static constexpr OVClass record{"OVObjectPhone", nullptr,
+                                  &ov::detail::Maker::empty<OVObjectPhone>};
+  return record;
+}
+
+const OVClass* OVObjectPhone::classForCoder() const { return &archivedClass(); }
+
+void OVObjectPhone::encodeWithCoder(OVKeyedArchiver& coder) const {
+  if (!phoneNumber_.isNull()) coder.encodeObjectForKey(phoneNumber_, kPhoneNumberKey);
+}
+
+void OVObjectPhone::initWithCoder(OVKeyedUnarchiver& coder) {
+  phoneNumber_ = coder.decodeStringForKey(kPhoneNumberKey);
+  initValid();
+}

@@ -1,0 +1,53 @@
+#include <OVAddressBookSDK/property.h>
+
+#include <utility>
+
+#include <OVAddressBookSDK/log.h>
+
+#include "platform/built_once.h"
+#include "platform/maker.h"
+#include "property/standard_properties.h"
+
+namespace {
+
+struct Catalogue {
+  OVRef<OVList<OVProperty>> list = OVList<OVProperty>::list();
+  OVRef<OVDictionary<OVProperty>> dictionary = OVDictionary<OVProperty>::dictionary();
+};
+
+ov::detail::BuiltOnce<Catalogue> catalogue;
+
+}  // namespace
+
+OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueType,
+                       OVValueType subValueType)
+    : name_(std::move(name)),
+      displayName_(std::move(displayName)),
+      valueType_(valueType),
+      subValueType_(subValueType) {}
+
+OVRef<OVList<OVProperty>> OVProperty::StandardPropertyArray() {
+  const auto build = [] {
+    Catalogue made;
+    for (const ov::detail::StandardProperty& row : ov::detail::standardProperties()) {
+      const auto property = ov::detail::Maker::make<OVProperty>(
+          row.name, row.displayName == nullptr ? row.name : OVString(row.displayName),
+          row.valueType, row.subValueType);
+      made.list->push_back(property);
+      made.dictionary->set(row.name, property);
+    }
+    return made;
+  };
+  return catalogue.get(build).list;
+}
+
+OVRef<OVDictionary<OVProperty>> OVProperty::StandardPropertyDictionary() {
+  (void)StandardPropertyArray();
+  return catalogue.peek()->dictionary;
+}
+
+OVRef<OVProperty> OVProperty::propertyWithName(const OVString& name) {
+  return (*StandardPropertyDictionary())[name];
+}
+
+void OVProperty::testAddress() { OVLog::sharedLog()->log("aa"); }

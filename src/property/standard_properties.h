@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/value_type.h>
+
+namespace ov::detail {
+
+inline constexpr std::size_t kStandardPropertyCount = 23;
+
+/// A row of the catalogue.
+struct StandardProperty {
+  const OVString& name;
+  /// Null: shown under its name.
+  const char* displayName;
+  OVValueType valueType;
+  OVValueType subValueType = OVValueTypeString;
+};
+
+/// All rows in the catalogue's order.
+[[nodiscard]] std::span<const StandardProperty, kStandardPropertyCount> standardProperties();
+
+}  // namespace ov::detail
