@@ -1,0 +1,26 @@
+#pragma once
+
+#include <system_error>
+
+#include <OVAddressBookSDK/address_book.h>
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/text.h>
+
+namespace ov::vcard {
+
+/// The persons and groups of any book as vCards 4.0 in UTF-8: the persons in the book's order, then
+/// the groups, each before its sub-groups. Null for null.
+///
+/// Of a general book the content of its dictionaries is written, of any other book `allPersons`
+/// and everything below `rootGroups`. Reading the cards again gives the same IDs, properties,
+/// labels, data and main values. What a card cannot say is left out: values under names outside the
+/// standard catalogue, data of another class than their property's, and for a text the difference
+/// between kinds of line break.
+[[nodiscard]] OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book);
+
+/// Writes the bytes as the file at `path`, whole or not at all: to a temporary file beside it, down
+/// to the disk, then renamed. An existing file keeps its mode; a symbolic link stays one, and its
+/// target is replaced. Null data writes an empty file.
+[[nodiscard]] std::error_code writeFile(const OVString& path, const OVRef<OVData>& data);
+
+}  // namespace ov::vcard

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include <OVAddressBookSDK/group.h>
+
+namespace ov::vcard {
+
+struct BookContent;
+struct GroupRecord;
+
+}  // namespace ov::vcard
+
+/// A group of an `OVVCardBook`. One thread at a time, as its book.
+class OVVCardGroup final : public IOVGroup {
+ public:
+  ~OVVCardGroup() override;
+
+  [[nodiscard]] OVString ID() const override;
+  [[nodiscard]] OVString displayName() const override;
+  /// Null counts as "".
+  void setDisplayName(const OVString& name);
+
+  /// New lists, in the order in which the members were added.
+  [[nodiscard]] OVRef<OVList<IOVGroup>> subGroups() const override;
+  [[nodiscard]] OVRef<OVList<IOVPerson>> persons() const override;
+
+  /// False, changing nothing, when the person is null, belongs to another book or is a member
+  /// already.
+  bool addPerson(const OVRef<IOVPerson>& person);
+  /// False when the person is no member.
+  bool removePerson(const OVRef<IOVPerson>& person);
+  /// False, changing nothing, when the group is null, belongs to another book, is a sub-group
+  /// already, or would come to stand inside itself.
+  bool addSubGroup(const OVRef<IOVGroup>& group);
+  /// The group stays in the book. False when it is no sub-group of this one.
+  bool removeSubGroup(const OVRef<IOVGroup>& group);
+
+ private:
+  friend struct ov::vcard::BookContent;
+  explicit OVVCardGroup(std::unique_ptr<ov::vcard::GroupRecord> record);
+
+  std::unique_ptr<ov::vcard::GroupRecord> record_;
+};
