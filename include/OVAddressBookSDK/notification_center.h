@@ -20,14 +20,14 @@ class OV_EXPORT OVNotificationObserver {
  public:
   /// Observes nothing.
   OVNotificationObserver() = default;
-  /// Calls `remove`, once, when the observation is to end.
+  /// Calls `remove`, once, when the observation is to end; it must not throw.
   explicit OVNotificationObserver(std::function<void()> remove);
   OVNotificationObserver(OVNotificationObserver&& other) noexcept;
   OVNotificationObserver& operator=(OVNotificationObserver&& other) noexcept;
   ~OVNotificationObserver();
 
-  /// Ends the observation: no call of the callback begins after this. A call that another thread is
-  /// in the middle of may still be running. Does nothing the second time.
+  /// Ends the observation: this thread does not call the callback any more. A delivery that another
+  /// thread is in the middle of may still do so. Does nothing the second time.
   void remove();
 
  private:

@@ -1,0 +1,53 @@
+#include "platform/services/cached_values.h"
+
+#include <utility>
+
+namespace ov {
+
+namespace {
+
+void apply(DefaultsDatabase::Values& values, const OVString& key, const OVRef<OVObject>& object) {
+  if (object == nullptr) {
+    values.erase(key);
+  } else {
+    values.insert_or_assign(key, object);
+  }
+}
+
+}  // namespace
+
+OVRef<OVObject> CachedValues::get(const OVString& key) const {
+  const std::lock_guard lock(mutex_);
+  const auto at = values_.find(key);
+  return at == values_.end() ? nullptr : at->second;
+}
+
+void CachedValues::change(const OVString& key, const OVRef<OVObject>& object) {
+  const std::lock_guard lock(mutex_);
+  apply(values_, key, object);
+  unsaved_.insert_or_assign(key, object);
+}
+
+std::vector<DefaultsDatabase::Change> CachedValues::unsaved() const {
+  const std::lock_guard lock(mutex_);
+  std::vector<DefaultsDatabase::Change> changes;
+  changes.reserve(unsaved_.size());
+  for (const auto& [key, object] : unsaved_) changes.push_back({key, object});
+  return changes;
+}
+
+void CachedValues::markSaved(const std::vector<DefaultsDatabase::Change>& changes) {
+  const std::lock_guard lock(mutex_);
+  for (const auto& change : changes) {
+    const auto at = unsaved_.find(change.key);
+    if (at != unsaved_.end() && at->second == change.object) unsaved_.erase(at);
+  }
+}
+
+void CachedValues::refresh(DefaultsDatabase::Values values) {
+  const std::lock_guard lock(mutex_);
+  values_.swap(values);
+  for (const auto& [key, object] : unsaved_) apply(values_, key, object);
+}
+
+}  // namespace ov

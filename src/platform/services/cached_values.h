@@ -1,0 +1,35 @@
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+#include "platform/services/defaults_database.h"
+
+namespace ov {
+
+/// What is known of a database's values, with the changes that it does not have yet on top. Any
+/// thread may call it; no call waits for long.
+class CachedValues {
+ public:
+  [[nodiscard]] OVRef<OVObject> get(const OVString& key) const;
+  /// A change that is not saved yet; null removes the value.
+  void change(const OVString& key, const OVRef<OVObject>& object);
+
+  [[nodiscard]] std::vector<DefaultsDatabase::Change> unsaved() const;
+  /// The changes have been saved. Those that have been changed anew meanwhile stay unsaved.
+  void markSaved(const std::vector<DefaultsDatabase::Change>& changes);
+
+  /// Takes what the database holds in the place of what was known.
+  void refresh(DefaultsDatabase::Values values);
+
+ private:
+  mutable std::mutex mutex_;
+  DefaultsDatabase::Values values_;
+  std::map<OVString, OVRef<OVObject>> unsaved_;
+};
+
+}  // namespace ov

@@ -1,0 +1,87 @@
+#include "platform/services/defaults_database.h"
+
+#include <memory>
+#include <stdexcept>
+
+#include "platform/services/sqlite.h"
+#include "platform/services/stored_value.h"
+
+namespace ov {
+
+namespace {
+
+using sqlite::Database;
+using sqlite::Statement;
+
+// Every opening reads the whole log.
+constexpr int kLongestLogInPages = 256;
+
+DefaultsDatabase::Values readAll(Database& database) {
+  DefaultsDatabase::Values values;
+  Statement row(database, "SELECT key, kind, value FROM defaults");
+  while (row.step()) {
+    if (auto object = storedAt(row, 1)) values.emplace(row.text(0), std::move(object));
+  }
+  return values;
+}
+
+void writeAll(Database& database, const std::vector<DefaultsDatabase::Change>& changes) {
+  database.execute("BEGIN IMMEDIATE");
+  Statement set(database, "INSERT OR REPLACE INTO defaults (key, kind, value) VALUES (?, ?, ?)");
+  Statement remove(database, "DELETE FROM defaults WHERE key = ?");
+  for (const auto& change : changes) {
+    Statement& statement = change.object == nullptr ? remove : set;
+    statement.bind(1, change.key.view());
+    if (change.object != nullptr) bindStored(statement, 2, change.object);
+    statement.step();
+    statement.reset();
+  }
+  database.execute("COMMIT");
+}
+
+}  // namespace
+
+/// Calls `work` with a connection, or null when there is no database. When the file turns out to be
+/// none, it is moved aside and the work done once more.
+template <class Work>
+void DefaultsDatabase::work(Deadline& deadline, Work work) {
+  try {
+    work(file_.open(deadline));
+  } catch (const sqlite::Error& error) {
+    if (!error.isInFile()) throw;
+    noteMoved(file_.moveAside(deadline));
+    work(file_.open(deadline));
+  }
+}
+
+void DefaultsDatabase::noteMoved(const std::vector<std::string>& names) {
+  for (const auto& name : names) movedAside_ += (movedAside_.empty() ? "" : ", ") + name;
+}
+
+DefaultsDatabase::Values DefaultsDatabase::read(Deadline& deadline) {
+  Values values;
+  work(deadline, [&](const std::unique_ptr<Database>& database) {
+    if (database != nullptr) values = readAll(*database);
+  });
+  return values;
+}
+
+void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadline) {
+  work(deadline, [&](std::unique_ptr<Database> database) {
+    if (database == nullptr) {
+      noteMoved(file_.create(deadline));
+      database = file_.open(deadline);
+      if (database == nullptr) throw std::runtime_error("the database has been removed");
+    }
+    writeAll(*database, changes);
+    database->checkpointIfLongerThan(kLongestLogInPages);
+  });
+}
+
+void DefaultsDatabase::flush(Deadline& deadline) {
+  work(deadline, [](const std::unique_ptr<Database>& database) {
+    if (database != nullptr) database->checkpoint();
+  });
+}
+
+}  // namespace ov

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/services/deadline.h"
+#include "platform/services/sqlite.h"
+
+namespace ov {
+
+/// The database file of one application's preferences, together with its write-ahead log: opens it,
+/// makes it, moves aside what stands in its place. Failures throw `sqlite::Error` or
+/// `std::system_error`.
+class DefaultsFile {
+ public:
+  /// The folder need not exist; "" stands for no folder at all.
+  explicit DefaultsFile(std::string directory) : directory_(std::move(directory)) {}
+
+  /// A connection that commits without waiting for the disk; null when there is no file. The error
+  /// is "in the file" when something else is in its place.
+  [[nodiscard]] std::unique_ptr<sqlite::Database> open(Deadline& deadline) const;
+
+  /// Makes the database unless there is one by now, its folders too. A file appears under its name
+  /// only when it is complete, and may be read by its owner alone. Gives the new names of what was
+  /// moved aside for it.
+  [[nodiscard]] std::vector<std::string> create(Deadline& deadline) const;
+
+  /// Renames what stands in the place of the database and is none, or is a damaged one, together
+  /// with its log; nothing that was moved earlier is overwritten. Gives the new names, none when
+  /// all was well after all.
+  [[nodiscard]] std::vector<std::string> moveAside(Deadline& deadline) const;
+
+ private:
+  const std::string directory_;
+};
+
+}  // namespace ov

@@ -1,0 +1,64 @@
+#include "platform/services/directory.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <system_error>
+
+namespace ov {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& path) {
+  throw std::system_error(errno, std::generic_category(), path);
+}
+
+}  // namespace
+
+Directory::Directory(const std::string& path)
+    : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (descriptor_ < 0) fail(path_);
+}
+
+Directory::~Directory() { close(descriptor_); }
+
+void Directory::lock(Deadline& deadline) const {
+  while (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+    const int error = errno;
+    if (error == EINTR || (error == EWOULDBLOCK && deadline.pause())) continue;
+    throw std::system_error(error, std::generic_category(), "lock of " + path_);
+  }
+}
+
+void Directory::flush() const {
+  if (fsync(descriptor_) != 0) fail(path_);
+}
+
+void createDirectories(const std::string& path) {
+  std::size_t end = 0;
+  do {
+    const std::string parent = end == 0 ? "/" : path.substr(0, end);
+    end = path.find('/', end + 1);
+    const std::string folder = path.substr(0, end);
+    if (mkdir(folder.c_str(), S_IRWXU) == 0) {
+      Directory(parent).flush();
+    } else if (errno != EEXIST) {
+      fail(folder);
+    }
+  } while (end != std::string::npos);
+}
+
+std::string realPath(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                             &std::free);
+  if (resolved != nullptr) return resolved.get();
+  if (errno != ENOENT && errno != ENOTDIR) fail(path);
+  return {};
+}
+
+}  // namespace ov

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "platform/services/deadline.h"
+
+namespace ov {
+
+/// An open folder. Failures throw `std::system_error`.
+class Directory {
+ public:
+  explicit Directory(const std::string& path);
+  Directory(const Directory&) = delete;
+  Directory& operator=(const Directory&) = delete;
+  ~Directory();
+
+  /// Keeps other processes that lock the same folder waiting for as long as this object lives.
+  /// Fails when another keeps the lock beyond the deadline.
+  void lock(Deadline& deadline) const;
+
+  /// Puts what was created, renamed and removed in the folder safely on the disk.
+  void flush() const;
+
+ private:
+  const std::string path_;
+  const int descriptor_;
+};
+
+/// Makes the folders of an absolute path that are missing, for their owner alone.
+void createDirectories(const std::string& path);
+
+/// The folder's path without symbolic links in it; "" when there is no such folder.
+[[nodiscard]] std::string realPath(const std::string& path);
+
+}  // namespace ov

@@ -1,0 +1,65 @@
+#include "platform/services/icu_locale.h"
+
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/uloc.h>
+
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+#include <string>
+
+#include "platform/built_once.h"
+#include "platform/services/environment.h"
+#include "platform/services/locale_identifier.h"
+
+namespace ov {
+
+namespace {
+
+using Mapping = void (*)(const char* locale, std::uint32_t options, icu::StringPiece text,
+                         icu::ByteSink& sink, icu::Edits* edits, UErrorCode& status);
+
+/// The mapping of the root locale.
+OVString mapped(const OVString& text, Mapping mapping) {
+  if (text.isNull()) return nullptr;
+  if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+    throw std::length_error("OVLocale: the text is too long to change its case");
+  }
+  std::string result;
+  icu::StringByteSink<std::string> sink(&result, static_cast<std::int32_t>(text.size()));
+  UErrorCode status = U_ZERO_ERROR;
+  mapping("", 0, icu::StringPiece(text.view()), sink, nullptr, status);
+  if (U_FAILURE(status)) throw std::length_error("OVLocale: the case of the text cannot change");
+  return result == text.view() ? text : OVString(result);
+}
+
+OVRef<OVList<OVString>> makeCountryCodes() {
+  auto codes = OVList<OVString>::list();
+  for (const char* const* code = uloc_getISOCountries(); *code != nullptr; ++code) {
+    codes->push_back(*code);
+  }
+  return codes;
+}
+
+}  // namespace
+
+OVRef<OVList<OVString>> IcuLocale::isoCountryCodes() const {
+  static detail::BuiltOnce<OVRef<OVList<OVString>>> codes;
+  return codes.get(&makeCountryCodes)->copy();
+}
+
+OVString IcuLocale::currentLocaleIdentifier() const {
+  if (!identifier_.isNull()) return identifier_;
+  return localeIdentifier(&processEnvironment);
+}
+
+OVString IcuLocale::lowercase(const OVString& text) const {
+  return mapped(text, &icu::CaseMap::utf8ToLower);
+}
+
+OVString IcuLocale::uppercase(const OVString& text) const {
+  return mapped(text, &icu::CaseMap::utf8ToUpper);
+}
+
+}  // namespace ov

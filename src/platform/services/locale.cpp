@@ -1,0 +1,28 @@
+#include <OVAddressBookSDK/locale.h>
+
+#include <utility>
+
+#include "platform/services/icu_locale.h"
+#include "platform/services/shared_instance.h"
+
+namespace {
+
+OVRef<OVLocale> makeDefault() { return std::make_shared<ov::IcuLocale>(OVString()); }
+
+ov::SharedInstance<OVLocale>& shared() {
+  static auto& instance = *new ov::SharedInstance<OVLocale>(&makeDefault);
+  return instance;
+}
+
+}  // namespace
+
+OVLocale::~OVLocale() = default;
+
+OVRef<OVLocale> OVLocale::currentLocale() { return shared().get(); }
+
+void OVLocale::setCurrentLocale(OVRef<OVLocale> locale) { shared().set(std::move(locale)); }
+
+OVRef<OVLocale> OVLocale::withIdentifier(const OVString& identifier) {
+  return std::make_shared<ov::IcuLocale>(identifier.isNull() ? OVString("en_US_POSIX")
+                                                             : identifier);
+}

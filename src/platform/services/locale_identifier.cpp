@@ -1,0 +1,128 @@
+#include "platform/services/locale_identifier.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+namespace ov {
+
+namespace {
+
+constexpr std::string_view kPosix = "en_US_POSIX";
+
+constexpr std::pair<std::string_view, std::string_view> kScripts[] = {
+    {"arabic", "Arab"}, {"cyrillic", "Cyrl"}, {"devanagari", "Deva"},
+    {"hans", "Hans"},   {"hant", "Hant"},     {"latin", "Latn"},
+};
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+template <class Map>
+std::string mapped(std::string_view text, Map map) {
+  std::string result;
+  std::transform(text.begin(), text.end(), std::back_inserter(result), map);
+  return result;
+}
+
+bool isLetters(std::string_view text, std::size_t shortest, std::size_t longest) {
+  return text.size() >= shortest && text.size() <= longest &&
+         std::all_of(text.begin(), text.end(), &isLetter);
+}
+
+bool isRegion(std::string_view text) {
+  return isLetters(text, 2, 2) ||
+         (text.size() == 3 && std::all_of(text.begin(), text.end(), &isDigit));
+}
+
+bool isVariant(std::string_view text) {
+  const std::size_t shortest = !text.empty() && isDigit(text.front()) ? 4 : 5;
+  return text.size() >= shortest && text.size() <= 8 &&
+         std::all_of(text.begin(), text.end(), [](char c) { return isLetter(c) || isDigit(c); });
+}
+
+struct Parts {
+  std::string language;
+  std::string script;
+  std::string region;
+  std::string variants;
+
+  void addVariant(std::string_view variant) { variants += "_" + mapped(variant, &upper); }
+};
+
+std::string_view takePiece(std::string_view& text) {
+  const auto end = std::min(text.find_first_of("_-"), text.size());
+  const auto piece = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return piece;
+}
+
+/// Reads language, script, region and variants, all but the first of which may be missing. Empty
+/// when something else is among them.
+std::optional<Parts> partsOf(std::string_view name) {
+  Parts parts;
+  const auto language = takePiece(name);
+  if (!isLetters(language, 2, 8)) return std::nullopt;
+  parts.language = mapped(language, &lower);
+  while (!name.empty()) {
+    const auto piece = takePiece(name);
+    const bool inFront = parts.region.empty() && parts.variants.empty();
+    if (inFront && parts.script.empty() && isLetters(piece, 4, 4)) {
+      parts.script = mapped(piece.substr(0, 1), &upper) + mapped(piece.substr(1), &lower);
+    } else if (inFront && isRegion(piece)) {
+      parts.region = mapped(piece, &upper);
+    } else if (isVariant(piece)) {
+      parts.addVariant(piece);
+    } else {
+      return std::nullopt;
+    }
+  }
+  return parts;
+}
+
+void apply(std::string_view modifier, Parts& parts) {
+  const std::string wanted = mapped(modifier, &lower);
+  for (const auto& [name, script] : kScripts) {
+    if (name != wanted) continue;
+    if (parts.script.empty()) parts.script = script;
+    return;
+  }
+  if (isVariant(modifier)) parts.addVariant(modifier);
+}
+
+std::string joined(const Parts& parts) {
+  std::string identifier = parts.language;
+  if (!parts.script.empty()) identifier += "_" + parts.script;
+  // An empty region keeps its place in front of a variant, which could be taken for it otherwise.
+  if (!parts.region.empty() || !parts.variants.empty()) identifier += "_" + parts.region;
+  return identifier + parts.variants;
+}
+
+}  // namespace
+
+std::string localeIdentifierOf(std::string_view posixName) {
+  std::string_view modifier;
+  if (const auto at = posixName.find('@'); at != std::string_view::npos) {
+    modifier = posixName.substr(at + 1);
+    posixName = posixName.substr(0, at);
+  }
+  posixName = posixName.substr(0, posixName.find('.'));
+  if (posixName == "C" || posixName == "POSIX") return std::string(kPosix);
+  std::optional<Parts> parts = partsOf(posixName);
+  if (!parts) return std::string(kPosix);
+  apply(modifier, *parts);
+  return joined(*parts);
+}
+
+std::string localeIdentifier(const Environment& environment) {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* value = environment(name);
+    if (value != nullptr && *value != '\0') return localeIdentifierOf(value);
+  }
+  return std::string(kPosix);
+}
+
+}  // namespace ov

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <OVAddressBookSDK/user_defaults.h>
+
+namespace ov {
+
+/// The preferences of one application, kept in its database and read from memory.
+class PersistentDefaults final : public OVUserDefaults {
+ public:
+  /// The database's folder need not exist; "" when there is no home to put it into.
+  explicit PersistentDefaults(std::string directory);
+  ~PersistentDefaults() override;
+
+ private:
+  class State;
+
+  [[nodiscard]] OVRef<OVObject> load(const OVString& key) const override;
+  void store(const OVRef<OVObject>& object, const OVString& key) override;
+  bool writeThrough() override;
+
+  const std::unique_ptr<State> state_;
+};
+
+}  // namespace ov

@@ -1,0 +1,34 @@
+#include <OVAddressBookSDK/workspace.h>
+
+#include <utility>
+
+#include "platform/services/desktop_workspace.h"
+#include "platform/services/shared_instance.h"
+#include "platform/services/url.h"
+
+namespace {
+
+class NoWorkspace final : public OVWorkspace {
+  bool open(const OVString& /*url*/) override { return false; }
+};
+
+OVRef<OVWorkspace> makeDefault() { return std::make_shared<ov::DesktopWorkspace>(); }
+
+ov::SharedInstance<OVWorkspace>& shared() {
+  static auto& instance = *new ov::SharedInstance<OVWorkspace>(&makeDefault);
+  return instance;
+}
+
+}  // namespace
+
+OVWorkspace::~OVWorkspace() = default;
+
+OVRef<OVWorkspace> OVWorkspace::sharedWorkspace() { return shared().get(); }
+
+void OVWorkspace::setSharedWorkspace(OVRef<OVWorkspace> workspace) {
+  shared().set(std::move(workspace));
+}
+
+OVRef<OVWorkspace> OVWorkspace::none() { return std::make_shared<NoWorkspace>(); }
+
+bool OVWorkspace::openURL(const OVString& url) { return ov::isValidUrl(url.view()) && open(url); }
