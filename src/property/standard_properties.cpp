@@ -38,6 +38,8 @@ constexpr StandardProperty kStandardProperties[kStandardPropertyCount] = {
 
 }  // namespace
 
-std::span<const StandardProperty, kStandardPropertyCount> standardProperties() { return kStandardProperties; }
+std::span<const StandardProperty, kStandardPropertyCount> standardProperties() {
+  return kStandardProperties;
+}
 
 }  // namespace ov::detail
