@@ -53,11 +53,12 @@ class OV_EXPORT AnyList : public OVObject {
   std::shared_ptr<ListElements> elements_;
 };
 
-/// Equality of elements: texts by their characters, other objects by identity.
-inline bool sameElement(const OVString& a, const OVString& b) { return a == b; }
+/// Equality of elements: texts by their characters, other objects by identity. Null is no element:
+/// what merely reads as null is not equal to it.
+inline bool sameElement(const OVString& a, const OVString& b) { return !a.isNull() && a == b; }
 template <class T>
 bool sameElement(const OVRef<T>& a, const OVRef<T>& b) {
-  return a == b;
+  return a != nullptr && a == b;
 }
 
 }  // namespace ov::detail

@@ -147,7 +147,11 @@ class OV_EXPORT OVString {
     return a.text_ == b.text_ || (a.text_ != nullptr && b.text_ != nullptr && a.view() == b.view());
   }
   friend bool operator==(const OVString& a, std::nullptr_t) { return a.text_ == nullptr; }
+  /// A null pointer compares as null.
   friend bool operator==(const OVString& a, const OVTextLike auto& b) {
+    if constexpr (std::is_pointer_v<std::remove_cvref_t<decltype(b)>>) {
+      if (b == nullptr) return a.isNull();
+    }
     return a.text_ != nullptr && a.view() == std::string_view(b);
   }
   /// Null stands before every text; texts are ordered by their bytes, that is, by code point.
