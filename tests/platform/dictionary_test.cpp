@@ -1,0 +1,115 @@
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/dictionary.h>
+
+#include "support/printers.h"
+
+using testing::ElementsAre;
+using testing::Pair;
+
+namespace {
+
+using Texts = OVDictionary<OVString>;
+using Dates = OVDictionary<OVDate>;
+
+static_assert(std::forward_iterator<Texts::const_iterator>);
+
+std::vector<std::pair<OVString, OVString>> entriesOf(const OVRef<Texts>& dictionary) {
+  return {dictionary->begin(), dictionary->end()};
+}
+
+TEST(Dictionary, IsNewAndEmptyOrOfTheGivenEntries) {
+  EXPECT_TRUE(Texts::dictionary()->empty());
+  EXPECT_EQ(Texts::dictionary()->begin(), Texts::dictionary()->end());
+  EXPECT_NE(Texts::dictionary(), Texts::dictionary());
+  EXPECT_THAT(entriesOf(Texts::dictionary({{"b", "2"}, {"a", "1"}})),
+              ElementsAre(Pair("b", "2"), Pair("a", "1")));
+}
+
+TEST(Dictionary, FindsByTheCharactersOfTheKey) {
+  const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(0);
+  const auto dictionary = Dates::dictionary({{"Zoë", date}, {"", date}});
+  EXPECT_EQ((*dictionary)["Zoë"], date);
+  EXPECT_EQ((*dictionary)[std::string("Zo\xC3\xAB")], date);
+  EXPECT_EQ((*dictionary)["Zoe"], nullptr);
+  EXPECT_TRUE(dictionary->contains(""));
+  EXPECT_EQ((*dictionary->find("Zoë")).first, "Zoë");
+  EXPECT_EQ(dictionary->find("zoë"), dictionary->end());
+}
+
+TEST(Dictionary, ANullKeyIsNeverThere) {
+  const auto dictionary = Texts::dictionary({{"", "empty"}});
+  EXPECT_TRUE((*dictionary)[nullptr].isNull());
+  EXPECT_FALSE(dictionary->contains(nullptr));
+  EXPECT_EQ(dictionary->find(OVString()), dictionary->end());
+  EXPECT_FALSE(dictionary->erase(nullptr));
+  EXPECT_EQ(dictionary->size(), 1U);
+}
+
+TEST(Dictionary, TakesNeitherANullKeyNorANullValue) {
+  const auto dictionary = Texts::dictionary({{"a", "1"}});
+  EXPECT_THROW(dictionary->set(nullptr, "x"), std::invalid_argument);
+  EXPECT_THROW(dictionary->set("a", nullptr), std::invalid_argument);
+  EXPECT_THROW(dictionary->set("b", nullptr), std::invalid_argument);
+  EXPECT_THROW(Dates::dictionary()->set("a", nullptr), std::invalid_argument);
+  EXPECT_THAT(entriesOf(dictionary), ElementsAre(Pair("a", "1")));
+}
+
+TEST(Dictionary, TheMessageOfARefusalNamesTheKey) {
+  try {
+    Texts::dictionary()->set("Birthday", nullptr);
+    FAIL();
+  } catch (const std::invalid_argument& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("\"Birthday\""));
+  }
+}
+
+TEST(Dictionary, SettingAgainReplacesInTheSamePlace) {
+  const auto dictionary = Texts::dictionary({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  dictionary->set("a", "one");
+  EXPECT_THAT(entriesOf(dictionary), ElementsAre(Pair("a", "one"), Pair("b", "2"), Pair("c", "3")));
+}
+
+TEST(Dictionary, AddingAgainAfterErasingGoesToTheEnd) {
+  const auto dictionary = Texts::dictionary({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  EXPECT_TRUE(dictionary->erase("a"));
+  EXPECT_FALSE(dictionary->erase("a"));
+  EXPECT_FALSE(dictionary->contains("a"));
+  EXPECT_EQ(dictionary->size(), 2U);
+  dictionary->set("a", "again");
+  EXPECT_THAT(entriesOf(dictionary),
+              ElementsAre(Pair("b", "2"), Pair("c", "3"), Pair("a", "again")));
+}
+
+TEST(Dictionary, ErasingTheLastEntryLeavesItEmpty) {
+  const auto dictionary = Texts::dictionary({{"a", "1"}});
+  dictionary->erase("a");
+  EXPECT_TRUE(dictionary->empty());
+  EXPECT_EQ(dictionary->begin(), dictionary->end());
+}
+
+TEST(Dictionary, ClearsAndFillsAgain) {
+  const auto dictionary = Texts::dictionary();
+  for (int i = 0; i < 20; ++i) dictionary->set(std::to_string(i), "x");
+  dictionary->clear();
+  EXPECT_TRUE(dictionary->empty());
+  EXPECT_FALSE(dictionary->contains("3"));
+  dictionary->set("3", "again");
+  EXPECT_THAT(entriesOf(dictionary), ElementsAre(Pair("3", "again")));
+}
+
+TEST(Dictionary, AChangeThroughOneReferenceShowsInAll) {
+  const auto dictionary = Texts::dictionary();
+  const OVRef<Texts> other = dictionary;
+  other->set("a", "1");
+  EXPECT_EQ((*dictionary)["a"], "1");
+}
+
+}  // namespace

@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/dictionary.h>
+
+#include "support/printers.h"
+
+namespace {
+
+using Any = OVDictionary<OVObject>;
+using Texts = OVDictionary<OVString>;
+using Dates = OVDictionary<OVDate>;
+
+TEST(DictionaryView, SharesItsEntriesWithTheDictionary) {
+  const auto any = Any::dictionary({{"a", OVString("1")}});
+  const auto texts = ov::cast<Texts>(any);
+  ASSERT_NE(texts, nullptr);
+  texts->set("b", "2");
+  any->set("a", OVString("one"));
+  EXPECT_EQ(ov::cast<OVString>((*any)["b"]), "2");
+  EXPECT_EQ((*texts)["a"], "one");
+  texts->erase("a");
+  EXPECT_FALSE(any->contains("a"));
+}
+
+TEST(DictionaryView, OfTheSameKindIsTheDictionaryItself) {
+  const auto texts = Texts::dictionary();
+  EXPECT_EQ(ov::cast<Texts>(texts), texts);
+}
+
+TEST(DictionaryView, OutlivesTheDictionary) {
+  auto any = Any::dictionary({{"a", OVString("kept")}});
+  const auto texts = ov::cast<Texts>(any);
+  any.reset();
+  EXPECT_EQ((*texts)["a"], "kept");
+}
+
+TEST(DictionaryView, ReadsValuesOfAnotherClassAsNullAndKeepsThem) {
+  const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(1);
+  const auto any = Any::dictionary({{"text", OVString("a")}, {"date", date}});
+  const auto texts = ov::cast<Texts>(any);
+  EXPECT_EQ(texts->size(), 2U);
+  EXPECT_TRUE(texts->contains("date"));
+  EXPECT_TRUE((*texts)["date"].isNull());
+  EXPECT_TRUE((*texts->find("date")).second.isNull());
+  EXPECT_EQ((*ov::cast<Dates>(texts))["date"], date);
+}
+
+TEST(DictionaryView, KeepsWhetherTheDictionaryIsImmutable) {
+  const auto any = Any::dictionary();
+  EXPECT_FALSE(ov::cast<Texts>(any)->isImmutable());
+  any->entries()->immutable = true;
+  EXPECT_TRUE(ov::cast<Texts>(any)->isImmutable());
+}
+
+}  // namespace

@@ -1,0 +1,149 @@
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/list.h>
+
+#include "support/printers.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+using Texts = OVList<OVString>;
+using Dates = OVList<OVDate>;
+
+static_assert(std::random_access_iterator<Texts::const_iterator>);
+
+std::vector<OVString> textsOf(const OVRef<Texts>& list) { return {list->begin(), list->end()}; }
+
+OVRef<OVDate> newDate() { return OVDate::dateWithTimeIntervalSinceReferenceDate(0); }
+
+TEST(List, IsNewAndEmptyOrOfTheGivenElements) {
+  EXPECT_TRUE(Texts::list()->empty());
+  EXPECT_EQ(Texts::list()->begin(), Texts::list()->end());
+  EXPECT_NE(Texts::list(), Texts::list());
+  EXPECT_THAT(textsOf(Texts::list({"a", "b", "a"})), ElementsAre("a", "b", "a"));
+}
+
+TEST(List, KeepsTheOrderOfItsElements) {
+  const auto list = Texts::list();
+  list->push_back("b");
+  list->insert(0, "a");
+  list->insert(2, "d");
+  list->insert(2, "c");
+  EXPECT_THAT(textsOf(list), ElementsAre("a", "b", "c", "d"));
+  EXPECT_EQ(list->size(), 4U);
+  EXPECT_EQ(list->front(), "a");
+  EXPECT_EQ(list->back(), "d");
+  EXPECT_EQ((*list)[2], "c");
+}
+
+TEST(List, TakesTheVeryObject) {
+  const auto date = newDate();
+  const OVString text("text");
+  EXPECT_EQ(Dates::list({date})->front(), date);
+  EXPECT_TRUE(Texts::list({text})->front().isSame(text));
+}
+
+TEST(List, TakesTheSameObjectTwice) {
+  const auto date = newDate();
+  const auto list = Dates::list({date, date});
+  EXPECT_EQ(list->size(), 2U);
+  EXPECT_EQ((*list)[0], (*list)[1]);
+}
+
+TEST(List, TakesNothingNull) {
+  EXPECT_THROW(static_cast<void>(Texts::list({OVString()})), std::invalid_argument);
+  const auto list = Dates::list({newDate()});
+  EXPECT_THROW(list->push_back(nullptr), std::invalid_argument);
+  EXPECT_THROW(list->insert(0, nullptr), std::invalid_argument);
+  EXPECT_THROW(list->replace(0, nullptr), std::invalid_argument);
+  EXPECT_EQ(list->size(), 1U);
+  EXPECT_NE(list->front(), nullptr);
+}
+
+TEST(List, RaisesPastTheEnd) {
+  const auto list = Texts::list({"only"});
+  EXPECT_THROW(static_cast<void>((*list)[1]), std::out_of_range);
+  EXPECT_THROW(list->insert(2, "x"), std::out_of_range);
+  EXPECT_THROW(list->replace(1, "x"), std::out_of_range);
+  EXPECT_THROW(list->erase(1), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(Texts::list()->front()), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(Texts::list()->back()), std::out_of_range);
+  EXPECT_THAT(textsOf(list), ElementsAre("only"));
+}
+
+TEST(List, ReplacesInPlace) {
+  const auto list = Texts::list({"a", "b", "c"});
+  list->replace(1, "B");
+  list->replace(2, "C");
+  EXPECT_THAT(textsOf(list), ElementsAre("a", "B", "C"));
+}
+
+TEST(List, ErasesAndClears) {
+  const auto list = Texts::list({"a", "b", "c"});
+  list->erase(1);
+  EXPECT_THAT(textsOf(list), ElementsAre("a", "c"));
+  list->clear();
+  EXPECT_TRUE(list->empty());
+  list->push_back("again");
+  EXPECT_THAT(textsOf(list), ElementsAre("again"));
+}
+
+TEST(List, FindsTextsByTheirCharacters) {
+  const auto list = Texts::list({"a", "b", "b"});
+  EXPECT_EQ(list->find("b") - list->begin(), 1);
+  EXPECT_EQ(list->find("c"), list->end());
+  EXPECT_TRUE(list->contains("a"));
+  EXPECT_FALSE(list->contains(""));
+  EXPECT_FALSE(list->contains(nullptr));
+}
+
+TEST(List, FindsObjectsByIdentity) {
+  const auto date = newDate();
+  const auto list = Dates::list({newDate(), date});
+  EXPECT_EQ(list->find(date) - list->begin(), 1);
+  EXPECT_FALSE(list->contains(newDate()));
+}
+
+TEST(List, RemovesEveryEqualElement) {
+  const auto list = Texts::list({"a", "b", "a", "c", "a"});
+  EXPECT_EQ(list->remove("a"), 3U);
+  EXPECT_EQ(list->remove("a"), 0U);
+  EXPECT_THAT(textsOf(list), ElementsAre("b", "c"));
+}
+
+TEST(List, IteratesLikeAContainer) {
+  const auto list = Texts::list({"c", "a", "b"});
+  auto at = list->begin();
+  EXPECT_EQ(*at++, "c");
+  EXPECT_EQ(*at--, "a");
+  EXPECT_EQ(at[2], "b");
+  EXPECT_EQ(*(2 + at), "b");
+  EXPECT_LT(at, list->end());
+  EXPECT_EQ(list->end() - at, 3);
+  EXPECT_EQ(std::ranges::min(*list), "a");
+}
+
+TEST(List, ACopyIsAnotherListOfTheSameElements) {
+  const auto date = newDate();
+  const auto list = Dates::list({date});
+  const auto copy = list->copy();
+  list->clear();
+  EXPECT_EQ(copy->size(), 1U);
+  EXPECT_EQ(copy->front(), date);
+}
+
+TEST(List, ACopyOfAnImmutableListIsMutable) {
+  EXPECT_TRUE(Texts::immutableList()->isImmutable());
+  EXPECT_FALSE(Texts::immutableList()->copy()->isImmutable());
+  EXPECT_FALSE(Texts::list()->isImmutable());
+}
+
+}  // namespace
