@@ -21,7 +21,7 @@ namespace ov::detail {
 /// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
 class OV_EXPORT TextObject : public OVObject {
  public:
-  constexpr ~TextObject() override {}
+  constexpr ~TextObject() override {}  // NOLINT(modernize-use-equals-default): g++ 12 needs it
   [[nodiscard]] const char* data() const;
   [[nodiscard]] std::uint32_t size() const { return size_; }
 
@@ -56,7 +56,7 @@ class TextConstant final : public TextObject {
  public:
   constexpr explicit TextConstant(std::string_view literal)
       : TextObject(0, static_cast<std::uint32_t>(literal.size())), characters_(literal.data()) {}
-  constexpr ~TextConstant() override {}
+  constexpr ~TextConstant() override {}  // NOLINT(modernize-use-equals-default)
 
  private:
   friend class TextObject;
