@@ -1,0 +1,51 @@
+# What `cmake --install` puts where, and how other projects find it. Included last, when every
+# target is known.
+if(NOT OV_INSTALL)
+  return()
+endif()
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/OVAddressBookSDK)
+set(generated_dir ${CMAKE_CURRENT_BINARY_DIR}/package)
+
+# ov_install_library(SET TARGET): installs a library. Each has an export set of its own, so that a
+# project that uses one library needs the dependencies of that one only.
+function(ov_install_library set target)
+  install(TARGETS ${target} EXPORT OVAddressBookSDK${set}
+          LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+          ARCHIVE COMPONENT Development)
+  install(EXPORT OVAddressBookSDK${set} NAMESPACE OVAddressBookSDK:: DESTINATION ${package_dir}
+          COMPONENT Development)
+endfunction()
+
+ov_install_library(Shared OVAddressBookSDK)
+ov_install_library(Static OVAddressBookSDK_static)
+install(DIRECTORY include/OVAddressBookSDK DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        COMPONENT Development FILES_MATCHING PATTERN "*.h")
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
+
+if(TARGET OVAddressBookVCard)
+  ov_install_library(VCard OVAddressBookVCard)
+  install(DIRECTORY hosts/vcard/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          COMPONENT Development FILES_MATCHING PATTERN "*.h")
+endif()
+if(TARGET ovbook)
+  install(TARGETS ovbook RUNTIME COMPONENT Tools)
+endif()
+
+configure_package_config_file(
+  cmake/OVAddressBookSDKConfig.cmake.in ${generated_dir}/OVAddressBookSDKConfig.cmake
+  INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file(${generated_dir}/OVAddressBookSDKConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${generated_dir}/OVAddressBookSDKConfig.cmake
+              ${generated_dir}/OVAddressBookSDKConfigVersion.cmake
+        DESTINATION ${package_dir} COMPONENT Development)
+
+# Relative to the file itself, so that the prefix can be chosen at install time.
+set(pkgconfig_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH pkgconfig_prefix ${pkgconfig_dir} ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/OVAddressBookSDK.pc.in ${generated_dir}/OVAddressBookSDK.pc @ONLY)
+install(FILES ${generated_dir}/OVAddressBookSDK.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT Development)
