@@ -1,0 +1,45 @@
+#pragma once
+
+/// The whole interface of the library.
+
+#include <OVAddressBookSDK/address.h>
+#include <OVAddressBookSDK/address_book.h>
+#include <OVAddressBookSDK/address_book_general.h>
+#include <OVAddressBookSDK/address_field.h>
+#include <OVAddressBookSDK/address_formater.h>
+#include <OVAddressBookSDK/atomic.h>
+#include <OVAddressBookSDK/country.h>
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/email.h>
+#include <OVAddressBookSDK/export.h>
+#include <OVAddressBookSDK/group.h>
+#include <OVAddressBookSDK/group_general.h>
+#include <OVAddressBookSDK/image.h>
+#include <OVAddressBookSDK/instant_message.h>
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/label.h>
+#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/locale.h>
+#include <OVAddressBookSDK/log.h>
+#include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookSDK/notification_center.h>
+#include <OVAddressBookSDK/notification_names.h>
+#include <OVAddressBookSDK/number.h>
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/person.h>
+#include <OVAddressBookSDK/person_general.h>
+#include <OVAddressBookSDK/person_name.h>
+#include <OVAddressBookSDK/phone.h>
+#include <OVAddressBookSDK/property.h>
+#include <OVAddressBookSDK/single_value.h>
+#include <OVAddressBookSDK/tag_manager.h>
+#include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/user_defaults.h>
+#include <OVAddressBookSDK/value.h>
+#include <OVAddressBookSDK/value_type.h>
+#include <OVAddressBookSDK/version.h>
+#include <OVAddressBookSDK/workspace.h>
