@@ -1,0 +1,68 @@
+# The project's commands. `make help` lists them.
+# BUILD_JOBS and TEST_JOBS: how much runs at a time.
+BUILD_JOBS ?= $(shell nproc)
+TEST_JOBS ?= $(shell nproc)
+
+# Debug builds of the same file in several folders share one entry; precompiled headers are cached.
+export CCACHE_NOHASHDIR := 1
+export CCACHE_SLOPPINESS := pch_defines,time_macros
+
+build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
+test_preset = ctest --preset $(1) -j $(TEST_JOBS)
+sources = find $(wildcard include src hosts tools examples tests bench fuzz) \
+          \( -name '*.h' -o -name '*.cpp' \)
+
+.DEFAULT_GOAL := help
+.PHONY: help demo check setup build test asan tsan tidy format install clean
+
+help: ## List the commands
+	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
+
+demo: ## Import a contacts file, snapshot it into a data block, restore it, show it
+	@scripts/setup build
+	@cmake --preset release -B build/demo -DOV_BUILD_TESTS=OFF -DOV_BUILD_EXAMPLES=OFF \
+	  --log-level=WARNING
+	@cmake --build build/demo -j $(BUILD_JOBS) --target ovbook
+	@scripts/demo build/demo/tools/ovbook/ovbook examples/contacts.vcf build/demo
+
+check: ## Build everything and run every test; the last lines tell the result
+	scripts/setup
+	$(MAKE) tidy
+	$(MAKE) asan
+	$(MAKE) tsan
+	$(MAKE) test
+
+setup: ## Install the Debian packages that are missing
+	scripts/setup
+
+build: setup ## Build with g++, for debugging
+	cmake --preset dev
+	$(call build_preset,dev)
+
+test: build ## Build with g++ and run every test
+	$(call test_preset,dev)
+
+asan: setup ## Run the tests with clang, AddressSanitizer and UndefinedBehaviorSanitizer
+	cmake --preset asan-ubsan
+	$(call build_preset,asan-ubsan)
+	$(call test_preset,asan-ubsan)
+
+tsan: setup ## Run the thread tests with clang and ThreadSanitizer
+	cmake --preset tsan
+	$(call build_preset,tsan) --target ov_thread_tests
+	$(call test_preset,tsan)
+
+tidy: setup ## Run clang-tidy over the library, the hosts and the tools
+	cmake --preset asan-ubsan
+	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS)
+
+format: setup ## Format the sources
+	$(sources) -exec clang-format-14 -i {} +
+
+install: setup ## Build optimised and install; PREFIX=/usr/local unless given
+	cmake --preset release -DOV_BUILD_TESTS=OFF
+	$(call build_preset,release)
+	cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
+
+clean: ## Remove everything that was built
+	rm -rf build
