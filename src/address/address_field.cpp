@@ -40,9 +40,10 @@ constinit ov::detail::BuiltOnce<Catalogue> catalogueOnce;
 
 Catalogue build() {
   Catalogue catalogue;
-  for (std::size_t i = 0; i < catalogue.size(); ++i)
+  for (std::size_t i = 0; i < catalogue.size(); ++i) {
     catalogue[i] = OVAdressField::initWithNameDisplayName(OVString(*kFieldTable[i].name),
                                                           OVString(*kFieldTable[i].displayName));
+  }
   return catalogue;
 }
 

@@ -41,12 +41,14 @@ void add(const Countries& countries, const OVString& code) {
   countries.byCode->set(row.code, country);
 }
 
+// A missing name counts as "". The country keeps the text alive.
+std::string_view nameOf(const OVRef<OVObject>& item) {
+  const auto* country = dynamic_cast<const OVCountry*>(item.get());
+  return country == nullptr ? std::string_view() : country->name().view();
+}
+
 void sortByName(const Countries& countries) {
-  std::ranges::stable_sort(countries.list->elements()->items, std::less<std::string_view>(),
-                           [](const OVRef<OVObject>& item) {
-                             const auto* country = dynamic_cast<const OVCountry*>(item.get());
-                             return country == nullptr ? OVString() : country->name();
-                           });
+  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), nameOf);
 }
 
 Countries build() {
@@ -102,10 +104,11 @@ OVString OVCountry::standCode(const OVString& localeIdentifier) {
   if (localeIdentifier.isNull()) return nullptr;
   const std::string_view identifier = localeIdentifier.view();
   const std::size_t underscore = identifier.find('_');
-  if (underscore == std::string_view::npos)
+  if (underscore == std::string_view::npos) {
     throw std::out_of_range("The locale identifier \"" + localeIdentifier.str() +
                             "\" names no country: a language, an underscore and a region are "
                             "needed, as in \"en_US\"");
+  }
   return OVLocale::currentLocale()->lowercase(identifier.substr(underscore + 1));
 }
 

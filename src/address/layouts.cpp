@@ -15,9 +15,10 @@ constexpr std::string_view nextPart(std::string_view& text, std::string_view sep
 }
 
 constexpr FieldNumber fieldOfWord(std::string_view word) {
-  for (std::size_t i = 0; i < kFieldTable.size(); ++i)
+  for (std::size_t i = 0; i < kFieldTable.size(); ++i) {
     if (kFieldTable[i].nameText.substr(FieldNames::kPrefix.size()) == word)
       return static_cast<FieldNumber>(i);
+  }
   throw "no field has this word";
 }
 
@@ -40,9 +41,10 @@ constexpr std::array kLayouts = [] {
 
 constexpr CodeMap kLayoutOfCode = [] {
   CodeMap map;
-  for (std::size_t i = 0; i < kLayoutTable.size(); ++i)
+  for (std::size_t i = 0; i < kLayoutTable.size(); ++i) {
     for (std::string_view codes = kLayoutTable[i].codes; !codes.empty();)
       if (!map.add(nextPart(codes, " "), i)) throw "a code stands twice";
+  }
   return map;
 }();
 

@@ -65,9 +65,10 @@ OVRef<OVData> archiveIn(const OVRef<OVObject>& stored, const OVString& tagID) {
 OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
   if (tagID.isNull()) return nullptr;
   OVRef<OVTagManager> manager;
-  if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID))
+  if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID)) {
     manager = ov::cast<OVTagManager>(
         OVKeyedUnarchiver::unarchiveObjectWithData(archiveIn(stored, tagID)));
+  }
   if (manager == nullptr) manager = init();
   manager->makeMutable();
   manager->setTagID(tagID);

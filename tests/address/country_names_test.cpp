@@ -1,0 +1,72 @@
+#include <OVAddressBookSDK/country.h>
+
+#include <set>
+
+#include "address/test_data.h"
+#include "support/printers.h"
+
+namespace {
+
+TEST(CountryNames, EveryRowAnswersUnlessAnEarlierRowHasItsCode) {
+  const auto rows = addressTable("countries");
+  ASSERT_EQ(rows.size(), 183U);
+  std::set<std::string> met;
+  for (const auto& row : rows) {
+    const auto& code = row.at(0);
+    const auto name = OVCountry::countryNameByCode(code);
+    if (met.insert(code).second)
+      EXPECT_EQ(name, row.at(1)) << code;
+    else
+      EXPECT_NE(name, row.at(1)) << code;
+  }
+  EXPECT_EQ(met.size(), 181U);
+}
+
+TEST(CountryNames, NoOtherTwoLettersHaveAName) {
+  std::set<std::string> codes;
+  for (const auto& row : addressTable("countries")) codes.insert(row.at(0));
+  for (char first = 'a'; first <= 'z'; ++first)
+    for (char second = 'a'; second <= 'z'; ++second) {
+      const std::string code{first, second};
+      EXPECT_EQ(OVCountry::countryNameByCode(code).isNull(), !codes.contains(code)) << code;
+    }
+}
+
+TEST(CountryNames, TheFirstOfTwoRowsWins) {
+  EXPECT_EQ(OVCountry::countryNameByCode("LC"), "Saint Lueia");
+  EXPECT_EQ(OVCountry::countryNameByCode("VC"), "Saint Vincent");
+}
+
+TEST(CountryNames, AVanishedCountryHasItsName) {
+  EXPECT_EQ(OVCountry::countryNameByCode("yu"), "Yugoslavia");
+  EXPECT_EQ(OVCountry::countryNameByCode("zr"), "Zaire");
+}
+
+TEST(CountryNames, CaseDoesNotMatter) {
+  for (const char* code : {"DE", "De", "dE", "de"})
+    EXPECT_EQ(OVCountry::countryNameByCode(code), "Germany") << code;
+}
+
+TEST(CountryNames, CaseIsMappedAsUnicodeDoes) {
+  // The Kelvin sign is an upper-case k; the dotted capital I is no upper-case i alone, and the
+  // dotless i is none at all.
+  EXPECT_EQ(OVCountry::countryNameByCode("\u212AR"), "Korea");
+  EXPECT_EQ(OVCountry::countryNameByCode("\u0130T"), nullptr);
+  EXPECT_EQ(OVCountry::countryNameByCode("\u0131t"), nullptr);
+}
+
+TEST(CountryNames, MistakesAreKept) {
+  EXPECT_EQ(OVCountry::countryNameByCode("pg"), "Papua New Cuinea");
+  EXPECT_EQ(OVCountry::countryNameByCode("sv"), "EI Salvador");
+  EXPECT_EQ(OVCountry::countryNameByCode("kh"), "Kampuchea (Cambodia )");
+  EXPECT_EQ(OVCountry::countryNameByCode("mm"), "Burma");
+}
+
+TEST(CountryNames, WhatIsNoCodeHasNone) {
+  for (const char* code : {"", "d", "deu", "xx", " de", "de ", "d1", "--", "d\u00e9"})
+    EXPECT_EQ(OVCountry::countryNameByCode(code), nullptr) << code;
+  EXPECT_EQ(OVCountry::countryNameByCode(nullptr), nullptr);
+  EXPECT_EQ(OVCountry::countryNameByCode(std::string("de\0", 3)), nullptr);
+}
+
+}  // namespace

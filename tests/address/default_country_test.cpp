@@ -1,0 +1,83 @@
+#include <OVAddressBookSDK/country.h>
+
+#include <OVAddressBookSDK/number.h>
+
+#include "support/fake_locale.h"
+#include "support/printers.h"
+#include "support/recording_defaults.h"
+
+namespace {
+
+class DefaultCountry : public testing::Test {
+ protected:
+  void store(const OVRef<OVObject>& object) const {
+    OVUserDefaults::standardUserDefaults()->setObjectForKey(object, "Default_Country_Key");
+  }
+
+  const RecordedDefaults defaults;
+  const FakeLocale locale{"de_DE"};
+};
+
+TEST_F(DefaultCountry, IsTheLocalOneAtFirst) {
+  EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::countryWithCode("de"));
+  EXPECT_TRUE(defaults->writes.empty());
+}
+
+TEST_F(DefaultCountry, IsTheStoredOne) {
+  store(OVString("fr"));
+  EXPECT_EQ(OVCountry::defaultCountry()->name(), "France");
+}
+
+TEST_F(DefaultCountry, IsTheLocalOneWhenTheStoredCodeIsUnknown) {
+  store(OVString("zz"));
+  EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
+}
+
+TEST_F(DefaultCountry, IsTheLocalOneWhenNoTextIsStored) {
+  store(OVNumber::numberWithInteger(33));
+  EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
+}
+
+TEST_F(DefaultCountry, IsReadAnewAtEachCall) {
+  store(OVString("fr"));
+  EXPECT_EQ(OVCountry::defaultCountry()->code(), "fr");
+  store(OVString("it"));
+  EXPECT_EQ(OVCountry::defaultCountry()->code(), "it");
+  store(nullptr);
+  EXPECT_EQ(OVCountry::defaultCountry()->code(), "de");
+}
+
+TEST_F(DefaultCountry, FollowsTheRulesOfCodes) {
+  store(OVString("FR"));
+  EXPECT_EQ(OVCountry::defaultCountry()->code(), "us");
+}
+
+TEST_F(DefaultCountry, IsStoredByItsCodeAndWrittenThrough) {
+  OVCountry::setDefaultCountry(OVCountry::countryWithCode("fr"));
+  ASSERT_EQ(defaults->writes.size(), 1U);
+  EXPECT_EQ(defaults->writes[0].key, "Default_Country_Key");
+  EXPECT_EQ(ov::cast<OVString>(defaults->writes[0].object), "fr");
+  EXPECT_EQ(defaults->synchronizations, 1);
+}
+
+TEST_F(DefaultCountry, KeepsTheCodeOfACountryOfTheHostAsItIs) {
+  OVCountry::setDefaultCountry(OVCountry::initWithCodeName("Atlantis", "Atlantis"));
+  EXPECT_EQ(ov::cast<OVString>(defaults->writes.at(0).object), "Atlantis");
+  EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
+}
+
+TEST_F(DefaultCountry, IsNotChangedByNull) {
+  OVCountry::setDefaultCountry(OVCountry::countryWithCode("fr"));
+  OVCountry::setDefaultCountry(nullptr);
+  EXPECT_EQ(defaults->writes.size(), 1U);
+  EXPECT_EQ(defaults->synchronizations, 1);
+  EXPECT_EQ(OVCountry::defaultCountry()->code(), "fr");
+}
+
+TEST_F(DefaultCountry, IsTakenBackByANullCode) {
+  OVCountry::setDefaultCountry(OVCountry::countryWithCode("fr"));
+  OVCountry::setDefaultCountry(OVCountry::initWithCodeName(nullptr, "Nowhere"));
+  EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
+}
+
+}  // namespace

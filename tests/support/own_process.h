@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+/// Runs a part of a test in a new process, where no catalogue of the library has been built yet,
+/// and expects everything that it expects to hold. Stands once in a test, before all else.
+template <class Work>
+void expectInOwnProcess(Work work) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        work();
+        std::exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
+      },
+      testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
