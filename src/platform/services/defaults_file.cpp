@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "platform/services/directory.h"
+#include "platform/services/file_descriptor.h"
 
 namespace ov {
 
@@ -25,6 +26,7 @@ using sqlite::Statement;
 constexpr const char* kName = "/user-defaults.db";
 constexpr std::int64_t kApplicationId = 0x4F564142;
 constexpr const char* kSchema =
+    "PRAGMA synchronous = OFF;"  // the file is unfinished, and flushed once it is not
     "PRAGMA application_id = 0x4F564142;"
     "CREATE TABLE defaults (key TEXT NOT NULL PRIMARY KEY, kind INTEGER NOT NULL, value);"
     "PRAGMA journal_mode = WAL;";
@@ -108,11 +110,11 @@ void removeUnfinished(const std::string& path) {
 
 /// A complete database, safely on the disk.
 void build(const std::string& path, Deadline& deadline) {
-  const int descriptor =
-      open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (descriptor < 0) fail(path);
-  close(descriptor);
+  const FileDescriptor file(
+      open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  if (file.number() < 0) fail(path);
   Database(path, deadline).execute(kSchema);
+  if (fsync(file.number()) != 0) fail(path);
 }
 
 }  // namespace

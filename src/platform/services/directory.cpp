@@ -18,17 +18,21 @@ namespace {
   throw std::system_error(errno, std::generic_category(), path);
 }
 
+/// A folder may let us make others in it and still not let us open it.
+void flushIfReadable(const std::string& path) {
+  const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.number() >= 0) fsync(folder.number());
+}
+
 }  // namespace
 
 Directory::Directory(const std::string& path)
     : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-  if (descriptor_ < 0) fail(path_);
+  if (descriptor_.number() < 0) fail(path_);
 }
 
-Directory::~Directory() { close(descriptor_); }
-
 void Directory::lock(Deadline& deadline) const {
-  while (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+  while (flock(descriptor_.number(), LOCK_EX | LOCK_NB) != 0) {
     const int error = errno;
     if (error == EINTR || (error == EWOULDBLOCK && deadline.pause())) continue;
     throw std::system_error(error, std::generic_category(), "lock of " + path_);
@@ -36,7 +40,8 @@ void Directory::lock(Deadline& deadline) const {
 }
 
 void Directory::flush() const {
-  if (fsync(descriptor_) != 0) fail(path_);
+  // Some file systems have no such operation for folders.
+  if (fsync(descriptor_.number()) != 0 && errno != EINVAL) fail(path_);
 }
 
 void createDirectories(const std::string& path) {
@@ -46,7 +51,7 @@ void createDirectories(const std::string& path) {
     end = path.find('/', end + 1);
     const std::string folder = path.substr(0, end);
     if (mkdir(folder.c_str(), S_IRWXU) == 0) {
-      Directory(parent).flush();
+      flushIfReadable(parent);
     } else if (errno != EEXIST) {
       fail(folder);
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/services/deadline.h"
+#include "platform/services/file_descriptor.h"
 
 namespace ov {
 
@@ -10,9 +11,6 @@ namespace ov {
 class Directory {
  public:
   explicit Directory(const std::string& path);
-  Directory(const Directory&) = delete;
-  Directory& operator=(const Directory&) = delete;
-  ~Directory();
 
   /// Keeps other processes that lock the same folder waiting for as long as this object lives.
   /// Fails when another keeps the lock beyond the deadline.
@@ -23,7 +21,7 @@ class Directory {
 
  private:
   const std::string path_;
-  const int descriptor_;
+  const FileDescriptor descriptor_;
 };
 
 /// Makes the folders of an absolute path that are missing, for their owner alone.

@@ -1,7 +1,6 @@
 #include "platform/services/persistent_defaults.h"
 
 #include <atomic>
-#include <chrono>
 #include <exception>
 #include <mutex>
 #include <utility>
@@ -15,15 +14,10 @@
 
 namespace ov {
 
-namespace {
-
-constexpr std::chrono::seconds kLongestWait(2);
-
-}  // namespace
-
 class PersistentDefaults::State {
  public:
-  explicit State(std::string directory) : directory_(directory), database_(std::move(directory)) {}
+  State(const std::string& directory, std::chrono::milliseconds longestWait)
+      : directory_(directory), longestWait_(longestWait), database_(directory) {}
 
   CachedValues values;
 
@@ -80,14 +74,14 @@ class PersistentDefaults::State {
   }
 
   /// Works with the database for a bounded time and then, without any lock, logs what there is to
-  /// log: a failure once, until all goes well again.
+  /// log: a failure once, until all is saved again.
   template <class Work>
   bool withDatabase(Work work) {
     std::vector<std::string> lines;
     bool done = false;
     {
       const std::lock_guard lock(mutex_);
-      Deadline deadline(kLongestWait);
+      Deadline deadline(longestWait_);
       done = work(deadline);
       if (const std::string names = database_.takeMovedAside(); !names.empty()) {
         lines.push_back("User defaults: no sound database; what stood there is kept as " + names);
@@ -95,13 +89,14 @@ class PersistentDefaults::State {
       if (!done && !std::exchange(failing_, true)) {
         lines.push_back("User defaults in \"" + directory_ + "\" stay in memory: " + failure_);
       }
-      if (done) failing_ = false;
+      if (done && values.unsaved().empty()) failing_ = false;
     }
     for (const auto& line : lines) OVLog::sharedLog()->log(line);
     return done;
   }
 
   const std::string directory_;
+  const std::chrono::milliseconds longestWait_;
   std::mutex mutex_;  // of what follows
   DefaultsDatabase database_;
   std::string failure_;
@@ -110,8 +105,9 @@ class PersistentDefaults::State {
   bool isKnown_ = false;               // the values have been read
 };
 
-PersistentDefaults::PersistentDefaults(std::string directory)
-    : state_(std::make_unique<State>(std::move(directory))) {}
+PersistentDefaults::PersistentDefaults(const std::string& directory,
+                                       std::chrono::milliseconds longestWait)
+    : state_(std::make_unique<State>(directory, longestWait)) {}
 
 PersistentDefaults::~PersistentDefaults() = default;
 

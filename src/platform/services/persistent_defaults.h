@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -10,8 +11,10 @@ namespace ov {
 /// The preferences of one application, kept in its database and read from memory.
 class PersistentDefaults final : public OVUserDefaults {
  public:
-  /// The database's folder need not exist; "" when there is no home to put it into.
-  explicit PersistentDefaults(std::string directory);
+  /// The database's folder need not exist; "" when there is no home to put it into. No call waits
+  /// longer than `longestWait` for other processes to give up their locks.
+  explicit PersistentDefaults(const std::string& directory,
+                              std::chrono::milliseconds longestWait = std::chrono::seconds(2));
   ~PersistentDefaults() override;
 
  private:

@@ -1,0 +1,156 @@
+// What observers may do while a notification is being delivered, and threads at any time.
+
+#include <atomic>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <OVAddressBookSDK/notification_center.h>
+
+namespace {
+
+using testing::ElementsAre;
+
+class NotificationDelivery : public testing::Test {
+ protected:
+  OVNotificationObserver add(const std::string& what) {
+    return center_->addObserver("a",
+                                [this, what](const OVNotification&) { calls_.push_back(what); });
+  }
+  template <class Work>
+  OVNotificationObserver addDoing(const std::string& what, Work work) {
+    return center_->addObserver("a", [this, what, work](const OVNotification&) {
+      calls_.push_back(what);
+      work();
+    });
+  }
+  void post() { center_->postNotificationName("a"); }
+
+  OVRef<OVNotificationCenter> center_ = OVNotificationCenter::inProcess();
+  std::vector<std::string> calls_;
+};
+
+TEST_F(NotificationDelivery, AnObserverMayRemoveItself) {
+  OVNotificationObserver self;
+  self = addDoing("self", [&self] { self.remove(); });
+  const auto next = add("next");
+  post();
+  post();
+  EXPECT_THAT(calls_, ElementsAre("self", "next", "next"));
+}
+
+TEST_F(NotificationDelivery, ALaterObserverThatHasBeenRemovedIsNotCalled) {
+  OVNotificationObserver later;
+  const auto first = addDoing("first", [&later] { later.remove(); });
+  later = add("later");
+  const auto last = add("last");
+  post();
+  EXPECT_THAT(calls_, ElementsAre("first", "last"));
+}
+
+TEST_F(NotificationDelivery, AnEarlierObserverMayBeRemoved) {
+  auto earlier = add("earlier");
+  const auto second = addDoing("second", [&earlier] { earlier.remove(); });
+  post();
+  post();
+  EXPECT_THAT(calls_, ElementsAre("earlier", "second", "second"));
+}
+
+TEST_F(NotificationDelivery, AnObserverThatHasJustBeenAddedWaitsForTheNextPost) {
+  std::vector<OVNotificationObserver> added;
+  const auto first = addDoing("first", [&] {
+    if (added.empty()) added.push_back(add("added"));
+  });
+  post();
+  EXPECT_THAT(calls_, ElementsAre("first"));
+  post();
+  EXPECT_THAT(calls_, ElementsAre("first", "first", "added"));
+}
+
+TEST_F(NotificationDelivery, AnObserverMayPost) {
+  int depth = 0;
+  const auto first = addDoing("first", [&] {
+    if (++depth == 1) post();
+  });
+  const auto second = add("second");
+  post();
+  EXPECT_THAT(calls_, ElementsAre("first", "first", "second", "second"));
+}
+
+TEST_F(NotificationDelivery, AnObserverThatANestedPostRemovesIsNotCalledAfterwards) {
+  OVNotificationObserver second;
+  int depth = 0;
+  const auto first = addDoing("first", [&] {
+    if (++depth == 1) post();
+  });
+  second = addDoing("second", [&second] { second.remove(); });
+  post();
+  EXPECT_THAT(calls_, ElementsAre("first", "first", "second"));
+}
+
+TEST_F(NotificationDelivery, AnObserverMayLetGoOfTheCentre) {
+  const auto observer = addDoing("first", [this] { center_.reset(); });
+  const auto next = add("next");
+  const auto center = center_;
+  center->postNotificationName("a");
+  EXPECT_THAT(calls_, ElementsAre("first", "next"));
+}
+
+TEST_F(NotificationDelivery, DestroyingACallbackMayUseTheCentre) {
+  struct PostsAtTheEnd {
+    OVRef<OVNotificationCenter> center;
+    ~PostsAtTheEnd() { center->postNotificationName("a"); }
+  };
+  const auto witness = add("witness");
+  auto captured = std::make_shared<PostsAtTheEnd>(PostsAtTheEnd{center_});
+  calls_.clear();
+  auto observer = center_->addObserver("b", [captured](const OVNotification&) {});
+  captured.reset();
+  observer.remove();
+  EXPECT_THAT(calls_, ElementsAre("witness"));
+}
+
+TEST_F(NotificationDelivery, ThreadsMayPostAddAndRemoveAtOnce) {
+  constexpr int kThreads = 8;
+  constexpr int kRounds = 200;
+  std::atomic<int> witnessed = 0;
+  std::atomic<int> own = 0;
+  const auto witness =
+      center_->addObserver(nullptr, [&witnessed](const OVNotification&) { ++witnessed; });
+  std::vector<std::thread> threads;
+  threads.reserve(kThreads);
+  for (int number = 0; number < kThreads; ++number) {
+    threads.emplace_back([this, number, &own] {
+      const OVString name(std::to_string(number));
+      for (int round = 0; round < kRounds; ++round) {
+        const auto observer = center_->addObserver(name, [&own](const OVNotification&) { ++own; });
+        center_->postNotificationName(name);
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(witnessed, kThreads * kRounds);
+  EXPECT_EQ(own, kThreads * kRounds);
+}
+
+TEST_F(NotificationDelivery, ThreadsMayReplaceTheDefaultCentreAtOnce) {
+  std::vector<std::thread> threads;
+  threads.reserve(8);
+  for (int number = 0; number < 8; ++number) {
+    threads.emplace_back([this, number] {
+      for (int round = 0; round < 200; ++round) {
+        if (number % 2 == 0) {
+          OVNotificationCenter::setDefaultCenter(round % 2 == 0 ? center_ : nullptr);
+        } else {
+          OVNotificationCenter::defaultCenter()->postNotificationName("a");
+        }
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  OVNotificationCenter::setDefaultCenter(nullptr);
+  EXPECT_NE(OVNotificationCenter::defaultCenter(), center_);
+}
+
+}  // namespace
