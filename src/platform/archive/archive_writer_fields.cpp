@@ -3,6 +3,7 @@
 
 #include "platform/archive/archive_keys.h"
 #include "platform/archive/archive_writer.h"
+#include "platform/utf8.h"
 
 namespace ov::detail {
 
@@ -24,7 +25,7 @@ void ArchiveWriter::rawField(std::string_view name, Number value) {
 ArchiveWriter::Number ArchiveWriter::key(std::string_view key) {
   Number number = keys_.find(key);
   if (number == KeyNumbers::kNone) {
-    number = inlineText(key);
+    number = wellFormedPrefix(key) == key.size() ? inlineText(key) : inlineText(repaired(key));
     keys_.add(key, number);
   }
   return number;

@@ -21,7 +21,8 @@ class KeyNumbers {
   /// The key's number; kNone when it has none.
   [[nodiscard]] std::uint32_t find(std::string_view key) {
     Recent& recent = recent_[slotOf(key)];
-    if (recent.address == key.data() && recent.entry->first == key) return recent.entry->second;
+    const bool isRecent = recent.entry != nullptr && recent.address == key.data();
+    if (isRecent && recent.entry->first == key) return recent.entry->second;
     const auto at = numbers_.find(key);
     if (at == numbers_.end()) return kNone;
     recent = {key.data(), &*at};
