@@ -1,5 +1,6 @@
 #include <OVAddressBookSDK/atomic.h>
 
+#include <cstddef>
 #include <latch>
 #include <memory>
 #include <string>
@@ -17,15 +18,15 @@ namespace {
 /// Reads and writes the field from both sides at once, many times.
 template <class Read, class Write>
 void race(Read read, Write write) {
-  constexpr int kRounds = 20000;
+  constexpr std::size_t kRounds = 20000;
   std::latch start(2);
   std::jthread reader([&] {
     start.arrive_and_wait();
-    for (int i = 0; i < kRounds; ++i) read();
+    for (std::size_t i = 0; i < kRounds; ++i) read();
   });
   std::jthread writer([&] {
     start.arrive_and_wait();
-    for (int i = 0; i < kRounds; ++i) write(i);
+    for (std::size_t i = 0; i < kRounds; ++i) write(i);
   });
 }
 
@@ -36,8 +37,8 @@ TEST(Atomic, ReadersGetAWholeReferenceWhileAnotherThreadReplacesIt) {
         const auto read = field.load();
         ASSERT_EQ(*read, std::string(read->size(), '0'));
       },
-      [&](int i) {
-        field.store(std::make_shared<const std::string>(std::string(1U + i % 50U, '0')));
+      [&](std::size_t i) {
+        field.store(std::make_shared<const std::string>(std::string(1 + i % 50, '0')));
       });
 }
 
@@ -48,19 +49,21 @@ TEST(Atomic, ReadersGetAWholeTextWhileAnotherThreadReplacesIt) {
         const OVString read = field.load();
         ASSERT_TRUE(read.isNull() || read == "even" || read == "odd");
       },
-      [&](int i) { field.store(i % 3 == 0 ? OVString() : OVString(i % 2 == 0 ? "even" : "odd")); });
+      [&](std::size_t i) {
+        field.store(i % 3 == 0 ? OVString() : OVString(i % 2 == 0 ? "even" : "odd"));
+      });
 }
 
 TEST(Atomic, TwoThreadsMayStoreAtOnce) {
   OVAtomic<OVString> field("start");
-  race([&] { field.store("a"); }, [&](int) { field.store("b"); });
+  race([&] { field.store("a"); }, [&](std::size_t) { field.store("b"); });
   EXPECT_TRUE(field.load() == "a" || field.load() == "b");
 }
 
 TEST(Atomic, TextsAreSharedBetweenThreads) {
   const OVString text("shared by two threads");
   race([&] { ASSERT_EQ(OVString(text).size(), 21U); },
-       [&](int) {
+       [&](std::size_t) {
          const OVRef<OVObject> object = text;
          ASSERT_TRUE(ov::cast<OVString>(object).isSame(text));
        });
