@@ -1,0 +1,162 @@
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/single_value.h>
+
+#include "support/host_node.h"
+#include "support/printers.h"
+
+namespace {
+
+using Any = OVList<OVObject>;
+
+OVRef<OVDate> newDate() { return OVDate::dateWithTimeIntervalSinceReferenceDate(1); }
+
+TEST(ArchiveIdentity, ASharedObjectComesBackAsOne) {
+  const auto date = newDate();
+  const auto list = unarchived<Any>(archiveOf(Any::list({date, newDate(), date})));
+  EXPECT_EQ((*list)[0], (*list)[2]);
+  EXPECT_NE((*list)[0], (*list)[1]);
+}
+
+TEST(ArchiveIdentity, AnObjectThatOnlyTheGraphHoldsIsSharedToo) {
+  const auto list = Any::list();
+  {
+    const auto label = OVLabel::init();
+    for (int i = 0; i < 3; ++i) {
+      auto value = OVMutableSingleValue::init();
+      value->setLabel(label);
+      list->push_back(std::move(value));
+    }
+  }
+  const auto read = unarchived<OVList<OVSingleValue>>(archiveOf(list));
+  ASSERT_NE((*read)[0]->label(), nullptr);
+  EXPECT_EQ((*read)[0]->label(), (*read)[1]->label());
+  EXPECT_EQ((*read)[0]->label(), (*read)[2]->label());
+}
+
+TEST(ArchiveIdentity, TextsShareTheirCharacters) {
+  const auto list = unarchived<OVList<OVString>>(
+      archiveOf(Any::list({OVString("equal"), OVString("equal"), OVString("other")})));
+  EXPECT_TRUE((*list)[0].isSame((*list)[1]));
+  EXPECT_FALSE((*list)[0].isSame((*list)[2]));
+}
+
+TEST(ArchiveIdentity, ATextReadInTwoWaysIsOneObject) {
+  const auto node = HostNode::node("text");
+  node->next = node->name;
+  const auto read = unarchived<HostNode>(archiveOf(node));
+  EXPECT_TRUE(ov::cast<OVString>(read->next).isSame(read->name));
+}
+
+TEST(ArchiveIdentity, TwoViewsOfOneListAreOneList) {
+  const auto any = Any::list({OVString("a")});
+  const auto texts = ov::cast<OVList<OVString>>(any);
+  const auto read = unarchived<Any>(archiveOf(Any::list({any, texts})));
+  EXPECT_EQ((*read)[0], (*read)[1]);
+}
+
+TEST(ArchiveIdentity, TwoViewsOfOneListAreOneListWhenOnlyTheGraphHoldsThem) {
+  const auto holder = Any::list();
+  {
+    const auto any = Any::list({OVString("a")});
+    holder->push_back(any);
+    holder->push_back(ov::cast<OVList<OVString>>(any));
+  }
+  const auto read = unarchived<Any>(archiveOf(holder));
+  EXPECT_EQ((*read)[0], (*read)[1]);
+}
+
+TEST(ArchiveIdentity, TwoViewsOfOneDictionaryAreOneDictionary) {
+  const auto any = OVDictionary<OVObject>::dictionary({{"a", OVString("1")}});
+  const auto texts = ov::cast<OVDictionary<OVString>>(any);
+  const auto read = unarchived<Any>(archiveOf(Any::list({texts, any})));
+  EXPECT_EQ((*read)[0], (*read)[1]);
+}
+
+TEST(ArchiveIdentity, EqualListsMadeApartStayApart) {
+  const auto read = unarchived<Any>(archiveOf(Any::list({Any::list(), Any::list()})));
+  EXPECT_NE((*read)[0], (*read)[1]);
+}
+
+TEST(ArchiveIdentity, ARingThroughAHostClassSurvives) {
+  const auto first = HostNode::node("first");
+  const auto second = HostNode::node("second");
+  first->next = second;
+  second->next = first;
+  const auto read = unarchived<HostNode>(archiveOf(first));
+  const auto next = ov::cast<HostNode>(read->next);
+  EXPECT_EQ(next->name, "second");
+  EXPECT_EQ(next->next, read);
+  next->next = nullptr;
+  second->next = nullptr;
+}
+
+TEST(ArchiveIdentity, AnObjectMayReferToItself) {
+  const auto node = HostNode::node("self");
+  node->next = node;
+  node->others = {node, node};
+  const auto read = unarchived<HostNode>(archiveOf(node));
+  EXPECT_EQ(read->next, read);
+  EXPECT_EQ(read->others[1], read);
+  for (const auto& each : {node, read}) {
+    each->next = nullptr;
+    each->others.clear();
+  }
+}
+
+TEST(ArchiveIdentity, AListMayHoldItself) {
+  const auto list = Any::list();
+  list->push_back(list);
+  const auto read = unarchived<Any>(archiveOf(list));
+  EXPECT_EQ((*read)[0], read);
+  list->clear();
+  read->clear();
+}
+
+/// Hands out an object that nobody else refers to, more than once.
+class Reporter : public OVObject {
+ public:
+  const OVClass* classForCoder() const override {
+    static constexpr OVClass record{"Reporter", nullptr, nullptr};
+    return &record;
+  }
+  void encodeWithCoder(OVKeyedArchiver& coder) const override {
+    coder.encodeObjectForKey(only_, "a");
+    coder.encodeObjectForKey(only_, "b");
+    coder.encodeListForKey(std::vector<OVRef<OVObject>>{OVRef<OVObject>(only_)}, "c");
+  }
+
+ private:
+  OVRef<OVObject> only_ = newDate();
+};
+
+TEST(ArchiveIdentity, AHostMayHandOutItsOnlyReferenceTwice) {
+  const auto data = archiveOf(std::make_shared<Reporter>());
+  const auto read = ov::cast<OVOpaqueObject>(unarchived(data));
+  const auto objectAt = [&](std::size_t i) {
+    return std::get<OVOpaqueValue::Reference>(read->fields()[i].value.content).object;
+  };
+  ASSERT_NE(objectAt(0), nullptr);
+  EXPECT_EQ(objectAt(0), objectAt(1));
+  EXPECT_EQ((*ov::cast<Any>(objectAt(2)))[0], objectAt(0));
+}
+
+TEST(ArchiveIdentity, TheSameGraphGivesTheSameBytes) {
+  const auto graph = [] {
+    const auto node = HostNode::node("node");
+    node->others = {OVString("a"), newDate(), Any::list({OVString("b")}),
+                    OVDictionary<OVString>::dictionary({{"z", "1"}, {"a", "2"}})};
+    node->next = node->others[1];
+    return node;
+  };
+  const auto data = archiveOf(graph());
+  EXPECT_EQ(archiveOf(graph())->text(), data->text());
+  EXPECT_EQ(archiveOf(unarchived(data))->text(), data->text());
+}
+
+}  // namespace
