@@ -18,6 +18,9 @@ class OVString;
 
 namespace ov::detail {
 
+class ArchiveReader;
+class ArchiveWriter;
+
 /// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
 class OV_EXPORT TextObject : public OVObject {
  public:
@@ -34,6 +37,11 @@ class OV_EXPORT TextObject : public OVObject {
   }
 
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
+
+  /// True when more than one handle holds the text.
+  [[nodiscard]] bool isShared() const {
+    return references_.load(std::memory_order_relaxed) != 1;
+  }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
 
@@ -162,6 +170,8 @@ class OV_EXPORT OVString {
 
  private:
   friend struct ov::detail::Cast<OVString>;
+  friend class ov::detail::ArchiveReader;
+  friend class ov::detail::ArchiveWriter;
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 
   const ov::detail::TextObject* text_ = nullptr;

@@ -4,39 +4,16 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <typeinfo>
-#include <utility>
 
-#include <OVAddressBookSDK/date.h>
-
-#include "platform/archive/archive_keys.h"
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
 
 namespace ov::detail {
 
 namespace {
-
-bool isList(const OVClass& objectClass) {
-  return &objectClass == &kArrayClass || &objectClass == &kMutableArrayClass;
-}
-
-bool isDictionary(const OVClass& objectClass) {
-  return &objectClass == &kDictionaryClass || &objectClass == &kMutableDictionaryClass;
-}
-
-/// What makes two references to a list or dictionary the same: its elements, not the typed view.
-const void* identityOf(const OVObject& object, const OVClass& objectClass) {
-  if (isList(objectClass)) return static_cast<const AnyList&>(object).elements().get();
-  if (isDictionary(objectClass)) return static_cast<const AnyDictionary&>(object).entries().get();
-  return &object;
-}
-
-bool isLeaf(const OVClass& objectClass) {
-  return &objectClass == &kTextClass || &objectClass == &kNumberClass ||
-         &objectClass == &kDataClass;
-}
 
 [[noreturn]] void refuse(const OVObject& object) {
   const char* mangled = typeid(object).name();
@@ -57,102 +34,106 @@ ArchiveWriter::ArchiveWriter(Sharing sharing)
 
 OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   const Number rootReference = reference(root);
-  while (!restart_) {
-    std::move(found_.rbegin(), found_.rend(), std::back_inserter(waiting_));
-    found_.clear();
-    if (waiting_.empty()) return plist_.finish(writeTop(rootReference));
-    const Waiting next = std::move(waiting_.back());
+  while (!restart_ && !waiting_.empty()) {
+    const Waiting next = waiting_.back();
     waiting_.pop_back();
+    const std::size_t others = waiting_.size();
     writeWaiting(next);
+    // What was met first is to be written first.
+    std::reverse(waiting_.data() + others, waiting_.data() + waiting_.size());
   }
-  return nullptr;
+  return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
 }
 
 void ArchiveWriter::writeWaiting(const Waiting& waiting) {
-  fieldKeys_.clear();
-  fieldValues_.clear();
+  fields_.clear();
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
-  const bool isOpaque = waiting.entry->objectClass == &kOpaqueClass;
-  rawField(archive::kClass, isOpaque
+  rawField(archive::kClass, waiting.entry->kind == Kind::opaque
                                 ? classRecord(static_cast<const OVOpaqueObject&>(*waiting.object))
                                 : classRecord(*waiting.entry));
-  objects_[waiting.uid] = plist_.dictionary(fieldKeys_, fieldValues_);
+  objects_[waiting.uid] = plist_.dictionary(fields_.span());
 }
 
 ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
-  const Number top = plist_.dictionary(std::vector{key(archive::kRoot)}, std::vector{root});
-  const std::vector keys{key(archive::kVersion), key(archive::kArchiver), key(archive::kTop),
-                         key(archive::kObjects)};
-  const std::vector values{inlineInteger(archive::kVersionNumber),
-                           inlineText(archive::kArchiverName), top, plist_.array(objects_)};
-  return plist_.dictionary(keys, values);
-}
-
-/// A new UID for an object of the list; 0 stands for one that is written later.
-ArchiveWriter::Number ArchiveWriter::newReference(Number object) {
-  objects_.push_back(object);
-  return plist_.uid(static_cast<std::uint32_t>(objects_.size() - 1));
+  using Entry = PlistWriter::Entry;
+  const Number top = plist_.dictionary(std::array{Entry{key(archive::kRoot), root}});
+  const Entry version{key(archive::kVersion), inlineInteger(archive::kVersionNumber)};
+  const Entry archiver{key(archive::kArchiver), inlineText(archive::kArchiverName)};
+  const Number topKey = key(archive::kTop);
+  const Number objectsKey = key(archive::kObjects);
+  // From here on nothing is looked up again.
+  leaves_.reset();
+  inlineLeaves_.reset();
+  const Number objects = plist_.array(objects_.span());
+  objects_.reset();
+  return plist_.dictionary(
+      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects}});
 }
 
 ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
   if (object == nullptr) return nullReference_;
   const OVClass* objectClass = object->classForCoder();
   if (objectClass == nullptr) refuse(*object);
-  if (isLeaf(*objectClass)) {
-    writeLeaf(*object, *objectClass);
-    return addLeaf();
-  }
   ClassEntry& entry = entryOf(*objectClass);
-  if (!entry.trusted) restart_ = true;
-  Number* known = nullptr;
-  if (mayBeMetAgain(object, *objectClass)) {
-    const auto [at, isNew] = met_.try_emplace(identityOf(*object, *objectClass), 0);
-    if (!isNew) return at->second;
-    kept_.push_back(object);
-    known = &at->second;
+  switch (entry.kind) {
+    case Kind::text:
+      return textReference(static_cast<const TextObject&>(*object));
+    case Kind::number:
+    case Kind::data:
+      writeLeaf(*object, entry.kind);
+      return addLeaf();
+    default:
+      return objectReference(object, entry);
   }
+}
+
+ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
+                                                     ClassEntry& entry) {
+  if (countsReferences() && !entry.isTrusted) restart_ = true;
+  // Two references to a list or dictionary are the same when they share their elements.
+  const void* identity = object.get();
+  long references = object.use_count();
+  if (entry.kind == Kind::list) {
+    const auto& elements = static_cast<const AnyList&>(*object).elements();
+    identity = elements.get();
+    references = std::max(references, elements.use_count());
+  } else if (entry.kind == Kind::dictionary) {
+    const auto& entries = static_cast<const AnyDictionary&>(*object).entries();
+    identity = entries.get();
+    references = std::max(references, entries.use_count());
+  }
+
   const auto uid = static_cast<std::uint32_t>(objects_.size());
-  const Number reference = newReference(0);
-  if (known != nullptr) *known = reference;
-  found_.push_back({object, &entry, uid});
+  Number reference = 0;
+  if (countsReferences() && references == 1) {
+    reference = newReference(0);
+  } else {
+    const auto [known, isNew] = met_.at(identity);
+    if (!isNew) return known.number;
+    if (!countsReferences()) kept_.push_back(object);
+    reference = known.number = newReference(0);
+  }
+  waiting_.push_back({object.get(), &entry, uid});
   return reference;
 }
 
-/// What is referred to once can be met but once, and needs no look-up.
-bool ArchiveWriter::mayBeMetAgain(const OVRef<OVObject>& object, const OVClass& objectClass) const {
-  if (sharing_ == Sharing::byIdentity || object.use_count() != 1) return true;
-  if (isList(objectClass)) return static_cast<const AnyList&>(*object).elements().use_count() != 1;
-  return isDictionary(objectClass) &&
-         static_cast<const AnyDictionary&>(*object).entries().use_count() != 1;
-}
-
 ArchiveWriter::Number ArchiveWriter::reference(const OVString& text) {
-  if (text.isNull()) return nullReference_;
-  plist_.text(text.view());
-  return addLeaf();
+  return text.isNull() ? nullReference_ : textReference(*text.text_);
 }
 
-void ArchiveWriter::writeLeaf(const OVObject& object, const OVClass& leafClass) {
-  if (&leafClass == &kTextClass) {
-    const auto& text = static_cast<const TextObject&>(object);
-    plist_.text({text.data(), text.size()});
-  } else if (&leafClass == &kDataClass) {
-    plist_.data(static_cast<const OVData&>(object).bytes());
-  } else if (&leafClass == &kDateClass) {
-    plist_.date(static_cast<const OVDate&>(object).timeIntervalSinceReferenceDate());
-  } else {
-    const auto& number = static_cast<const OVNumber&>(object).value();
-    if (const auto* flag = std::get_if<bool>(&number)) {
-      plist_.boolean(*flag);
-    } else if (const auto* integer = std::get_if<std::int64_t>(&number)) {
-      plist_.integer(*integer);
-    } else if (const auto* natural = std::get_if<std::uint64_t>(&number)) {
-      plist_.unsignedInteger(*natural);
-    } else {
-      plist_.real(std::get<double>(number));
-    }
+ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
+  const std::string_view characters(text.data(), text.size());
+  if (!countsReferences() || !text.isShared()) {
+    plist_.text(characters);
+    return addLeaf();
   }
+  RecentText& recent = recentTexts_[recentSlot(&text)];
+  if (recent.text != &text) {
+    plist_.text(characters);
+    recent = {&text, addLeaf()};
+  }
+  return recent.reference;
 }
 
 /// The reference to the leaf written last. A leaf's UID follows it directly.
@@ -162,19 +143,19 @@ ArchiveWriter::Number ArchiveWriter::addLeaf() {
 }
 
 ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObject>> items) {
-  std::vector<Number> references;
-  references.reserve(items.size());
-  for (const OVRef<OVObject>& item : items) references.push_back(reference(item));
-  return plist_.array(references);
+  const std::size_t first = elements_.size();
+  for (const OVRef<OVObject>& item : items) elements_.push_back(reference(item));
+  const Number array = plist_.array(elements_.from(first));
+  elements_.truncate(first);
+  return array;
 }
 
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {
-  const auto uid = objects_.size();
+  const std::size_t uid = objects_.size();
   const Number reference = newReference(0);
-  const std::vector keys{key(archive::kArrayObjects), key(archive::kClass)};
-  const Number elements = referenceArray(items);
-  const std::vector values{elements, classRecord(entryOf(kMutableArrayClass))};
-  objects_[uid] = plist_.dictionary(keys, values);
+  const PlistWriter::Entry elements{key(archive::kArrayObjects), referenceArray(items)};
+  const PlistWriter::Entry type{key(archive::kClass), classRecord(entryOf(kMutableArrayClass))};
+  objects_[uid] = plist_.dictionary(std::array{elements, type});
   return reference;
 }
 

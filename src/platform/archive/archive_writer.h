@@ -8,16 +8,17 @@
 #include <unordered_map>
 #include <vector>
 
-#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/list.h>
-#include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/text.h>
 
+#include "platform/archive/archive_keys.h"
 #include "platform/archive/class_table.h"
+#include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
 #include "platform/archive/leaf_table.h"
 #include "platform/archive/plist_writer.h"
+#include "platform/archive/pointer_map.h"
 
 namespace ov::detail {
 
@@ -27,8 +28,9 @@ namespace ov::detail {
 /// too deep. Each gets its UID when it is first met.
 class ArchiveWriter {
  public:
-  /// How often an object is met follows from its reference count as long as only the library's own
-  /// classes are met; a host's class may hand out the same object in other ways.
+  /// The library's own classes write each field once, under a constant key, and hand out the
+  /// references they hold, each once: an object is met as often as its references are counted, and
+  /// lives as long as the graph. A host's class may do otherwise.
   enum class Sharing : std::uint8_t { byReferenceCount, byIdentity };
 
   explicit ArchiveWriter(Sharing sharing);
@@ -49,42 +51,62 @@ class ArchiveWriter {
   /// An array as an object of its own.
   Number listReference(std::span<const OVRef<OVObject>> items);
   Number referenceArray(std::span<const OVRef<OVObject>> items);
+  Number array(std::span<const Number> elements) { return plist_.array(elements); }
   /// A value that stands in the object itself; equal ones are written once.
   Number inlineText(std::string_view text);
   Number inlineInteger(std::int64_t value);
   Number inlineBool(bool value);
   Number inlineReal(double value);
   Number inlineData(std::span<const std::byte> bytes);
-  Number array(std::span<const Number> elements) { return plist_.array(elements); }
   Number opaqueValue(const OVOpaqueValue& value);
 
  private:
+  enum class Kind : std::uint8_t { text, number, data, date, opaque, list, dictionary, other };
   struct ClassEntry {
     const OVClass* objectClass = nullptr;
     Number record = 0;  // 0: not written yet
-    bool trusted = false;
+    Kind kind = Kind::other;
+    bool isTrusted = false;
   };
   struct Waiting {
-    OVRef<OVObject> object;
+    const OVObject* object;
     ClassEntry* entry;
     std::uint32_t uid;
   };
+  struct RecentText {
+    const TextObject* text;
+    Number reference;
+  };
 
+  static constexpr std::size_t kRecent = 256;
+  [[nodiscard]] static std::size_t recentSlot(const void* address) {
+    const auto number = reinterpret_cast<std::uintptr_t>(address);
+    return (number >> 3 ^ number >> 11) % kRecent;
+  }
+
+  [[nodiscard]] bool countsReferences() const { return sharing_ == Sharing::byReferenceCount; }
   Number writeTop(Number root);
   void writeWaiting(const Waiting& waiting);
   Number newReference(Number object);
+  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry);
+  Number textReference(const TextObject& text);
+  void writeLeaf(const OVObject& object, Kind kind);
   Number addLeaf();
-  void writeLeaf(const OVObject& object, const OVClass& leafClass);
   Number inlineObject(const OVRef<OVObject>& object);
   Number arrayOf(const OVOpaqueValue::Array& values, bool asSet);
-  [[nodiscard]] bool mayBeMetAgain(const OVRef<OVObject>& object, const OVClass& objectClass) const;
+  static Kind kindOf(const OVClass& objectClass);
   ClassEntry& entryOf(const OVClass& objectClass);
+  [[gnu::cold]] ClassEntry& newEntryOf(const OVClass& objectClass);
   Number classRecord(ClassEntry& entry);
   Number classRecord(const OVOpaqueObject& object);
   Number classRecord(const OVString& name, std::span<const OVString> names,
                      std::span<const OVString> hints);
   Number textArray(std::span<const OVString> texts);
+  void addField(Number key, Number value);
+  [[nodiscard]] bool isWritten(Number fieldKey) const;
+  [[gnu::cold]] Number escapedKey(std::string_view key);
   Number key(std::string_view key);
+  [[gnu::cold]] Number newKey(std::string_view key);
 
   PlistWriter plist_;
   LeafTable inlineLeaves_;
@@ -92,20 +114,53 @@ class ArchiveWriter {
   Sharing sharing_;
   bool restart_ = false;
 
-  std::vector<Number> objects_;  // by UID
+  GrowingArray<Number> objects_;  // by UID; 0 while not written
   Number nullReference_ = 0;
-  std::unordered_map<const void*, Number> met_;
-  std::vector<OVRef<OVObject>> kept_;  // so that no address in met_ is used twice
-  std::vector<Waiting> waiting_;
-  std::vector<Waiting> found_;
+  PointerMap met_;
+  std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
+  GrowingArray<Waiting> waiting_;
+  GrowingArray<PlistWriter::Entry> fields_;
+  GrowingArray<Number> elements_;
 
   std::unordered_map<const OVClass*, ClassEntry> classes_;
-  std::array<ClassEntry*, 64> recentClasses_{};
+  std::array<ClassEntry*, kRecent> recentClasses_{};
   std::unordered_map<std::string, Number> classRecords_;
   KeyNumbers keys_;
   std::array<Number, 256> smallIntegers_{};
-  std::vector<Number> fieldKeys_;
-  std::vector<Number> fieldValues_;
+  std::array<RecentText, kRecent> recentTexts_{};
 };
+
+inline ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectClass) {
+  ClassEntry* recent = recentClasses_[recentSlot(&objectClass)];
+  return recent != nullptr && recent->objectClass == &objectClass ? *recent
+                                                                  : newEntryOf(objectClass);
+}
+
+inline ArchiveWriter::Number ArchiveWriter::key(std::string_view key) {
+  const Number number = countsReferences() ? keys_.findConstant(key) : keys_.find(key);
+  return number == KeyNumbers::kNone ? newKey(key) : number;
+}
+
+inline void ArchiveWriter::rawField(std::string_view name, Number value) {
+  addField(key(name), value);
+}
+
+inline void ArchiveWriter::addField(Number key, Number value) {
+  if (countsReferences() || !isWritten(key)) fields_.push_back({key, value});
+}
+
+inline void ArchiveWriter::field(std::string_view key, Number value) {
+  if (key.starts_with(archive::kReserved)) {
+    addField(escapedKey(key), value);
+  } else {
+    rawField(key, value);
+  }
+}
+
+inline ArchiveWriter::Number ArchiveWriter::newReference(Number object) {
+  const auto uid = static_cast<std::uint32_t>(objects_.size());
+  objects_.push_back(object);
+  return plist_.uid(uid);
+}
 
 }  // namespace ov::detail

@@ -1,19 +1,25 @@
-#include "platform/archive/archive_keys.h"
 #include "platform/archive/archive_writer.h"
 
 namespace ov::detail {
 
-ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectClass) {
-  const auto address = reinterpret_cast<std::uintptr_t>(&objectClass);
-  ClassEntry*& recent = recentClasses_[(address >> 3) % recentClasses_.size()];
-  if (recent != nullptr && recent->objectClass == &objectClass) return *recent;
-  const auto [at, isNew] = classes_.try_emplace(&objectClass);
-  if (isNew) {
-    at->second.objectClass = &objectClass;
-    at->second.trusted = sharing_ == Sharing::byIdentity || isLibraryClass(objectClass);
+ArchiveWriter::Kind ArchiveWriter::kindOf(const OVClass& objectClass) {
+  if (&objectClass == &kTextClass) return Kind::text;
+  if (&objectClass == &kNumberClass) return Kind::number;
+  if (&objectClass == &kDataClass) return Kind::data;
+  if (&objectClass == &kDateClass) return Kind::date;
+  if (&objectClass == &kOpaqueClass) return Kind::opaque;
+  if (&objectClass == &kArrayClass || &objectClass == &kMutableArrayClass) return Kind::list;
+  if (&objectClass == &kDictionaryClass || &objectClass == &kMutableDictionaryClass) {
+    return Kind::dictionary;
   }
-  recent = &at->second;
-  return *recent;
+  return Kind::other;
+}
+
+ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass) {
+  const auto [at, isNew] = classes_.try_emplace(&objectClass);
+  if (isNew) at->second = {&objectClass, 0, kindOf(objectClass), isLibraryClass(objectClass)};
+  recentClasses_[recentSlot(&objectClass)] = &at->second;
+  return at->second;
 }
 
 ArchiveWriter::Number ArchiveWriter::classRecord(ClassEntry& entry) {
@@ -40,17 +46,10 @@ ArchiveWriter::Number ArchiveWriter::classRecord(const OVString& name,
   for (const OVString& each : hints) identity.append(1, '\1').append(each);
   if (const auto at = classRecords_.find(identity); at != classRecords_.end()) return at->second;
 
-  std::vector<Number> keys{key(archive::kClassName)};
-  std::vector<Number> values{inlineText(name)};
-  if (!names.empty()) {
-    keys.push_back(key(archive::kClasses));
-    values.push_back(textArray(names));
-  }
-  if (!hints.empty()) {
-    keys.push_back(key(archive::kClassHints));
-    values.push_back(textArray(hints));
-  }
-  const Number reference = newReference(plist_.dictionary(keys, values));
+  std::vector<PlistWriter::Entry> entries{{key(archive::kClassName), inlineText(name)}};
+  if (!names.empty()) entries.push_back({key(archive::kClasses), textArray(names)});
+  if (!hints.empty()) entries.push_back({key(archive::kClassHints), textArray(hints)});
+  const Number reference = newReference(plist_.dictionary(entries));
   classRecords_.emplace(std::move(identity), reference);
   return reference;
 }

@@ -1,33 +1,31 @@
 #include <algorithm>
+#include <string>
 #include <variant>
+#include <vector>
 
-#include "platform/archive/archive_keys.h"
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/number.h>
+
 #include "platform/archive/archive_writer.h"
 #include "platform/utf8.h"
 
 namespace ov::detail {
 
-void ArchiveWriter::field(std::string_view key, Number value) {
-  if (!key.starts_with(archive::kReserved)) {
-    rawField(key, value);
-  } else {
-    rawField(archive::kReserved + std::string(key), value);
-  }
+bool ArchiveWriter::isWritten(Number fieldKey) const {
+  return std::ranges::find(fields_.span(), fieldKey, &PlistWriter::Entry::key) !=
+         fields_.span().end();
 }
 
-void ArchiveWriter::rawField(std::string_view name, Number value) {
-  const Number number = key(name);
-  if (std::find(fieldKeys_.begin(), fieldKeys_.end(), number) != fieldKeys_.end()) return;
-  fieldKeys_.push_back(number);
-  fieldValues_.push_back(value);
+ArchiveWriter::Number ArchiveWriter::escapedKey(std::string_view key) {
+  const std::string escaped = archive::kReserved + std::string(key);
+  const Number number = keys_.find(escaped);
+  return number == KeyNumbers::kNone ? newKey(escaped) : number;
 }
 
-ArchiveWriter::Number ArchiveWriter::key(std::string_view key) {
-  Number number = keys_.find(key);
-  if (number == KeyNumbers::kNone) {
-    number = wellFormedPrefix(key) == key.size() ? inlineText(key) : inlineText(repaired(key));
-    keys_.add(key, number);
-  }
+ArchiveWriter::Number ArchiveWriter::newKey(std::string_view key) {
+  const bool isWellFormed = wellFormedPrefix(key) == key.size();
+  const Number number = isWellFormed ? inlineText(key) : inlineText(repaired(key));
+  keys_.add(key, number);
   return number;
 }
 
@@ -62,11 +60,33 @@ ArchiveWriter::Number ArchiveWriter::inlineData(std::span<const std::byte> bytes
   return inlineLeaves_.addLast().object;
 }
 
+void ArchiveWriter::writeLeaf(const OVObject& object, Kind kind) {
+  if (kind == Kind::text) {
+    const auto& text = static_cast<const TextObject&>(object);
+    plist_.text({text.data(), text.size()});
+  } else if (kind == Kind::data) {
+    plist_.data(static_cast<const OVData&>(object).bytes());
+  } else if (kind == Kind::date) {
+    plist_.date(static_cast<const OVDate&>(object).timeIntervalSinceReferenceDate());
+  } else {
+    const auto& number = static_cast<const OVNumber&>(object).value();
+    if (const auto* flag = std::get_if<bool>(&number)) {
+      plist_.boolean(*flag);
+    } else if (const auto* integer = std::get_if<std::int64_t>(&number)) {
+      plist_.integer(*integer);
+    } else if (const auto* natural = std::get_if<std::uint64_t>(&number)) {
+      plist_.unsignedInteger(*natural);
+    } else {
+      plist_.real(std::get<double>(number));
+    }
+  }
+}
+
 ArchiveWriter::Number ArchiveWriter::inlineObject(const OVRef<OVObject>& object) {
   if (object == nullptr) {
     plist_.null();
   } else {
-    writeLeaf(*object, *object->classForCoder());
+    writeLeaf(*object, kindOf(*object->classForCoder()));
   }
   return inlineLeaves_.addLast().object;
 }
@@ -96,13 +116,11 @@ ArchiveWriter::Number ArchiveWriter::opaqueValue(const OVOpaqueValue& value) {
   if (const auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {
     return arrayOf(set->elements, true);
   }
-  std::vector<Number> keys;
-  std::vector<Number> values;
+  std::vector<PlistWriter::Entry> entries;
   for (const auto& [name, member] : std::get<OVOpaqueValue::Dictionary>(value.content)) {
-    keys.push_back(key(name));
-    values.push_back(opaqueValue(member));
+    entries.push_back({key(name), opaqueValue(member)});
   }
-  return plist_.dictionary(keys, values);
+  return plist_.dictionary(entries);
 }
 
 }  // namespace ov::detail

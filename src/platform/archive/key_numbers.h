@@ -20,13 +20,15 @@ class KeyNumbers {
 
   /// The key's number; kNone when it has none.
   [[nodiscard]] std::uint32_t find(std::string_view key) {
-    Recent& recent = recent_[slotOf(key)];
-    const bool isRecent = recent.entry != nullptr && recent.address == key.data();
-    if (isRecent && recent.entry->first == key) return recent.entry->second;
-    const auto at = numbers_.find(key);
-    if (at == numbers_.end()) return kNone;
-    recent = {key.data(), &*at};
-    return at->second;
+    const Recent& recent = recent_[slotOf(key)];
+    const bool isRecent = recent.address == key.data() && recent.text != nullptr;
+    return isRecent && *recent.text == key ? recent.number : findAnew(key);
+  }
+  /// The same for a key whose text lives, unchanged, for as long as this does.
+  [[nodiscard]] std::uint32_t findConstant(std::string_view key) {
+    const Recent& recent = recent_[slotOf(key)];
+    return recent.address == key.data() && recent.size == key.size() ? recent.number
+                                                                     : findAnew(key);
   }
   void add(std::string_view key, std::uint32_t number) { numbers_.emplace(key, number); }
   [[nodiscard]] std::size_t size() const { return numbers_.size(); }
@@ -41,13 +43,22 @@ class KeyNumbers {
   using Numbers = std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>>;
   struct Recent {
     const char* address = nullptr;
-    const Numbers::value_type* entry = nullptr;
+    std::size_t size = ~std::size_t{0};
+    const std::string* text = nullptr;
+    std::uint32_t number = 0;
   };
   static constexpr std::size_t kRecent = 256;
 
   static std::size_t slotOf(std::string_view key) {
     const auto address = reinterpret_cast<std::uintptr_t>(key.data());
     return (address ^ address >> 8) % kRecent;
+  }
+
+  [[gnu::noinline, gnu::cold]] std::uint32_t findAnew(std::string_view key) {
+    const auto at = numbers_.find(key);
+    if (at == numbers_.end()) return kNone;
+    recent_[slotOf(key)] = {key.data(), key.size(), &at->first, at->second};
+    return at->second;
   }
 
   Numbers numbers_;

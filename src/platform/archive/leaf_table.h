@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
+#include "platform/archive/growing_array.h"
 #include "platform/archive/plist_writer.h"
 
 namespace ov::detail {
@@ -16,20 +16,28 @@ class LeafTable {
  public:
   explicit LeafTable(PlistWriter& writer) : writer_(writer) {}
 
-  /// If an object with the bytes of the one written last was added before, takes the last one back
-  /// and returns the earlier one; otherwise adds it and returns it.
   struct Result {
     PlistWriter::Number object;
     bool isNew;
   };
+  /// If an object with the bytes of the one written last was added before, takes the last one back
+  /// and returns the earlier one; otherwise adds it and returns it.
   Result addLast();
+  /// Forgets everything and frees the memory.
+  void reset() { slots_.reset(); }
 
  private:
-  [[nodiscard]] std::string_view bytesOf(PlistWriter::Number object) const;
+  struct Slot {
+    std::uint32_t hash;
+    PlistWriter::Number next;  // object + 1, or 0
+  };
+
+  [[nodiscard]] std::size_t firstSlot(std::uint32_t hash) const;
+  [[nodiscard]] std::size_t nextSlot(std::size_t slot) const;
   void grow();
 
   PlistWriter& writer_;
-  std::vector<PlistWriter::Number> slots_;  // object + 1, or 0
+  GrowingArray<Slot> slots_;
   std::size_t used_ = 0;
 };
 

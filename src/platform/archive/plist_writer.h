@@ -8,7 +8,9 @@
 
 #include <OVAddressBookSDK/data.h>
 
-#include "platform/archive/byte_buffer.h"
+#include "platform/archive/big_endian.h"
+#include "platform/archive/growing_array.h"
+#include "platform/archive/plist_format.h"
 
 namespace ov::detail {
 
@@ -35,7 +37,11 @@ class PlistWriter {
   Number uid(std::uint32_t value);
   Number array(std::span<const Number> elements);
   Number set(std::span<const Number> elements);
-  Number dictionary(std::span<const Number> keys, std::span<const Number> values);
+  struct Entry {
+    Number key;
+    Number value;
+  };
+  Number dictionary(std::span<const Entry> entries);
 
   /// Bytes of an object already written.
   [[nodiscard]] std::span<const std::byte> bytesOf(Number object) const;
@@ -47,17 +53,109 @@ class PlistWriter {
   OVRef<OVData> finish(Number top);
 
  private:
+  /// Containers are written with references of this size and narrowed at the end.
+  static constexpr unsigned kWideReference = 4;
+
   Number begin();
+  [[gnu::cold]] void raiseOffsets();
+  void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
   void marker(unsigned kind, std::size_t length);
   void references(std::span<const Number> objects);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
-  void narrowReferences(unsigned width);
+  Number utf16(std::string_view text);
+  [[nodiscard]] std::uint64_t offset(std::size_t object) const;
   [[nodiscard]] std::uint64_t end(std::size_t object) const;
+  void narrowReferences(unsigned width);
+  static std::byte* narrowObject(const std::byte* from, std::size_t length, std::byte* to,
+                                 unsigned width);
   void writeTable(Number top, unsigned referenceSize);
 
-  ByteBuffer body_;
-  std::vector<std::uint64_t> offsets_;
+  GrowingArray<std::byte> body_;
+  // Offsets rise with the numbers: of each the low half is kept, and the objects at which the
+  // high half rises.
+  GrowingArray<std::uint32_t> offsets_;
+  std::vector<Number> rises_;
 };
+
+inline PlistWriter::Number PlistWriter::begin() {
+  const std::uint64_t offset = body_.size();
+  if (offset >> 32 != rises_.size() || offsets_.size() >= 0xFFFFFFFE) raiseOffsets();
+  offsets_.push_back(static_cast<std::uint32_t>(offset));
+  return static_cast<Number>(offsets_.size() - 1);
+}
+
+inline void PlistWriter::marker(unsigned kind, std::size_t length) {
+  if (length < plist::kLengthFollows) {
+    byte(kind | static_cast<unsigned>(length));
+    return;
+  }
+  byte(kind | plist::kLengthFollows);
+  sizedInteger(length);
+}
+
+inline void PlistWriter::references(std::span<const Number> objects) {
+  std::byte* place = body_.extend(objects.size() * kWideReference);
+  for (std::size_t i = 0; i < objects.size(); ++i) {
+    storeAs<std::uint32_t>(place + i * kWideReference, objects[i]);
+  }
+}
+
+inline PlistWriter::Number PlistWriter::uid(std::uint32_t value) {
+  const Number number = begin();
+  if (value > 0xFFFF) {
+    std::byte* place = body_.extend(5);
+    *place = static_cast<std::byte>(plist::kUid | 3);
+    storeAs<std::uint32_t>(place + 1, value);
+  } else if (value > 0xFF) {
+    std::byte* place = body_.extend(3);
+    *place = static_cast<std::byte>(plist::kUid | 1);
+    storeAs<std::uint16_t>(place + 1, value);
+  } else {
+    std::byte* place = body_.extend(2);
+    *place = static_cast<std::byte>(plist::kUid);
+    place[1] = static_cast<std::byte>(value);
+  }
+  return number;
+}
+
+inline PlistWriter::Number PlistWriter::array(std::span<const Number> elements) {
+  const Number number = begin();
+  marker(plist::kArray, elements.size());
+  references(elements);
+  return number;
+}
+
+inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entries) {
+  const Number number = begin();
+  marker(plist::kDictionary, entries.size());
+  std::byte* keys = body_.extend(2 * entries.size() * kWideReference);
+  std::byte* values = keys + entries.size() * kWideReference;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    storeAs<std::uint32_t>(keys + i * kWideReference, entries[i].key);
+    storeAs<std::uint32_t>(values + i * kWideReference, entries[i].value);
+  }
+  return number;
+}
+
+inline std::uint64_t PlistWriter::offset(std::size_t object) const {
+  std::uint64_t offset = offsets_[object];
+  for (const Number rise : rises_) offset += object >= rise ? 1ULL << 32 : 0;
+  return offset;
+}
+
+inline std::uint64_t PlistWriter::end(std::size_t object) const {
+  return object + 1 < offsets_.size() ? offset(object + 1) : body_.size();
+}
+
+inline std::span<const std::byte> PlistWriter::bytesOf(Number object) const {
+  return {body_.data() + offset(object), body_.data() + end(object)};
+}
+
+inline void PlistWriter::removeLast() {
+  body_.truncate(static_cast<std::size_t>(offset(offsets_.size() - 1)));
+  offsets_.pop_back();
+  if (!rises_.empty() && rises_.back() == offsets_.size()) rises_.pop_back();
+}
 
 }  // namespace ov::detail
