@@ -87,7 +87,7 @@ TEST(PlistBoundaries, LongContainersStayWholeWhenReferencesAreNarrowed) {
     const Number long1 = writer.array(std::vector<Number>(length, first));
     const Number between = writer.text("between");
     const Number long2 =
-        writer.dictionary(std::vector<Number>(length, between), std::vector<Number>(length, long1));
+        writer.dictionary(std::vector<PlistWriter::Entry>(length, {between, long1}));
     const auto list = writer.finish(long2);
     const PlistReader reader(list->bytes());
     std::string storage;

@@ -121,7 +121,7 @@ TEST(PlistWriter, WritesAWholeList) {
   const Number five = writer.integer(5);
   const Number array = writer.array(std::vector{five, a});
   const Number set = writer.set(std::vector{a});
-  const Number top = writer.dictionary(std::vector{a}, std::vector{array});
+  const Number top = writer.dictionary(std::vector<PlistWriter::Entry>{{a, array}});
   static_cast<void>(set);
   EXPECT_EQ(finished(writer, top),
             "bplist00"
@@ -154,7 +154,7 @@ TEST(PlistWriter, AgreesWithBytesMadeByHand) {
     PlistWriter writer;
     const Number text = writer.text(std::string(length, 'x'));
     const Number array = writer.array(std::vector<Number>(length, text));
-    writer.dictionary(std::vector<Number>(length, text), std::vector<Number>(length, array));
+    writer.dictionary(std::vector<PlistWriter::Entry>(length, {text, array}));
     PlistBuilder builder;
     builder.ascii(std::string(length, 'x'));
     builder.array(std::vector<std::uint64_t>(length, text));
