@@ -162,6 +162,20 @@ class OVDictionary final : public ov::detail::AnyDictionary {
       : AnyDictionary(std::move(entries)) {}
 };
 
+/// @name Iteration over a reference
+/// `for (const auto& [ID, person] : book->personsDic())` keeps the dictionary alive for the whole
+/// loop, which `*book->personsDic()` would not. Null counts as empty.
+/// @{
+template <class T>
+typename OVDictionary<T>::const_iterator begin(const OVRef<OVDictionary<T>>& dictionary) {
+  return dictionary == nullptr ? typename OVDictionary<T>::const_iterator() : dictionary->begin();
+}
+template <class T>
+typename OVDictionary<T>::const_iterator end(const OVRef<OVDictionary<T>>& dictionary) {
+  return dictionary == nullptr ? typename OVDictionary<T>::const_iterator() : dictionary->end();
+}
+/// @}
+
 template <class T>
 struct ov::detail::Cast<OVDictionary<T>> {
   static OVRef<OVDictionary<T>> from(const OVRef<OVObject>& object) {

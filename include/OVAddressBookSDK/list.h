@@ -166,6 +166,20 @@ class OVList final : public ov::detail::AnyList {
       : AnyList(std::move(elements)) {}
 };
 
+/// @name Iteration over a reference
+/// `for (const auto person : book->allPersons())` keeps the list alive for the whole loop, which
+/// `*book->allPersons()` would not. Null counts as empty.
+/// @{
+template <class T>
+typename OVList<T>::const_iterator begin(const OVRef<OVList<T>>& list) {
+  return list == nullptr ? typename OVList<T>::const_iterator() : list->begin();
+}
+template <class T>
+typename OVList<T>::const_iterator end(const OVRef<OVList<T>>& list) {
+  return list == nullptr ? typename OVList<T>::const_iterator() : list->end();
+}
+/// @}
+
 template <class T>
 struct ov::detail::Cast<OVList<T>> {
   static OVRef<OVList<T>> from(const OVRef<OVObject>& object) {

@@ -1,0 +1,45 @@
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+
+#include "support/printers.h"
+
+namespace {
+
+OVRef<OVList<OVString>> newList() { return OVList<OVString>::list({"a", "b", "c"}); }
+
+OVRef<OVDictionary<OVString>> newDictionary() {
+  return OVDictionary<OVString>::dictionary({{"x", "1"}, {"y", "2"}});
+}
+
+TEST(RangeFor, KeepsATemporaryListAlive) {
+  std::vector<OVString> seen;
+  for (const OVString text : newList()) seen.push_back(text);
+  EXPECT_EQ(seen, (std::vector<OVString>{"a", "b", "c"}));
+}
+
+TEST(RangeFor, KeepsATemporaryDictionaryAlive) {
+  std::vector<OVString> seen;
+  for (const auto& [key, value] : newDictionary()) {
+    seen.push_back(key);
+    seen.push_back(value);
+  }
+  EXPECT_EQ(seen, (std::vector<OVString>{"x", "1", "y", "2"}));
+}
+
+TEST(RangeFor, TakesNullAsEmpty) {
+  int steps = 0;
+  for (const OVString text : OVRef<OVList<OVString>>()) steps += text.isNull() ? 1 : 2;
+  for (const auto& [key, value] : OVRef<OVDictionary<OVString>>()) steps += key == value ? 1 : 2;
+  EXPECT_EQ(steps, 0);
+}
+
+TEST(RangeFor, StillGoesOverTheObjectItself) {
+  const auto list = newList();
+  std::size_t steps = 0;
+  for (const OVString text : *list) steps += text.size();
+  EXPECT_EQ(steps, 3U);
+}
+
+}  // namespace
