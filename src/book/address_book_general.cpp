@@ -23,8 +23,7 @@ void requireID(const OVString& ID, const char* whose) {
 template <class T>
 OVRef<OVList<OVString>> idsOf(const OVRef<OVList<T>>& members, const char* whose) {
   auto ids = OVList<OVString>::list();
-  if (members == nullptr) return ids;
-  for (const OVRef<T> member : *members) {
+  for (const OVRef<T> member : members) {
     const OVString ID = member == nullptr ? OVString() : member->ID();
     requireID(ID, whose);
     ids->push_back(ID);
@@ -69,7 +68,7 @@ OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
     const OVRef<IOVPerson>& person) const {
   if (person == nullptr) return nullptr;
   auto general = OVPersonGeneral::initWithID(person->ID());
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     general->setValueByProperty(person->valueByProperty(property), property);
   }
   return general;

@@ -19,8 +19,8 @@ void OVPersonGeneral::setTags(const OVRef<OVList<OVString>>& tags) {
   if (tags == nullptr) return;
   const auto given = tags->copy();  // it may be the very list that changes here
   const auto own = tagArray();
-  for (const OVString tag : *given) removeTag(tag);
-  for (const OVString tag : *given) {
+  for (const OVString tag : given) removeTag(tag);
+  for (const OVString tag : given) {
     if (!tag.isNull()) own->push_back(tag);
   }
 }

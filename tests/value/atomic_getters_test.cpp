@@ -1,35 +1,13 @@
-#include <atomic>
-#include <thread>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include <OVAddressBookSDK/multiple_value.h>
 
+#include "support/changing.h"
 #include "support/values.h"
 
 namespace {
-
-constexpr int kRounds = 2000;
-
-/// Runs `read` on a thread of its own while this one writes; `read` must always be true.
-template <class Read, class Write>
-void expectWholeWhileChanging(Read read, Write write) {
-  std::atomic<bool> done = false;
-  std::atomic<bool> started = false;
-  bool allWhole = true;
-  {
-    const std::jthread reader([&] {
-      do {
-        allWhole = allWhole && read();
-        started = true;
-      } while (!done);
-    });
-    while (!started) std::this_thread::yield();
-    for (int i = 0; i < kRounds; ++i) write(i);
-    done = true;
-  }
-  EXPECT_TRUE(allWhole);
-}
 
 TEST(AtomicGetters, LabelTextsAreWholeWhileTheyAreReplaced) {
   const auto label = labelOf("0");
