@@ -1,0 +1,96 @@
+#include "others.h"
+
+#include "ascii.h"
+#include "base64.h"
+#include "escapes.h"
+#include "labels.h"
+#include "line_header.h"
+#include "photos.h"
+
+namespace ov::vcard {
+
+namespace {
+
+/// True for a name as `keptLine` writes it, in upper case.
+bool isPropertyName(std::string_view name) { return isToken(name) && upperASCII(name) == name; }
+
+OVRef<OVLabel> labelOf(const KeptLine& line, const Field& field) {
+  return makeLabel(line.name + line.parameters,
+                   field.label == nullptr ? field.name : labelText(*field.label));
+}
+
+}  // namespace
+
+KeptLine keptLine(const Field& field) {
+  KeptLine line{field.name, {}, field.value};
+  for (const Parameter& parameter : field.parameters) line.parameters += spelled(parameter);
+  if (field.binary) line.value = dataURI(field.text);
+  return line;
+}
+
+void keepLine(const Field& field, PersonDraft& draft) {
+  const KeptLine line = keptLine(field);
+  draft.addOther(line.value, labelOf(line, field), field.preference());
+}
+
+void keepFormattedName(PersonDraft& draft) {
+  const Field& field = *draft.formattedName();
+  const KeptLine line = keptLine(field);
+  draft.addOtherForFormattedName(line.value, labelOf(line, field), field.preference());
+}
+
+void keepParameters(const Field& field, const Binding& binding, PersonDraft& draft) {
+  const std::string prefix = (field.name.starts_with("X-") ? "" : "X-") + field.name + "-";
+  for (const Parameter& parameter : field.parameters) {
+    if (binding.understands(parameter.name)) continue;
+    std::string value;
+    for (const std::string& part : parameter.values) value.append(value.empty() ? "" : ",") += part;
+    const std::string name = prefix + parameter.name;
+    draft.addOther(canonicalValue(value, Escaping::New), makeLabel(name, name), kNotPreferred);
+  }
+}
+
+std::optional<KeptLine> lineOf(const OVSingleValue& entry) {
+  const OVRef<OVLabel> label = entry.label();
+  const OVString value = ov::cast<OVString>(entry.value());
+  if (label == nullptr || canonicalValue(value, Escaping::New) != value.view()) return std::nullopt;
+  const std::string_view header = label->name();
+  const std::string_view name = header.substr(0, header.find(';'));
+  LineHeader parsed;
+  if (!isPropertyName(name) || endOfHeader(std::string(header) + ":") != header.size() ||
+      header.find_first_of("\r\n") != std::string_view::npos || !parseHeader(header, parsed) ||
+      parsed.name + parsed.parameters != header) {
+    return std::nullopt;
+  }
+  return KeptLine{std::move(parsed.name), std::move(parsed.parameters), value.str()};
+}
+
+bool hasLine(const PersonValues& values, std::string_view name) {
+  for (const OVRef<OVSingleValue>& entry : values.entries(OVProPertyOther)) {
+    if (const auto line = lineOf(*entry); line && line->name == name) return true;
+  }
+  return false;
+}
+
+bool readOther(const Field& field, const Binding& binding, PersonDraft& draft) {
+  if (field.binary) return false;
+  draft.addOther(field.text, labelOf(field, binding.descriptor()), field.preference());
+  return true;
+}
+
+void writeOthers(const Binding& binding, const PersonValues& values, CardWriter& card) {
+  for (const OVRef<OVSingleValue>& entry : values.entries(OVProPertyOther)) {
+    if (const auto line = lineOf(*entry)) {
+      const OVString display = entry->label()->displayName();
+      LabelSpelling label;
+      if (!display.empty() && display != line->name) label.line = ":" + escapeText(display);
+      card.labelledLine(line->name, line->parameters, label, line->value);
+    } else if (const OVString text = ov::cast<OVString>(entry->value()); !text.isNull()) {
+      card.labelledLine(binding.name, {},
+                        spellingOf(entry->label(), binding.descriptor(), binding.name),
+                        escapeText(text));
+    }
+  }
+}
+
+}  // namespace ov::vcard
