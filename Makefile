@@ -7,10 +7,10 @@ TEST_JOBS ?= $(shell nproc)
 export CCACHE_NOHASHDIR := 1
 export CCACHE_SLOPPINESS := pch_defines,time_macros
 
+MAKEFLAGS += --no-print-directory
+
 build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
-sources = find $(wildcard include src hosts tools examples tests bench fuzz) \
-          \( -name '*.h' -o -name '*.cpp' \)
 
 .DEFAULT_GOAL := help
 .PHONY: help demo check setup build test asan tsan tidy format install clean
@@ -20,10 +20,9 @@ help: ## List the commands
 
 demo: ## Import a contacts file, snapshot it into a data block, restore it, show it
 	@scripts/setup build
-	@cmake --preset release -B build/demo -DOV_BUILD_TESTS=OFF -DOV_BUILD_EXAMPLES=OFF \
-	  --log-level=WARNING
-	@cmake --build build/demo -j $(BUILD_JOBS) --target ovbook
-	@scripts/demo build/demo/tools/ovbook/ovbook examples/contacts.vcf build/demo
+	@cmake --preset release --log-level=WARNING
+	@$(call build_preset,release) --target ovbook
+	@scripts/demo build/release/tools/ovbook/ovbook examples/contacts.vcf build/demo
 
 check: ## Build everything and run every test; the last lines tell the result
 	scripts/setup
@@ -57,10 +56,10 @@ tidy: setup ## Run clang-tidy over the library, the hosts and the tools
 	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS)
 
 format: setup ## Format the sources
-	$(sources) -exec clang-format-14 -i {} +
+	scripts/format
 
 install: setup ## Build optimised and install; PREFIX=/usr/local unless given
-	cmake --preset release -DOV_BUILD_TESTS=OFF
+	cmake --preset release
 	$(call build_preset,release)
 	cmake --install build/release --prefix $(or $(PREFIX),/usr/local)
 
