@@ -86,7 +86,8 @@ void BookContent::removeGroup(const OVRef<OVVCardGroup>& group) {
 void BookContent::makeTagManager() {
   const OVRef<OVTagManager> manager = OVTagManager::init();
   for (const OVRef<Person>& person : persons) {
-    for (const OVString tag : *person->tagArray()) manager->addPersonIDForTag(person->ID(), tag);
+    const OVRef<OVList<OVString>> carried = person->tagArray();
+    for (const OVString tag : *carried) manager->addPersonIDForTag(person->ID(), tag);
   }
   tags = manager;
 }
