@@ -97,18 +97,17 @@ PlistItem PlistReader::item(std::uint64_t object) const {
   const unsigned low = marker & 0x0F;
   switch (marker & 0xF0U) {
     case plist::kData:
-      return sized(Kind::data, at, readLength(at, low, object), 1, object);
+      return counted(Kind::data, at, low, 1, object);
     case plist::kAscii:
-      return sized(Kind::ascii, at, readLength(at, low, object), 1, object);
+      return counted(Kind::ascii, at, low, 1, object);
     case plist::kUtf16:
-      return sized(Kind::utf16, at, readLength(at, low, object), 2, object);
+      return counted(Kind::utf16, at, low, 2, object);
     case plist::kArray:
-      return sized(Kind::array, at, readLength(at, low, object), referenceSize_, object);
+      return counted(Kind::array, at, low, referenceSize_, object);
     case plist::kSet:
-      return sized(Kind::set, at, readLength(at, low, object), referenceSize_, object);
+      return counted(Kind::set, at, low, referenceSize_, object);
     case plist::kDictionary:
-      return sized(Kind::dictionary, at, readLength(at, low, object), 2ULL * referenceSize_,
-                   object);
+      return counted(Kind::dictionary, at, low, 2ULL * referenceSize_, object);
     default:
       return fixed(marker, at, object);
   }
@@ -157,6 +156,12 @@ std::uint64_t PlistReader::readLength(const std::byte*& at, unsigned low,
   const std::uint64_t length = bigEndian(at + 1, width);
   at += 1 + width;
   return length;
+}
+
+PlistItem PlistReader::counted(Kind kind, const std::byte* at, unsigned low, std::uint64_t unit,
+                               std::uint64_t object) const {
+  const std::uint64_t count = readLength(at, low, object);  // moves to the content
+  return sized(kind, at, count, unit, object);
 }
 
 PlistItem PlistReader::sized(Kind kind, const std::byte* at, std::uint64_t count,

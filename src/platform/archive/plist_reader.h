@@ -72,6 +72,8 @@ class PlistReader {
   void readTrailer();
   void checkTrailer(std::uint64_t size) const;
   std::uint64_t readLength(const std::byte*& at, unsigned low, std::uint64_t object) const;
+  [[nodiscard]] PlistItem counted(PlistItem::Kind kind, const std::byte* at, unsigned low,
+                                  std::uint64_t unit, std::uint64_t object) const;
   [[nodiscard]] PlistItem sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
                                 std::uint64_t unit, std::uint64_t object) const;
   [[nodiscard]] PlistItem fixed(unsigned marker, const std::byte* at, std::uint64_t object) const;
