@@ -11,7 +11,8 @@ using Kind = PlistItem::Kind;
 namespace {
 
 /// A block may ask for this much memory for each of its bytes, and a little more. Our own blocks
-/// ask for about a tenth of it.
+/// ask for about a tenth of it. Looking through keys counts as well, so that time is bounded where
+/// objects of a hostile block overlap.
 constexpr std::uint64_t kMemoryPerByte = 40;
 constexpr std::uint64_t kMemoryForFree = 1 << 18;
 
@@ -66,15 +67,22 @@ OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
   return entries;
 }
 
-std::string_view ArchiveReader::keyText(const PlistItem& dictionary, std::uint64_t position) {
-  const PlistItem key = plist_.item(plist_.reference(dictionary, position));
+PlistItem ArchiveReader::key(std::uint64_t object) {
+  const PlistItem key = plist_.item(object);
   if (!PlistReader::isText(key)) throw OVInvalidArchive("a dictionary key that is no text");
-  return plist_.text(key, scratch_);
+  return key;
+}
+
+std::string_view ArchiveReader::keyText(const PlistItem& dictionary, std::uint64_t position) {
+  const PlistItem text = key(plist_.reference(dictionary, position));
+  charge(text.count);
+  return plist_.text(text, scratch_);
 }
 
 std::optional<PlistItem> ArchiveReader::entry(const PlistItem& dictionary, std::string_view key) {
+  charge(dictionary.count);
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    if (keyText(dictionary, i) == key) {
+    if (plist_.isText(this->key(plist_.reference(dictionary, i)), key)) {
       return plist_.item(plist_.reference(dictionary, dictionary.count + i));
     }
   }

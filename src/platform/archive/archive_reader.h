@@ -78,6 +78,7 @@ class ArchiveReader {
   OVRef<OVObject> readTop(const PlistItem& top);
   PlistItem requiredEntry(const PlistItem& dictionary, std::string_view key, PlistItem::Kind kind);
   std::optional<PlistItem> entry(const PlistItem& dictionary, std::string_view key);
+  PlistItem key(std::uint64_t object);
   std::string_view keyText(const PlistItem& dictionary, std::uint64_t position);
 
   std::uint64_t uidOf(const PlistItem& value);
@@ -88,6 +89,7 @@ class ArchiveReader {
   OVRef<OVObject> makeEmpty(const ClassRecord& record, const PlistItem& dictionary);
   OVRef<OVObject> makeOpaque(const ClassRecord& record);
   bool areTexts(const PlistItem& array);
+  bool isText(std::uint64_t uid);
   void fill(OVObject& object, const PlistItem& dictionary);
   void fillWaiting();
   void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);

@@ -8,6 +8,14 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
+namespace {
+
+bool isTextClass(std::string_view name) {
+  return name == kTextClass.name || name == "NSMutableString";
+}
+
+}  // namespace
+
 const ArchiveReader::ClassRecord& ArchiveReader::classRecord(std::uint64_t uid) {
   if (const auto at = classRecords_.find(uid); at != classRecords_.end()) return at->second;
   const PlistItem dictionary = archived(uid);
@@ -56,7 +64,7 @@ OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const PlistI
   const auto isArray = [](const PlistItem& item) { return item.kind == Kind::array; };
   const auto isData = [](const PlistItem& item) { return item.kind == Kind::data; };
 
-  if (name == "NSString" || name == "NSMutableString") {
+  if (isTextClass(name)) {
     if (const auto text = field(archive::kStringText, PlistReader::isText)) return leaf(*text);
   } else if (name == "NSData" || name == "NSMutableData") {
     if (const auto data = field(archive::kDataBytes, isData)) return leaf(*data);
@@ -80,12 +88,22 @@ OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const PlistI
 
 /// True when every element refers to a text.
 bool ArchiveReader::areTexts(const PlistItem& array) {
+  charge(array.count);
   for (std::uint64_t i = 0; i < array.count; ++i) {
-    const PlistItem value = plist_.item(plist_.reference(array, i));
-    if (PlistReader::isText(archived(uidOf(value)))) continue;
-    if (textOf(value).isNull()) return false;
+    if (!isText(uidOf(plist_.item(plist_.reference(array, i))))) return false;
   }
   return true;
+}
+
+/// Whether a text stands there, directly or as an object. Builds nothing, so that keys which are
+/// dictionaries with keys of their own lead no deeper.
+bool ArchiveReader::isText(std::uint64_t uid) {
+  const PlistItem item = archived(uid);
+  if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
+  const auto classEntry = entry(item, archive::kClass);
+  const auto text = entry(item, archive::kStringText);
+  return classEntry && text && PlistReader::isText(*text) &&
+         isTextClass(classRecord(uidOf(*classEntry)).name);
 }
 
 OVRef<OVObject> ArchiveReader::makeOpaque(const ClassRecord& record) {

@@ -18,8 +18,8 @@ ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
 std::uint32_t ArchiveReader::numberOfKey(std::uint64_t object) {
   RecentKey& recent = recentKeys_[static_cast<std::size_t>(object % recentKeys_.size())];
   if (recent.object == object) return recent.number;
-  const PlistItem item = plist_.item(object);
-  if (!PlistReader::isText(item)) throw OVInvalidArchive("a dictionary key that is no text");
+  const PlistItem item = key(object);
+  charge(item.count);
   const std::string_view text = plist_.text(item, scratch_);
   std::uint32_t number = keys_.find(text);
   if (number == KeyNumbers::kNone) {

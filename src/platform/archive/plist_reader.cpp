@@ -196,6 +196,16 @@ std::string_view PlistReader::text(const PlistItem& item, std::string& storage) 
   return storage;
 }
 
+bool PlistReader::isText(const PlistItem& item, std::string_view ascii) const {
+  if (item.count != ascii.size()) return false;
+  if (item.kind == Kind::ascii) return std::memcmp(item.bytes, ascii.data(), ascii.size()) == 0;
+  if (item.kind != Kind::utf16) return false;
+  for (std::size_t i = 0; i < ascii.size(); ++i) {
+    if (bigEndian(item.bytes + 2 * i, 2) != static_cast<unsigned char>(ascii[i])) return false;
+  }
+  return true;
+}
+
 std::uint64_t PlistReader::uid(const PlistItem& item) const {
   return bigEndian(item.bytes, static_cast<unsigned>(item.count));
 }
