@@ -77,16 +77,29 @@ void AnyDictionary::initWithCoder(OVKeyedUnarchiver& coder) {
 
 using ov::detail::ArchiveWriter;
 
+namespace {
+
+/// Disposes of whatever objects the value refers to, however deep inside its containers.
+void letGo(OVOpaqueValue& value) {
+  if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&value.content)) {
+    ov::detail::dispose(std::move(reference->object));
+  } else if (auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
+    for (OVOpaqueValue& element : *array) letGo(element);
+  } else if (auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {
+    for (OVOpaqueValue& element : set->elements) letGo(element);
+  } else if (auto* dictionary = std::get_if<OVOpaqueValue::Dictionary>(&value.content)) {
+    for (OVOpaqueField& field : *dictionary) letGo(field.value);
+  }
+}
+
+}  // namespace
+
 const OVClass* OVData::classForCoder() const { return &ov::detail::kDataClass; }
 
 const OVClass* OVNumber::classForCoder() const { return &ov::detail::kNumberClass; }
 
 OVOpaqueObject::~OVOpaqueObject() {
-  for (OVOpaqueField& field : fields_) {
-    if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&field.value.content)) {
-      ov::detail::dispose(std::move(reference->object));
-    }
-  }
+  for (OVOpaqueField& field : fields_) letGo(field.value);
 }
 
 const OVClass* OVOpaqueObject::classForCoder() const { return &ov::detail::kOpaqueClass; }
