@@ -82,7 +82,7 @@ std::string_view ArchiveReader::keyText(const PlistItem& dictionary, std::uint64
 std::optional<PlistItem> ArchiveReader::entry(const PlistItem& dictionary, std::string_view key) {
   charge(dictionary.count);
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    if (plist_.isText(this->key(plist_.reference(dictionary, i)), key)) {
+    if (plist_.equals(this->key(plist_.reference(dictionary, i)), key)) {
       return plist_.item(plist_.reference(dictionary, dictionary.count + i));
     }
   }
@@ -203,7 +203,7 @@ void ArchiveReader::fillWaiting() {
 }
 
 void ArchiveReader::fill(OVObject& object, const PlistItem& dictionary) {
-  ++depth_;
+  const Deeper deeper(depth_);
   if (object.classForCoder() == &kOpaqueClass) {
     fillOpaque(static_cast<OVOpaqueObject&>(object), dictionary);
   } else {
@@ -212,7 +212,6 @@ void ArchiveReader::fill(OVObject& object, const PlistItem& dictionary) {
     object.initWithCoder(coder);
     closeFields(fields);
   }
-  --depth_;
 }
 
 void ArchiveReader::charge(std::uint64_t bytes) {

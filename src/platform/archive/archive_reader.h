@@ -115,7 +115,17 @@ class ArchiveReader {
     PlistItem dictionary;
   };
   std::vector<Waiting> waiting_;
-  unsigned depth_ = 0;
+  unsigned depth_ = 0;  // of objects and of plain containers in them
+  class Deeper {
+   public:
+    explicit Deeper(unsigned& depth) : depth_(++depth) {}
+    Deeper(const Deeper&) = delete;
+    Deeper& operator=(const Deeper&) = delete;
+    ~Deeper() { --depth_; }
+
+   private:
+    unsigned& depth_;
+  };
   std::uint64_t budget_;
 
   KeyNumbers keys_;

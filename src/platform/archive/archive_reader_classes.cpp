@@ -139,6 +139,7 @@ std::vector<OVOpaqueField> ArchiveReader::opaqueFields(const PlistItem& dictiona
 
 OVOpaqueValue ArchiveReader::opaqueValue(const PlistItem& value, unsigned depth) {
   if (depth >= kDeepest) throw OVInvalidArchive("containers inside each other without end");
+  const Deeper deeper(depth_);
   switch (value.kind) {
     case Kind::uid:
       return {OVOpaqueValue::Reference{objectAt(uidOf(value))}};

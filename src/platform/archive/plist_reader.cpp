@@ -196,7 +196,7 @@ std::string_view PlistReader::text(const PlistItem& item, std::string& storage) 
   return storage;
 }
 
-bool PlistReader::isText(const PlistItem& item, std::string_view ascii) const {
+bool PlistReader::equals(const PlistItem& item, std::string_view ascii) const {
   if (item.count != ascii.size()) return false;
   if (item.kind == Kind::ascii) return std::memcmp(item.bytes, ascii.data(), ascii.size()) == 0;
   if (item.kind != Kind::utf16) return false;

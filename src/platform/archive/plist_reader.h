@@ -52,7 +52,7 @@ class PlistReader {
   /// The text as UTF-8; lone surrogates become U+FFFD. `storage` is used where conversion needs it.
   [[nodiscard]] std::string_view text(const PlistItem& item, std::string& storage) const;
   /// True for a text of these very characters, all of them ASCII.
-  [[nodiscard]] bool isText(const PlistItem& item, std::string_view ascii) const;
+  [[nodiscard]] bool equals(const PlistItem& item, std::string_view ascii) const;
   [[nodiscard]] std::uint64_t uid(const PlistItem& item) const;
   [[nodiscard]] double real(const PlistItem& item) const;
   /// An integer, and whether it stands above the signed range.
