@@ -31,8 +31,8 @@ class OV_EXPORT DictionaryEntries {
   [[nodiscard]] const Entry* find(std::string_view key) const;
   /// Throws `std::invalid_argument` for a null key or value.
   void set(const OVString& key, OVRef<OVObject> value);
-  /// The same, but for a null value, which an archive may hold.
-  void setAny(const OVString& key, OVRef<OVObject> value);
+  /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
+  void add(const OVString& key, OVRef<OVObject> value);
   bool erase(std::string_view key);
   void clear();
   void reserve(std::size_t count);
@@ -46,6 +46,7 @@ class OV_EXPORT DictionaryEntries {
 
  private:
   [[nodiscard]] std::size_t slotOf(std::string_view key) const;
+  void append(const OVString& key, OVRef<OVObject> value);
   void rebuild();
 
   std::vector<Entry> entries_;

@@ -11,6 +11,8 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
+class OVOpaqueObject;
+
 namespace ov::detail {
 class AnyDictionary;
 class AnyList;
@@ -72,6 +74,7 @@ class OV_EXPORT OVKeyedUnarchiver {
   [[nodiscard]] std::span<const std::byte> decodeBytesForKey(std::string_view key) const;
 
  private:
+  friend class OVOpaqueObject;
   friend class ov::detail::AnyDictionary;
   friend class ov::detail::AnyList;
   friend class ov::detail::ArchiveReader;

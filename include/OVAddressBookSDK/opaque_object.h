@@ -53,6 +53,7 @@ class OV_EXPORT OVOpaqueObject final : public OVObject {
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
 
  private:
   friend struct ov::detail::Maker;

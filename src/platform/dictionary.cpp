@@ -51,14 +51,18 @@ void DictionaryEntries::set(const OVString& key, OVRef<OVObject> value) {
     throw std::invalid_argument("OVDictionary: a dictionary takes no null value (key \"" +
                                 key.str() + "\")");
   }
-  setAny(key, std::move(value));
-}
-
-void DictionaryEntries::setAny(const OVString& key, OVRef<OVObject> value) {
   if (const Entry* entry = find(key)) {
     entries_[static_cast<std::size_t>(entry - entries_.data())].value = std::move(value);
-    return;
+  } else {
+    append(key, std::move(value));
   }
+}
+
+void DictionaryEntries::add(const OVString& key, OVRef<OVObject> value) {
+  if (find(key) == nullptr) append(key, std::move(value));
+}
+
+void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
   if (entries_.size() >= std::numeric_limits<std::uint32_t>::max() / 4) {
     throw std::length_error("OVDictionary: too many entries");
   }

@@ -1,6 +1,11 @@
 #include "platform/archive/archive_reader.h"
 
+#include <string>
 #include <utility>
+
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/number.h>
 
 #include "platform/archive/archive_keys.h"
 
@@ -19,7 +24,10 @@ constexpr std::uint64_t kMemoryForFree = 1 << 18;
 }  // namespace
 
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
-    : plist_(block), known_(known), budget_(block.size() * kMemoryPerByte + kMemoryForFree) {}
+    : plist_(block),
+      known_(known),
+      budget_(block.size() * kMemoryPerByte + kMemoryForFree),
+      classKey_(keys_.add(archive::kClass)) {}
 
 OVRef<OVObject> ArchiveReader::root() {
   try {
@@ -40,7 +48,8 @@ OVRef<OVObject> ArchiveReader::readRoot() {
     throw OVInvalidArchive("a keyed archive of an unknown version");
   }
   objects_ = requiredEntry(top, archive::kObjects, Kind::array);
-  const PlistItem null = archived(0);
+  if (objects_.count == 0) throw OVInvalidArchive("the archive holds no objects");
+  const PlistItem null = plist_.item(itemAt(0));
   if (!PlistReader::isText(null) || plist_.text(null, scratch_) != archive::kNull) {
     throw OVInvalidArchive("the archive's object 0 is not \"$null\"");
   }
@@ -55,20 +64,21 @@ OVRef<OVObject> ArchiveReader::readRoot() {
 OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
   if (const auto root = entry(top, archive::kRoot)) {
     if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is no reference");
-    return objectOf(*root);
+    checkUid(PlistReader::uid(*root));
+    return objectAt(PlistReader::uid(*root));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
   const auto entries = OVDictionary<OVObject>::dictionary();
   for (std::uint64_t i = 0; i < top.count; ++i) {
     const OVString key(keyText(top, i));
-    const PlistItem value = plist_.item(plist_.reference(top, top.count + i));
-    if (!entries->contains(key)) entries->entries()->setAny(key, objectOf(value));
+    const Item value = plist_.reference(top, top.count + i);
+    entries->entries()->add(key, objectOf(value));
   }
   return entries;
 }
 
-PlistItem ArchiveReader::key(std::uint64_t object) {
-  const PlistItem key = plist_.item(object);
+PlistItem ArchiveReader::key(Item item) const {
+  const PlistItem key = plist_.item(item);
   if (!PlistReader::isText(key)) throw OVInvalidArchive("a dictionary key that is no text");
   return key;
 }
@@ -99,23 +109,25 @@ PlistItem ArchiveReader::requiredEntry(const PlistItem& dictionary, std::string_
   return *found;
 }
 
-std::uint64_t ArchiveReader::uidOf(const PlistItem& value) {
-  if (value.kind != Kind::uid) throw OVInvalidArchive("a reference that is no UID");
-  const std::uint64_t uid = plist_.uid(value);
+void ArchiveReader::checkUid(std::uint64_t uid) const {
   if (uid >= objects_.count) {
     throw OVInvalidArchive("UID " + std::to_string(uid) + " is past the last of " +
                            std::to_string(objects_.count) + " objects");
   }
+}
+
+std::uint64_t ArchiveReader::uidOf(Item item) const {
+  std::uint64_t uid = 0;
+  if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is no UID");
+  checkUid(uid);
   return uid;
 }
 
-PlistItem ArchiveReader::archived(std::uint64_t uid) {
-  if (uid >= objects_.count) throw OVInvalidArchive("the archive holds no objects");
-  return plist_.item(plist_.reference(objects_, uid));
-}
-
-OVRef<OVObject> ArchiveReader::objectOf(const PlistItem& value) {
-  return value.kind == Kind::uid ? objectAt(uidOf(value)) : leaf(value);
+OVRef<OVObject> ArchiveReader::objectOf(Item item) {
+  std::uint64_t uid = 0;
+  if (!plist_.isUid(item, uid)) return leaf(plist_.item(item));
+  checkUid(uid);
+  return objectAt(uid);
 }
 
 OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
@@ -123,28 +135,28 @@ OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
   Slot& slot = slots_[static_cast<std::size_t>(uid)];
   if (slot.object != nullptr) return slot.object;
   if (!slot.text.isNull()) return slot.object = slot.text;
-  const PlistItem item = archived(uid);
+  const PlistItem item = plist_.item(itemAt(uid));
   if (item.kind == Kind::dictionary) return build(uid, item);
   slot.object = leaf(item);
   return slot.object;
 }
 
-OVString ArchiveReader::textOf(const PlistItem& value) {
-  if (value.kind != Kind::uid) return ov::cast<OVString>(leaf(value));
-  const std::uint64_t uid = uidOf(value);
+OVString ArchiveReader::textOf(Item item) {
+  std::uint64_t uid = 0;
+  if (!plist_.isUid(item, uid)) return ov::cast<OVString>(leaf(plist_.item(item)));
+  checkUid(uid);
   if (uid == 0) return nullptr;
   Slot& slot = slots_[static_cast<std::size_t>(uid)];
   if (!slot.text.isNull()) return slot.text;
-  const PlistItem item = archived(uid);
-  if (!PlistReader::isText(item)) {
-    slot.text = ov::cast<OVString>(objectAt(uid));
-  } else if (slot.object != nullptr) {
-    slot.text = ov::cast<OVString>(slot.object);
-  } else {
-    charge(item.count * 2 + 64);
-    slot.text = plist_.text(item, scratch_);
-  }
+  const PlistItem archived = plist_.item(itemAt(uid));
+  const bool isNew = slot.object == nullptr && PlistReader::isText(archived);
+  slot.text = isNew ? newText(archived) : ov::cast<OVString>(objectAt(uid));
   return slot.text;
+}
+
+OVString ArchiveReader::newText(const PlistItem& item) {
+  charge(item.count * 2 + 64);
+  return OVString(TextObject::make(plist_.text(item, scratch_)));
 }
 
 /// An object that is all in one place: a text, number, date or data block.
@@ -155,7 +167,7 @@ OVRef<OVObject> ArchiveReader::leaf(const PlistItem& item) {
       return nullptr;
     case Kind::ascii:
     case Kind::utf16:
-      return OVString(plist_.text(item, scratch_));
+      return newText(item);
     case Kind::boolean:
       return OVNumber::numberWithBool(plist_.boolean(item));
     case Kind::integer: {
@@ -175,22 +187,17 @@ OVRef<OVObject> ArchiveReader::leaf(const PlistItem& item) {
 }
 
 OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& dictionary) {
-  const auto classEntry = entry(dictionary, archive::kClass);
-  if (!classEntry) {
-    throw OVInvalidArchive("object " + std::to_string(uid) + " of the archive has no class");
-  }
-  const ClassRecord& record = classRecord(uidOf(*classEntry));
-  OVRef<OVObject> object = makeEmpty(record, dictionary);
+  ArchiveFields fields = openFields(dictionary);
+  const ClassRecord& record = classOf(fields);
+  fields.hasConstantKeys = !record.isHosts;
+  OVRef<OVObject> object = makeEmpty(record, fields);
   slots_[static_cast<std::size_t>(uid)].object = object;
-  if (object == nullptr || object->classForCoder() == &kTextClass ||
-      object->classForCoder() == &kDataClass) {
-    return object;
-  }
-  if (depth_ >= kDeepest) {
-    waiting_.push_back({object, dictionary});
+  if (depth_ < kDeepest) {
+    fill(*object, fields);
   } else {
-    fill(*object, dictionary);
+    waiting_.push_back({object, itemAt(uid)});
   }
+  closeFields(fields);
   return object;
 }
 
@@ -198,39 +205,26 @@ void ArchiveReader::fillWaiting() {
   while (!waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
-    fill(*next.object, next.dictionary);
-  }
-}
-
-void ArchiveReader::fill(OVObject& object, const PlistItem& dictionary) {
-  const Deeper deeper(depth_);
-  if (object.classForCoder() == &kOpaqueClass) {
-    fillOpaque(static_cast<OVOpaqueObject&>(object), dictionary);
-  } else {
-    const ArchiveFields fields = openFields(dictionary);
-    OVKeyedUnarchiver coder(*this, fields);
-    object.initWithCoder(coder);
+    const ArchiveFields fields = openFields(plist_.item(next.item));
+    fill(*next.object, fields);
     closeFields(fields);
   }
 }
 
-void ArchiveReader::charge(std::uint64_t bytes) {
-  if (bytes > budget_) {
-    throw OVInvalidArchive("the block would take far more memory than its size allows");
-  }
-  budget_ -= bytes;
+void ArchiveReader::fill(OVObject& object, const ArchiveFields& fields) {
+  const Deeper deeper(depth_);
+  OVKeyedUnarchiver coder(*this, fields);
+  object.initWithCoder(coder);
 }
 
 /// Lets go of what half-built objects refer to, so that none keeps another alive.
 void ArchiveReader::breakRings() noexcept {
-  const ArchiveFields none{{Kind::dictionary, 0, nullptr}, keyNumbers_.size()};
+  const ArchiveFields none{{Kind::dictionary, 0, nullptr}, 0, false};
   waiting_.clear();
   for (const Slot& slot : slots_) {
     if (slot.object == nullptr) continue;
     const OVClass* objectClass = slot.object->classForCoder();
-    if (objectClass == &kOpaqueClass) {
-      std::exchange(static_cast<OVOpaqueObject&>(*slot.object).fields_, {});
-    } else if (objectClass != nullptr && isLibraryClass(*objectClass)) {
+    if (objectClass != nullptr && isLibraryClass(*objectClass)) {
       try {
         OVKeyedUnarchiver coder(*this, none);
         slot.object->initWithCoder(coder);

@@ -4,118 +4,83 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include <OVAddressBookSDK/date.h>
-#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
-#include <OVAddressBookSDK/list.h>
-#include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/text.h>
 
 #include "platform/archive/class_table.h"
+#include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
 #include "platform/archive/plist_reader.h"
 
 namespace ov::detail {
 
-/// The fields of one archived object while it is being filled.
+/// The fields of one archived object while it is being read.
 struct ArchiveFields {
   PlistItem dictionary;
   /// Where the numbers of its keys begin.
   std::size_t firstKey;
+  /// Its class asks for its fields by keys whose texts never change.
+  bool hasConstantKeys;
 };
 
 /// Builds an object graph from a keyed archive.
 ///
 /// An object is known under its UID before it is filled. Up to a bound, an object is filled as soon
 /// as it is met; deeper ones wait until the shallower are done, so that no archive is too deep.
+///
+/// "Object" is an object of the graph; "item" one of the property list, given by its number.
 class ArchiveReader {
  public:
   enum class Known : std::uint8_t { registeredClasses, noClasses };
+  using Item = std::uint64_t;
 
   ArchiveReader(std::span<const std::byte> block, Known known);
 
   /// Throws `OVInvalidArchive`; what was built by then is let go of, rings included.
   OVRef<OVObject> root();
 
-  [[nodiscard]] std::optional<PlistItem> find(const ArchiveFields& fields, std::string_view key);
-  /// The object of a field: what its UID refers to, or the value itself as an object.
-  OVRef<OVObject> objectOf(const PlistItem& value);
-  OVString textOf(const PlistItem& value);
+  /// The item under a key of the object's own.
+  [[nodiscard]] std::optional<Item> find(const ArchiveFields& fields, std::string_view key);
+  /// The object of a field: what its UID refers to, or the item itself as an object.
+  OVRef<OVObject> objectOf(Item item);
+  OVString textOf(Item item);
   [[nodiscard]] const PlistReader& plist() const { return plist_; }
 
   /// Reads an array of references; leaves `elements` alone when there is none.
   bool readElements(const ArchiveFields& fields, std::string_view key,
                     std::vector<OVRef<OVObject>>& elements);
-  void readTexts(const ArchiveFields& fields, std::string_view key, std::vector<OVString>& texts);
+  bool readTexts(const ArchiveFields& fields, std::string_view key, std::vector<OVString>& texts);
   /// Reads the elements of a list object that the caller makes its own.
-  bool readList(const ArchiveFields& fields, std::string_view key,
-                std::vector<OVRef<OVObject>>& elements);
+  bool readList(Item item, std::vector<OVRef<OVObject>>& elements);
+  void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);
 
  private:
   /// How deep objects are filled inside each other, and how deep containers may stand in one
   /// object.
   static constexpr unsigned kDeepest = 512;
-  /// What one object is taken to need, whatever its class.
-  static constexpr std::uint64_t kMemoryPerObject = 256;
 
   struct ClassRecord {
     OVString name;
     std::vector<OVString> classes;
     std::vector<OVString> hints;
-    const OVClass* known = nullptr;
+    const OVClass* known = nullptr;  // null: opaque, or of the archive's own forms
+    bool isHosts = false;
   };
   struct Slot {
     OVRef<OVObject> object;
     OVString text;
   };
-
-  OVRef<OVObject> readRoot();
-  OVRef<OVObject> readTop(const PlistItem& top);
-  PlistItem requiredEntry(const PlistItem& dictionary, std::string_view key, PlistItem::Kind kind);
-  std::optional<PlistItem> entry(const PlistItem& dictionary, std::string_view key);
-  PlistItem key(std::uint64_t object);
-  std::string_view keyText(const PlistItem& dictionary, std::uint64_t position);
-
-  std::uint64_t uidOf(const PlistItem& value);
-  PlistItem archived(std::uint64_t uid);
-  OVRef<OVObject> objectAt(std::uint64_t uid);
-  OVRef<OVObject> leaf(const PlistItem& item);
-  OVRef<OVObject> build(std::uint64_t uid, const PlistItem& dictionary);
-  OVRef<OVObject> makeEmpty(const ClassRecord& record, const PlistItem& dictionary);
-  OVRef<OVObject> makeOpaque(const ClassRecord& record);
-  bool areTexts(const PlistItem& array);
-  bool isText(std::uint64_t uid);
-  void fill(OVObject& object, const PlistItem& dictionary);
-  void fillWaiting();
-  void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);
-  std::vector<OVOpaqueField> opaqueFields(const PlistItem& dictionary, unsigned depth);
-  OVOpaqueValue opaqueValue(const PlistItem& value, unsigned depth);
-  OVOpaqueValue::Array opaqueArray(const PlistItem& container, unsigned depth);
-  const ClassRecord& classRecord(std::uint64_t uid);
-  std::vector<OVString> textArray(const PlistItem& array);
-
-  ArchiveFields openFields(const PlistItem& dictionary);
-  void closeFields(const ArchiveFields& fields) { keyNumbers_.resize(fields.firstKey); }
-  std::uint32_t numberOfKey(std::uint64_t object);
-  void charge(std::uint64_t bytes);
-  void breakRings() noexcept;
-
-  PlistReader plist_;
-  Known known_;
-  PlistItem objects_;
-  std::vector<Slot> slots_;  // by UID
-  std::unordered_map<std::uint64_t, ClassRecord> classRecords_;
   struct Waiting {
     OVRef<OVObject> object;
-    PlistItem dictionary;
+    Item item;
   };
-  std::vector<Waiting> waiting_;
-  unsigned depth_ = 0;  // of objects and of plain containers in them
   class Deeper {
    public:
     explicit Deeper(unsigned& depth) : depth_(++depth) {}
@@ -126,16 +91,101 @@ class ArchiveReader {
    private:
     unsigned& depth_;
   };
+  struct RecentKey {
+    Item item = ~Item{0};
+    std::uint32_t number = 0;
+  };
+  struct RecentClass {
+    std::uint64_t uid = 0;
+    const ClassRecord* record = nullptr;
+  };
+
+  OVRef<OVObject> readRoot();
+  OVRef<OVObject> readTop(const PlistItem& top);
+  PlistItem requiredEntry(const PlistItem& dictionary, std::string_view key, PlistItem::Kind kind);
+  std::optional<PlistItem> entry(const PlistItem& dictionary, std::string_view key);
+  [[nodiscard]] PlistItem key(Item item) const;
+  std::string_view keyText(const PlistItem& dictionary, std::uint64_t position);
+
+  void checkUid(std::uint64_t uid) const;
+  [[nodiscard]] std::uint64_t uidOf(Item item) const;
+  [[nodiscard]] Item itemAt(std::uint64_t uid) const { return plist_.reference(objects_, uid); }
+  OVRef<OVObject> objectAt(std::uint64_t uid);
+  OVRef<OVObject> leaf(const PlistItem& item);
+  OVString newText(const PlistItem& item);
+  OVRef<OVObject> build(std::uint64_t uid, const PlistItem& dictionary);
+  void fill(OVObject& object, const ArchiveFields& fields);
+  void fillWaiting();
+
+  const ClassRecord& classOf(const ArchiveFields& fields);
+  const ClassRecord& classRecord(std::uint64_t uid);
+  const ClassRecord& newClassRecord(std::uint64_t uid);
+  ClassRecord readClassRecord(std::uint64_t uid);
+  std::vector<OVString> textArray(const PlistItem& array);
+  std::optional<PlistItem> form(const ArchiveFields& fields, std::string_view key,
+                                PlistItem::Kind kind);
+  OVRef<OVObject> makeEmpty(const ClassRecord& record, const ArchiveFields& fields);
+  OVRef<OVObject> makeLeaf(std::string_view className, const ArchiveFields& fields);
+  OVRef<OVObject> makeCollection(std::string_view className, const ArchiveFields& fields);
+  OVRef<OVObject> makeOpaque(const ClassRecord& record);
+  bool areTexts(const PlistItem& array);
+  bool isText(std::uint64_t uid);
+
+  std::vector<OVOpaqueField> opaqueFields(const PlistItem& dictionary, unsigned depth);
+  OVOpaqueValue opaqueValue(Item item, unsigned depth);
+  OVOpaqueValue::Array opaqueArray(const PlistItem& container, unsigned depth);
+
+  ArchiveFields openFields(const PlistItem& dictionary);
+  void closeFields(const ArchiveFields& fields) { keyNumbers_.truncate(fields.firstKey); }
+  [[nodiscard]] std::optional<Item> findNumber(const ArchiveFields& fields,
+                                               std::uint32_t number) const;
+  std::uint32_t numberOfKey(Item item);
+  [[gnu::cold]] std::uint32_t newNumberOfKey(Item item, RecentKey& recent);
+  void charge(std::uint64_t bytes);
+  void breakRings() noexcept;
+
+  PlistReader plist_;
+  Known known_;
+  PlistItem objects_;
+  std::vector<Slot> slots_;  // by UID
+  std::unordered_map<std::uint64_t, ClassRecord> classRecords_;
+  std::array<RecentClass, 64> recentClasses_{};
+  std::vector<Waiting> waiting_;
+  unsigned depth_ = 0;  // of objects and of plain containers in them
   std::uint64_t budget_;
 
   KeyNumbers keys_;
-  struct RecentKey {
-    std::uint64_t object = ~0ULL;
-    std::uint32_t number = 0;
-  };
+  std::uint32_t classKey_;
   std::array<RecentKey, 512> recentKeys_{};
-  std::vector<std::uint32_t> keyNumbers_;
+  GrowingArray<std::uint32_t> keyNumbers_;
   std::string scratch_;
 };
+
+inline void ArchiveReader::charge(std::uint64_t bytes) {
+  if (bytes > budget_) {
+    throw OVInvalidArchive("the block would take far more memory than its size allows");
+  }
+  budget_ -= bytes;
+}
+
+inline std::uint32_t ArchiveReader::numberOfKey(Item item) {
+  RecentKey& recent = recentKeys_[static_cast<std::size_t>(item % recentKeys_.size())];
+  return recent.item == item ? recent.number : newNumberOfKey(item, recent);
+}
+
+inline std::optional<ArchiveReader::Item> ArchiveReader::findNumber(const ArchiveFields& fields,
+                                                                    std::uint32_t number) const {
+  const std::uint64_t count = fields.dictionary.count;
+  const std::uint32_t* numbers = keyNumbers_.data() + fields.firstKey;
+  for (std::uint64_t i = 0; i < count; ++i) {
+    if (numbers[i] == number) return plist_.reference(fields.dictionary, count + i);
+  }
+  return std::nullopt;
+}
+
+inline const ArchiveReader::ClassRecord& ArchiveReader::classRecord(std::uint64_t uid) {
+  const RecentClass& recent = recentClasses_[static_cast<std::size_t>(uid % recentClasses_.size())];
+  return recent.record != nullptr && recent.uid == uid ? *recent.record : newClassRecord(uid);
+}
 
 }  // namespace ov::detail

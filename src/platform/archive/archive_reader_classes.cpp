@@ -1,5 +1,8 @@
 #include <utility>
 
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+
 #include "platform/archive/archive_keys.h"
 #include "platform/archive/archive_reader.h"
 #include "platform/maker.h"
@@ -10,24 +13,39 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
+/// What one object is taken to need, whatever its class.
+constexpr std::uint64_t kMemoryPerObject = 256;
+
 bool isTextClass(std::string_view name) {
   return name == kTextClass.name || name == "NSMutableString";
 }
 
 }  // namespace
 
-const ArchiveReader::ClassRecord& ArchiveReader::classRecord(std::uint64_t uid) {
-  if (const auto at = classRecords_.find(uid); at != classRecords_.end()) return at->second;
-  const PlistItem dictionary = archived(uid);
+const ArchiveReader::ClassRecord& ArchiveReader::classOf(const ArchiveFields& fields) {
+  const auto item = findNumber(fields, classKey_);
+  if (!item) throw OVInvalidArchive("an object of the archive has no class");
+  return classRecord(uidOf(*item));
+}
+
+const ArchiveReader::ClassRecord& ArchiveReader::newClassRecord(std::uint64_t uid) {
+  auto at = classRecords_.find(uid);
+  if (at == classRecords_.end()) at = classRecords_.emplace(uid, readClassRecord(uid)).first;
+  recentClasses_[static_cast<std::size_t>(uid % recentClasses_.size())] = {uid, &at->second};
+  return at->second;
+}
+
+ArchiveReader::ClassRecord ArchiveReader::readClassRecord(std::uint64_t uid) {
+  const PlistItem dictionary = plist_.item(itemAt(uid));
   const auto name =
       dictionary.kind == Kind::dictionary ? entry(dictionary, archive::kClassName) : std::nullopt;
   if (!name || !PlistReader::isText(*name)) {
     throw OVInvalidArchive("object " + std::to_string(uid) +
                            " of the archive is used as a class and is none");
   }
-  charge(sizeof(ClassRecord) + 64 + 2 * name->count);
+  charge(sizeof(ClassRecord) + 64);
   ClassRecord record;
-  record.name = plist_.text(*name, scratch_);
+  record.name = newText(*name);
   if (const auto classes = entry(dictionary, archive::kClasses)) {
     record.classes = textArray(*classes);
   }
@@ -35,7 +53,8 @@ const ArchiveReader::ClassRecord& ArchiveReader::classRecord(std::uint64_t uid) 
     record.hints = textArray(*hints);
   }
   if (known_ == Known::registeredClasses) record.known = registeredClass(record.name);
-  return classRecords_.emplace(uid, std::move(record)).first->second;
+  record.isHosts = record.known != nullptr && !isLibraryClass(*record.known);
+  return record;
 }
 
 std::vector<OVString> ArchiveReader::textArray(const PlistItem& array) {
@@ -45,52 +64,68 @@ std::vector<OVString> ArchiveReader::textArray(const PlistItem& array) {
   for (std::uint64_t i = 0; i < array.count; ++i) {
     const PlistItem item = plist_.item(plist_.reference(array, i));
     if (!PlistReader::isText(item)) throw OVInvalidArchive("a class name that is no text");
-    charge(2 * item.count + 64);
-    texts.emplace_back(plist_.text(item, scratch_));
+    texts.push_back(newText(item));
   }
   return texts;
 }
 
-/// The object that stands for an archived one: a text, a collection, one of a registered class, or
-/// else an opaque object. Texts and data blocks are complete, all others still empty.
-OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const PlistItem& dictionary) {
+/// The object that stands for an archived one: of a registered class, a text, a collection, or else
+/// an opaque object. Texts and data blocks are complete, all others still empty.
+OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const ArchiveFields& fields) {
   charge(kMemoryPerObject);
   if (record.known != nullptr) return record.known->make();
   const std::string_view name = record.name;
-  const auto field = [&](std::string_view key, auto accepts) -> std::optional<PlistItem> {
-    const auto found = entry(dictionary, key);
-    return found && accepts(*found) ? found : std::nullopt;
-  };
-  const auto isArray = [](const PlistItem& item) { return item.kind == Kind::array; };
-  const auto isData = [](const PlistItem& item) { return item.kind == Kind::data; };
-
-  if (isTextClass(name)) {
-    if (const auto text = field(archive::kStringText, PlistReader::isText)) return leaf(*text);
-  } else if (name == "NSData" || name == "NSMutableData") {
-    if (const auto data = field(archive::kDataBytes, isData)) return leaf(*data);
-  } else if (name == kMutableArrayClass.name || name == kArrayClass.name) {
-    if (field(archive::kArrayObjects, isArray)) {
-      return name == kArrayClass.name ? OVList<OVObject>::immutableList()
-                                      : OVList<OVObject>::list();
-    }
-  } else if (name == kMutableDictionaryClass.name || name == kDictionaryClass.name) {
-    const auto keys = field(archive::kDictionaryKeys, isArray);
-    if (keys && field(archive::kArrayObjects, isArray) && areTexts(*keys)) {
-      auto made = OVDictionary<OVObject>::dictionary();
-      made->entries()->immutable = name == kDictionaryClass.name;
-      return made;
-    }
-  } else if (name == kDateClass.name) {
-    return kDateClass.make();
-  }
+  if (name == kDateClass.name) return kDateClass.make();
+  if (auto made = makeLeaf(name, fields)) return made;
+  if (auto made = makeCollection(name, fields)) return made;
   return makeOpaque(record);
+}
+
+/// The field's item, when it is of the kind that the archive's own classes have there.
+std::optional<PlistItem> ArchiveReader::form(const ArchiveFields& fields, std::string_view key,
+                                             Kind kind) {
+  const auto item = find(fields, key);
+  if (!item) return std::nullopt;
+  const PlistItem found = plist_.item(*item);
+  const bool isWanted = kind == Kind::ascii ? PlistReader::isText(found) : found.kind == kind;
+  return isWanted ? std::optional(found) : std::nullopt;
+}
+
+OVRef<OVObject> ArchiveReader::makeLeaf(std::string_view className, const ArchiveFields& fields) {
+  std::optional<PlistItem> found;
+  if (isTextClass(className)) {
+    found = form(fields, archive::kStringText, Kind::ascii);
+  } else if (className == "NSData" || className == "NSMutableData") {
+    found = form(fields, archive::kDataBytes, Kind::data);
+  }
+  return found ? leaf(*found) : nullptr;
+}
+
+OVRef<OVObject> ArchiveReader::makeCollection(std::string_view className,
+                                              const ArchiveFields& fields) {
+  const bool isArray = className == kArrayClass.name;
+  const bool isDictionary = className == kDictionaryClass.name;
+  if (isArray || className == kMutableArrayClass.name) {
+    if (!form(fields, archive::kArrayObjects, Kind::array)) return nullptr;
+    return isArray ? OVList<OVObject>::immutableList() : OVList<OVObject>::list();
+  }
+  if (isDictionary || className == kMutableDictionaryClass.name) {
+    const auto keys = form(fields, archive::kDictionaryKeys, Kind::array);
+    if (!keys || !form(fields, archive::kArrayObjects, Kind::array) || !areTexts(*keys)) {
+      return nullptr;
+    }
+    auto made = OVDictionary<OVObject>::dictionary();
+    made->entries()->immutable = isDictionary;
+    return made;
+  }
+  return nullptr;
 }
 
 /// True when every element refers to a text.
 bool ArchiveReader::areTexts(const PlistItem& array) {
   charge(array.count);
   for (std::uint64_t i = 0; i < array.count; ++i) {
-    if (!isText(uidOf(plist_.item(plist_.reference(array, i))))) return false;
+    if (!isText(uidOf(plist_.reference(array, i)))) return false;
   }
   return true;
 }
@@ -98,12 +133,13 @@ bool ArchiveReader::areTexts(const PlistItem& array) {
 /// Whether a text stands there, directly or as an object. Builds nothing, so that keys which are
 /// dictionaries with keys of their own lead no deeper.
 bool ArchiveReader::isText(std::uint64_t uid) {
-  const PlistItem item = archived(uid);
+  const PlistItem item = plist_.item(itemAt(uid));
   if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
-  const auto classEntry = entry(item, archive::kClass);
-  const auto text = entry(item, archive::kStringText);
-  return classEntry && text && PlistReader::isText(*text) &&
-         isTextClass(classRecord(uidOf(*classEntry)).name);
+  const ArchiveFields fields = openFields(item);
+  const bool isText = isTextClass(classOf(fields).name) &&
+                      form(fields, archive::kStringText, Kind::ascii).has_value();
+  closeFields(fields);
+  return isText;
 }
 
 OVRef<OVObject> ArchiveReader::makeOpaque(const ClassRecord& record) {
@@ -113,55 +149,6 @@ OVRef<OVObject> ArchiveReader::makeOpaque(const ClassRecord& record) {
   object->classHints_ = record.hints;
   charge((record.classes.size() + record.hints.size()) * sizeof(OVString));
   return object;
-}
-
-void ArchiveReader::fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary) {
-  std::vector<OVOpaqueField> fields = opaqueFields(dictionary, 0);
-  std::erase_if(fields, [](const OVOpaqueField& field) { return field.key == archive::kClass; });
-  object.fields_ = std::move(fields);
-}
-
-std::vector<OVOpaqueField> ArchiveReader::opaqueFields(const PlistItem& dictionary,
-                                                       unsigned depth) {
-  charge(dictionary.count * sizeof(OVOpaqueField));
-  std::vector<OVOpaqueField> fields;
-  fields.reserve(static_cast<std::size_t>(dictionary.count));
-  for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    const std::string_view text = keyText(dictionary, i);
-    charge(2 * text.size() + 64);
-    const OVString key(text);
-    const PlistItem value = plist_.item(plist_.reference(dictionary, dictionary.count + i));
-    fields.push_back(
-        {key, key == archive::kClass && depth == 0 ? OVOpaqueValue() : opaqueValue(value, depth)});
-  }
-  return fields;
-}
-
-OVOpaqueValue ArchiveReader::opaqueValue(const PlistItem& value, unsigned depth) {
-  if (depth >= kDeepest) throw OVInvalidArchive("containers inside each other without end");
-  const Deeper deeper(depth_);
-  switch (value.kind) {
-    case Kind::uid:
-      return {OVOpaqueValue::Reference{objectAt(uidOf(value))}};
-    case Kind::array:
-      return {opaqueArray(value, depth + 1)};
-    case Kind::set:
-      return {OVOpaqueValue::Set{opaqueArray(value, depth + 1)}};
-    case Kind::dictionary:
-      return {opaqueFields(value, depth + 1)};
-    default:
-      return {OVOpaqueValue::Inline{leaf(value)}};
-  }
-}
-
-OVOpaqueValue::Array ArchiveReader::opaqueArray(const PlistItem& container, unsigned depth) {
-  charge(container.count * sizeof(OVOpaqueValue));
-  OVOpaqueValue::Array values;
-  values.reserve(static_cast<std::size_t>(container.count));
-  for (std::uint64_t i = 0; i < container.count; ++i) {
-    values.push_back(opaqueValue(plist_.item(plist_.reference(container, i)), depth));
-  }
-  return values;
 }
 
 }  // namespace ov::detail

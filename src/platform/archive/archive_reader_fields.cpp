@@ -1,3 +1,6 @@
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+
 #include "platform/archive/archive_keys.h"
 #include "platform/archive/archive_reader.h"
 
@@ -7,7 +10,7 @@ using Kind = PlistItem::Kind;
 
 /// Gives each key of the dictionary its number, once, so that look-ups compare numbers.
 ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
-  const ArchiveFields fields{dictionary, keyNumbers_.size()};
+  const ArchiveFields fields{dictionary, keyNumbers_.size(), false};
   charge(dictionary.count * sizeof(std::uint32_t));
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
     keyNumbers_.push_back(numberOfKey(plist_.reference(dictionary, i)));
@@ -15,63 +18,70 @@ ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
   return fields;
 }
 
-std::uint32_t ArchiveReader::numberOfKey(std::uint64_t object) {
-  RecentKey& recent = recentKeys_[static_cast<std::size_t>(object % recentKeys_.size())];
-  if (recent.object == object) return recent.number;
-  const PlistItem item = key(object);
-  charge(item.count);
-  const std::string_view text = plist_.text(item, scratch_);
+std::uint32_t ArchiveReader::newNumberOfKey(Item item, RecentKey& recent) {
+  const PlistItem found = key(item);
+  charge(found.count);
+  const std::string_view text = plist_.text(found, scratch_);
   std::uint32_t number = keys_.find(text);
   if (number == KeyNumbers::kNone) {
     charge(text.size() + 128);
-    number = static_cast<std::uint32_t>(keys_.size());
-    keys_.add(text, number);
+    number = keys_.add(text);
   }
-  recent = {object, number};
+  recent = {item, number};
   return number;
 }
 
-std::optional<PlistItem> ArchiveReader::find(const ArchiveFields& fields, std::string_view key) {
-  const std::uint32_t wanted = key.starts_with(archive::kReserved)
-                                   ? keys_.find(archive::kReserved + std::string(key))
-                                   : keys_.find(key);
-  if (wanted == KeyNumbers::kNone) return std::nullopt;
-  for (std::uint64_t i = 0; i < fields.dictionary.count; ++i) {
-    if (keyNumbers_[fields.firstKey + static_cast<std::size_t>(i)] == wanted) {
-      return plist_.item(plist_.reference(fields.dictionary, fields.dictionary.count + i));
-    }
+std::optional<ArchiveReader::Item> ArchiveReader::find(const ArchiveFields& fields,
+                                                       std::string_view key) {
+  std::uint32_t wanted = 0;
+  if (key.starts_with(archive::kReserved)) {
+    wanted = keys_.find(archive::kReserved + std::string(key));
+  } else {
+    wanted = fields.hasConstantKeys ? keys_.findConstant(key) : keys_.find(key);
   }
-  return std::nullopt;
+  return wanted == KeyNumbers::kNone ? std::nullopt : findNumber(fields, wanted);
 }
 
 bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view key,
                                  std::vector<OVRef<OVObject>>& elements) {
-  const auto array = find(fields, key);
-  if (!array || array->kind != Kind::array) return false;
+  const auto array = form(fields, key, Kind::array);
+  if (!array) return false;
   charge(array->count * sizeof(OVRef<OVObject>));
   elements.reserve(static_cast<std::size_t>(array->count));
   for (std::uint64_t i = 0; i < array->count; ++i) {
-    elements.push_back(objectAt(uidOf(plist_.item(plist_.reference(*array, i)))));
+    elements.push_back(objectAt(uidOf(plist_.reference(*array, i))));
   }
   return true;
 }
 
-void ArchiveReader::readTexts(const ArchiveFields& fields, std::string_view key,
+bool ArchiveReader::readTexts(const ArchiveFields& fields, std::string_view key,
                               std::vector<OVString>& texts) {
-  const auto array = find(fields, key);
-  if (!array || array->kind != Kind::array) return;
+  const auto array = form(fields, key, Kind::array);
+  if (!array) return false;
   charge(array->count * 2 * sizeof(DictionaryEntries::Entry));
   texts.reserve(static_cast<std::size_t>(array->count));
   for (std::uint64_t i = 0; i < array->count; ++i) {
-    texts.push_back(textOf(plist_.item(plist_.reference(*array, i))));
+    texts.push_back(textOf(plist_.reference(*array, i)));
   }
+  return true;
 }
 
-bool ArchiveReader::readList(const ArchiveFields& fields, std::string_view key,
-                             std::vector<OVRef<OVObject>>& elements) {
-  const auto value = find(fields, key);
-  if (!value) return false;
-  const auto list = std::dynamic_pointer_cast<AnyList>(objectOf(*value));
+bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) {
+  std::uint64_t uid = 0;
+  if (!plist_.isUid(item, uid)) return false;
+  checkUid(uid);
+  const PlistItem archived = plist_.item(itemAt(uid));
+  const bool isNew = slots_[static_cast<std::size_t>(uid)].object == nullptr;
+  if (isNew && archived.kind == Kind::dictionary) {
+    // A list that only its owner refers to is never made an object.
+    const ArchiveFields fields = openFields(archived);
+    const std::string_view name = classOf(fields).name;
+    const bool isList = name == kMutableArrayClass.name || name == kArrayClass.name;
+    const bool isRead = isList && readElements(fields, archive::kArrayObjects, elements);
+    closeFields(fields);
+    if (isRead) return true;
+  }
+  const auto list = std::dynamic_pointer_cast<AnyList>(objectAt(uid));
   if (list == nullptr) return false;
   charge(list->size() * sizeof(OVRef<OVObject>));
   elements = list->elements()->items;

@@ -67,9 +67,9 @@ void AnyDictionary::initWithCoder(OVKeyedUnarchiver& coder) {
   }
   entries_->clear();
   entries_->reserve(keys.size());
+  // Of two equal keys the first counts.
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    // Of two equal keys the first counts.
-    if (entries_->find(keys[i]) == nullptr) entries_->setAny(keys[i], std::move(values[i]));
+    entries_->add(keys[i], std::move(values[i]));
   }
 }
 
@@ -108,4 +108,8 @@ void OVOpaqueObject::encodeWithCoder(OVKeyedArchiver& coder) const {
   ArchiveWriter& writer = coder.writer_;
   for (const OVOpaqueField& field : fields_)
     writer.rawField(field.key, writer.opaqueValue(field.value));
+}
+
+void OVOpaqueObject::initWithCoder(OVKeyedUnarchiver& coder) {
+  coder.reader_.fillOpaque(*this, coder.fields_.dictionary);
 }

@@ -31,7 +31,12 @@ class KeyNumbers {
                                                                      : findAnew(key);
   }
   void add(std::string_view key, std::uint32_t number) { numbers_.emplace(key, number); }
-  [[nodiscard]] std::size_t size() const { return numbers_.size(); }
+  /// Gives the key the next free number.
+  std::uint32_t add(std::string_view key) {
+    const auto number = static_cast<std::uint32_t>(numbers_.size());
+    add(key, number);
+    return number;
+  }
 
  private:
   struct Hash {

@@ -6,7 +6,8 @@
 #include "platform/real.h"
 
 using ov::detail::ArchiveReader;
-using Kind = ov::detail::PlistItem::Kind;
+using ov::detail::PlistItem;
+using Kind = PlistItem::Kind;
 
 namespace {
 
@@ -36,31 +37,31 @@ bool OVKeyedUnarchiver::containsValueForKey(std::string_view key) const {
 }
 
 OVRef<OVObject> OVKeyedUnarchiver::decodeObjectForKey(std::string_view key) {
-  const auto value = reader_.find(fields_, key);
-  return value ? reader_.objectOf(*value) : nullptr;
+  const auto item = reader_.find(fields_, key);
+  return item ? reader_.objectOf(*item) : nullptr;
 }
 
 OVString OVKeyedUnarchiver::decodeStringForKey(std::string_view key) {
-  const auto value = reader_.find(fields_, key);
-  return value ? reader_.textOf(*value) : nullptr;
+  const auto item = reader_.find(fields_, key);
+  return item ? reader_.textOf(*item) : nullptr;
 }
 
 bool OVKeyedUnarchiver::decodeListForKey(std::vector<OVRef<OVObject>>& items,
                                          std::string_view key) {
-  return reader_.readList(fields_, key, items);
+  const auto item = reader_.find(fields_, key);
+  return item && reader_.readList(*item, items);
 }
 
 std::int64_t OVKeyedUnarchiver::decodeIntegerForKey(std::string_view key) const {
-  const auto value = reader_.find(fields_, key);
-  if (!value) return 0;
-  if (value->kind == Kind::integer) {
-    const auto [integer, isUnsigned] = reader_.plist().integer(*value);
+  const auto item = reader_.find(fields_, key);
+  if (!item) return 0;
+  const PlistItem value = reader_.plist().item(*item);
+  if (value.kind == Kind::integer) {
+    const auto [integer, isUnsigned] = reader_.plist().integer(value);
     return isUnsigned ? std::numeric_limits<std::int64_t>::max() : integer;
   }
-  if (value->kind == Kind::real) {
-    return ov::detail::integerFromReal(reader_.plist().real(*value));
-  }
-  return value->kind == Kind::boolean && reader_.plist().boolean(*value) ? 1 : 0;
+  if (value.kind == Kind::real) return ov::detail::integerFromReal(reader_.plist().real(value));
+  return value.kind == Kind::boolean && reader_.plist().boolean(value) ? 1 : 0;
 }
 
 bool OVKeyedUnarchiver::decodeBoolForKey(std::string_view key) const {
@@ -68,18 +69,21 @@ bool OVKeyedUnarchiver::decodeBoolForKey(std::string_view key) const {
 }
 
 double OVKeyedUnarchiver::decodeDoubleForKey(std::string_view key) const {
-  const auto value = reader_.find(fields_, key);
-  if (value && value->kind == Kind::real) return reader_.plist().real(*value);
-  if (value && value->kind == Kind::integer) {
-    const auto [integer, isUnsigned] = reader_.plist().integer(*value);
+  const auto item = reader_.find(fields_, key);
+  if (!item) return 0;
+  const PlistItem value = reader_.plist().item(*item);
+  if (value.kind == Kind::real) return reader_.plist().real(value);
+  if (value.kind == Kind::integer) {
+    const auto [integer, isUnsigned] = reader_.plist().integer(value);
     return isUnsigned ? static_cast<double>(static_cast<std::uint64_t>(integer))
                       : static_cast<double>(integer);
   }
-  return value && value->kind == Kind::boolean && reader_.plist().boolean(*value) ? 1 : 0;
+  return value.kind == Kind::boolean && reader_.plist().boolean(value) ? 1 : 0;
 }
 
 std::span<const std::byte> OVKeyedUnarchiver::decodeBytesForKey(std::string_view key) const {
-  const auto value = reader_.find(fields_, key);
-  if (!value || value->kind != Kind::data) return {};
-  return reader_.plist().data(*value);
+  const auto item = reader_.find(fields_, key);
+  if (!item) return {};
+  const PlistItem value = reader_.plist().item(*item);
+  return value.kind == Kind::data ? reader_.plist().data(value) : std::span<const std::byte>();
 }

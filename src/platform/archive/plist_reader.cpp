@@ -6,7 +6,6 @@
 
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
-#include "platform/archive/plist_format.h"
 #include "platform/utf8.h"
 
 namespace ov::detail {
@@ -32,9 +31,9 @@ void PlistReader::readTrailer() {
   const std::byte* trailer = begin_ + size_ - plist::kTrailerSize;
   offsetSize_ = static_cast<unsigned>(trailer[6]);
   referenceSize_ = static_cast<unsigned>(trailer[7]);
-  objectCount_ = bigEndian(trailer + 8, 8);
-  top_ = bigEndian(trailer + 16, 8);
-  tableOffset_ = bigEndian(trailer + 24, 8);
+  objectCount_ = loadBigEndian(trailer + 8, 8);
+  top_ = loadBigEndian(trailer + 16, 8);
+  tableOffset_ = loadBigEndian(trailer + 24, 8);
   checkTrailer(size_ - plist::kTrailerSize);
   table_ = begin_ + tableOffset_;
 }
@@ -59,36 +58,9 @@ void PlistReader::checkTrailer(std::uint64_t size) const {
   }
 }
 
-std::uint64_t PlistReader::bigEndian(const std::byte* bytes, unsigned width) const {
-  if (width == 4) {
-    std::uint32_t number = 0;
-    std::memcpy(&number, bytes, sizeof number);
-    return std::endian::native == std::endian::little ? __builtin_bswap32(number) : number;
-  }
-  std::uint64_t number = 0;
-  for (unsigned i = 0; i < width; ++i) number = number << 8 | static_cast<std::uint64_t>(bytes[i]);
-  return number;
-}
-
 void PlistReader::refuse(std::string_view what, std::uint64_t object) const {
   throw OVInvalidArchive("property list object " + std::to_string(object) + ": " +
                          std::string(what));
-}
-
-std::uint64_t PlistReader::offset(std::uint64_t object) const {
-  if (object >= objectCount_) refuse("a reference past the last object", object);
-  const std::uint64_t offset = bigEndian(table_ + object * offsetSize_, offsetSize_);
-  if (offset < plist::kHeader.size() || offset >= tableOffset_) {
-    refuse("its offset lies outside the objects", object);
-  }
-  return offset;
-}
-
-std::uint64_t PlistReader::reference(const PlistItem& container, std::uint64_t position) const {
-  const std::uint64_t object =
-      bigEndian(container.bytes + position * referenceSize_, referenceSize_);
-  if (object >= objectCount_) refuse("a reference past the last object", object);
-  return object;
 }
 
 PlistItem PlistReader::item(std::uint64_t object) const {
@@ -153,7 +125,7 @@ std::uint64_t PlistReader::readLength(const std::byte*& at, unsigned low,
   }
   const unsigned width = 1U << (marker & 0x0FU);
   if (static_cast<std::uint64_t>(end - at) <= width) refuse("its length is cut short", object);
-  const std::uint64_t length = bigEndian(at + 1, width);
+  const std::uint64_t length = loadBigEndian(at + 1, width);
   at += 1 + width;
   return length;
 }
@@ -179,7 +151,7 @@ std::string_view PlistReader::text(const PlistItem& item, std::string& storage) 
     return text;
   }
   const auto unit = [&](std::size_t i) {
-    return static_cast<char32_t>(bigEndian(item.bytes + 2 * i, 2));
+    return static_cast<char32_t>(loadBigEndian(item.bytes + 2 * i, 2));
   };
   storage.clear();
   for (std::size_t i = 0; i < count; ++i) {
@@ -201,29 +173,26 @@ bool PlistReader::equals(const PlistItem& item, std::string_view ascii) const {
   if (item.kind == Kind::ascii) return std::memcmp(item.bytes, ascii.data(), ascii.size()) == 0;
   if (item.kind != Kind::utf16) return false;
   for (std::size_t i = 0; i < ascii.size(); ++i) {
-    if (bigEndian(item.bytes + 2 * i, 2) != static_cast<unsigned char>(ascii[i])) return false;
+    const auto unit = loadAs<std::uint16_t>(item.bytes + 2 * i);
+    if (unit != static_cast<unsigned char>(ascii[i])) return false;
   }
   return true;
 }
 
-std::uint64_t PlistReader::uid(const PlistItem& item) const {
-  return bigEndian(item.bytes, static_cast<unsigned>(item.count));
-}
-
 double PlistReader::real(const PlistItem& item) const {
   if (item.count == 4) {
-    return std::bit_cast<float>(static_cast<std::uint32_t>(bigEndian(item.bytes, 4)));
+    return std::bit_cast<float>(static_cast<std::uint32_t>(loadBigEndian(item.bytes, 4)));
   }
-  return std::bit_cast<double>(bigEndian(item.bytes, 8));
+  return std::bit_cast<double>(loadBigEndian(item.bytes, 8));
 }
 
 PlistReader::Integer PlistReader::integer(const PlistItem& item) const {
   if (item.count < 16) {
-    return {static_cast<std::int64_t>(bigEndian(item.bytes, static_cast<unsigned>(item.count))),
+    return {static_cast<std::int64_t>(loadBigEndian(item.bytes, static_cast<unsigned>(item.count))),
             false};
   }
-  const std::uint64_t high = bigEndian(item.bytes, 8);
-  const std::uint64_t low = bigEndian(item.bytes + 8, 8);
+  const std::uint64_t high = loadBigEndian(item.bytes, 8);
+  const std::uint64_t low = loadBigEndian(item.bytes + 8, 8);
   const auto value = static_cast<std::int64_t>(low);
   if (high == 0) return {value, value < 0};
   if (~high == 0 && value < 0) return {value, false};

@@ -6,6 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/archive/big_endian.h"
+#include "platform/archive/plist_format.h"
+
 namespace ov::detail {
 
 /// One object of a binary property list, its extent checked against the block.
@@ -43,7 +46,8 @@ class PlistReader {
   [[nodiscard]] std::uint64_t top() const { return top_; }
 
   [[nodiscard]] PlistItem item(std::uint64_t object) const;
-  /// The object at a position of an array or set; of a dictionary, keys come before values.
+  /// The object at a position of an array or set; of a dictionary, keys come before values. It may
+  /// be past the last object, which is found when it is read.
   [[nodiscard]] std::uint64_t reference(const PlistItem& container, std::uint64_t position) const;
 
   [[nodiscard]] static bool isText(const PlistItem& item) {
@@ -53,7 +57,11 @@ class PlistReader {
   [[nodiscard]] std::string_view text(const PlistItem& item, std::string& storage) const;
   /// True for a text of these very characters, all of them ASCII.
   [[nodiscard]] bool equals(const PlistItem& item, std::string_view ascii) const;
-  [[nodiscard]] std::uint64_t uid(const PlistItem& item) const;
+  [[nodiscard]] static std::uint64_t uid(const PlistItem& item) {
+    return loadBigEndian(item.bytes, static_cast<unsigned>(item.count));
+  }
+  /// True when the object is a UID, which goes to `uid`.
+  [[nodiscard]] bool isUid(std::uint64_t object, std::uint64_t& uid) const;
   [[nodiscard]] double real(const PlistItem& item) const;
   /// An integer, and whether it stands above the signed range.
   struct Integer {
@@ -70,7 +78,6 @@ class PlistReader {
   [[nodiscard]] std::uint64_t offset(std::uint64_t object) const;
 
  private:
-  [[nodiscard]] std::uint64_t bigEndian(const std::byte* bytes, unsigned width) const;
   void readTrailer();
   void checkTrailer(std::uint64_t size) const;
   std::uint64_t readLength(const std::byte*& at, unsigned low, std::uint64_t object) const;
@@ -79,7 +86,7 @@ class PlistReader {
   [[nodiscard]] PlistItem sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
                                 std::uint64_t unit, std::uint64_t object) const;
   [[nodiscard]] PlistItem fixed(unsigned marker, const std::byte* at, std::uint64_t object) const;
-  [[noreturn]] void refuse(std::string_view what, std::uint64_t object) const;
+  [[noreturn, gnu::cold]] void refuse(std::string_view what, std::uint64_t object) const;
 
   const std::byte* begin_;
   const std::byte* table_ = nullptr;
@@ -90,5 +97,30 @@ class PlistReader {
   unsigned offsetSize_ = 0;
   unsigned referenceSize_ = 0;
 };
+
+inline std::uint64_t PlistReader::offset(std::uint64_t object) const {
+  if (object >= objectCount_) refuse("a reference past the last object", object);
+  const std::uint64_t offset = loadBigEndian(table_ + object * offsetSize_, offsetSize_);
+  if (offset < plist::kHeader.size() || offset >= tableOffset_) {
+    refuse("its offset lies outside the objects", object);
+  }
+  return offset;
+}
+
+inline std::uint64_t PlistReader::reference(const PlistItem& container,
+                                            std::uint64_t position) const {
+  return loadBigEndian(container.bytes + position * referenceSize_, referenceSize_);
+}
+
+inline bool PlistReader::isUid(std::uint64_t object, std::uint64_t& uid) const {
+  const std::byte* at = begin_ + offset(object);
+  const auto marker = static_cast<unsigned>(*at);
+  if ((marker & 0xF8U) != plist::kUid) return false;
+  const unsigned width = (marker & 0x07U) + 1;
+  if (width >= static_cast<std::uint64_t>(table_ - at))
+    refuse("it does not fit into the block", object);
+  uid = loadBigEndian(at + 1, width);
+  return true;
+}
 
 }  // namespace ov::detail
