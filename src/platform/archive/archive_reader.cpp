@@ -192,7 +192,9 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   fields.hasConstantKeys = !record.isHosts;
   OVRef<OVObject> object = makeEmpty(record, fields);
   slots_[static_cast<std::size_t>(uid)].object = object;
-  if (depth_ < kDeepest) {
+  if (object == nullptr) {
+    // A host's class may decline to make an object.
+  } else if (depth_ < kDeepest) {
     fill(*object, fields);
   } else {
     waiting_.push_back({object, itemAt(uid)});

@@ -81,6 +81,10 @@ class ArchiveReader {
     OVRef<OVObject> object;
     Item item;
   };
+  struct InlineLeaf {
+    PlistItem item;
+    OVRef<OVObject> object;
+  };
   class Deeper {
    public:
     explicit Deeper(unsigned& depth) : depth_(++depth) {}
@@ -133,6 +137,7 @@ class ArchiveReader {
 
   std::vector<OVOpaqueField> opaqueFields(const PlistItem& dictionary, unsigned depth);
   OVOpaqueValue opaqueValue(Item item, unsigned depth);
+  OVRef<OVObject> inlineLeaf(const PlistItem& item);
   OVOpaqueValue::Array opaqueArray(const PlistItem& container, unsigned depth);
 
   ArchiveFields openFields(const PlistItem& dictionary);
@@ -148,6 +153,7 @@ class ArchiveReader {
   Known known_;
   PlistItem objects_;
   std::vector<Slot> slots_;  // by UID
+  std::unordered_map<const std::byte*, InlineLeaf> inlineLeaves_;
   std::unordered_map<std::uint64_t, ClassRecord> classRecords_;
   std::array<RecentClass, 64> recentClasses_{};
   std::vector<Waiting> waiting_;

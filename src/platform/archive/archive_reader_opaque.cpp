@@ -44,8 +44,21 @@ OVOpaqueValue ArchiveReader::opaqueValue(Item item, unsigned depth) {
     case Kind::dictionary:
       return {opaqueFields(value, depth + 1)};
     default:
-      return {OVOpaqueValue::Inline{leaf(value)}};
+      return {OVOpaqueValue::Inline{inlineLeaf(value)}};
   }
+}
+
+/// What stands inside an opaque object. Long texts and data blocks that many objects hold are made
+/// once, as our own writer writes them once.
+OVRef<OVObject> ArchiveReader::inlineLeaf(const PlistItem& item) {
+  constexpr std::uint64_t kLong = 64;
+  if (item.count < kLong) return leaf(item);
+  charge(sizeof(InlineLeaf) + 64);
+  InlineLeaf& known = inlineLeaves_[item.bytes];
+  if (known.object == nullptr || known.item.kind != item.kind || known.item.count != item.count) {
+    known = {item, leaf(item)};
+  }
+  return known.object;
 }
 
 OVOpaqueValue::Array ArchiveReader::opaqueArray(const PlistItem& container, unsigned depth) {
