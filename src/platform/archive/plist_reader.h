@@ -46,8 +46,7 @@ class PlistReader {
   [[nodiscard]] std::uint64_t top() const { return top_; }
 
   [[nodiscard]] PlistItem item(std::uint64_t object) const;
-  /// The object at a position of an array or set; of a dictionary, keys come before values. It may
-  /// be past the last object, which is found when it is read.
+  /// The object at a position of an array or set; of a dictionary, keys come before values.
   [[nodiscard]] std::uint64_t reference(const PlistItem& container, std::uint64_t position) const;
 
   [[nodiscard]] static bool isText(const PlistItem& item) {
@@ -109,7 +108,10 @@ inline std::uint64_t PlistReader::offset(std::uint64_t object) const {
 
 inline std::uint64_t PlistReader::reference(const PlistItem& container,
                                             std::uint64_t position) const {
-  return loadBigEndian(container.bytes + position * referenceSize_, referenceSize_);
+  const std::uint64_t object =
+      loadBigEndian(container.bytes + position * referenceSize_, referenceSize_);
+  if (object >= objectCount_) refuse("a reference past the last object", object);
+  return object;
 }
 
 inline bool PlistReader::isUid(std::uint64_t object, std::uint64_t& uid) const {
