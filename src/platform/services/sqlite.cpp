@@ -33,7 +33,7 @@ bool Error::isInFile() const {
 
 void Database::Close::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
 
-Database::Database(const std::string& path, Deadline& deadline) {
+Database::Database(const std::string& path, Deadline& deadline) : deadline_(deadline) {
   constexpr int kFlags =
       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
   sqlite3* opened = nullptr;
@@ -54,9 +54,13 @@ void Database::keepLogOnClose() {
 }
 
 void Database::checkpoint() {
-  check(sqlite3_wal_checkpoint_v2(connection_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr,
-                                  nullptr),
-        connection_.get());
+  int code = SQLITE_OK;
+  do {
+    code = sqlite3_wal_checkpoint_v2(connection_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
+                                     nullptr, nullptr);
+    // While another process does the same, SQLite gives up at once.
+  } while ((code & 0xFF) == SQLITE_BUSY && deadline_.pause());
+  check(code, connection_.get());
 }
 
 void Database::checkpointIfLongerThan(int pages) {

@@ -53,6 +53,7 @@ class Database {
   struct Close {
     void operator()(sqlite3* connection) const;
   };
+  Deadline& deadline_;
   std::unique_ptr<sqlite3, Close> connection_;
   int logPages_ = 0;
 };
