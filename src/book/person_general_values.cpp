@@ -86,6 +86,7 @@ void OVPersonGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVPersonGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
+  entries_.clear();
   const auto rows = standardProperties();
   std::array<OVRef<OVObject>, kStandardPropertyCount> values;
   for (std::size_t i = 0; i < values.size(); ++i) {

@@ -137,6 +137,8 @@ void OVMutableMultipleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
 
 void OVMutableMultipleValue::initWithCoder(OVKeyedUnarchiver& coder) {
   OVMultipleValue::initWithCoder(coder);
+  elements_.clear();
+  mainValue_.place(nullptr);
   hasList_ = coder.decodeListForKey(elements_, kElementsKey);
   if (elements_.empty()) return;
   const std::int64_t index = coder.decodeIntegerForKey(kMainIndexKey);

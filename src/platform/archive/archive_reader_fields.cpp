@@ -1,5 +1,4 @@
 #include <OVAddressBookSDK/dictionary.h>
-#include <OVAddressBookSDK/list.h>
 
 #include "platform/archive/archive_keys.h"
 #include "platform/archive/archive_reader.h"
@@ -71,21 +70,14 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   if (!plist_.isUid(item, uid)) return false;
   checkUid(uid);
   const PlistItem archived = plist_.item(itemAt(uid));
-  const bool isNew = slots_[static_cast<std::size_t>(uid)].object == nullptr;
-  if (isNew && archived.kind == Kind::dictionary) {
-    // A list that only its owner refers to is never made an object.
-    const ArchiveFields fields = openFields(archived);
-    const std::string_view name = classOf(fields).name;
-    const bool isList = name == kMutableArrayClass.name || name == kArrayClass.name;
-    const bool isRead = isList && readElements(fields, archive::kArrayObjects, elements);
-    closeFields(fields);
-    if (isRead) return true;
-  }
-  const auto list = std::dynamic_pointer_cast<AnyList>(objectAt(uid));
-  if (list == nullptr) return false;
-  charge(list->size() * sizeof(OVRef<OVObject>));
-  elements = list->elements()->items;
-  return true;
+  if (archived.kind != Kind::dictionary) return false;
+  // Read where it stands: as an object it may be half filled, and mostly it is never needed as one.
+  const ArchiveFields fields = openFields(archived);
+  const std::string_view name = classOf(fields).name;
+  const bool isList = name == kMutableArrayClass.name || name == kArrayClass.name;
+  const bool isRead = isList && readElements(fields, archive::kArrayObjects, elements);
+  closeFields(fields);
+  return isRead;
 }
 
 }  // namespace ov::detail
