@@ -136,7 +136,7 @@ TEST(PropertyDescriptor, IsNotArchived) {
 }
 
 TEST(FirstUse, OfTheDictionaryBuildsTheCatalogue) {
-  EXPECT_IN_OWN_PROCESS({
+  expectInOwnProcess([] {
     const auto dictionary = OVProperty::StandardPropertyDictionary();
     EXPECT_EQ(dictionary->size(), 23U);
     EXPECT_EQ((*dictionary)["Note"], OVProperty::StandardPropertyArray()->back());
@@ -144,7 +144,7 @@ TEST(FirstUse, OfTheDictionaryBuildsTheCatalogue) {
 }
 
 TEST(FirstUse, OfALookUpBuildsTheCatalogue) {
-  EXPECT_IN_OWN_PROCESS({
+  expectInOwnProcess([] {
     const auto note = OVProperty::propertyWithName("Note");
     EXPECT_NE(note, nullptr);
     EXPECT_EQ(note, OVProperty::StandardPropertyArray()->back());

@@ -7,17 +7,17 @@
 
 namespace {
 
-TEST(CatalogueThreads, RacingFirstCallsGetOneFinishedCatalogue) {
-  EXPECT_IN_OWN_PROCESS({
+TEST(CatalogueThreads, RacingFirstLookUpsGetOneFinishedCatalogue) {
+  expectInOwnProcess([] {
     const auto notes = fromEightThreads([] { return OVProperty::propertyWithName("Note"); });
-    for (const auto& note : notes) EXPECT_EQ(note, OVProperty::StandardPropertyArray()->back());
+    EXPECT_THAT(notes, testing::Each(OVProperty::StandardPropertyArray()->back()));
   });
 }
 
 TEST(CatalogueThreads, RacingFirstListsAreOneList) {
-  EXPECT_IN_OWN_PROCESS({
+  expectInOwnProcess([] {
     const auto lists = fromEightThreads([] { return OVProperty::StandardPropertyArray(); });
-    for (const auto& list : lists) EXPECT_EQ(list, lists.front());
+    EXPECT_THAT(lists, testing::Each(lists.front()));
     EXPECT_EQ(lists.front()->size(), 23U);
   });
 }
