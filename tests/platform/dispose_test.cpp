@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int kLong = 1'000'000;
+constexpr int kLongEnough = 200'000;
 
 TEST(Dispose, AChainOfAMillionValuesIsDestroyed) {
   OVRef<OVObject> last;
@@ -31,10 +32,10 @@ TEST(Dispose, AChainOfAMillionValuesIsDestroyed) {
   EXPECT_TRUE(innermost.expired());
 }
 
-TEST(Dispose, AChainOfAMillionListsIsDestroyed) {
+TEST(Dispose, ALongChainOfListsIsDestroyed) {
   auto last = OVList<OVObject>::list();
   const std::weak_ptr<OVObject> innermost = last;
-  for (int i = 0; i < kLong; ++i) {
+  for (int i = 0; i < kLongEnough; ++i) {
     auto list = OVList<OVObject>::list();
     list->push_back(std::exchange(last, nullptr));
     last = std::move(list);
@@ -43,10 +44,10 @@ TEST(Dispose, AChainOfAMillionListsIsDestroyed) {
   EXPECT_TRUE(innermost.expired());
 }
 
-TEST(Dispose, AChainOfAMillionDictionariesIsDestroyed) {
+TEST(Dispose, ALongChainOfDictionariesIsDestroyed) {
   auto last = OVDictionary<OVObject>::dictionary();
   const std::weak_ptr<OVObject> innermost = last;
-  for (int i = 0; i < kLong; ++i) {
+  for (int i = 0; i < kLongEnough; ++i) {
     auto dictionary = OVDictionary<OVObject>::dictionary();
     dictionary->set("next", std::exchange(last, nullptr));
     last = std::move(dictionary);
@@ -55,9 +56,9 @@ TEST(Dispose, AChainOfAMillionDictionariesIsDestroyed) {
   EXPECT_TRUE(innermost.expired());
 }
 
-TEST(Dispose, AChainThroughMultipleValuesIsDestroyed) {
+TEST(Dispose, ALongChainThroughMultipleValuesIsDestroyed) {
   OVRef<OVObject> last;
-  for (int i = 0; i < kLong / 4; ++i) {
+  for (int i = 0; i < kLongEnough; ++i) {
     auto element = OVMutableSingleValue::init();
     element->setValue(last == nullptr ? OVString("end") : std::move(last));
     auto value = OVMutableMultipleValue::init();
