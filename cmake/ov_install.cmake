@@ -25,12 +25,13 @@ install(DIRECTORY include/OVAddressBookSDK DESTINATION ${CMAKE_INSTALL_INCLUDEDI
         COMPONENT Development FILES_MATCHING PATTERN "*.h")
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
 
-if(TARGET OVAddressBookVCard)
+if(OV_BUILD_VCARD)
   ov_install_library(VCard OVAddressBookVCard)
+  ov_install_library(VCardStatic OVAddressBookVCard_static)
   install(DIRECTORY hosts/vcard/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           COMPONENT Development FILES_MATCHING PATTERN "*.h")
 endif()
-if(TARGET ovbook)
+if(OV_BUILD_TOOLS)
   install(TARGETS ovbook RUNTIME COMPONENT Tools)
 endif()
 

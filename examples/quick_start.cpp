@@ -20,7 +20,7 @@ int main() {
   OVRef<OVData> block = book->saveToData();  // a binary property list: store it where you like
 
   auto restored = ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
-  for (const auto& [ID, person] : *restored->personsDic())
+  for (const auto& [ID, person] : restored->personsDic())
     std::cout << ID << ": " << person->displayName() << ", " << person->mainPhone()->displayString()
               << "\n";
 }
