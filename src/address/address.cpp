@@ -33,19 +33,19 @@ using Values = OVDictionary<OVString>;
 std::size_t countOf(const OVRef<Values>& values) { return values == nullptr ? 0 : values->size(); }
 
 // Texts are equal by their characters, anything else that an archive held by identity.
-bool equal(const OVRef<OVObject>& a, const OVRef<OVObject>& b) {
+bool sameValue(const OVRef<OVObject>& a, const OVRef<OVObject>& b) {
   if (a == b) return true;
   const auto text = ov::cast<OVString>(a);
   return !text.isNull() && text == ov::cast<OVString>(b);
 }
 
-bool equal(const OVRef<Values>& a, const OVRef<Values>& b) {
+bool sameValues(const OVRef<Values>& a, const OVRef<Values>& b) {
   if (countOf(a) != countOf(b)) return false;
   if (countOf(a) == 0) return true;
   return std::ranges::all_of(*a->entries(), [&](const auto& entry) {
     if (entry.key.isNull()) return true;
     const auto* other = b->entries()->find(entry.key);
-    return other != nullptr && equal(entry.value, other->value);
+    return other != nullptr && sameValue(entry.value, other->value);
   });
 }
 
@@ -84,7 +84,7 @@ void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OV
 bool OVObjectAddress::isequalToAddress(const OVRef<OVObjectAddress>& other) const {
   if (other == nullptr) return false;
   const OVString code = countryCode();
-  return !code.isNull() && code == other->countryCode() && equal(valueDic_, other->valueDic_);
+  return !code.isNull() && code == other->countryCode() && sameValues(valueDic_, other->valueDic_);
 }
 
 std::uint64_t OVObjectAddress::valueCount() const { return countOf(valueDic_); }

@@ -8,8 +8,8 @@ namespace ov::detail {
 
 /// A process-wide object: built by the first call that needs it, never destroyed.
 ///
-/// Threads may come first together; a builder that throws leaves the next call to try again.
-/// Instances are static and run no constructor.
+/// Threads may come first together; a builder that throws leaves the next call to try again, which
+/// `std::call_once` does not do under ThreadSanitizer. Instances are static and run no constructor.
 template <class T>
 class BuiltOnce {
  public:
@@ -21,9 +21,9 @@ class BuiltOnce {
   template <class Build>
   const T& get(Build&& build) {
     if (const T* built = peek()) return *built;
-    std::call_once(once_, [&] {
+    const std::lock_guard lock(mutex_);
+    if (peek() == nullptr)
       built_.store(new T(std::forward<Build>(build)()), std::memory_order_release);
-    });
     return *peek();
   }
 
@@ -31,7 +31,7 @@ class BuiltOnce {
   [[nodiscard]] const T* peek() const { return built_.load(std::memory_order_acquire); }
 
  private:
-  std::once_flag once_;
+  std::mutex mutex_;
   std::atomic<const T*> built_{nullptr};
 };
 

@@ -85,6 +85,10 @@ TEST(AddressField, OneMadeByTheHostStaysOutsideTheCatalogue) {
   EXPECT_EQ(nameless->displayName(), nullptr);
 }
 
+TEST(AddressField, IsNotArchived) {
+  EXPECT_EQ(OVAdressField::fieldWithName(OVAddressFieldCity)->classForCoder(), nullptr);
+}
+
 TEST(AddressField, CheckingAgainBuildsNothingAnew) {
   expectInOwnProcess([] {
     OVAdressField::checkInitField();

@@ -20,6 +20,10 @@ TEST(Country, KeepsWhatItIsMadeOf) {
   EXPECT_EQ(nameless->name(), nullptr);
 }
 
+TEST(Country, IsNotArchived) {
+  EXPECT_EQ(OVCountry::initWithCodeName("de", "Germany")->classForCoder(), nullptr);
+}
+
 TEST(Country, ALowerCaseCodeGivesItsCountry) {
   const auto germany = OVCountry::countryWithCode("de");
   ASSERT_NE(germany, nullptr);

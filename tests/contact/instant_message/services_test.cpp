@@ -35,6 +35,10 @@ TEST(InstantMessageServices, AreSharedByListAndDictionary) {
   });
 }
 
+TEST(InstantMessageServices, AreNotArchived) {
+  EXPECT_EQ(OVInstantMessageServer::serverWithName("QQInstant")->classForCoder(), nullptr);
+}
+
 TEST(InstantMessageServices, HaveNoListOfTheirOwn) {
   const auto servers = OVInstantMessageServer::supportServer();
   for (const auto& server : *servers) EXPECT_EQ(server->allArray(), nullptr);
