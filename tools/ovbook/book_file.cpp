@@ -1,0 +1,49 @@
+#include "book_file.h"
+
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/opaque_object.h>
+
+#include "files.h"
+#include "session.h"
+
+namespace ovbook {
+
+namespace {
+
+std::string classNameOf(const OVRef<OVObject>& object) {
+  if (object == nullptr) return "null";
+  if (const auto opaque = ov::cast<OVOpaqueObject>(object)) return opaque->className().str();
+  const OVClass* objectClass = object->classForCoder();
+  return objectClass == nullptr ? "unknown" : objectClass->name;
+}
+
+template <class T>
+OVRef<OVDictionary<T>> orEmpty(OVRef<OVDictionary<T>> dictionary) {
+  return dictionary == nullptr ? OVDictionary<T>::dictionary() : std::move(dictionary);
+}
+
+}  // namespace
+
+OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
+  OVRef<OVObject> root;
+  try {
+    root = OVAddressBookGeneral::addressBookWithData(readFile(path));
+  } catch (const OVInvalidArchive& damage) {
+    throw Failure(path, damage.what());
+  }
+  auto book = ov::cast<OVAddressBookGeneral>(root);
+  if (book == nullptr) {
+    throw Failure(path, "no address book: its root object is " + classNameOf(root));
+  }
+  return book;
+}
+
+OVRef<OVDictionary<OVPersonGeneral>> personsOf(const OVAddressBookGeneral& book) {
+  return orEmpty(book.personsDic());
+}
+
+OVRef<OVDictionary<OVGroupGeneral>> groupsOf(const OVAddressBookGeneral& book) {
+  return orEmpty(book.groupsDic());
+}
+
+}  // namespace ovbook

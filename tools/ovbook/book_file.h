@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include <OVAddressBookSDK/address_book_general.h>
+
+namespace ovbook {
+
+/// The book in a file. Throws `Failure` when the file cannot be read, is damaged, or holds
+/// something else.
+[[nodiscard]] OVRef<OVAddressBookGeneral> openBook(const std::string& path);
+
+/// The book's persons and groups by ID; never null.
+[[nodiscard]] OVRef<OVDictionary<OVPersonGeneral>> personsOf(const OVAddressBookGeneral& book);
+[[nodiscard]] OVRef<OVDictionary<OVGroupGeneral>> groupsOf(const OVAddressBookGeneral& book);
+
+}  // namespace ovbook

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace ovbook {
+
+/// Runs one command. `arguments` are those behind the program's name. Results go to `out`, which
+/// reports what it cannot take by throwing `OutputError`; everything else goes to `err`. Returns
+/// the exit status and throws nothing.
+[[nodiscard]] int run(const std::vector<std::string>& arguments, std::ostream& out,
+                      std::ostream& err);
+
+}  // namespace ovbook

@@ -1,0 +1,65 @@
+#include <ostream>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+
+#include <OVAddressBookSDK/country.h>
+
+#include "arguments.h"
+#include "commands/commands.h"
+#include "output/escape.h"
+#include "preferences.h"
+#include "session.h"
+
+namespace ovbook {
+
+namespace {
+
+void printCountry(const OVCountry& country, std::ostream& out) {
+  out << tsvField(country.code()) << '\t' << tsvField(country.name()) << '\n';
+}
+
+void showDefaultCountry(Session& session) {
+  OVRef<OVCountry> country;
+  try {
+    country = OVCountry::defaultCountry();
+  } catch (const std::out_of_range&) {
+    country = nullptr;  // the locale names no country
+  }
+  if (country != nullptr) {
+    printCountry(*country, session.out());
+  } else {
+    session.complain("no default country is chosen, and the locale names none");
+  }
+}
+
+/// Countries are found by their own code only: no other code stands for one of them here.
+OVRef<OVCountry> countryOf(const std::string& code) {
+  auto country = OVCountry::countryWithCode(code);
+  if (country == nullptr || country->code() != code) {
+    throw Failure(code, "no country code (\"ovbook countries\" lists them)");
+  }
+  return country;
+}
+
+}  // namespace
+
+void addCountryCommands(CLI::App& ovbook, Session& session) {
+  CLI::App* countries = ovbook.add_subcommand("countries", "List the countries");
+  countries->footer("One line a country, ordered by name: its code, a tab, its name.");
+  countries->callback([&session] {
+    const auto all = OVCountry::allCountry();
+    for (const auto& country : *all) printCountry(*country, session.out());
+  });
+
+  CLI::App* command = ovbook.add_subcommand("country", "Show or choose the default country");
+  const auto* code = addArgument(*command, "CODE",
+                                 "A code in lower case; shows the present country when left out");
+  command->callback([=, &session] {
+    if (code->count() == 0) return showDefaultCountry(session);
+    OVCountry::setDefaultCountry(countryOf(textOf(*code)));
+    requireStoredPreferences("the default country");
+  });
+}
+
+}  // namespace ovbook

@@ -1,0 +1,168 @@
+#include <algorithm>
+#include <filesystem>
+#include <numeric>
+#include <optional>
+#include <ostream>
+#include <unordered_set>
+#include <vector>
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+
+#include <OVAddressBookSDK/address_book_general.h>
+#include <OVAddressBookVCard/vcard_book.h>
+
+#include "arguments.h"
+#include "commands/commands.h"
+#include "files.h"
+#include "output/escape.h"
+#include "output/progress_bar.h"
+#include "preferences.h"
+#include "session.h"
+#include "tag_store.h"
+
+namespace ovbook {
+
+namespace {
+
+std::uint64_t sizeOf(const std::string& path) {
+  std::error_code unknown;
+  const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+  return unknown ? 0 : size;
+}
+
+std::uint64_t sizeOfAll(const std::vector<std::string>& paths) {
+  return std::transform_reduce(paths.begin(), paths.end(), std::uint64_t{0}, std::plus<>(), sizeOf);
+}
+
+OVRef<OVVCardBook> readCards(const std::vector<std::string>& paths, Session& session) {
+  auto book = OVVCardBook::init();
+  std::optional<ProgressBar> bar;
+  if (isatty(STDERR_FILENO) != 0) bar.emplace(session.err(), "Reading");
+  const std::uint64_t total = sizeOfAll(paths);
+  std::uint64_t before = 0;
+  for (const std::string& path : paths) {
+    const std::error_code error = book->addFile(path, [&](std::uint64_t read, std::uint64_t) {
+      if (bar) bar->show(before + read, total);
+    });
+    if (error) throw Failure(path, error.message());
+    before += sizeOf(path);
+  }
+  return book;
+}
+
+std::string placeOf(const OVVCardProblem& problem) {
+  return problem.file.str() + ":" + std::to_string(problem.line);
+}
+
+bool isError(const OVVCardProblem& problem) { return problem.severity == OVVCardSeverity::Error; }
+
+/// Tells of what did not go in as it stood. Files of which nothing at all went in are no vCard
+/// files: that is a failure.
+void reportProblems(const OVVCardBook& book, Session& session) {
+  const std::vector<OVVCardProblem> problems = book.problems();
+  const auto first = std::find_if(problems.begin(), problems.end(), isError);
+  if (first != problems.end() && book.allPersonsCount() == 0 && book.rootGroupsCount() == 0) {
+    throw Failure(placeOf(*first), first->reason.str() + "; nothing could be imported");
+  }
+  for (const OVVCardProblem& problem : problems) {
+    if (isError(problem)) {
+      session.complain(placeOf(problem) + ": " + problem.reason.str());
+    } else {
+      session.report(placeOf(problem) + ": warning: " + problem.reason.str());
+    }
+  }
+}
+
+/// Every group once, each before its sub-groups.
+void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
+  std::vector<OVRef<IOVGroup>> waiting;
+  const auto waitInOrder = [&](const OVRef<OVList<IOVGroup>>& groups) {
+    if (groups == nullptr) return;
+    for (std::size_t i = groups->size(); i > 0; --i) waiting.push_back((*groups)[i - 1]);
+  };
+  std::unordered_set<OVString> added;
+  waitInOrder(book.rootGroups());
+  while (!waiting.empty()) {
+    const OVRef<IOVGroup> group = std::move(waiting.back());
+    waiting.pop_back();
+    if (!added.insert(group->ID()).second) continue;
+    snapshot.addGroup(group);
+    waitInOrder(group->subGroups());
+  }
+}
+
+OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
+  auto snapshot = OVAddressBookGeneral::init();
+  const auto persons = book.allPersons();
+  for (const auto& person : *persons) snapshot->addPerson(person);
+  addGroups(*snapshot, book);
+  return snapshot;
+}
+
+/// A tag store where the persons of `book` have the tags that their cards name, in place of those
+/// they had; persons without tags keep theirs. Not saved yet.
+OVRef<OVTagManager> tagsOfCards(const OVAddressBook& book, const std::string& store) {
+  auto tags = openTagStore(store);
+  tags->setTagID(nullptr);  // or each of many changes would save the whole store
+  const auto persons = book.allPersons();
+  for (const auto& person : *persons) {
+    const auto tagArray = person->tagArray();
+    if (tagArray != nullptr && !tagArray->empty()) {
+      tags->setTagsForPersonID(tagArray, person->ID());
+    }
+  }
+  tags->setTagID(store);
+  return tags;
+}
+
+void saveTags(OVTagManager& tags) {
+  tags.save();
+  requireStoredPreferences("the tags");
+}
+
+std::string counted(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+struct Import {
+  std::vector<std::string> files;
+  std::string target;
+  std::string store;  // "" for none
+
+  void run(Session& session) const {
+    for (const std::string& file : files) checkTarget(target, file);
+    const auto cards = readCards(files, session);
+    reportProblems(*cards, session);
+    const auto tags = store.empty() ? nullptr : tagsOfCards(*cards, store);
+    const auto book = snapshotOf(*cards);
+    const auto data = book->saveToData();
+    writeFile(target, data);
+    if (tags != nullptr) saveTags(*tags);
+    session.out() << printable(target) << ": " << counted(book->personsDic()->size(), "person")
+                  << ", " << counted(book->groupsDic()->size(), "group") << ", "
+                  << counted(data->size(), "byte") << '\n';
+  }
+};
+
+}  // namespace
+
+void addImportCommand(CLI::App& ovbook, Session& session) {
+  CLI::App* command = ovbook.add_subcommand("import", "Make a book from vCard files");
+  command->footer(
+      "The book is written whole or not at all. Cards that cannot be read are named with file and\n"
+      "line and left out; the exit status is 1 then.");
+  const auto* files = addArguments(*command, "FILE", "The vCard files to read", 1);
+  const auto* target =
+      addOption(*command, "-o,--output", "BOOK", "The book to write; replaced if there is one")
+          ->required();
+  const auto* store = addOption(*command, "--tags", "STORE",
+                                "Also give the persons their categories as tags in this store");
+  command->callback([=, &session] {
+    const Import import{textsOf(*files), textOf(*target), textOf(*store)};
+    import.run(session);
+  });
+}
+
+}  // namespace ovbook

@@ -1,0 +1,67 @@
+#include <ostream>
+
+#include <CLI/CLI.hpp>
+
+#include "arguments.h"
+#include "book_file.h"
+#include "commands/commands.h"
+#include "output/escape.h"
+#include "output/table.h"
+#include "session.h"
+
+namespace ovbook {
+
+namespace {
+
+/// ID, display name, main phone and main e-mail address; what is missing is "".
+std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>& person) {
+  std::vector<std::string> row{ID.str(), "", "", ""};
+  if (person == nullptr) return row;
+  row[1] = person->displayName().str();
+  if (const auto phone = person->mainPhone()) row[2] = phone->displayString().str();
+  if (const auto email = person->mainEmail()) row[3] = email->email().str();
+  return row;
+}
+
+void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
+  const auto persons = personsOf(book);
+  for (const auto& [ID, person] : *persons) {
+    const char* separator = "";
+    for (const std::string& field : rowOf(ID, person)) {
+      out << separator << tsvField(field);
+      separator = "\t";
+    }
+    out << '\n';
+  }
+}
+
+void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
+  Table table;
+  const auto persons = personsOf(book);
+  for (const auto& [ID, person] : *persons) {
+    std::vector<std::string> row = rowOf(ID, person);
+    for (std::string& cell : row) cell = printable(cell);
+    table.add(std::move(row));
+  }
+  table.print(out);
+}
+
+}  // namespace
+
+void addListCommand(CLI::App& ovbook, Session& session) {
+  CLI::App* command = ovbook.add_subcommand("list", "List the persons of a book");
+  command->footer(
+      "One line a person, in the book's order: ID, display name, main phone number, main e-mail\n"
+      "address. With --tsv, tabs, line breaks and other control characters inside a field stand "
+      "as\n"
+      "\\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
+  const auto* book = addArgument(*command, "BOOK", "The book to list")->required();
+  const auto* tsv = addFlag(*command, "--tsv", "Fields apart by one tab, for programs");
+  command->callback([=, &session] {
+    const auto opened = openBook(textOf(*book));
+    tsv->count() > 0 ? listForPrograms(*opened, session.out())
+                     : listForPeople(*opened, session.out());
+  });
+}
+
+}  // namespace ovbook

@@ -1,0 +1,80 @@
+#include <ostream>
+
+#include <CLI/CLI.hpp>
+
+#include "arguments.h"
+#include "book_file.h"
+#include "commands/commands.h"
+#include "session.h"
+#include "show/group_sheet.h"
+#include "show/person_sheet.h"
+#include "tag_store.h"
+
+namespace ovbook {
+
+namespace {
+
+/// Prints persons and groups, a blank line between two.
+class Sheets {
+ public:
+  /// `tags` may be null.
+  Sheets(OVRef<OVAddressBookGeneral> book, OVRef<OVTagManager> tags, Session& session)
+      : book_(std::move(book)), tags_(std::move(tags)), session_(session) {}
+
+  void showAll() {
+    const auto persons = personsOf(*book_);
+    const auto groups = groupsOf(*book_);
+    for (const auto& [ID, person] : *persons) showPerson(ID, person);
+    for (const auto& [ID, group] : *groups) showGroup(ID, group);
+  }
+
+  /// The person and the group of this ID.
+  void show(const OVString& ID) {
+    const auto persons = personsOf(*book_);
+    const auto groups = groupsOf(*book_);
+    if (persons->contains(ID)) showPerson(ID, (*persons)[ID]);
+    if (groups->contains(ID)) showGroup(ID, (*groups)[ID]);
+    if (!persons->contains(ID) && !groups->contains(ID)) {
+      session_.complain(ID.str() + ": the book holds no person and no group of this ID");
+    }
+  }
+
+ private:
+  void showPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person) {
+    separate();
+    printPerson(ID, person, tags_ == nullptr ? nullptr : tagsOf(*tags_, ID), session_.out());
+  }
+
+  void showGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group) {
+    separate();
+    printGroup(ID, group, *book_, session_.out());
+  }
+
+  void separate() { session_.out() << std::exchange(separator_, "\n"); }
+
+  OVRef<OVAddressBookGeneral> book_;
+  OVRef<OVTagManager> tags_;
+  Session& session_;
+  const char* separator_ = "";
+};
+
+}  // namespace
+
+void addShowCommand(CLI::App& ovbook, Session& session) {
+  CLI::App* command = ovbook.add_subcommand("show", "Show all that a book holds");
+  command->footer(
+      "Persons first, then groups, each in the book's order; with IDs, those persons and groups\n"
+      "only. A star marks the main one of several entries. Brackets hold what belongs to a datum\n"
+      "without being its text.");
+  const auto* path = addArgument(*command, "BOOK", "The book to read")->required();
+  const auto* IDs = addArguments(*command, "ID", "Persons and groups to show", 0);
+  const auto* store = addOption(*command, "--tags", "STORE", "Also show the tags of this store");
+  command->callback([=, &session] {
+    const auto book = openBook(textOf(*path));
+    Sheets sheets(book, store->count() > 0 ? openTagStore(textOf(*store)) : nullptr, session);
+    if (IDs->count() == 0) return sheets.showAll();
+    for (const std::string& ID : textsOf(*IDs)) sheets.show(ID);
+  });
+}
+
+}  // namespace ovbook

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include <OVAddressBookSDK/data.h>
+
+namespace ovbook {
+
+/// All bytes of a file, pipes included. Throws `Failure`.
+[[nodiscard]] OVRef<OVData> readFile(const std::string& path);
+
+/// Throws `Failure` when `target` cannot be replaced without harm: a folder, a device, or the very
+/// file that `input` names.
+void checkTarget(const std::string& target, const std::string& input);
+
+/// Writes the bytes whole or not at all. A new file is for the user's eyes only, an existing one
+/// keeps its mode. Throws `Failure`.
+void writeFile(const std::string& path, const OVRef<OVData>& data);
+
+}  // namespace ovbook

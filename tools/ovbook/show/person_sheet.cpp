@@ -1,0 +1,122 @@
+#include "show/person_sheet.h"
+
+#include <algorithm>
+#include <ostream>
+#include <utility>
+
+#include <OVAddressBookSDK/locale.h>
+#include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookSDK/property.h>
+#include <OVAddressBookSDK/single_value.h>
+
+#include "output/display_width.h"
+#include "output/escape.h"
+#include "output/table.h"
+#include "show/datum_lines.h"
+
+namespace ovbook {
+
+namespace {
+
+struct Entry {
+  std::string label;
+  std::vector<std::string> datum;
+};
+
+/// Adds the entries of one property, whose data stand below each other.
+void addEntries(Table& table, const std::string& property, const std::vector<Entry>& entries) {
+  constexpr std::size_t kGap = 2;
+  std::size_t width = 0;
+  for (const Entry& entry : entries) width = std::max(width, displayWidth(entry.label));
+  if (width > 0) width += kGap;
+  std::string heading = property;
+  for (const Entry& entry : entries) {
+    std::string label = entry.label;
+    for (const std::string& line : entry.datum) {
+      table.add({std::exchange(heading, ""), padded(std::exchange(label, ""), width) + line});
+    }
+  }
+}
+
+bool isSameWord(const OVString& a, const OVString& b) {
+  const auto locale = OVLocale::currentLocale();
+  return locale->lowercase(a) == locale->lowercase(b);
+}
+
+/// The label's display name, and its name where that says more. A label that only repeats the
+/// property says nothing.
+std::string labelText(const OVRef<OVLabel>& label, const OVProperty& property) {
+  if (label == nullptr) return {};
+  const OVString name = label->name();
+  const OVString displayName = label->displayName();
+  const bool nameSaysMore = !name.isNull() && !isSameWord(name, displayName);
+  if (!nameSaysMore) {
+    return displayName == property.displayName() ? std::string() : printable(displayName);
+  }
+  return printable(displayName.str() + (displayName.empty() ? "(" : " (") + name.str() + ")");
+}
+
+Entry entryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
+  if (value == nullptr) return {"", {"[something that is no value]"}};
+  return {labelText(value->label(), property), datumLines(value->value())};
+}
+
+Entry mainEntryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
+  Entry entry = entryOf(value, property);
+  entry.label += entry.label.empty() ? "*" : " *";
+  return entry;
+}
+
+std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& property) {
+  const auto mainValue = values.mainValue();
+  std::vector<Entry> entries;
+  // The main value need not be one of the list.
+  if (mainValue != nullptr && values.indexOfValue(mainValue) >= values.count()) {
+    entries.push_back(mainEntryOf(mainValue, property));
+  }
+  for (std::uint64_t i = 0; i < values.count(); ++i) {
+    const auto value = values.valueAtIndex(i);
+    const bool isMainOfSeveral = value != nullptr && value == mainValue && values.count() > 1;
+    entries.push_back(isMainOfSeveral ? mainEntryOf(value, property) : entryOf(value, property));
+  }
+  if (entries.empty()) entries.push_back({"", {"[no entries]"}});
+  return entries;
+}
+
+void addValue(Table& table, const OVRef<OVValue>& value, const OVProperty& property) {
+  const auto multiple = ov::cast<OVMultipleValue>(value);
+  addEntries(table, printable(property.displayName()),
+             multiple != nullptr
+                 ? entriesOf(*multiple, property)
+                 : std::vector<Entry>{entryOf(ov::cast<OVSingleValue>(value), property)});
+}
+
+/// The display name, else the company, else the ID.
+OVString headingOf(const OVString& ID, const OVPersonGeneral& person) {
+  if (OVString name = person.displayName(); !name.empty()) return name;
+  const auto company = ov::cast<OVSingleValue>(person.valueByPropertyName(OVProPertyCompany));
+  OVString name = company == nullptr ? OVString() : ov::cast<OVString>(company->value());
+  return name.empty() ? ID : name;
+}
+
+}  // namespace
+
+void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
+                 const OVRef<OVList<OVString>>& tags, std::ostream& out) {
+  if (person == nullptr) {
+    out << printable(ID) << " [no person]\n";
+    return;
+  }
+  Table table;
+  table.add({"ID", printable(ID)});
+  const auto properties = OVProperty::StandardPropertyArray();
+  for (const auto& property : *properties) {
+    const auto value = person->valueByProperty(property);
+    if (value != nullptr) addValue(table, value, *property);
+  }
+  if (tags != nullptr && !tags->empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
+  out << printable(headingOf(ID, *person)) << '\n';
+  table.print(out, "  ");
+}
+
+}  // namespace ovbook
