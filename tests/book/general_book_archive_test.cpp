@@ -101,6 +101,20 @@ TEST(GeneralBookArchive, PersonInTwoDictionariesComesBackAsOne) {
   EXPECT_EQ(restoredPerson, (*(*both)[1])["q"]);
 }
 
+TEST(GeneralBookArchive, BookMayStandInItself) {
+  const auto book = OVAddressBookGeneral::init();
+  const auto person = OVPersonGeneral::initWithID("p");
+  const auto value = valueOf(OVValueTypeString, book);
+  person->setValueByPropertyName(value, OVProPertyOther);
+  book->addPerson(person);
+  const auto again = reopened(book);
+  const auto inner = ov::cast<OVMutableSingleValue>(
+      (*again->personsDic())["p"]->valueByPropertyName(OVProPertyOther));
+  EXPECT_EQ(inner->value(), again);
+  value->setValue(nullptr);
+  inner->setValue(nullptr);
+}
+
 TEST(GeneralBookArchive, LabelSharedByTwoPersonsComesBackAsOne) {
   const auto book = OVAddressBookGeneral::init();
   const auto label = labelOf("home");
