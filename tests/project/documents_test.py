@@ -11,7 +11,7 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-BUILD = pathlib.Path(os.environ["OV_BUILD_DIR"])
+BUILD = pathlib.Path(os.environ["OV_BUILD_DIR"]).resolve()
 README = (ROOT / "README.md").read_text(encoding="utf-8")
 DOCUMENTS = sorted([*ROOT.glob("*.md"), *(ROOT / "docs").glob("*.md")])
 
