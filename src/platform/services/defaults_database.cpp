@@ -12,6 +12,7 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
+using Connection = std::unique_ptr<DefaultsFile::Connection>;
 
 // Every opening reads the whole log.
 constexpr int kLongestLogInPages = 256;
@@ -60,27 +61,27 @@ void DefaultsDatabase::noteMoved(const std::vector<std::string>& names) {
 
 DefaultsDatabase::Values DefaultsDatabase::read(Deadline& deadline) {
   Values values;
-  work(deadline, [&](const std::unique_ptr<Database>& database) {
-    if (database != nullptr) values = readAll(*database);
+  work(deadline, [&](const Connection& connection) {
+    if (connection != nullptr) values = readAll(*connection->database);
   });
   return values;
 }
 
 void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadline) {
-  work(deadline, [&](std::unique_ptr<Database> database) {
-    if (database == nullptr) {
+  work(deadline, [&](Connection connection) {
+    if (connection == nullptr) {
       noteMoved(file_.create(deadline));
-      database = file_.open(deadline);
-      if (database == nullptr) throw std::runtime_error("the database has been removed");
+      connection = file_.open(deadline);
+      if (connection == nullptr) throw std::runtime_error("the database has been removed");
     }
-    writeAll(*database, changes);
-    database->checkpointIfLongerThan(kLongestLogInPages);
+    writeAll(*connection->database, changes);
+    connection->database->checkpointIfLongerThan(kLongestLogInPages);
   });
 }
 
 void DefaultsDatabase::flush(Deadline& deadline) {
-  work(deadline, [](const std::unique_ptr<Database>& database) {
-    if (database != nullptr) database->checkpoint();
+  work(deadline, [](const Connection& connection) {
+    if (connection != nullptr) connection->database->checkpoint();
   });
 }
 

@@ -11,7 +11,6 @@
 #include <cstdio>
 #include <system_error>
 
-#include "platform/services/directory.h"
 #include "platform/services/file_descriptor.h"
 
 namespace ov {
@@ -119,10 +118,14 @@ void build(const std::string& path, Deadline& deadline) {
 
 }  // namespace
 
-std::unique_ptr<Database> DefaultsFile::open(Deadline& deadline) const {
+std::unique_ptr<DefaultsFile::Connection> DefaultsFile::open(Deadline& deadline) const {
   const std::string folder = realPath(directory_);
-  if (folder.empty() || entryAt(folder + kName) == Entry::kNone) return nullptr;
-  return connect(folder + kName, deadline);
+  if (folder.empty()) return nullptr;
+  auto connection = std::make_unique<Connection>(folder);
+  connection->folder.lockShared(deadline);
+  if (entryAt(folder + kName) == Entry::kNone) return nullptr;
+  connection->database = connect(folder + kName, deadline);
+  return connection;
 }
 
 std::vector<std::string> DefaultsFile::create(Deadline& deadline) const {
@@ -155,7 +158,7 @@ std::vector<std::string> DefaultsFile::moveAside(Deadline& deadline) const {
   const Directory directory(folder);
   directory.lock(deadline);
 
-  // Another process may have been here first: look again before touching anything.
+  // Another process may have been here first: look again before anything is moved.
   std::vector<std::string> moved;
   const std::string path = folder + kName;
   moveFiles(path, &isOther, moved);

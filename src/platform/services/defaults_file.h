@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/services/deadline.h"
+#include "platform/services/directory.h"
 #include "platform/services/sqlite.h"
 
 namespace ov {
@@ -12,14 +13,24 @@ namespace ov {
 /// The database file of one application's preferences, together with its write-ahead log: opens it,
 /// makes it, moves aside what stands in its place. Failures throw `sqlite::Error` or
 /// `std::system_error`.
+///
+/// A lock of the folder keeps the files where they are: who uses the database shares it, who makes
+/// or moves files has it alone.
 class DefaultsFile {
  public:
+  struct Connection {
+    explicit Connection(const std::string& path) : folder(path) {}
+
+    Directory folder;
+    std::unique_ptr<sqlite::Database> database;  // closed before the folder's lock goes
+  };
+
   /// The folder need not exist; "" stands for no folder at all.
   explicit DefaultsFile(std::string directory) : directory_(std::move(directory)) {}
 
   /// A connection that commits without waiting for the disk; null when there is no file. The error
   /// is "in the file" when something else is in its place.
-  [[nodiscard]] std::unique_ptr<sqlite::Database> open(Deadline& deadline) const;
+  [[nodiscard]] std::unique_ptr<Connection> open(Deadline& deadline) const;
 
   /// Makes the database unless there is one by now, its folders too. A file appears under its name
   /// only when it is complete, and may be read by its owner alone. Gives the new names of what was

@@ -31,8 +31,8 @@ Directory::Directory(const std::string& path)
   if (descriptor_.number() < 0) fail(path_);
 }
 
-void Directory::lock(Deadline& deadline) const {
-  while (flock(descriptor_.number(), LOCK_EX | LOCK_NB) != 0) {
+void Directory::lock(Deadline& deadline, bool shared) const {
+  while (flock(descriptor_.number(), (shared ? LOCK_SH : LOCK_EX) | LOCK_NB) != 0) {
     const int error = errno;
     if (error == EINTR || (error == EWOULDBLOCK && deadline.pause())) continue;
     throw std::system_error(error, std::generic_category(), "lock of " + path_);

@@ -12,14 +12,17 @@ class Directory {
  public:
   explicit Directory(const std::string& path);
 
-  /// Keeps other processes that lock the same folder waiting for as long as this object lives.
-  /// Fails when another keeps the lock beyond the deadline.
-  void lock(Deadline& deadline) const;
+  /// Locks the folder for as long as this object lives: against all other locks, or, shared, only
+  /// against those that are not. Fails when another keeps its lock beyond the deadline.
+  void lock(Deadline& deadline) const { lock(deadline, false); }
+  void lockShared(Deadline& deadline) const { lock(deadline, true); }
 
   /// Puts what was created, renamed and removed in the folder safely on the disk.
   void flush() const;
 
  private:
+  void lock(Deadline& deadline, bool shared) const;
+
   const std::string path_;
   const FileDescriptor descriptor_;
 };

@@ -48,7 +48,8 @@ bool truthOf(std::string_view text) {
   skip(" \t\n\v\f\r");
   if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
   skip("0");
-  return !text.empty() && std::string_view("YyTt123456789").find(text.front()) != text.npos;
+  return !text.empty() &&
+         std::string_view("YyTt123456789").find(text.front()) != std::string_view::npos;
 }
 
 void requireKey(const OVString& key) {
