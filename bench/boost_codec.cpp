@@ -16,10 +16,8 @@
 namespace plain {
 
 template <class Archive, class T>
-  requires requires(Archive& archive, T& object) { fields(archive, object); }
-void serialize(Archive& archive, T& object, const unsigned /*version*/) {
-  fields(archive, object);
-}
+requires requires(Archive& archive, T& object) { fields(archive, object); }
+void serialize(Archive& archive, T& object, const unsigned /*version*/) { fields(archive, object); }
 
 }  // namespace plain
 

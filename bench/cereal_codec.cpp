@@ -15,10 +15,8 @@
 namespace plain {
 
 template <class Archive, class T>
-  requires requires(Archive& archive, T& object) { fields(archive, object); }
-void serialize(Archive& archive, T& object) {
-  fields(archive, object);
-}
+requires requires(Archive& archive, T& object) { fields(archive, object); }
+void serialize(Archive& archive, T& object) { fields(archive, object); }
 
 }  // namespace plain
 

@@ -57,8 +57,8 @@ OVRef<OVPersonGeneral> personOf(const SamplePerson& sample) {
   const auto phones = OVMutableMultipleValue::init();
   const auto emails = OVMutableMultipleValue::init();
   for (std::size_t i = 0; i < sample.phones.size(); ++i) {
-    phones->addValue(labelled(OVObjectPhone::initWithPhoneNumber(sample.phones[i]),
-                              kPhoneLabels[i], OVValueTypePhone));
+    phones->addValue(labelled(OVObjectPhone::initWithPhoneNumber(sample.phones[i]), kPhoneLabels[i],
+                              OVValueTypePhone));
     emails->addValue(labelled(OVObjectEmail::initWithEmail(sample.emails[i]), kEmailLabels[i],
                               OVValueTypeEmail));
   }

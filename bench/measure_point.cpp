@@ -31,7 +31,8 @@ int main(int count, char** arguments) {
   std::shared_ptr<void> block;
   std::size_t blockBytes = 0;
   const bench::Cost save = bench::measure(
-      runs, [&] { block = codec.save(book, blockBytes); }, [&, run = 0]() mutable {
+      runs, [&] { block = codec.save(book, blockBytes); },
+      [&, run = 0]() mutable {
         if (++run < runs) block.reset();
       });
   book.reset();

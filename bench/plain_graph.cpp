@@ -42,8 +42,8 @@ std::shared_ptr<Text> text(const std::string& content) {
 
 std::shared_ptr<Date> birthday(const bench::SamplePerson& sample) {
   using namespace std::chrono;
-  const sys_days day = year(sample.birthYear) / month(sample.birthMonth) /
-                       std::chrono::day(sample.birthDay);
+  const sys_days day =
+      year(sample.birthYear) / month(sample.birthMonth) / std::chrono::day(sample.birthDay);
   auto date = std::make_shared<Date>();
   date->seconds = static_cast<double>((day - sys_days(year(2001) / 1 / 1)).count()) * 86400;
   return date;

@@ -10,47 +10,47 @@ void fields(Archive& /*archive*/, Object& /*object*/) {}
 
 template <class Archive>
 void fields(Archive& archive, Text& object) {
-  archive & object.text;
+  archive& object.text;
 }
 template <class Archive>
 void fields(Archive& archive, Date& object) {
-  archive & object.seconds;
+  archive& object.seconds;
 }
 template <class Archive>
 void fields(Archive& archive, Label& object) {
-  archive & object.name & object.displayName;
+  archive& object.name& object.displayName;
 }
 template <class Archive>
 void fields(Archive& archive, PersonName& object) {
-  archive & object.first & object.middle & object.last;
+  archive& object.first& object.middle& object.last;
 }
 template <class Archive>
 void fields(Archive& archive, Phone& object) {
-  archive & object.number & object.valid;
+  archive& object.number& object.valid;
 }
 template <class Archive>
 void fields(Archive& archive, Email& object) {
-  archive & object.address & object.valid;
+  archive& object.address& object.valid;
 }
 template <class Archive>
 void fields(Archive& archive, Address& object) {
-  archive & object.values & object.countryCode;
+  archive& object.values& object.countryCode;
 }
 template <class Archive>
 void fields(Archive& archive, SingleValue& object) {
-  archive & object.type & object.label & object.value;
+  archive& object.type& object.label& object.value;
 }
 template <class Archive>
 void fields(Archive& archive, MultipleValue& object) {
-  archive & object.type & object.values & object.mainValue;
+  archive& object.type& object.values& object.mainValue;
 }
 template <class Archive>
 void fields(Archive& archive, Person& object) {
-  archive & object.id & object.values;
+  archive& object.id& object.values;
 }
 template <class Archive>
 void fields(Archive& archive, Book& object) {
-  archive & object.persons;
+  archive& object.persons;
 }
 
 }  // namespace plain

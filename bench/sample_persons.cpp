@@ -6,10 +6,11 @@ namespace bench {
 
 namespace {
 
-constexpr std::array kFirst{"Anna", "Bertrand", "Chidi",  "Dorothea", "Emil",   "Fatima",
+constexpr std::array kFirst{"Anna",  "Bertrand", "Chidi",    "Dorothea", "Emil",      "Fatima",
                             "Goran", "Hanako",   "Iolanthe", "Joaquín",  "Katarzyna", "Léopold"};
-constexpr std::array kLast{"Almeida", "Björklund", "Castellano", "Dubrovsky", "Eriksson", "Fontaine",
-                           "Grünwald", "Haverford",  "Ivanova",   "Jablonski", "Kowalczyk"};
+constexpr std::array kLast{"Almeida",  "Björklund", "Castellano", "Dubrovsky",
+                           "Eriksson", "Fontaine",  "Grünwald",   "Haverford",
+                           "Ivanova",  "Jablonski", "Kowalczyk"};
 constexpr std::array kCity{"Springfield", "Rivertown", "Lakeside", "Northbridge", "Oakville"};
 constexpr std::array kCountry{"us", "de", "fr", "jp", "gb", "br", "in"};
 constexpr std::array kJob{"Engineer", "Accountant", "Head of Department", "Nurse", "Editor"};

@@ -1,0 +1,189 @@
+#!/usr/bin/env python3
+"""Measures the library against its peers in one run.
+
+usage: run.py PROGRAMS OUT [--sizes 1000,10000,...] [--page docs/performance.md]
+
+PROGRAMS is the folder of the built programs. OUT gets results.json and performance.svg; the table
+between the markers of the page is replaced. Every point is a process of its own, and every program
+is run on one core.
+"""
+
+import argparse
+import datetime
+import json
+import pathlib
+import platform
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+RUNS = {1000: 9, 10000: 7, 100000: 5, 1000000: 3}
+PLISTLIB_LIMIT = 100000
+VCARD_LIMIT = 100000
+
+
+def pinned(command):
+    return ["taskset", "-c", "0", *map(str, command)] if shutil.which("taskset") else command
+
+
+def measured(command):
+    """The last line of the program's output as JSON."""
+    done = subprocess.run(pinned(command), capture_output=True, text=True, check=True)
+    return json.loads(done.stdout.splitlines()[-1])
+
+
+def graph_points(programs, size):
+    for codec in ("library", "cereal", "boost"):
+        yield measured([programs / "measure_point", codec, size, RUNS.get(size, 3)])
+
+
+def plist_points(programs, size, folder, missing):
+    block = folder / f"{size}.plist"
+    subprocess.run([programs / "write_block", str(size), block], check=True)
+    yield measured(["/usr/bin/python3", pathlib.Path(__file__).parent / "measure_plistlib.py",
+                    size, block])
+    if not shutil.which("plistutil"):
+        missing.add("plistutil")
+        return
+    seconds = []
+    for _ in range(3):
+        start = time.perf_counter()
+        subprocess.run(pinned(["plistutil", "-i", block, "-o", folder / "out.xml", "-f", "xml"]),
+                       check=True, capture_output=True)
+        seconds.append(time.perf_counter() - start)
+    yield {"codec": "plistutil (to XML)", "persons": size,
+           "restore_seconds": statistics.median(seconds)}
+
+
+def card_points(programs, size, missing):
+    for program, name in (("measure_ebook", "libebook-contacts (vCard)"),
+                          ("measure_kcontacts", "KContacts (vCard)")):
+        if (programs / program).exists():
+            yield measured([programs / program, size])
+        else:
+            missing.add(name)
+
+
+def all_points(programs, sizes):
+    points, missing = [], set()
+    with tempfile.TemporaryDirectory() as temporary:
+        folder = pathlib.Path(temporary)
+        for size in sizes:
+            points += graph_points(programs, size)
+            if size <= PLISTLIB_LIMIT:
+                points += plist_points(programs, size, folder, missing)
+            if size <= VCARD_LIMIT:
+                points += card_points(programs, size, missing)
+            print(f"measured {size} persons", file=sys.stderr)
+    return points, sorted(missing)
+
+
+def cell(value, pattern):
+    return pattern.format(value) if value is not None else "-"
+
+
+def ratio(point, own, key):
+    if point is own or key not in point:
+        return None
+    return point[key] / own[key]
+
+
+def table(points, missing):
+    rows = ["| persons | | save µs/person | × ours | restore µs/person | × ours | bytes/person "
+            "| save peak / block | restored MB |", "|" + "---|" * 9]
+    for size in sorted({point["persons"] for point in points}):
+        own = next(p for p in points if p["persons"] == size and p["codec"] == "OVAddressBookSDK")
+        for point in (p for p in points if p["persons"] == size):
+            def each(key, factor=1e6):
+                return point[key] / size * factor if key in point else None
+            peak = point.get("save_peak_bytes")
+            held = point.get("restored_bytes")
+            rows.append("| {} | {} | {} | {} | {} | {} | {} | {} | {} |".format(
+                size, point["codec"],
+                cell(each("save_seconds"), "{:.2f}"),
+                cell(ratio(point, own, "save_seconds"), "{:.1f}"),
+                cell(each("restore_seconds"), "{:.2f}"),
+                cell(ratio(point, own, "restore_seconds"), "{:.1f}"),
+                cell(each("block_bytes", 1), "{:.0f}"),
+                cell(peak / point["block_bytes"] if peak else None, "{:.2f}"),
+                cell(held / 1e6 if held else None, "{:.1f}")))
+    if missing:
+        rows += ["", "Missing on this machine: " + ", ".join(missing) + "."]
+    return "\n".join(rows)
+
+
+def operations_table(operations):
+    rows = ["| operation | ns a call |", "|---|---|"]
+    names = ("displayName", "valueByPropertyName", "mainPhone", "formatString", "countryWithCode")
+    rows += [f"| `{name}` | {operations[name]:.0f} |" for name in names]
+    rows.append(f"| tagging one of {operations['tagged']} persons, store in memory "
+                f"| {operations['tagging']:.0f} |")
+    rows.append("| lower bound of saving: one walk over a plain graph and a copy of the block, "
+                f"a person | {operations['walkAndCopy']:.0f} |")
+    return "\n".join(rows)
+
+
+def machine():
+    model = next((line.split(":")[1].strip() for line in open("/proc/cpuinfo")
+                  if line.startswith("model name")), platform.machine())
+    compiler = subprocess.run(["g++", "--version"], capture_output=True, text=True).stdout
+    return (f"{datetime.date.today()}, {model}, one core, Linux {platform.release()}, "
+            f"{compiler.splitlines()[0]}, Python {platform.python_version()}")
+
+
+def draw(points, out):
+    if not shutil.which("gnuplot"):
+        return "gnuplot is missing: no plot"
+    series = {}
+    for point in points:
+        if "save_seconds" in point:
+            series.setdefault(point["codec"], []).append(point)
+    lines = ["set terminal svg size 900,420 background 'white'",
+             f"set output '{out / 'performance.svg'}'", "set logscale xy", "set key outside right",
+             "set xlabel 'persons'", "set ylabel 'microseconds a person'", "set grid",
+             "set title 'Saving a book'"]
+    for number, (name, found) in enumerate(series.items()):
+        lines.append(f"$data{number} << EOD")
+        lines += [f"{p['persons']} {p['save_seconds'] / p['persons'] * 1e6}" for p in found]
+        lines.append("EOD")
+    lines.append("plot " + ", ".join(f"$data{i} using 1:2 with linespoints title '{name}'"
+                                     for i, name in enumerate(series)))
+    subprocess.run(["gnuplot"], input="\n".join(lines), text=True, check=True)
+    return ""
+
+
+def write_page(page, text):
+    begin, end = "<!-- measured: begin -->", "<!-- measured: end -->"
+    content = page.read_text()
+    head, rest = content.split(begin)
+    page.write_text(head + begin + "\n" + text + "\n" + end + rest.split(end)[1])
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("programs", type=pathlib.Path)
+    parser.add_argument("out", type=pathlib.Path)
+    parser.add_argument("--sizes", default="1000,10000,100000,1000000")
+    parser.add_argument("--page", type=pathlib.Path)
+    options = parser.parse_args()
+    options.out.mkdir(parents=True, exist_ok=True)
+
+    points, missing = all_points(options.programs, [int(n) for n in options.sizes.split(",")])
+    operations = measured([options.programs / "measure_operations", 10000, 10000])
+    text = "\n\n".join([machine() + ".", table(points, missing), operations_table(operations)])
+    print(text)
+    (options.out / "results.json").write_text(
+        json.dumps({"machine": machine(), "points": points, "operations": operations,
+                    "missing": missing}, indent=1) + "\n")
+    note = draw(points, options.out)
+    if note:
+        print(note, file=sys.stderr)
+    if options.page:
+        write_page(options.page, text)
+
+
+if __name__ == "__main__":
+    main()
