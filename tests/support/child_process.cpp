@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -25,7 +27,9 @@ int waitFor(pid_t id, int options) {
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::function<bool()>& work) : id_(::fork()) {
+ChildProcess::ChildProcess(const std::function<bool()>& work) {
+  std::fflush(nullptr);
+  id_ = ::fork();
   if (id_ < 0) fail("fork");
   if (id_ == 0) {
     bool done = false;

@@ -187,26 +187,4 @@ TEST_F(DefaultsProcesses, ReadingGoesOnWhileALockIsWaitedFor) {
   EXPECT_EQ(integer(*openStore(), "key"), 2);
 }
 
-TEST_F(DefaultsProcesses, ThreadsMayUseOneStoreAtOnce) {
-  const auto defaults = openStore();
-  std::vector<std::thread> threads;
-  threads.reserve(8);
-  for (int number = 0; number < 8; ++number) {
-    threads.emplace_back([&, number] {
-      const OVString own(std::to_string(number));
-      for (int round = 0; round < 20; ++round) {
-        setInteger(*defaults, round, own);
-        EXPECT_EQ(integer(*defaults, own), round);
-        setInteger(*defaults, number, "shared");
-        EXPECT_TRUE(round % 10 != 0 || defaults->synchronize());
-      }
-    });
-  }
-  for (auto& thread : threads) thread.join();
-  for (int number = 0; number < 8; ++number) {
-    EXPECT_EQ(integer(*openStore(), std::to_string(number)), 19);
-  }
-  EXPECT_EQ(integer(*openStore(), "shared"), integer(*defaults, "shared"));
-}
-
 }  // namespace

@@ -1,9 +1,6 @@
-// What observers may do while a notification is being delivered, and threads at any time.
+// What observers may do while a notification is being delivered.
 
-#include <atomic>
-#include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <OVAddressBookSDK/notification_center.h>
@@ -109,48 +106,6 @@ TEST_F(NotificationDelivery, DestroyingACallbackMayUseTheCentre) {
   captured.reset();
   observer.remove();
   EXPECT_THAT(calls_, ElementsAre("witness"));
-}
-
-TEST_F(NotificationDelivery, ThreadsMayPostAddAndRemoveAtOnce) {
-  constexpr int kThreads = 8;
-  constexpr int kRounds = 200;
-  std::atomic<int> witnessed = 0;
-  std::atomic<int> own = 0;
-  const auto witness =
-      center_->addObserver(nullptr, [&witnessed](const OVNotification&) { ++witnessed; });
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int number = 0; number < kThreads; ++number) {
-    threads.emplace_back([this, number, &own] {
-      const OVString name(std::to_string(number));
-      for (int round = 0; round < kRounds; ++round) {
-        const auto observer = center_->addObserver(name, [&own](const OVNotification&) { ++own; });
-        center_->postNotificationName(name);
-      }
-    });
-  }
-  for (auto& thread : threads) thread.join();
-  EXPECT_EQ(witnessed, kThreads * kRounds);
-  EXPECT_EQ(own, kThreads * kRounds);
-}
-
-TEST_F(NotificationDelivery, ThreadsMayReplaceTheDefaultCentreAtOnce) {
-  std::vector<std::thread> threads;
-  threads.reserve(8);
-  for (int number = 0; number < 8; ++number) {
-    threads.emplace_back([this, number] {
-      for (int round = 0; round < 200; ++round) {
-        if (number % 2 == 0) {
-          OVNotificationCenter::setDefaultCenter(round % 2 == 0 ? center_ : nullptr);
-        } else {
-          OVNotificationCenter::defaultCenter()->postNotificationName("a");
-        }
-      }
-    });
-  }
-  for (auto& thread : threads) thread.join();
-  OVNotificationCenter::setDefaultCenter(nullptr);
-  EXPECT_NE(OVNotificationCenter::defaultCenter(), center_);
 }
 
 }  // namespace

@@ -5,10 +5,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -231,6 +233,17 @@ TEST_F(UrlOpening, TheCurrentFolderIsNeverSearched) {
     EXPECT_FALSE(open("tel:1")) << path;
   }
   std::filesystem::current_path(before);
+}
+
+TEST_F(UrlOpening, ManyCallsLeaveNothingBehind) {
+  const auto descriptors = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  installScript("exit 0\n");
+  const auto before = descriptors();
+  for (int call = 0; call < 100; ++call) EXPECT_TRUE(open("tel:1"));
+  EXPECT_EQ(descriptors(), before);
+  EXPECT_FALSE(hasChildren());
 }
 
 TEST_F(UrlOpening, ThreadsMayOpenUrlsAtOnce) {

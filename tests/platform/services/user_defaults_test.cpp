@@ -3,8 +3,6 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
-#include <thread>
-#include <vector>
 
 #include <OVAddressBookSDK/data.h>
 #include <OVAddressBookSDK/date.h>
@@ -132,26 +130,6 @@ TEST_F(UserDefaults, AHostInstallsAnotherStore) {
   EXPECT_EQ(OVUserDefaults::standardUserDefaults(), defaults_);
   OVUserDefaults::setStandardUserDefaults(nullptr);
   EXPECT_EQ(OVUserDefaults::standardUserDefaults(), original);
-}
-
-TEST_F(UserDefaults, ThreadsMayReadAndSetAtOnce) {
-  std::vector<std::thread> threads;
-  threads.reserve(8);
-  for (int number = 0; number < 8; ++number) {
-    threads.emplace_back([this, number] {
-      const OVString own(std::to_string(number));
-      for (int round = 0; round < 200; ++round) {
-        defaults_->setBoolForKey(true, own);
-        defaults_->setObjectForKey(round % 2 == 0 ? nullptr : OVRef<OVObject>(own), "shared");
-        EXPECT_TRUE(defaults_->boolForKey(own));
-        (void)defaults_->objectForKey("shared");
-      }
-    });
-  }
-  for (auto& thread : threads) thread.join();
-  for (int number = 0; number < 8; ++number) {
-    EXPECT_TRUE(defaults_->boolForKey(std::to_string(number)));
-  }
 }
 
 }  // namespace
