@@ -3,7 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "ascii.h"
+
 namespace ov::vcard {
+
+/// True for what base64 consists of, its padding included.
+[[nodiscard]] constexpr bool isBase64Digit(char c) {
+  return isAlphanumeric(c) || c == '+' || c == '/' || c == '=';
+}
 
 [[nodiscard]] std::string encodeBase64(std::string_view bytes);
 

@@ -62,7 +62,7 @@ std::vector<OVVCardProblem> OVVCardBook::problems() const {
   for (const OVRef<OVVCardGroup>& group : content_->groups) {
     const GroupRecord& record = BookContent::recordOf(*group);
     for (const GroupRecord::MissingMember& member : record.missing) {
-      problems.push_back({OVVCardSeverity::Warning, member.file, member.line,
+      problems.push_back({OVVCardSeverity::Warning, member.place.file, member.place.line,
                           "the member " + member.id.str() + " is in no file"});
     }
   }

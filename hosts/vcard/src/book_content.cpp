@@ -35,7 +35,6 @@ void BookContent::removePersons(const std::unordered_set<const Person*>& leaving
     person->leaveBook();
     person->setTags(carried);  // it keeps its tags, outside of the book
     personsByID.erase(person->ID());
-    origins.erase(person->ID());
   }
   std::erase_if(persons, [&](const auto& p) { return leaving.contains(p.get()); });
 }
@@ -79,7 +78,6 @@ void BookContent::removeGroup(const OVRef<OVVCardGroup>& group) {
   record.parents = 0;
   record.book.reset();
   groupsByID.erase(record.id);
-  origins.erase(record.id);
   std::erase(groups, group);
 }
 

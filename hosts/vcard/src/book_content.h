@@ -19,15 +19,20 @@ namespace ov::vcard {
 
 /// What a group holds. Sub-groups live as long as their book has them.
 struct GroupRecord {
+  /// A place in a file; null and 0 for what came from none.
+  struct Place {
+    OVString file;
+    std::size_t line = 0;
+  };
   /// A member that no card has been found for.
   struct MissingMember {
     OVString id;
-    OVString file;
-    std::size_t line = 0;
+    Place place;
   };
 
   OVString id;
   OVString name;
+  Place place;
   std::vector<OVRef<Person>> persons;
   std::unordered_set<const Person*> personSet;
   std::vector<std::weak_ptr<OVVCardGroup>> subGroups;
@@ -40,19 +45,16 @@ struct GroupRecord {
 /// The persons and groups of a book, and where they came from. Persons and groups share one space
 /// of IDs, since members are named by ID alone.
 struct BookContent : std::enable_shared_from_this<BookContent> {
-  struct Origin {
-    std::string contentID;
-    std::size_t line = 0;
-  };
-
   OVString id;
   OVString path;
   std::vector<OVRef<Person>> persons;
   std::unordered_map<OVString, OVRef<Person>> personsByID;
   std::vector<OVRef<OVVCardGroup>> groups;
   std::unordered_map<OVString, OVRef<OVVCardGroup>> groupsByID;
-  /// By ID: what was read from files.
-  std::unordered_map<OVString, Origin> origins;
+  /// What the cards that were read became, by their contents.
+  std::unordered_map<std::string, OVString> idsByContent;
+  /// How many cards wanted an ID that was taken.
+  std::unordered_map<OVString, std::size_t> wantedAgain;
   OVRef<OVTagManager> tags;  // null until somebody asks for it
   std::vector<OVVCardProblem> problems;
   std::error_code saveError;

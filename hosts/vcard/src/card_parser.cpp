@@ -67,11 +67,10 @@ void takeValue(EVCardAttribute* attribute, Field& field) {
                          [&](const GString* value) { field.text.append(value->str, value->len); });
 }
 
-}  // namespace
-
-std::vector<Field> parseCard(const std::vector<ContentLine>& lines, ProblemList& problems) {
+/// `seen` tells which lines became fields.
+std::vector<Field> fieldsOf(const std::vector<ContentLine>& lines, std::vector<bool>& seen) {
   std::vector<Field> fields;
-  std::vector<bool> seen(lines.size());
+  seen.assign(lines.size(), false);
   const CardObject card = parse(lines);
   forEach<EVCardAttribute>(e_vcard_get_attributes(card.get()), [&](EVCardAttribute* attribute) {
     const char* const group = e_vcard_attribute_get_group(attribute);
@@ -92,6 +91,20 @@ std::vector<Field> parseCard(const std::vector<ContentLine>& lines, ProblemList&
     takeParameters(attribute, field);
     takeValue(attribute, field);
   });
+  return fields;
+}
+
+}  // namespace
+
+std::optional<Field> parseLine(const ContentLine& line) {
+  std::vector<bool> seen;
+  std::vector<Field> fields = fieldsOf({line}, seen);
+  return fields.empty() ? std::nullopt : std::optional(std::move(fields.front()));
+}
+
+std::vector<Field> parseCard(const std::vector<ContentLine>& lines, ProblemList& problems) {
+  std::vector<bool> seen;
+  std::vector<Field> fields = fieldsOf(lines, seen);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!seen[i]) problems.error(lines[i].number, "this line is no property of a vCard");
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "content_lines.h"
@@ -7,6 +8,9 @@
 #include "problem_list.h"
 
 namespace ov::vcard {
+
+/// Takes one property apart; nothing when it cannot be read.
+[[nodiscard]] std::optional<Field> parseLine(const ContentLine& line);
 
 /// Takes the properties of a card apart: names, groups, parameters, decoded values.
 [[nodiscard]] std::vector<Field> parseCard(const std::vector<ContentLine>& lines,

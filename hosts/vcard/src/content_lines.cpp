@@ -1,9 +1,11 @@
 #include "content_lines.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
 #include "ascii.h"
+#include "base64.h"
 #include "charset.h"
 #include "escapes.h"
 #include "line_header.h"
@@ -21,6 +23,12 @@ bool isVersion21(const CardText& card) {
     return value.starts_with(':') && trim(value.substr(1)).starts_with('2');
   }
   return false;
+}
+
+/// Some cards say so of an address, too.
+bool isBase64(std::string_view value) {
+  return std::all_of(value.begin(), value.end(),
+                     [](char c) { return isBase64Digit(c) || isBlank(c); });
 }
 
 class Decoder {
@@ -59,7 +67,7 @@ class Decoder {
     if (!unfolded.nestedCard.empty()) {
       const bool begins = sameWord(trim(value), "BEGIN:VCARD");
       line.value = escapeText((begins ? "BEGIN:VCARD\n" : "") + plainText(unfolded.nestedCard));
-    } else if (header.encoding == Encoding::Base64 && value.find(':') == std::string_view::npos) {
+    } else if (header.encoding == Encoding::Base64 && isBase64(value)) {
       line.base64 = true;
       line.value = value;
       unfolder_.appendBase64(line.value);
@@ -81,7 +89,7 @@ class Decoder {
   }
 
   std::string inUTF8(std::string bytes, const std::string& charset, std::size_t line) {
-    if (!charset.empty()) {
+    if (!charset.empty() && !(sameWord(charset, "UTF-8") && isUTF8(bytes))) {
       if (auto converted = toUTF8(bytes, charset)) {
         if (!converted->exact) {
           problems_.warning(line, "bytes that are no " + charset + " text were replaced");

@@ -6,6 +6,7 @@
 
 #include "ascii.h"
 #include "escapes.h"
+#include "line_header.h"
 
 namespace ov::vcard {
 
@@ -101,10 +102,7 @@ bool Field::isNamed(std::string_view base, bool vendorForms) const {
 std::string spelled(const Parameter& parameter) {
   std::string text = ";" + parameter.name + "=";
   for (std::size_t i = 0; i < parameter.values.size(); ++i) {
-    const std::string value = circumflexEncoded(parameter.values[i]);
-    if (i > 0) text += ',';
-    const bool quoted = value.empty() || value.find_first_of(",;: \t") != std::string::npos;
-    text += quoted ? '"' + value + '"' : value;
+    text.append(i > 0 ? "," : "").append(parameterSpelling(circumflexEncoded(parameter.values[i])));
   }
   return text;
 }

@@ -27,11 +27,10 @@ std::vector<std::string_view> splitOutsideQuotes(std::string_view text, char sep
   return parts;
 }
 
-std::string_view withoutQuotes(std::string_view text) {
-  if (text.size() >= 2 && text.front() == '"' && text.back() == '"') {
-    text = text.substr(1, text.size() - 2);
-  }
-  return text;
+std::string withoutQuotes(std::string_view text) {
+  std::string plain(trim(text));
+  std::erase(plain, '"');
+  return plain;
 }
 
 /// True when the word speaks of the encoding, which it then sets.
@@ -46,26 +45,36 @@ bool takeEncoding(std::string_view word, LineHeader& header) {
   return true;
 }
 
+/// Spells the parameter so that nobody can misread it.
+void append(std::string_view name, std::string_view values, std::string& parameters) {
+  parameters.append(";").append(name).append("=");
+  bool first = true;
+  for (const std::string_view part : splitOutsideQuotes(values, ',')) {
+    const std::string value = withoutQuotes(part);
+    parameters.append(first ? "" : ",");
+    parameters.append(parameterSpelling(value));
+    first = false;
+  }
+}
+
 void takeParameter(std::string_view parameter, LineHeader& header) {
   const std::size_t equals = parameter.find('=');
   if (equals == std::string_view::npos) {
-    if (takeEncoding(parameter, header)) return;
-    header.parameters.append(";").append(parameter);
+    if (!takeEncoding(parameter, header)) append("TYPE", parameter, header.parameters);
     return;
   }
   const std::string_view name = trim(parameter.substr(0, equals));
-  const std::string_view value = trim(parameter.substr(equals + 1));
-  const std::string_view plain = withoutQuotes(value);
+  const std::string_view value = parameter.substr(equals + 1);
+  const std::string plain = withoutQuotes(value);
   if (sameWord(name, "CHARSET")) {
     header.charset = plain;
-  } else if (sameWord(name, "ENCODING")) {
-    if (sameWord(plain, "B")) {
-      header.encoding = Encoding::Base64;
-    } else if (!takeEncoding(plain, header)) {
-      header.parameters.append(";X-ENCODING=").append(value);
-    }
-  } else if (isToken(name)) {
-    header.parameters.append(";").append(name).append("=").append(value);
+  } else if (!sameWord(name, "ENCODING")) {
+    append(isToken(name) ? name : "X-INVALID", isToken(name) ? value : parameter,
+           header.parameters);
+  } else if (sameWord(plain, "B")) {
+    header.encoding = Encoding::Base64;
+  } else if (!takeEncoding(plain, header)) {
+    append("X-ENCODING", value, header.parameters);
   }
 }
 
@@ -87,6 +96,13 @@ bool parse(std::string_view text, LineHeader& header) {
 
 }  // namespace
 
+std::string parameterSpelling(std::string_view value) {
+  const bool simple = !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
+    return isAlphanumeric(c) || std::string_view("-_./+").find(c) != std::string_view::npos;
+  });
+  return simple ? std::string(value) : '"' + std::string(value) + '"';
+}
+
 std::size_t endOfHeader(std::string_view line) {
   bool inQuotes = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
@@ -98,10 +114,12 @@ std::size_t endOfHeader(std::string_view line) {
 
 bool parseHeader(std::string_view text, LineHeader& header) {
   header = {};
-  if (std::count(text.begin(), text.end(), '"') % 2 == 0) return parse(text, header);
-  std::string unquoted(text);
-  std::erase(unquoted, '"');
-  return parse(unquoted, header);
+  const bool quotesPair = std::count(text.begin(), text.end(), '"') % 2 == 0;
+  if (quotesPair && text.find('\0') == std::string_view::npos) return parse(text, header);
+  std::string mended(text);
+  std::erase(mended, '\0');
+  if (!quotesPair) std::erase(mended, '"');
+  return parse(mended, header);
 }
 
 }  // namespace ov::vcard

@@ -13,12 +13,16 @@ struct LineHeader {
   std::string group;
   /// In upper case.
   std::string name;
-  /// The parameters that do not speak of the encoding, as they stand, each behind a semicolon.
+  /// The parameters that do not speak of the encoding, each behind a semicolon. All have a name,
+  /// and values are spelled by `parameterSpelling`.
   std::string parameters;
   Encoding encoding = Encoding::None;
   /// Empty when none is named.
   std::string charset;
 };
+
+/// The parameter value, which holds no quotes, in quotes unless it is a simple word.
+[[nodiscard]] std::string parameterSpelling(std::string_view value);
 
 /// The position of the colon that ends the header of a line; `npos` when there is none.
 [[nodiscard]] std::size_t endOfHeader(std::string_view line);

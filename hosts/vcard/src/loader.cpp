@@ -27,11 +27,16 @@ class Loader {
       return;
     }
     const std::string content = contentID(lines);
-    const OVString id = newID(fields, content, card.number);
-    if (id.isNull()) return;
-    book_.origins.insert_or_assign(id, BookContent::Origin{content, card.number});
+    const auto known = book_.idsByContent.find(content);
+    if (known != book_.idsByContent.end() && book_.has(known->second)) {
+      problems_.warning(card.number, "this card repeats another, and was left out");
+      return;
+    }
+    const OVString given = idOf(fields);
+    const OVString id = freeID(given.isNull() ? OVString(content) : given, card.number);
+    book_.idsByContent.insert_or_assign(content, id);
     if (isGroup(fields)) {
-      addGroup(id, readGroup(fields));
+      addGroup(id, readGroup(fields), card.number);
     } else {
       PersonDraft draft = readPerson(fields);
       const OVRef<OVList<OVString>> tags = draft.tags();
@@ -42,32 +47,24 @@ class Loader {
   ProblemList& problems() { return problems_; }
 
  private:
-  /// Null for a card that the book has already.
-  OVString newID(const std::vector<Field>& fields, const std::string& content, std::size_t line) {
-    const OVString given = idOf(fields);
-    const std::string wanted = given.isNull() ? content : given.str();
-    for (std::size_t count = 1;; ++count) {
-      const OVString id = count == 1 ? wanted : wanted + "-" + std::to_string(count);
-      const auto origin = book_.origins.find(id);
-      if (origin != book_.origins.end() && origin->second.contentID == content) {
-        problems_.warning(line, "this card repeats another, and was left out");
-        return nullptr;
-      }
-      if (!book_.has(id)) {
-        if (count > 1) {
-          problems_.warning(line,
-                            "the UID " + wanted + " is taken; this card got the ID " + id.str());
-        }
-        return id;
-      }
-    }
+  /// The ID, or one made from it when it is taken.
+  OVString freeID(const OVString& wanted, std::size_t line) {
+    if (!book_.has(wanted)) return wanted;
+    std::size_t& again = book_.wantedAgain.try_emplace(wanted, 1).first->second;
+    std::string id;
+    do {
+      id = wanted.str() + "-" + std::to_string(++again);
+    } while (book_.has(id));
+    problems_.warning(line, "the UID " + wanted.str() + " is taken; this card got the ID " + id);
+    return id;
   }
 
-  void addGroup(const OVString& id, GroupDraft draft) {
+  void addGroup(const OVString& id, GroupDraft draft, std::size_t line) {
     GroupRecord& record = BookContent::recordOf(*book_.addGroup(id, draft.name));
+    record.place = {problems_.file(), line};
     record.others = std::move(draft.others);
     for (const GroupDraft::Member& member : draft.members) {
-      record.missing.push_back({member.id, problems_.file(), member.line});
+      record.missing.push_back({member.id, {problems_.file(), member.line}});
     }
   }
 
@@ -87,7 +84,7 @@ void loadCards(BookContent& book, std::string bytes, const OVString& file,
     loader.add(card);
     if (progress && count % kCardsBetweenReports == 0) progress(splitter.offset(), text.size());
   }
-  joinMembers(book, loader.problems());
+  joinMembers(book);
   if (progress) progress(text.size(), text.size());
 }
 

@@ -56,7 +56,7 @@ void joinMembersOf(GroupRecord& record, const Directory& directory) {
 /// Walks the groups from above and cuts every way that leads back to where it came from.
 class CycleCutter {
  public:
-  CycleCutter(const BookContent& book, ProblemList& problems) : book_(book), problems_(problems) {}
+  explicit CycleCutter(BookContent& book) : book_(book) {}
 
   void cut() {
     for (const Group& group : book_.groups) {
@@ -99,13 +99,12 @@ class CycleCutter {
   }
 
   void report(const OVVCardGroup& group) {
-    const auto origin = book_.origins.find(group.ID());
-    problems_.warning(origin == book_.origins.end() ? 0 : origin->second.line,
-                      "this group stands inside itself; one membership was left out");
+    const GroupRecord::Place& place = BookContent::recordOf(group).place;
+    book_.problems.push_back({OVVCardSeverity::Warning, place.file, place.line,
+                              "this group stands inside itself; one membership was left out"});
   }
 
-  const BookContent& book_;
-  ProblemList& problems_;
+  BookContent& book_;
   std::unordered_set<const OVVCardGroup*> seen_;
   std::unordered_set<const OVVCardGroup*> above_;
   std::vector<Step> path_;
@@ -113,14 +112,14 @@ class CycleCutter {
 
 }  // namespace
 
-void joinMembers(BookContent& book, ProblemList& problems) {
+void joinMembers(BookContent& book) {
   const bool isComplete = std::all_of(book.groups.begin(), book.groups.end(), [](const Group& g) {
     return BookContent::recordOf(*g).missing.empty();
   });
   if (isComplete) return;
   const Directory directory(book);
   for (const Group& group : book.groups) joinMembersOf(BookContent::recordOf(*group), directory);
-  CycleCutter(book, problems).cut();
+  CycleCutter(book).cut();
 }
 
 }  // namespace ov::vcard

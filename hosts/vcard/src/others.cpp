@@ -1,7 +1,9 @@
 #include "others.h"
 
+#include <algorithm>
+
 #include "ascii.h"
-#include "base64.h"
+#include "card_parser.h"
 #include "escapes.h"
 #include "labels.h"
 #include "line_header.h"
@@ -12,7 +14,9 @@ namespace ov::vcard {
 namespace {
 
 /// True for a name as `keptLine` writes it, in upper case.
-bool isPropertyName(std::string_view name) { return isToken(name) && upperASCII(name) == name; }
+bool isPropertyName(std::string_view name) {
+  return isToken(name) && upperASCII(name) == name && name != "VERSION";
+}
 
 OVRef<OVLabel> labelOf(const KeptLine& line, const Field& field) {
   return makeLabel(line.name + line.parameters,
@@ -54,22 +58,27 @@ std::optional<KeptLine> lineOf(const OVSingleValue& entry) {
   const OVRef<OVLabel> label = entry.label();
   const OVString value = ov::cast<OVString>(entry.value());
   if (label == nullptr || canonicalValue(value, Escaping::New) != value.view()) return std::nullopt;
-  const std::string_view header = label->name();
-  const std::string_view name = header.substr(0, header.find(';'));
-  LineHeader parsed;
-  if (!isPropertyName(name) || endOfHeader(std::string(header) + ":") != header.size() ||
-      header.find_first_of("\r\n") != std::string_view::npos || !parseHeader(header, parsed) ||
-      parsed.name + parsed.parameters != header) {
+
+  const std::string_view name = label->name();
+  LineHeader header;
+  if (!isPropertyName(name.substr(0, name.find(';'))) || !parseHeader(name, header)) {
     return std::nullopt;
   }
-  return KeptLine{std::move(parsed.name), std::move(parsed.parameters), value.str()};
+  const auto field = parseLine({0, {}, header.name, header.parameters, false, value.str()});
+  if (!field) return std::nullopt;
+  KeptLine line = keptLine(*field);
+  if (line.name + line.parameters != name || line.value != value.view()) return std::nullopt;
+  return line;
 }
 
 bool hasLine(const PersonValues& values, std::string_view name) {
-  for (const OVRef<OVSingleValue>& entry : values.entries(OVProPertyOther)) {
-    if (const auto line = lineOf(*entry); line && line->name == name) return true;
-  }
-  return false;
+  const std::vector<OVRef<OVSingleValue>> entries = values.entries(OVProPertyOther);
+  return std::any_of(entries.begin(), entries.end(), [&](const OVRef<OVSingleValue>& entry) {
+    const OVRef<OVLabel> label = entry->label();
+    if (label == nullptr || !label->name().view().starts_with(name)) return false;
+    const auto line = lineOf(*entry);
+    return line && line->name == name;
+  });
 }
 
 bool readOther(const Field& field, const Binding& binding, PersonDraft& draft) {

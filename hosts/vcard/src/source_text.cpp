@@ -21,7 +21,7 @@ bool LineReader::next(SourceLine& line) {
   const std::size_t end = std::min(text_.find_first_of("\r\n", offset_), text_.size());
   line.text = text_.substr(offset_, end - offset_);
   line.number = ++number_;
-  offset_ = end + (text_.substr(end).starts_with("\r\n") ? 2 : 1);
+  offset_ = std::min(end + (text_.substr(end).starts_with("\r\n") ? 2 : 1), text_.size());
   return true;
 }
 

@@ -3,15 +3,14 @@
 #include <algorithm>
 
 #include "ascii.h"
+#include "base64.h"
 
 namespace ov::vcard {
 
 namespace {
 
 bool isBase64(std::string_view line) {
-  return !line.empty() && std::all_of(line.begin(), line.end(), [](char c) {
-    return isAlphanumeric(c) || c == '+' || c == '/' || c == '=';
-  });
+  return !line.empty() && std::all_of(line.begin(), line.end(), isBase64Digit);
 }
 
 /// True when an "=" at the end of the line says that the value goes on: a rough look at what stands
