@@ -1,42 +1,20 @@
 #include "show/person_sheet.h"
 
-#include <algorithm>
 #include <ostream>
-#include <utility>
 
 #include <OVAddressBookSDK/locale.h>
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "output/display_width.h"
 #include "output/escape.h"
 #include "output/table.h"
 #include "show/datum_lines.h"
+#include "show/entry.h"
 
 namespace ovbook {
 
 namespace {
-
-struct Entry {
-  std::string label;
-  std::vector<std::string> datum;
-};
-
-/// Adds the entries of one property, whose data stand below each other.
-void addEntries(Table& table, const std::string& property, const std::vector<Entry>& entries) {
-  constexpr std::size_t kGap = 2;
-  std::size_t width = 0;
-  for (const Entry& entry : entries) width = std::max(width, displayWidth(entry.label));
-  if (width > 0) width += kGap;
-  std::string heading = property;
-  for (const Entry& entry : entries) {
-    std::string label = entry.label;
-    for (const std::string& line : entry.datum) {
-      table.add({std::exchange(heading, ""), padded(std::exchange(label, ""), width) + line});
-    }
-  }
-}
 
 bool isSameWord(const OVString& a, const OVString& b) {
   const auto locale = OVLocale::currentLocale();
