@@ -10,6 +10,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/archive/large_memory.h"
+
 namespace ov::detail {
 
 /// A list of plain values that grows at its end. Large ones grow in place, so that no second copy
@@ -90,6 +92,7 @@ class GrowingArray {
     if (grown == nullptr) throw std::bad_alloc();
     adopt(grown);
     capacity_ = wanted;
+    adviseLarge(grown, wanted * sizeof(T));
   }
 
   std::unique_ptr<T, Free> values_;
