@@ -79,16 +79,18 @@ using ov::detail::ArchiveWriter;
 
 namespace {
 
-/// Disposes of whatever objects the value refers to, however deep inside its containers.
-void letGo(OVOpaqueValue& value) {
+using References = std::vector<OVRef<OVObject>>;
+
+/// Takes the objects that the value refers to, however deep inside its containers.
+void takeReferences(OVOpaqueValue& value, References& taken) {
   if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&value.content)) {
-    ov::detail::dispose(std::move(reference->object));
+    if (reference->object != nullptr) taken.push_back(std::move(reference->object));
   } else if (auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
-    for (OVOpaqueValue& element : *array) letGo(element);
+    for (OVOpaqueValue& element : *array) takeReferences(element, taken);
   } else if (auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {
-    for (OVOpaqueValue& element : set->elements) letGo(element);
+    for (OVOpaqueValue& element : set->elements) takeReferences(element, taken);
   } else if (auto* dictionary = std::get_if<OVOpaqueValue::Dictionary>(&value.content)) {
-    for (OVOpaqueField& field : *dictionary) letGo(field.value);
+    for (OVOpaqueField& field : *dictionary) takeReferences(field.value, taken);
   }
 }
 
@@ -99,7 +101,11 @@ const OVClass* OVData::classForCoder() const { return &ov::detail::kDataClass; }
 const OVClass* OVNumber::classForCoder() const { return &ov::detail::kNumberClass; }
 
 OVOpaqueObject::~OVOpaqueObject() {
-  for (OVOpaqueField& field : fields_) letGo(field.value);
+  // Disposed of once the containers are left, so that their depth and that of the objects do not
+  // multiply.
+  References taken;
+  for (OVOpaqueField& field : fields_) takeReferences(field.value, taken);
+  for (OVRef<OVObject>& object : taken) ov::detail::dispose(std::move(object));
 }
 
 const OVClass* OVOpaqueObject::classForCoder() const { return &ov::detail::kOpaqueClass; }
