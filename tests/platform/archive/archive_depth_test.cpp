@@ -10,6 +10,7 @@
 
 #include "support/archive_builder.h"
 #include "support/host_node.h"
+#include "support/leaks_tolerated.h"
 #include "support/printers.h"
 #include "support/refusal.h"
 
@@ -29,7 +30,7 @@ TEST(ArchiveDepth, AChainOfAHundredThousandValuesIsWrittenAndRead) {
   }
   const auto data = archiveOf(chain);
   auto read = unarchived(data);
-  EXPECT_EQ(archiveOf(read)->text(), data->text());
+  EXPECT_TRUE(archiveOf(read)->text() == data->text());
   int depth = 0;
   for (; const auto value = ov::cast<OVSingleValue>(read); ++depth) read = value->value();
   EXPECT_EQ(depth, kDeep);
@@ -66,7 +67,7 @@ TEST(ArchiveDepth, AChainOfUnknownObjectsIsReadWrittenAndLetGo) {
   const auto read = unarchived<OVOpaqueObject>(data);
   ASSERT_NE(read, nullptr);
   const auto again = archiveOf(read);
-  EXPECT_EQ(archiveOf(unarchived(again))->text(), again->text());
+  EXPECT_TRUE(archiveOf(unarchived(again))->text() == again->text());
 }
 
 TEST(ArchiveDepth, AChainThroughSetsIsReadWrittenAndLetGo) {
@@ -106,7 +107,9 @@ TEST(ArchiveDepth, AChainOfDictionariesThatAreKeysIsRead) {
   EXPECT_EQ(refusal(archive.archive(next)), "accepted");
 }
 
+// Nothing can untie a ring of opaque objects.
 TEST(ArchiveDepth, ADictionaryMayBeItsOwnKey) {
+  const LeaksTolerated tolerated;
   ArchiveBuilder archive;
   const Uid own = archive.reserve();
   archive.place(own, archive.fields({{"NS.keys", archive.toAll({own})},
@@ -119,6 +122,7 @@ TEST(ArchiveDepth, ADictionaryMayBeItsOwnKey) {
 }
 
 TEST(ArchiveDepth, TextObjectsMayNotHoldEachOther) {
+  const LeaksTolerated tolerated;
   ArchiveBuilder archive;
   const Uid own = archive.reserve();
   archive.place(own,

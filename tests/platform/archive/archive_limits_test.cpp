@@ -123,7 +123,7 @@ TEST(ArchiveLimits, ManyUnknownObjectsWithTheSameBytesAreRead) {
     return std::get<OVOpaqueValue::Inline>((*read)[i]->fields()[0].value.content).object;
   };
   EXPECT_EQ(bytesOf(0), bytesOf(1999));
-  EXPECT_EQ(archiveOf(read)->text(), data->text());
+  EXPECT_TRUE(archiveOf(read)->text() == data->text());
 }
 
 }  // namespace

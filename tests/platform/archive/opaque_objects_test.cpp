@@ -12,6 +12,7 @@
 
 #include "support/archive_builder.h"
 #include "support/host_node.h"
+#include "support/leaks_tolerated.h"
 #include "support/plist_text.h"
 #include "support/printers.h"
 
@@ -103,18 +104,16 @@ TEST(OpaqueObjects, KeepWhatTheyShareWithOthers) {
             (*read)[0]);
 }
 
+// Nothing can untie a ring of opaque objects.
 TEST(OpaqueObjects, MayStandInARing) {
+  const LeaksTolerated tolerated;
   ArchiveBuilder archive;
   const Uid ring = archive.reserve();
   archive.place(ring, archive.fields({{"self", archive.to(ring)},
                                       {"$class", archive.to(archive.classNamed("XYRing"))}}));
-  const auto read = OVList<OVObject>::list({unarchived(archive.archive(ring))});
-  const auto opaque = ov::cast<OVOpaqueObject>(read->front());
-  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(opaque->fields()[0].value.content).object, opaque);
-  EXPECT_EQ(archivedObjects(archiveOf(opaque))[1], "{self: #1, $class: #2}");
-  // Nothing but an archive can change an opaque object: the ring stays tied until the program ends.
-  static const auto& kept = *new OVRef<OVObject>(opaque);
-  EXPECT_EQ(kept, opaque);
+  const auto read = unarchived<OVOpaqueObject>(archive.archive(ring));
+  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(read->fields()[0].value.content).object, read);
+  EXPECT_EQ(archivedObjects(archiveOf(read))[1], "{self: #1, $class: #2}");
 }
 
 TEST(OpaqueObjects, KeepClassHintsAndNameOnlyRecords) {
@@ -153,7 +152,7 @@ TEST(OpaqueObjects, StandWhereAnyObjectMayStand) {
   const auto root =
       archive.dictionaryOf("NSMutableDictionary", {archive.addText("key")}, {unknown});
   const auto data = passedThrough(archive.archive(root));
-  EXPECT_EQ(passedThrough(data)->text(), data->text());
+  EXPECT_TRUE(passedThrough(data)->text() == data->text());
 }
 
 }  // namespace
