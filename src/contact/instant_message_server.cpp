@@ -77,7 +77,7 @@ OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(
     const OVString& displayName) {
   // Reads the table as it stands: only others build it.
   const Services* services = servicesOnce.peek();
-  if (services == nullptr || displayName.isNull()) return make(displayName, displayName);
+  if (services == nullptr) return make(displayName, displayName);
   const auto locale = OVLocale::currentLocale();
   const OVString wanted = locale->lowercase(displayName);
   for (const auto& server : *services->list)

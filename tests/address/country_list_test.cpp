@@ -1,12 +1,7 @@
 #include <OVAddressBookSDK/country.h>
 
-#include <algorithm>
-#include <map>
-#include <set>
+#include <vector>
 
-#include <OVAddressBookSDK/locale.h>
-
-#include "address/test_data.h"
 #include "support/fake_locale.h"
 #include "support/own_process.h"
 #include "support/printers.h"
@@ -22,40 +17,6 @@ std::vector<OVString> codesOf(const OVRef<OVList<OVCountry>>& countries) {
 }
 
 OVRef<OVList<OVString>> threeCodes() { return OVList<OVString>::list({"DE", "US", "AF"}); }
-
-TEST(CountryList, HoldsThePlatformsCodesThatHaveANameEachOnce) {
-  expectInOwnProcess([] {
-    std::map<std::string, std::string> names;
-    for (const auto& row : addressTable("countries")) names.emplace(row.at(0), row.at(1));
-    std::map<std::string, std::string> expected;
-    const auto codes = OVLocale::currentLocale()->isoCountryCodes();
-    for (const OVString& code : *codes) {
-      std::string lower = code.str();
-      for (char& c : lower) c = static_cast<char>(c - 'A' + 'a');
-      if (const auto at = names.find(lower); at != names.end()) expected.insert(*at);
-    }
-    std::map<std::string, std::string> listed;
-    const auto countries = OVCountry::allCountry();
-    for (const auto& country : *countries)
-      EXPECT_TRUE(listed.emplace(country->code(), country->name()).second) << country->code();
-    EXPECT_EQ(listed, expected);
-    EXPECT_GT(listed.size(), 150U);
-  });
-}
-
-TEST(CountryList, IsOrderedByNameByteByByte) {
-  expectInOwnProcess([] {
-    const auto countries = OVCountry::allCountry();
-    std::vector<std::string> names;
-    for (const auto& country : *countries) names.push_back(country->name().str());
-    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
-    EXPECT_EQ(names.front(), "Afghanistan");
-    const auto firstWithE =
-        std::ranges::find_if(names, [](const std::string& name) { return name.starts_with('E'); });
-    EXPECT_EQ(*firstWithE, "EI Salvador");
-    EXPECT_EQ(*std::next(firstWithE), "Ecuador");
-  });
-}
 
 TEST(CountryList, IsTheSameListAtEachCall) {
   EXPECT_EQ(OVCountry::allCountry(), OVCountry::allCountry());

@@ -231,10 +231,10 @@ TEST_F(TagManager, SettingTheLiveListOfAnotherPersonCopiesIt) {
 }
 
 TEST_F(TagManager, SettingAListThatGrowsMeanwhileTakesItAsItWas) {
-  manager->addPersonIDForTag("W", "W");
+  for (const char* person : {"W", "V"}) manager->addPersonIDForTag(person, "W");
   manager->setTagsForPersonID(manager->personIDsByTag("W"), "P");
-  EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("W"));
-  EXPECT_THAT(texts(manager->personIDsByTag("W")), ElementsAre("W", "P"));
+  EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("W", "V"));
+  EXPECT_THAT(texts(manager->personIDsByTag("W")), ElementsAre("W", "V", "P"));
 }
 
 }  // namespace
