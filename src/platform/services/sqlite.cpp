@@ -101,10 +101,9 @@ void Statement::bind(int parameter, std::string_view text) {
 }
 
 void Statement::bind(int parameter, std::span<const std::byte> bytes) {
-  // No bytes at no address would be taken for null.
-  const void* place = bytes.empty() ? "" : static_cast<const void*>(bytes.data());
-  checkBind(sqlite3_bind_blob64(statement_.get(), parameter, place, bytes.size(), SQLITE_STATIC),
-            statement_.get());
+  checkBind(
+      sqlite3_bind_blob64(statement_.get(), parameter, bytes.data(), bytes.size(), SQLITE_STATIC),
+      statement_.get());
 }
 
 bool Statement::step() {

@@ -66,7 +66,8 @@ class Statement {
   void bindNull(int parameter);
   void bind(int parameter, std::int64_t value);
   void bind(int parameter, double value);
-  /// The text and the bytes must stay as they are until the statement has been stepped.
+  /// The text and the bytes must stay as they are until the statement has been stepped. No bytes
+  /// may be bound as null.
   void bind(int parameter, std::string_view text);
   void bind(int parameter, std::span<const std::byte> bytes);
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/services/deadline.h"
+#include "platform/services/directory.h"
 #include "platform/services/sqlite.h"
 #include "stored_defaults.h"
 #include "support/child_process.h"
@@ -172,6 +173,26 @@ TEST_F(DefaultsProcesses, WhatALockKeptBackIsWrittenWithTheNextSet) {
   setInteger(*defaults, 3, "other");
   EXPECT_EQ(integer(*openStore(), "key"), 2);
   EXPECT_EQ(integer(*openStore(), "other"), 3);
+}
+
+TEST_F(DefaultsProcesses, NobodyUsesTheFilesWhileAProcessMayMoveThem) {
+  const auto defaults = openHurriedStore();
+  setInteger(*defaults, 1, "key");
+  ChildProcess holder([this] {
+    ov::Deadline deadline(std::chrono::seconds(10));
+    const ov::Directory folder(directory().string());
+    folder.lock(deadline);
+    ::raise(SIGSTOP);
+    return true;
+  });
+  holder.waitUntilStopped();
+  setInteger(*defaults, 2, "key");
+  EXPECT_FALSE(defaults->synchronize());
+  EXPECT_EQ(integer(*openHurriedStore(), "key"), -1);
+  holder.kill();
+  EXPECT_EQ(integer(*openStore(), "key"), 1);
+  EXPECT_TRUE(defaults->synchronize());
+  EXPECT_EQ(integer(*openStore(), "key"), 2);
 }
 
 TEST_F(DefaultsProcesses, ReadingGoesOnWhileALockIsWaitedFor) {
