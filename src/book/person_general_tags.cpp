@@ -6,14 +6,11 @@ OVRef<OVList<OVString>> OVPersonGeneral::tagArray() const {
 }
 
 void OVPersonGeneral::addTag(const OVString& tag) {
-  if (tag.isNull()) return;
   const auto tags = tagArray();
   if (tags->contains(tag)) tags->push_back(tag);
 }
 
-void OVPersonGeneral::removeTag(const OVString& tag) {
-  if (!tag.isNull()) tagArray()->remove(tag);
-}
+void OVPersonGeneral::removeTag(const OVString& tag) { tagArray()->remove(tag); }
 
 void OVPersonGeneral::setTags(const OVRef<OVList<OVString>>& tags) {
   if (tags == nullptr) return;
