@@ -13,7 +13,7 @@ namespace {
 /// too many.
 template <class Hang>
 void expectToFallApart(Hang hang) {
-  constexpr int kLength = 200000;
+  constexpr int kLength = 100000;
   OVRef<OVObject> chain = OVString("the end");
   const OVRef<OVObject> first = hang(chain);
   chain = first;

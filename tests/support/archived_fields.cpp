@@ -10,6 +10,8 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/number.h>
 
+#include "platform/dispose.h"
+
 namespace {
 
 constexpr const char* kForeignClass = "XYUnknown";
@@ -28,6 +30,15 @@ class ArchivedFields final : public OVObject {
  public:
   ArchivedFields(const char* className, std::vector<ArchivedField> fields)
       : class_(classNamed(className)), fields_(std::move(fields)) {}
+  ArchivedFields(const ArchivedFields&) = delete;
+  ArchivedFields& operator=(const ArchivedFields&) = delete;
+  ~ArchivedFields() override {
+    for (ArchivedField& field : fields_) {
+      if (auto* object = std::get_if<OVRef<OVObject>>(&field.value)) {
+        ov::detail::dispose(std::move(*object));
+      }
+    }
+  }
 
   const OVClass* classForCoder() const override { return &class_; }
 

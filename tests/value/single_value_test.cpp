@@ -106,7 +106,7 @@ TEST(SingleValueCopy, ChangeOfTheSharedLabelShowsInBoth) {
 
 /// One link of a long chain of values, each the datum of the next.
 TEST(SingleValue, LongChainOfValuesIsDestroyedWithoutDeepRecursion) {
-  constexpr int kLength = 300000;
+  constexpr int kLength = 100000;
   OVRef<OVObject> chain;
   for (int i = 0; i < kLength; ++i) chain = valueOf(OVValueTypeString, chain);
   const std::weak_ptr<OVObject> last = chain;
