@@ -39,9 +39,7 @@ class OV_EXPORT TextObject : public OVObject {
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
 
   /// True when more than one handle holds the text.
-  [[nodiscard]] bool isShared() const {
-    return references_.load(std::memory_order_relaxed) != 1;
-  }
+  [[nodiscard]] bool isShared() const { return references_.load(std::memory_order_relaxed) != 1; }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
 

@@ -79,6 +79,12 @@ OVRef<IOVPerson> person(std::string_view lines, std::string_view version) {
   return onlyPerson(*book);
 }
 
+std::vector<std::string> idsOf(const OVRef<OVList<IOVPerson>>& persons) {
+  std::vector<std::string> ids;
+  for (const OVRef<IOVPerson> person : *persons) ids.push_back(person->ID().str());
+  return ids;
+}
+
 std::string datumText(const OVRef<OVObject>& datum) {
   if (const OVString text = ov::cast<OVString>(datum)) return text.str();
   if (const auto phone = ov::cast<OVObjectPhone>(datum)) return phone->phoneNumber().str();

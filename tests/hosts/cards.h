@@ -19,6 +19,9 @@ OVRef<IOVPerson> person(std::string_view lines, std::string_view version = "4.0"
 /// The only person of the book; null when there is none or are more.
 OVRef<IOVPerson> onlyPerson(const OVVCardBook& book);
 
+/// The IDs of persons, in order.
+std::vector<std::string> idsOf(const OVRef<OVList<IOVPerson>>& persons);
+
 /// What a property holds: "label name|display name: datum" of each entry, a "*" in front of the
 /// main one, or the datum alone of a single value.
 std::vector<std::string> entries(const IOVPerson& person, const OVString& property);

@@ -16,13 +16,6 @@ std::string groupCard(const std::string& id, const std::string& lines) {
   return card("UID:" + id + "\nKIND:group\n" + lines);
 }
 
-std::vector<std::string> personIDs(const OVRef<IOVGroup>& group) {
-  std::vector<std::string> ids;
-  const auto persons = group->persons();
-  for (const OVRef<IOVPerson> member : *persons) ids.push_back(member->ID().str());
-  return ids;
-}
-
 std::vector<std::string> groupIDs(const OVRef<OVList<IOVGroup>>& groups) {
   std::vector<std::string> ids;
   for (const OVRef<IOVGroup> group : *groups) ids.push_back(group->ID().str());
@@ -38,7 +31,7 @@ TEST(Groups, HaveNameAndMembers) {
   const auto group = book->groupByID("g");
   EXPECT_EQ(group->ID(), "g");
   EXPECT_EQ(group->displayName(), "Friends");
-  EXPECT_THAT(personIDs(group), ElementsAre("b", "a"));
+  EXPECT_THAT(idsOf(group->persons()), ElementsAre("b", "a"));
   EXPECT_THAT(groupIDs(book->allPersons()->front()->groups()), ElementsAre("g"));
 }
 
@@ -51,7 +44,7 @@ TEST(Groups, HaveOlderSpellings) {
   const auto group = book->groupByID("g");
   ASSERT_NE(group, nullptr);
   EXPECT_EQ(group->displayName(), "Team");
-  EXPECT_THAT(personIDs(group), ElementsAre("a", "urn:uuid:B"));
+  EXPECT_THAT(idsOf(group->persons()), ElementsAre("a", "urn:uuid:B"));
 }
 
 TEST(Groups, MayHaveNoName) {
@@ -65,13 +58,13 @@ TEST(Groups, MayStandInGroups) {
   EXPECT_THAT(groupIDs(book->rootGroups()), ElementsAre("a"));
   EXPECT_THAT(groupIDs(book->groupByID("a")->subGroups()), ElementsAre("b", "c"));
   EXPECT_THAT(groupIDs(book->groupByID("b")->subGroups()), ElementsAre("c"));
-  EXPECT_THAT(personIDs(book->groupByID("a")), ElementsAre("p"));
+  EXPECT_THAT(idsOf(book->groupByID("a")->persons()), ElementsAre("p"));
 }
 
 TEST(Groups, NameAMemberOnce) {
   const auto book = bookOf(groupCard("a", "MEMBER:p\nMEMBER:urn:uuid:P\nMEMBER:b\nMEMBER:b") +
                            groupCard("b", "") + personCard("p"));
-  EXPECT_THAT(personIDs(book->groupByID("a")), ElementsAre("p"));
+  EXPECT_THAT(idsOf(book->groupByID("a")->persons()), ElementsAre("p"));
   EXPECT_THAT(groupIDs(book->groupByID("a")->subGroups()), ElementsAre("b"));
 }
 
@@ -91,7 +84,7 @@ TEST(Groups, TellOfMembersThatAreInNoFile) {
                                            "6: the member mailto:x@example.com is in no file"));
   book->loadWithData(OVData::dataWithText(personCard("p")));
   EXPECT_THAT(problems(*book), ElementsAre("6: the member mailto:x@example.com is in no file"));
-  EXPECT_THAT(personIDs(book->groupByID("g")), ElementsAre("p"));
+  EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("p"));
 }
 
 TEST(Groups, KeepEverythingWhenWritten) {

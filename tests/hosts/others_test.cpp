@@ -95,6 +95,14 @@ TEST(Others, WithTextThatIsNoValueComeBackToo) {
   EXPECT_EQ(entryAfterCard("X-FOO", "a;b,c"), "*X-FOO|X-FOO: a;b,c");
 }
 
+TEST(Others, OfOtherBooksKeepTheirMainValue) {
+  const char* lines = "X-OTHER:a\nitem1.X-OTHER;PREF=1:b\nitem1.X-ABLABEL:my own";
+  const auto read = person(lines);
+  EXPECT_THAT(entries(*read, OVProPertyOther), ElementsAre("Other|Other: a", "*my own|my own: b"));
+  EXPECT_THAT(writtenLines(read),
+              ElementsAre("FN:", "X-OTHER:a", "item1.X-OTHER;PREF=1:b", "item1.X-ABLABEL:my own"));
+}
+
 TEST(Others, WithoutLabelGetThePropertysOwn) {
   EXPECT_EQ(entryAfterCard(nullptr, "x"), "*Other|Other: x");
 }

@@ -90,7 +90,7 @@ def ring():
 
 def chain():
     """Far more objects inside each other than any program has stack for."""
-    length = 30000
+    length = 20000
     objects = [{"$class": UID(2), "next": UID(i + 1)} for i in range(3, length)]
     return archive(
         {"$class": UID(2), "next": UID(3)}, record("Node"), *objects, {"$class": UID(2), "end": True}

@@ -173,6 +173,13 @@ TEST_F(Import, AFileWhoseNameIsInBracketsIsOneFile) {
   EXPECT_EQ(list(), "a  a\n");
 }
 
+TEST_F(Import, ANameThatIsNoTextIsAFailure) {
+  const std::string cards = cardsOf("cards\xFF.vcf", {person("a")});
+  EXPECT_THAT(importFiles({cards}).err, HasSubstr("the file's name is no well-formed UTF-8"));
+  EXPECT_EQ(ovbook({"import", cardsOf("cards.vcf", {person("a")}), "-o", path("b\xFF")}).status, 2);
+  EXPECT_THAT(names(), ElementsAre("cards.vcf", "cards\xFF.vcf"));
+}
+
 TEST_F(Import, NoBarIsDrawnIntoAFile) {
   EXPECT_EQ(importFiles({std::string(EXAMPLE_CONTACTS)}).err.find('\r'), std::string::npos);
 }

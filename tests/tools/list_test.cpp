@@ -108,7 +108,7 @@ TEST_F(List, AForeignFileIsAFailure) {
 TEST_F(List, ADamagedBookIsAFailureWhereverItIsCut) {
   add("a", "Ann", "1", "a@example.org");
   const std::string whole = readFile(bookFile(*OVAddressBookGeneral::init()));
-  for (std::size_t size = 0; size < whole.size(); size += 7) {
+  for (std::size_t size = 0; size < whole.size(); size += 31) {
     const std::string path = file("cut", whole.substr(0, size));
     const Outcome outcome = ovbook({"list", path});
     EXPECT_EQ(outcome.status, 2);

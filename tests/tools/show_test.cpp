@@ -266,6 +266,17 @@ TEST_F(Show, UnknownIDsAreNamedAndTheOthersShown) {
                      "ovbook: none: the book holds no person and no group of this ID\n"}));
 }
 
+TEST_F(Show, UnknownIDsAreNamedEvenWhereNothingCanBePrinted) {
+  person("a");
+  const std::string unknown = "ovbook: none: the book holds no person and no group of this ID\n";
+  const std::string book = path("book");
+  EXPECT_EQ(show({"none"}).status, 1);
+  EXPECT_EQ(ovbookIn({.outputFile = "/dev/full"}, {"show", book, "a", "none"}),
+            (Outcome{2, "", unknown + "ovbook: standard output: No space left on device\n"}));
+  EXPECT_EQ(ovbookIn({.outputIsBroken = true}, {"show", book, "a", "none"}),
+            (Outcome{1, "", unknown}));
+}
+
 TEST_F(Show, TagsOfAStore) {
   person("a");
   person("b");

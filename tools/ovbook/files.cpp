@@ -71,7 +71,12 @@ OVRef<OVData> readFile(const std::string& path) {
   return OVData::dataWithVector(std::move(bytes));
 }
 
+void checkPath(const std::string& path) {
+  if (OVString(path).view() != path) throw Failure(path, "the file's name is no well-formed UTF-8");
+}
+
 void checkTarget(const std::string& target, const std::string& input) {
+  checkPath(target);
   std::error_code unknown;
   const auto status = std::filesystem::status(target, unknown);
   if (std::filesystem::is_directory(status)) {

@@ -9,6 +9,9 @@ namespace ovbook {
 /// All bytes of a file, pipes included. Throws `Failure`.
 [[nodiscard]] OVRef<OVData> readFile(const std::string& path);
 
+/// Throws `Failure` for a path that is no well-formed UTF-8 and would lead to another file.
+void checkPath(const std::string& path);
+
 /// Throws `Failure` when `target` cannot be replaced without harm: a folder, a device, or the very
 /// file that `input` names.
 void checkTarget(const std::string& target, const std::string& input);

@@ -2,18 +2,25 @@
 
 #include <ostream>
 
+#include "output/descriptor_buffer.h"
 #include "output/escape.h"
 
 namespace ovbook {
 
 void Session::report(std::string_view message) {
-  out_.flush();
-  err_ << "ovbook: " << printable(message) << '\n' << std::flush;
+  const std::string line = "ovbook: " + printable(message) + "\n";
+  try {
+    out_.flush();  // what was written so far stands before the line
+  } catch (const OutputError&) {
+    err_ << line << std::flush;
+    throw;
+  }
+  err_ << line << std::flush;
 }
 
 void Session::complain(std::string_view message) {
-  report(message);
   status_ = kIncomplete;
+  report(message);
 }
 
 }  // namespace ovbook

@@ -52,7 +52,7 @@ OVRef<OVVCardGroup> BookContent::addGroup(const OVString& groupID, const OVStrin
   record->id = groupID;
   record->name = name;
   record->book = weak_from_this();
-  const OVRef<OVVCardGroup> group(new OVVCardGroup(std::move(record)));
+  OVRef<OVVCardGroup> group(new OVVCardGroup(std::move(record)));
   groups.push_back(group);
   groupsByID.emplace(groupID, group);
   return group;

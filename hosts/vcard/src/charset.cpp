@@ -31,8 +31,10 @@ bool isCharsetName(std::string_view name) {
 
 Converter open(std::string_view charset) {
   if (!isCharsetName(charset)) return nullptr;
+  // What iconv_open returns when it fails: (iconv_t)-1.
+  static auto* const kFailed = std::bit_cast<void*>(std::intptr_t{-1});
   void* const converter = iconv_open("UTF-8", std::string(charset).c_str());
-  return Converter(std::bit_cast<std::intptr_t>(converter) == -1 ? nullptr : converter);
+  return Converter(converter == kFailed ? nullptr : converter);
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ std::string formatted(const char* format, Numbers... numbers) {
 
 OVRef<OVDate> parseDate(std::string_view text) {
   const std::size_t t = text.find('T');
-  const OVRef<OVDate> date = parseDay(text.substr(0, t));
+  OVRef<OVDate> date = parseDay(text.substr(0, t));
   if (date == nullptr || t == std::string_view::npos) return date;
   const auto seconds = secondsOfDay(text.substr(t + 1));
   if (!seconds || t + 1 == text.size()) return nullptr;

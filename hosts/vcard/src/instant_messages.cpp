@@ -62,12 +62,12 @@ std::string lettersOf(std::string_view text) {
 
 /// The supported service of this name, blanks and hyphens apart; else one that is made of it.
 OVRef<OVInstantMessageServer> serverOfType(std::string_view type) {
-  for (const OVRef<OVInstantMessageServer> server : *OVInstantMessageServer::supportServer()) {
-    if (!lettersOf(type).empty() && lettersOf(server->displayName()) == lettersOf(type)) {
-      return server;
-    }
-  }
-  return OVInstantMessageServer::serverWithName(type);
+  const std::string letters = lettersOf(type);
+  const OVRef<OVList<OVInstantMessageServer>> supported = OVInstantMessageServer::supportServer();
+  const auto at = std::find_if(supported->begin(), supported->end(), [&](const auto& server) {
+    return !letters.empty() && lettersOf(server->displayName()) == letters;
+  });
+  return at == supported->end() ? OVInstantMessageServer::serverWithName(type) : *at;
 }
 
 bool isServiceType(std::string_view parameter) {

@@ -4,6 +4,7 @@
 
 #include "ascii.h"
 #include "card_parser.h"
+#include "entries.h"
 #include "escapes.h"
 #include "labels.h"
 #include "line_header.h"
@@ -88,16 +89,15 @@ bool readOther(const Field& field, const Binding& binding, PersonDraft& draft) {
 }
 
 void writeOthers(const Binding& binding, const PersonValues& values, CardWriter& card) {
-  for (const OVRef<OVSingleValue>& entry : values.entries(OVProPertyOther)) {
+  EntryWriter writer(binding, values, card);
+  for (const OVRef<OVSingleValue>& entry : writer.entries()) {
     if (const auto line = lineOf(*entry)) {
       const OVString display = entry->label()->displayName();
       LabelSpelling label;
       if (!display.empty() && display != line->name) label.line = ":" + escapeText(display);
       card.labelledLine(line->name, line->parameters, label, line->value);
     } else if (const OVString text = ov::cast<OVString>(entry->value()); !text.isNull()) {
-      card.labelledLine(binding.name, {},
-                        spellingOf(entry->label(), binding.descriptor(), binding.name),
-                        escapeText(text));
+      writer.write(entry, {}, escapeText(text));
     }
   }
 }

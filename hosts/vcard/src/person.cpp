@@ -119,10 +119,10 @@ void Person::setIsOrganization(bool isOrganization) {
 bool Person::isOrganization() const { return meansOrganization(text(OVProPertyIsOrganization)); }
 
 OVString Person::showName() const {
-  const OVString name = displayName();
+  OVString name = displayName();
   if (!name.empty()) return name;
   for (const OVString* const property : {&OVProPertyCompany, &OVProPertyNickname}) {
-    if (const OVString found = text(*property); !found.empty()) return found;
+    if (OVString found = text(*property); !found.empty()) return found;
   }
   if (const auto email = mainEmail()) return email->email();
   if (const auto phone = mainPhone()) return phone->displayString();

@@ -15,11 +15,11 @@ bool PersonDraft::set(const OVString& property, const OVRef<OVObject>& datum) {
   return true;
 }
 
-void PersonDraft::add(const OVString& property, const OVRef<OVObject>& datum, OVRef<OVLabel> label,
-                      int preference) {
+void PersonDraft::add(const OVString& property, const OVRef<OVObject>& datum,
+                      const OVRef<OVLabel>& label, int preference) {
   const OVRef<OVProperty> descriptor = OVProperty::propertyWithName(property);
-  const OVRef<OVSingleValue> entry = OVPersonGeneral::singleValueByMacValueLabelType(
-      datum, std::move(label), descriptor->subValueType());
+  const OVRef<OVSingleValue> entry =
+      OVPersonGeneral::singleValueByMacValueLabelType(datum, label, descriptor->subValueType());
 
   OVRef<OVMutableMultipleValue> entries =
       std::dynamic_pointer_cast<OVMutableMultipleValue>((*values_)[property]);
@@ -64,8 +64,8 @@ OVRef<OVObject> PersonDraft::datum(const OVString& property) const {
 }
 
 OVRef<Values> PersonDraft::takeValues() {
-  for (Other& other : others_) {
-    add(OVProPertyOther, other.text, std::move(other.label), other.preference);
+  for (const Other& other : others_) {
+    add(OVProPertyOther, other.text, other.label, other.preference);
   }
   return std::move(values_);
 }

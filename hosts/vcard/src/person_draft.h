@@ -25,7 +25,7 @@ class PersonDraft {
   bool set(const OVString& property, const OVRef<OVObject>& datum);
 
   /// Adds an entry to a property that holds several. `preference` as in `Field`.
-  void add(const OVString& property, const OVRef<OVObject>& datum, OVRef<OVLabel> label,
+  void add(const OVString& property, const OVRef<OVObject>& datum, const OVRef<OVLabel>& label,
            int preference);
 
   void addOther(const OVString& text, OVRef<OVLabel> label, int preference);

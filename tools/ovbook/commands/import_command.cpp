@@ -132,7 +132,10 @@ struct Import {
   std::string store;  // "" for none
 
   void run(Session& session) const {
-    for (const std::string& file : files) checkTarget(target, file);
+    for (const std::string& file : files) {
+      checkPath(file);
+      checkTarget(target, file);
+    }
     const auto cards = readCards(files, session);
     reportProblems(*cards, session);
     const auto tags = store.empty() ? nullptr : tagsOfCards(*cards, store);

@@ -26,7 +26,7 @@ void addEntries(Table& table, const std::string& heading, const std::vector<Entr
     std::string label = entry.label;
     for (const std::string& line : entry.lines) {
       std::string cell = std::exchange(label, "");
-      if (!line.empty()) cell = padded(cell, width) + line;
+      if (!line.empty()) cell = padded(cell, width).append(line);
       table.add({std::exchange(headingCell, ""), std::move(cell)});
     }
   }

@@ -9,13 +9,14 @@
 namespace ov::vcard {
 
 /// The persons and groups of any book as vCards 4.0 in UTF-8: the persons in the book's order, then
-/// the groups, each before its sub-groups. Null for null.
+/// the groups from the roots down, each once. Null for null.
 ///
 /// Of a general book the content of its dictionaries is written, of any other book `allPersons`
 /// and everything below `rootGroups`. Reading the cards again gives the same IDs, properties,
-/// labels, data and main values. What a card cannot say is left out: values under names outside the
-/// standard catalogue, data of another class than their property's, and for a text the difference
-/// between kinds of line break.
+/// labels, data and main values. Left out is what a card cannot say: values under names outside the
+/// standard catalogue, data of another class than their property's, dates outside the years 1 to
+/// 9999 and fractions of seconds, kinds of line break, which of the lines kept in "Other" is the
+/// main one. "Is Organization" comes back as "true" or not at all.
 [[nodiscard]] OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book);
 
 /// Writes the bytes as the file at `path`, whole or not at all: to a temporary file beside it, down
