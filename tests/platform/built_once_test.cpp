@@ -10,7 +10,7 @@ namespace {
 using ov::detail::BuiltOnce;
 
 TEST(BuiltOnce, DoesNotExistBeforeItIsAskedFor) {
-  BuiltOnce<int> number;
+  static BuiltOnce<int> number;
   EXPECT_EQ(number.peek(), nullptr);
   EXPECT_EQ(number.get([] { return 7; }), 7);
   ASSERT_NE(number.peek(), nullptr);
@@ -18,14 +18,14 @@ TEST(BuiltOnce, DoesNotExistBeforeItIsAskedFor) {
 }
 
 TEST(BuiltOnce, IsBuiltByTheFirstCallOnly) {
-  BuiltOnce<int> number;
+  static BuiltOnce<int> number;
   const int& first = number.get([] { return 7; });
   EXPECT_EQ(&number.get([] { return 8; }), &first);
   EXPECT_EQ(first, 7);
 }
 
 TEST(BuiltOnce, IsTriedAgainAfterAFailure) {
-  BuiltOnce<int> number;
+  static BuiltOnce<int> number;
   EXPECT_THROW(number.get([]() -> int { throw std::runtime_error("not now"); }),
                std::runtime_error);
   EXPECT_EQ(number.peek(), nullptr);
@@ -33,7 +33,7 @@ TEST(BuiltOnce, IsTriedAgainAfterAFailure) {
 }
 
 TEST(BuiltOnce, IsBuiltOnceForThreadsThatComeTogether) {
-  BuiltOnce<int> number;
+  static BuiltOnce<int> number;
   std::atomic<int> built = 0;
   const auto found = fromEightThreads([&] { return &number.get([&] { return ++built; }); });
   EXPECT_EQ(built, 1);

@@ -33,7 +33,9 @@ void addDumpCommand(CLI::App& ovbook, Session& session) {
   const auto* file = addArgument(*command, "FILE", "The archive to show")->required();
   const auto* json = addFlag(*command, "--json", "As JSON, for programs");
   command->callback([=, &session] {
-    const OVRef<OVObject> root = readArchive(textOf(*file));
+    // Kept to the end of the program: an archive may hold rings, which nothing takes apart.
+    static OVRef<OVObject> root;
+    root = readArchive(textOf(*file));
     if (json->count() > 0) {
       JsonSink sink(session.out());
       walkGraph(root, sink);
