@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test asan tsan tidy format install clean
+.PHONY: help demo check setup build test asan tsan tidy format bench install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -57,6 +57,14 @@ tidy: setup ## Run clang-tidy over the library, the hosts and the tools
 
 format: setup ## Format the sources
 	scripts/format
+
+bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 unless given
+	scripts/setup bench
+	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON -DOV_BUILD_TESTS=OFF \
+	  -DOV_BUILD_TOOLS=OFF -DOV_BUILD_VCARD=OFF -DOV_BUILD_EXAMPLES=OFF
+	cmake --build build/bench -j $(BUILD_JOBS)
+	bench/run.py build/bench/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
+	  --page docs/performance.md
 
 install: setup ## Build optimised and install; PREFIX=/usr/local unless given
 	cmake --preset release

@@ -3,8 +3,8 @@
 
 usage: run.py PROGRAMS OUT [--sizes 1000,10000,...] [--page docs/performance.md]
 
-PROGRAMS is the folder of the built programs. OUT gets results.json and performance.svg; the table
-between the markers of the page is replaced. Every point is a process of its own, and every program
+PROGRAMS is the folder of the built programs. OUT gets results.json; the tables between the markers
+of the page are replaced, and performance.svg is drawn beside it (into OUT without a page). Every point is a process of its own, and every program
 is run on one core.
 """
 
@@ -21,7 +21,7 @@ import tempfile
 import time
 
 RUNS = {1000: 9, 10000: 7, 100000: 5, 1000000: 3}
-PLISTLIB_LIMIT = 100000
+PLISTLIB_LIMIT = 10000
 VCARD_LIMIT = 100000
 
 
@@ -166,7 +166,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("programs", type=pathlib.Path)
     parser.add_argument("out", type=pathlib.Path)
-    parser.add_argument("--sizes", default="1000,10000,100000,1000000")
+    parser.add_argument("--sizes", default="1000,10000,100000")
     parser.add_argument("--page", type=pathlib.Path)
     options = parser.parse_args()
     options.out.mkdir(parents=True, exist_ok=True)
@@ -178,7 +178,7 @@ def main():
     (options.out / "results.json").write_text(
         json.dumps({"machine": machine(), "points": points, "operations": operations,
                     "missing": missing}, indent=1) + "\n")
-    note = draw(points, options.out)
+    note = draw(points, options.page.parent if options.page else options.out)
     if note:
         print(note, file=sys.stderr)
     if options.page:
