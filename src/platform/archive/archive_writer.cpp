@@ -90,7 +90,7 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
                                                      ClassEntry& entry) {
-  if (countsReferences() && !entry.isTrusted) restart_ = true;
+  if (countsReferences() && !entry.trusts(*object)) restart_ = true;
   // Two references to a list or dictionary are the same when they share their elements.
   const void* identity = object.get();
   long references = object.use_count();

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 #include <unordered_map>
 #include <vector>
 
@@ -67,6 +68,12 @@ class ArchiveWriter {
     Number record = 0;  // 0: not written yet
     Kind kind = Kind::other;
     bool isTrusted = false;
+    /// The very class, where a host may derive one that archives under the same name.
+    const std::type_info* type = nullptr;
+
+    [[nodiscard]] bool trusts(const OVObject& object) const {
+      return isTrusted && (type == nullptr || typeid(object) == *type);
+    }
   };
   struct Waiting {
     const OVObject* object;

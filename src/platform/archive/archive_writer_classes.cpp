@@ -17,7 +17,14 @@ ArchiveWriter::Kind ArchiveWriter::kindOf(const OVClass& objectClass) {
 
 ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass) {
   const auto [at, isNew] = classes_.try_emplace(&objectClass);
-  if (isNew) at->second = {&objectClass, 0, kindOf(objectClass), isLibraryClass(objectClass)};
+  if (isNew) {
+    at->second = {&objectClass, 0, kindOf(objectClass), isLibraryClass(objectClass), nullptr};
+    if (at->second.isTrusted && objectClass.make != nullptr) {
+      const OVRef<OVObject> example = objectClass.make();
+      const OVObject& object = *example;
+      at->second.type = &typeid(object);
+    }
+  }
   recentClasses_[recentSlot(&objectClass)] = &at->second;
   return at->second;
 }

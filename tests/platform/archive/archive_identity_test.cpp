@@ -146,6 +146,33 @@ TEST(ArchiveIdentity, AHostMayHandOutItsOnlyReferenceTwice) {
   EXPECT_EQ((*ov::cast<Any>(objectAt(2)))[0], objectAt(0));
 }
 
+/// Archives as the class that it derives from, with an object made for the purpose.
+class HostValue : public OVMutableSingleValue {
+ public:
+  void encodeWithCoder(OVKeyedArchiver& coder) const override {
+    const auto label = OVLabel::init();
+    label->setName("made for the purpose");
+    coder.encodeObjectForKey(label, "label");
+    coder.encodeObjectForKey(only_, "value");
+    coder.encodeObjectForKey(only_, "again");
+  }
+
+ private:
+  OVRef<OVObject> only_ = newDate();
+};
+
+TEST(ArchiveIdentity, AHostMayDeriveFromAClassOfTheLibrary) {
+  const auto data = archiveOf(Any::list({std::make_shared<HostValue>()}));
+  const auto value = (*unarchived<OVList<OVSingleValue>>(data))[0];
+  EXPECT_EQ(value->label()->name(), "made for the purpose");
+  const auto fields =
+      (*ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(data)))[0]
+          ->fields();
+  ASSERT_EQ(fields.size(), 3U);
+  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(fields[1].value.content).object,
+            std::get<OVOpaqueValue::Reference>(fields[2].value.content).object);
+}
+
 TEST(ArchiveIdentity, TheSameGraphGivesTheSameBytes) {
   const auto graph = [] {
     const auto node = HostNode::node("node");
