@@ -26,7 +26,6 @@ constexpr const char* kName = "/user-defaults.db";
 constexpr std::int64_t kApplicationId = 0x4F564142;
 constexpr const char* kSchema =
     "PRAGMA synchronous = OFF;"  // the file is unfinished, and flushed once it is not
-    "PRAGMA application_id = 0x4F564142;"
     "CREATE TABLE defaults (key TEXT NOT NULL PRIMARY KEY, kind INTEGER NOT NULL, value);"
     "PRAGMA journal_mode = WAL;";
 
@@ -112,7 +111,8 @@ void build(const std::string& path, Deadline& deadline) {
   const FileDescriptor file(
       open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
   if (file.number() < 0) fail(path);
-  Database(path, deadline).execute(kSchema);
+  const std::string identity = "PRAGMA application_id = " + std::to_string(kApplicationId) + ";";
+  Database(path, deadline).execute((identity + kSchema).c_str());
   if (fsync(file.number()) != 0) fail(path);
 }
 

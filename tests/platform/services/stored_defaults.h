@@ -17,14 +17,12 @@ class StoredDefaults : public testing::Test {
   StoredDefaults() { OVLog::setSharedLog(log_); }
   ~StoredDefaults() override { OVLog::setSharedLog(nullptr); }
 
-  /// A store that knows only what is on the disk.
-  [[nodiscard]] OVRef<OVUserDefaults> openStore() const {
-    return std::make_shared<ov::PersistentDefaults>(directory().string());
-  }
-  /// One that does not wait long for locks.
+  /// A store that knows only what is on the disk. It waits for locks longer than any machine is
+  /// slow.
+  [[nodiscard]] OVRef<OVUserDefaults> openStore() const { return open(std::chrono::minutes(1)); }
+  /// One that gives up on a lock at once, or nearly so.
   [[nodiscard]] OVRef<OVUserDefaults> openHurriedStore() const {
-    return std::make_shared<ov::PersistentDefaults>(directory().string(),
-                                                    std::chrono::milliseconds(20));
+    return open(std::chrono::milliseconds(20));
   }
 
   [[nodiscard]] std::filesystem::path directory() const {
@@ -43,4 +41,9 @@ class StoredDefaults : public testing::Test {
 
   const TemporaryFolder home_;
   const OVRef<RecordingLog> log_ = std::make_shared<RecordingLog>();
+
+ private:
+  [[nodiscard]] OVRef<OVUserDefaults> open(std::chrono::milliseconds longestWait) const {
+    return std::make_shared<ov::PersistentDefaults>(directory().string(), longestWait);
+  }
 };
