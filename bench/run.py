@@ -22,7 +22,7 @@ import time
 
 RUNS = {1000: 9, 10000: 7, 100000: 5, 1000000: 3}
 PLISTLIB_LIMIT = 10000
-VCARD_LIMIT = 100000
+VCARD_LIMIT = 10000
 
 
 def pinned(command):
