@@ -61,7 +61,7 @@ TEST_F(HostileInput, MayHaveAnyByteChanged) {
   const std::string interesting =
       "\r\n\t ;:,=\\\"^.%\0\x80\xFF"
       "BEGIN:VCARD\nEND:VCARD\n";
-  for (int round = 0; round < 3000; ++round) {
+  for (int round = 0; round < 1000; ++round) {
     std::string text = kCard;
     for (unsigned changes = random() % 4 + 1; changes > 0; --changes) {
       const std::size_t at = random() % text.size();
@@ -77,7 +77,7 @@ TEST_F(HostileInput, MayHaveAnyByteChanged) {
 
 TEST_F(HostileInput, MayBeAnyBytes) {
   std::mt19937 random(2);  // NOLINT: the same bytes in every run
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < 100; ++round) {
     std::string lines;
     for (int i = 0; i < 200; ++i) lines += static_cast<char>(random());
     expectStable(lines);
@@ -89,9 +89,9 @@ TEST_F(HostileInput, MayBeAnyBytes) {
 
 TEST_F(HostileInput, MayNestWithoutEnd) {
   std::string text;
-  for (int i = 0; i < 20000; ++i) text += "BEGIN:VCARD\nAGENT:\n";
+  for (int i = 0; i < 5000; ++i) text += "BEGIN:VCARD\nAGENT:\n";
   expectStable(text);
-  for (int i = 0; i < 20000; ++i) text += "END:VCARD\n";
+  for (int i = 0; i < 5000; ++i) text += "END:VCARD\n";
   expectStable(text);
 }
 
@@ -104,7 +104,7 @@ std::string repeated(std::string_view part, int count) {
 
 /// What would take forever if the time grew with the square of the size.
 TEST_F(HostileInput, TakesTimeInProportionToItsSize) {
-  constexpr int kMany = 60000;
+  constexpr int kMany = 30000;
   for (const std::string& text : {
            card("N:" + repeated("a;", kMany)),
            card("ADR:" + repeated("a,", kMany)),
