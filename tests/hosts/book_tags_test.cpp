@@ -49,6 +49,8 @@ TEST_P(BookPersonTags, AreReplaced) {
   EXPECT_THAT(texts(one->tagArray()), ElementsAre("b", "c"));
   one->setTags(one->tagArray());
   EXPECT_THAT(texts(one->tagArray()), ElementsAre("b", "c"));
+  if (GetParam()) one->setTags(book->tagManager()->tagsByPersonID("p"));  // the live list
+  EXPECT_THAT(texts(one->tagArray()), ElementsAre("b", "c"));
   one->setTags(nullptr);
   EXPECT_THAT(texts(one->tagArray()), IsEmpty());
 }

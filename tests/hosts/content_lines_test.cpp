@@ -67,6 +67,10 @@ TEST(ContentLines, DecodeQuotedPrintable) {
   EXPECT_THAT(lines.all, ElementsAre("NOTE;X=y:a\\nb c; last", "FN:A"));
 }
 
+TEST(ContentLines, IgnoreBlanksAtTheEndOfQuotedPrintable) {
+  EXPECT_THAT(Lines("NOTE;QUOTED-PRINTABLE:a= \t\nb  ", "2.1").all, ElementsAre("NOTE:ab"));
+}
+
 TEST(ContentLines, AnEqualsSignAtTheEndOfPlainTextStays) {
   EXPECT_THAT(Lines("NOTE:a=\nFN:b", "2.1").all, ElementsAre("NOTE:a=", "FN:b"));
 }

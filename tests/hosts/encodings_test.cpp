@@ -41,6 +41,10 @@ TEST(Charset, GivesBackTheStateThatItWasLeftIn) {
   EXPECT_EQ(toUTF8("\x1B$B;3", "ISO-2022-JP")->text, "\u5C71");
 }
 
+TEST(Charset, GivesWhatTheSetHoldsBackUntilTheEnd) {
+  EXPECT_EQ(toUTF8("a", "TCVN5712-1")->text, "a");  // an accent might follow
+}
+
 TEST(Charset, ReplacesWhatMeansNothing) {
   const auto converted = toUTF8("a\xFF\xFE", "US-ASCII");
   EXPECT_EQ(converted->text, "a\uFFFD\uFFFD");
