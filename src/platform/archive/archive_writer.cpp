@@ -47,6 +47,7 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
 
 void ArchiveWriter::writeWaiting(const Waiting& waiting) {
   fields_.clear();
+  writesHosts_ = !waiting.entry->isTrusted;
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
   rawField(archive::kClass, waiting.entry->kind == Kind::opaque
@@ -151,6 +152,12 @@ ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObje
 }
 
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {
+  if (writesHosts_) {
+    // Where nobody knows the class, it comes back with a list, and is to be written like this.
+    const auto list = OVList<OVObject>::list();
+    list->elements()->items.assign(items.begin(), items.end());
+    return reference(list);
+  }
   const std::size_t uid = objects_.size();
   const Number reference = newReference(0);
   const PlistWriter::Entry elements{key(archive::kArrayObjects), referenceArray(items)};

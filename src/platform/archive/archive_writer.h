@@ -120,6 +120,7 @@ class ArchiveWriter {
   LeafTable leaves_;
   Sharing sharing_;
   bool restart_ = false;
+  bool writesHosts_ = false;  // the object being written is of a host's class
 
   GrowingArray<Number> objects_;  // by UID; 0 while not written
   Number nullReference_ = 0;

@@ -79,12 +79,12 @@ TEST(ArchiveLayout, OneRecordForEachClass) {
   first->next = HostNode::node("second");
   EXPECT_THAT(
       objectsOf(first),
-      ElementsAre("\"$null\"", "{name: #2, next: #3, others: #4, $class: #6}", "\"first\"",
-                  "{name: #7, next: #0, others: #8, $class: #6}", "{NS.objects: [], $class: #5}",
-                  "{$classname: \"NSMutableArray\", "
-                  "$classes: [\"NSMutableArray\", \"NSArray\", \"NSObject\"]}",
+      ElementsAre("\"$null\"", "{name: #2, next: #3, others: #4, $class: #5}", "\"first\"",
+                  "{name: #6, next: #0, others: #7, $class: #5}", "{NS.objects: [], $class: #8}",
                   "{$classname: \"HostNode\", $classes: [\"HostNode\", \"NSObject\"]}",
-                  "\"second\"", "{NS.objects: [], $class: #5}"));
+                  "\"second\"", "{NS.objects: [], $class: #8}",
+                  "{$classname: \"NSMutableArray\", "
+                  "$classes: [\"NSMutableArray\", \"NSArray\", \"NSObject\"]}"));
 }
 
 class HostLeaf : public OVObject {
@@ -112,7 +112,7 @@ TEST(ArchiveLayout, EqualTextsNumbersAndDataAreWrittenOnce) {
 
 TEST(ArchiveLayout, NullReferencesLeadToObjectZero) {
   EXPECT_THAT(objectsOf(HostNode::node()),
-              testing::Contains("{name: #0, next: #0, others: #2, $class: #4}"));
+              testing::Contains("{name: #0, next: #0, others: #2, $class: #3}"));
 }
 
 // Null is known by its place, not by its text.
