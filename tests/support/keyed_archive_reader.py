@@ -219,7 +219,7 @@ class Listing:
             self.lines += [f"{name} : date", f"{name}.time = {plain(time)}"]
         elif class_name.startswith("OV"):
             self.lines.append(f"{name} : {class_name}")
-            for key, value in sorted(self.fields(class_name, found)):
+            for key, value in sorted(self.fields(class_name, self.completed(class_name, found))):
                 self.lines.append(f"{name}.{key} = {value()}")
         else:
             self.lines.append(f"{name} : opaque {class_name} ({', '.join(classes)})")
@@ -236,6 +236,16 @@ class Listing:
         for key, value in zip(found["NS.keys"], found["NS.objects"]):
             entries.setdefault(self.archive.resolved(key), value)
         return entries.items()
+
+    def completed(self, class_name, found):
+        """The fields with those that stand for absent ones."""
+        if class_name == "OVPersonGeneral" and self.archive.resolved(found.get("ID")) is None:
+            return found | {"ID": ""}
+        if class_name == "OVMutableMultipleValue" and "valueArray" in found:
+            count = len(self.archive.objects[found["valueArray"]]["NS.objects"])
+            main = found.get("mainValueIndex", 0)
+            return found | {"mainValueIndex": main if 0 <= main < count else 0}
+        return found
 
     def fields(self, class_name, found):
         """Keys and what stands under them; nulls are left out. Arrays that belong to one object

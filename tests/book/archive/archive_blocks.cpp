@@ -15,7 +15,7 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
-#include "book/archive/archive_listing.h"
+#include "support/archive_listing.h"
 #include "book/archive/sample_graphs.h"
 #include "support/leaks_tolerated.h"
 

@@ -13,4 +13,4 @@ struct SampleGraph {
   std::function<OVRef<OVObject>()> make;
 };
 
-const std::vector<SampleGraph>& sampleGraphs();
+std::vector<SampleGraph> sampleGraphs();

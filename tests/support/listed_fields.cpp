@@ -1,4 +1,4 @@
-#include "book/archive/listed_fields.h"
+#include "support/listed_fields.h"
 
 #include <set>
 
@@ -26,12 +26,17 @@ ListedFields fieldsOf(const OVLabel& label) {
   return {"OVLabel", {{"displayName", label.displayName()}, {"name", label.name()}}};
 }
 
-ListedFields fieldsOf(const OVSingleValue& value) {
+/// Of a value that holds no more than its type.
+ListedFields fieldsOf(const OVValue& value) {
+  return {value.classForCoder()->name, {{"type", typeOf(value)}}};
+}
+
+ListedFields fieldsOf(const OVMutableSingleValue& value) {
   return {"OVMutableSingleValue",
           {{"label", value.label()}, {"type", typeOf(value)}, {"value", value.value()}}};
 }
 
-ListedFields fieldsOf(const OVMultipleValue& value) {
+ListedFields fieldsOf(const OVMutableMultipleValue& value) {
   ListedFields result{"OVMutableMultipleValue", {}};
   const std::uint64_t main = value.indexOfValue(value.mainValue());
   if (main != OVNotFound) result.fields["mainValueIndex"] = std::to_string(main);
@@ -119,7 +124,8 @@ ListedFields fieldsOfFirst(const OVRef<OVObject>& object) {
 }  // namespace
 
 ListedFields listedFields(const OVRef<OVObject>& object) {
-  return fieldsOfFirst<OVLabel, OVSingleValue, OVMultipleValue, OVObjectPersonName, OVObjectPhone,
-                       OVObjectEmail, OVObjectInstantMessage, OVObjectAddress, OVImage,
-                       OVAddressBookGeneral, OVPersonGeneral, OVGroupGeneral, OVTagManager>(object);
+  return fieldsOfFirst<OVLabel, OVMutableSingleValue, OVMutableMultipleValue, OVValue,
+                       OVObjectPersonName, OVObjectPhone, OVObjectEmail, OVObjectInstantMessage,
+                       OVObjectAddress, OVImage, OVAddressBookGeneral, OVPersonGeneral,
+                       OVGroupGeneral, OVTagManager>(object);
 }

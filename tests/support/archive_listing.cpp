@@ -1,4 +1,4 @@
-#include "book/archive/archive_listing.h"
+#include "support/archive_listing.h"
 
 #include <deque>
 #include <map>
@@ -9,8 +9,8 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/opaque_object.h>
 
-#include "book/archive/listed_fields.h"
-#include "book/archive/listed_values.h"
+#include "support/listed_fields.h"
+#include "support/listed_values.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "book/archive/listed_values.h"
+#include "support/listed_values.h"
 
 #include <array>
 #include <cstdint>
