@@ -15,8 +15,8 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
-#include "support/archive_listing.h"
 #include "book/archive/sample_graphs.h"
+#include "support/archive_listing.h"
 #include "support/leaks_tolerated.h"
 
 namespace {
