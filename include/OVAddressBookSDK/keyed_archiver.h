@@ -39,7 +39,7 @@ class OV_EXPORT OVKeyedArchiver {
   void encodeObjectForKey(const OVString& text, std::string_view key);
   template <class T>
   void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
-    encodeObjectForKey(OVRef<OVObject>(object), key);
+    encodeCopyForKey(object, key);
   }
   /// An array as one object of the class "NSMutableArray".
   void encodeListForKey(std::span<const OVRef<OVObject>> items, std::string_view key);
@@ -55,6 +55,9 @@ class OV_EXPORT OVKeyedArchiver {
   friend class ov::detail::AnyList;
   friend class ov::detail::ArchiveWriter;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
+
+  /// For a reference that its owner holds with another type.
+  void encodeCopyForKey(const OVRef<OVObject>& copy, std::string_view key);
 
   ov::detail::ArchiveWriter& writer_;
 };

@@ -47,12 +47,15 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
 
 void ArchiveWriter::writeWaiting(const Waiting& waiting) {
   fields_.clear();
-  writesHosts_ = !waiting.entry->isTrusted;
+  ClassEntry& entry = *waiting.entry;
+  writesHosts_ = !entry.isTrusted;
+  nextKey_ = KeySequence::Walk(entry.keys);
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
-  rawField(archive::kClass, waiting.entry->kind == Kind::opaque
-                                ? classRecord(static_cast<const OVOpaqueObject&>(*waiting.object))
-                                : classRecord(*waiting.entry));
+  const Number record = entry.kind == Kind::opaque
+                            ? classRecord(static_cast<const OVOpaqueObject&>(*waiting.object))
+                            : classRecord(entry);
+  fields_.push_back({classKey(), record});
   objects_[waiting.uid] = plist_.dictionary(fields_.span());
 }
 
@@ -72,7 +75,7 @@ ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
       std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects}});
 }
 
-ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
+ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object, long holds) {
   if (object == nullptr) return nullReference_;
   const OVClass* objectClass = object->classForCoder();
   if (objectClass == nullptr) refuse(*object);
@@ -85,29 +88,29 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
       writeLeaf(*object, entry.kind);
       return addLeaf();
     default:
-      return objectReference(object, entry);
+      return objectReference(object, entry, holds);
   }
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
-                                                     ClassEntry& entry) {
+                                                     ClassEntry& entry, long holds) {
   if (countsReferences() && !entry.trusts(*object)) restart_ = true;
   // Two references to a list or dictionary are the same when they share their elements.
   const void* identity = object.get();
-  long references = object.use_count();
+  bool isShared = object.use_count() != holds;
   if (entry.kind == Kind::list) {
     const auto& elements = static_cast<const AnyList&>(*object).elements();
     identity = elements.get();
-    references = std::max(references, elements.use_count());
+    isShared = isShared || elements.use_count() != 1;
   } else if (entry.kind == Kind::dictionary) {
     const auto& entries = static_cast<const AnyDictionary&>(*object).entries();
     identity = entries.get();
-    references = std::max(references, entries.use_count());
+    isShared = isShared || entries.use_count() != 1;
   }
 
   const auto uid = static_cast<std::uint32_t>(objects_.size());
   Number reference = 0;
-  if (countsReferences() && references == 1) {
+  if (countsReferences() && !isShared) {
     reference = newReference(0);
   } else {
     const auto [known, isNew] = met_.at(identity);
@@ -161,7 +164,7 @@ ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObjec
   const std::size_t uid = objects_.size();
   const Number reference = newReference(0);
   const PlistWriter::Entry elements{key(archive::kArrayObjects), referenceArray(items)};
-  const PlistWriter::Entry type{key(archive::kClass), classRecord(entryOf(kMutableArrayClass))};
+  const PlistWriter::Entry type{classKey(), classRecord(entryOf(kMutableArrayClass))};
   objects_[uid] = plist_.dictionary(std::array{elements, type});
   return reference;
 }

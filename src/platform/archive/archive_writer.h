@@ -17,6 +17,7 @@
 #include "platform/archive/class_table.h"
 #include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
+#include "platform/archive/key_sequence.h"
 #include "platform/archive/leaf_table.h"
 #include "platform/archive/plist_writer.h"
 #include "platform/archive/pointer_map.h"
@@ -46,8 +47,9 @@ class ArchiveWriter {
   /// A field whose key is written as it stands.
   void rawField(std::string_view key, Number value);
 
-  /// The UID of an object, for a field or an array.
-  Number reference(const OVRef<OVObject>& object);
+  /// The UID of an object, for a field or an array. `holds`: how many references to it its owner
+  /// and the caller have.
+  Number reference(const OVRef<OVObject>& object, long holds = 1);
   Number reference(const OVString& text);
   /// An array as an object of its own.
   Number listReference(std::span<const OVRef<OVObject>> items);
@@ -70,6 +72,7 @@ class ArchiveWriter {
     bool isTrusted = false;
     /// The very class, where a host may derive one that archives under the same name.
     const std::type_info* type = nullptr;
+    KeySequence keys;
 
     [[nodiscard]] bool trusts(const OVObject& object) const {
       return isTrusted && (type == nullptr || typeid(object) == *type);
@@ -95,7 +98,7 @@ class ArchiveWriter {
   Number writeTop(Number root);
   void writeWaiting(const Waiting& waiting);
   Number newReference(Number object);
-  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry);
+  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, long holds);
   Number textReference(const TextObject& text);
   void writeLeaf(const OVObject& object, Kind kind);
   Number addLeaf();
@@ -104,15 +107,19 @@ class ArchiveWriter {
   static Kind kindOf(const OVClass& objectClass);
   ClassEntry& entryOf(const OVClass& objectClass);
   [[gnu::cold]] ClassEntry& newEntryOf(const OVClass& objectClass);
-  Number classRecord(ClassEntry& entry);
+  Number classRecord(ClassEntry& entry) {
+    return entry.record == 0 ? newClassRecord(entry) : entry.record;
+  }
+  [[gnu::cold]] Number newClassRecord(ClassEntry& entry);
   Number classRecord(const OVOpaqueObject& object);
   Number classRecord(const OVString& name, std::span<const OVString> names,
                      std::span<const OVString> hints);
   Number textArray(std::span<const OVString> texts);
+  [[gnu::cold]] void newField(std::string_view key, Number value);
   void addField(Number key, Number value);
   [[nodiscard]] bool isWritten(Number fieldKey) const;
-  [[gnu::cold]] Number escapedKey(std::string_view key);
   Number key(std::string_view key);
+  Number classKey() { return classKey_ == 0 ? classKey_ = key(archive::kClass) : classKey_; }
   [[gnu::cold]] Number newKey(std::string_view key);
 
   PlistWriter plist_;
@@ -124,9 +131,12 @@ class ArchiveWriter {
 
   GrowingArray<Number> objects_;  // by UID; 0 while not written
   Number nullReference_ = 0;
+  Number classKey_ = 0;  // 0: not written yet
   PointerMap met_;
   std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
   GrowingArray<Waiting> waiting_;
+  KeySequence noKeys_;
+  KeySequence::Walk nextKey_{noKeys_};
   GrowingArray<PlistWriter::Entry> fields_;
   GrowingArray<Number> elements_;
 
@@ -145,23 +155,16 @@ inline ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectCl
 }
 
 inline ArchiveWriter::Number ArchiveWriter::key(std::string_view key) {
-  const Number number = countsReferences() ? keys_.findConstant(key) : keys_.find(key);
+  const Number number = keys_.find(key);
   return number == KeyNumbers::kNone ? newKey(key) : number;
 }
 
-inline void ArchiveWriter::rawField(std::string_view name, Number value) {
-  addField(key(name), value);
-}
-
-inline void ArchiveWriter::addField(Number key, Number value) {
-  if (countsReferences() || !isWritten(key)) fields_.push_back({key, value});
-}
-
 inline void ArchiveWriter::field(std::string_view key, Number value) {
-  if (key.starts_with(archive::kReserved)) {
-    addField(escapedKey(key), value);
+  const Number number = countsReferences() ? nextKey_.next(key) : KeySequence::kNone;
+  if (number == KeySequence::kNone) {
+    newField(key, value);
   } else {
-    rawField(key, value);
+    fields_.push_back({number, value});
   }
 }
 

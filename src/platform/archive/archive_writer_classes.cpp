@@ -18,7 +18,9 @@ ArchiveWriter::Kind ArchiveWriter::kindOf(const OVClass& objectClass) {
 ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass) {
   const auto [at, isNew] = classes_.try_emplace(&objectClass);
   if (isNew) {
-    at->second = {&objectClass, 0, kindOf(objectClass), isLibraryClass(objectClass), nullptr};
+    at->second.objectClass = &objectClass;
+    at->second.kind = kindOf(objectClass);
+    at->second.isTrusted = isLibraryClass(objectClass);
     if (at->second.isTrusted && objectClass.make != nullptr) {
       const OVRef<OVObject> example = objectClass.make();
       const OVObject& object = *example;
@@ -29,8 +31,7 @@ ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass)
   return at->second;
 }
 
-ArchiveWriter::Number ArchiveWriter::classRecord(ClassEntry& entry) {
-  if (entry.record != 0) return entry.record;
+ArchiveWriter::Number ArchiveWriter::newClassRecord(ClassEntry& entry) {
   std::vector<OVString> names;
   for (const OVClass* at = entry.objectClass; at != nullptr; at = at->superclass) {
     names.emplace_back(at->name);

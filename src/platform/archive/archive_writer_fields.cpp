@@ -16,10 +16,17 @@ bool ArchiveWriter::isWritten(Number fieldKey) const {
          fields_.span().end();
 }
 
-ArchiveWriter::Number ArchiveWriter::escapedKey(std::string_view key) {
-  const std::string escaped = archive::kReserved + std::string(key);
-  const Number number = keys_.find(escaped);
-  return number == KeyNumbers::kNone ? newKey(escaped) : number;
+void ArchiveWriter::newField(std::string_view name, Number value) {
+  const bool isReserved = name.starts_with(archive::kReserved);
+  const Number number = isReserved ? key(archive::kReserved + std::string(name)) : key(name);
+  if (countsReferences()) nextKey_.add(name, number);
+  addField(number, value);
+}
+
+void ArchiveWriter::rawField(std::string_view name, Number value) { addField(key(name), value); }
+
+void ArchiveWriter::addField(Number key, Number value) {
+  if (countsReferences() || !isWritten(key)) fields_.push_back({key, value});
 }
 
 ArchiveWriter::Number ArchiveWriter::newKey(std::string_view key) {

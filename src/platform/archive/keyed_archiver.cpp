@@ -15,6 +15,10 @@ void OVKeyedArchiver::encodeObjectForKey(const OVRef<OVObject>& object, std::str
   writer_.field(key, writer_.reference(object));
 }
 
+void OVKeyedArchiver::encodeCopyForKey(const OVRef<OVObject>& copy, std::string_view key) {
+  writer_.field(key, writer_.reference(copy, 2));
+}
+
 void OVKeyedArchiver::encodeObjectForKey(const OVString& text, std::string_view key) {
   writer_.field(key, writer_.reference(text));
 }

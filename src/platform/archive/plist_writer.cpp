@@ -1,5 +1,6 @@
 #include "platform/archive/plist_writer.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -24,13 +25,19 @@ PlistWriter::PlistWriter() {
   std::memcpy(body_.extend(plist::kHeader.size()), plist::kHeader.data(), plist::kHeader.size());
 }
 
-/// Called where the offsets' high half rises, and where no number is left.
 void PlistWriter::raiseOffsets() {
   // One number stays free, so that every count of objects fits into a reference.
-  if (offsets_.size() >= std::numeric_limits<Number>::max() - 1) {
-    throw std::length_error("OVKeyedArchiver: more than 4294967294 objects");
-  }
-  rises_.resize(body_.size() >> 32, static_cast<Number>(offsets_.size()));
+  const std::uint64_t left = std::numeric_limits<Number>::max() - 1 - offsets_.size();
+  if (left == 0) throw std::length_error("OVKeyedArchiver: more than 4294967294 objects");
+  const std::uint64_t size = body_.size();
+  rises_.resize(size >> 32, static_cast<Number>(offsets_.size()));
+  // An object takes a byte at least.
+  checkAt_ = std::min(((size >> 32) + 1) << 32, size + left);
+}
+
+void PlistWriter::longMarker(unsigned kind, std::size_t length) {
+  byte(kind | plist::kLengthFollows);
+  sizedInteger(length);
 }
 
 void PlistWriter::sizedInteger(std::uint64_t value) {
@@ -194,7 +201,7 @@ OVRef<OVData> PlistWriter::finish(Number top) {
   writeTable(top, referenceSize);
   offsets_.reset();
   const std::size_t size = body_.size();
-  const std::shared_ptr<std::byte> owner = body_.release();
+  const std::shared_ptr<const std::byte> owner = body_.release();
   return OVData::dataWithBytesNoCopy({owner.get(), size}, owner);
 }
 

@@ -60,6 +60,7 @@ class PlistWriter {
   [[gnu::cold]] void raiseOffsets();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
   void marker(unsigned kind, std::size_t length);
+  void longMarker(unsigned kind, std::size_t length);
   void references(std::span<const Number> objects);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
@@ -76,12 +77,13 @@ class PlistWriter {
   // high half rises.
   GrowingArray<std::uint32_t> offsets_;
   std::vector<Number> rises_;
+  // The body's size at which an offset's high half may rise, or numbers may have run out.
+  std::uint64_t checkAt_ = 1ULL << 32;
 };
 
 inline PlistWriter::Number PlistWriter::begin() {
-  const std::uint64_t offset = body_.size();
-  if (offset >> 32 != rises_.size() || offsets_.size() >= 0xFFFFFFFE) raiseOffsets();
-  offsets_.push_back(static_cast<std::uint32_t>(offset));
+  if (body_.size() >= checkAt_) raiseOffsets();
+  offsets_.push_back(static_cast<std::uint32_t>(body_.size()));
   return static_cast<Number>(offsets_.size() - 1);
 }
 
@@ -90,8 +92,7 @@ inline void PlistWriter::marker(unsigned kind, std::size_t length) {
     byte(kind | static_cast<unsigned>(length));
     return;
   }
-  byte(kind | plist::kLengthFollows);
-  sizedInteger(length);
+  longMarker(kind, length);
 }
 
 inline void PlistWriter::references(std::span<const Number> objects) {
@@ -155,7 +156,9 @@ inline std::span<const std::byte> PlistWriter::bytesOf(Number object) const {
 inline void PlistWriter::removeLast() {
   body_.truncate(static_cast<std::size_t>(offset(offsets_.size() - 1)));
   offsets_.pop_back();
-  if (!rises_.empty() && rises_.back() == offsets_.size()) rises_.pop_back();
+  if (rises_.empty() || rises_.back() != offsets_.size()) return;
+  rises_.pop_back();
+  checkAt_ = 0;
 }
 
 }  // namespace ov::detail
