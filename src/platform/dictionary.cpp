@@ -3,6 +3,7 @@
 #include <bit>
 #include <functional>
 #include <limits>
+#include <new>
 #include <stdexcept>
 #include <utility>
 
@@ -69,10 +70,16 @@ void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
   entries_.push_back({key, std::move(value)});
   ++live_;
   if (entries_.size() <= kSmall && slots_.empty()) return;
-  if (entries_.size() * 4 > slots_.size() * 3) {
-    rebuild();
-  } else {
+  if (entries_.size() * 4 <= slots_.size() * 3) {
     slots_[slotOf(key)] = static_cast<std::uint32_t>(entries_.size());
+    return;
+  }
+  try {
+    rebuild();
+  } catch (const std::bad_alloc&) {
+    entries_.pop_back();
+    --live_;
+    throw;
   }
 }
 
@@ -84,7 +91,11 @@ bool DictionaryEntries::erase(std::string_view key) {
   entry.key = nullptr;
   dispose(std::exchange(entry.value, nullptr));
   --live_;
-  if (live_ * 2 < entries_.size() && entries_.size() > kSmall) rebuild();
+  if (live_ * 2 >= entries_.size() || entries_.size() <= kSmall) return true;
+  try {
+    rebuild();
+  } catch (const std::bad_alloc&) {  // the next one tries again
+  }
   return true;
 }
 
@@ -99,13 +110,13 @@ void DictionaryEntries::reserve(std::size_t count) {
   if (count > kSmall) rebuild();
 }
 
-/// Drops removed entries and lays the hash table out anew.
+/// Drops removed entries and lays the hash table out anew. Without memory for that nothing changes.
 void DictionaryEntries::rebuild() {
-  std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNull(); });
-  slots_.clear();
   const std::size_t room = std::max(entries_.capacity(), entries_.size());
-  if (room <= kSmall) return;
-  slots_.assign(std::bit_ceil(room + room / 2), 0);
+  std::vector<std::uint32_t> slots(room <= kSmall ? 0 : std::bit_ceil(room + room / 2));
+  std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNull(); });
+  slots_.swap(slots);
+  if (slots_.empty()) return;
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     std::size_t slot = hashOf(entries_[i].key) & mask;

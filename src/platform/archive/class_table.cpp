@@ -8,22 +8,25 @@
 #include <string>
 #include <unordered_map>
 
+#include "platform/built_once.h"
+
 namespace ov::detail {
 
 namespace {
 
 using Classes = std::unordered_map<std::string_view, const OVClass*>;
 
-/// The library's table by name; built once, never destroyed.
-const Classes& libraryClassesByName() {
-  static const auto& classes = *[] {
-    auto* byName = new Classes();
-    for (const OVClass* each : libraryClasses()) byName->emplace(each->name, each);
-    for (const OVClass* each : {&kDateClass, &kImageClass}) byName->emplace(each->name, each);
-    return byName;
-  }();
-  return classes;
+constinit BuiltOnce<Classes> libraryClassesOnce;
+
+Classes build() {
+  Classes byName;
+  for (const OVClass* each : libraryClasses()) byName.emplace(each->name, each);
+  for (const OVClass* each : {&kDateClass, &kImageClass}) byName.emplace(each->name, each);
+  return byName;
 }
+
+/// The library's table by name.
+const Classes& libraryClassesByName() { return libraryClassesOnce.get(build); }
 
 struct HostClasses {
   std::shared_mutex mutex;

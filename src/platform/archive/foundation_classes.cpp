@@ -1,3 +1,6 @@
+#include <new>
+#include <utility>
+
 #include <OVAddressBookSDK/data.h>
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/list.h>
@@ -81,10 +84,20 @@ namespace {
 
 using References = std::vector<OVRef<OVObject>>;
 
+/// Without memory to keep it, the object goes at once.
+void take(OVRef<OVObject>& object, References& taken) noexcept {
+  if (object == nullptr) return;
+  try {
+    taken.push_back(std::move(object));
+  } catch (const std::bad_alloc&) {
+    ov::detail::dispose(std::move(object));
+  }
+}
+
 /// Takes the objects that the value refers to, however deep inside its containers.
-void takeReferences(OVOpaqueValue& value, References& taken) {
+void takeReferences(OVOpaqueValue& value, References& taken) noexcept {
   if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&value.content)) {
-    if (reference->object != nullptr) taken.push_back(std::move(reference->object));
+    take(reference->object, taken);
   } else if (auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
     for (OVOpaqueValue& element : *array) takeReferences(element, taken);
   } else if (auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {

@@ -1,0 +1,106 @@
+// What is built once, on its first use, while memory runs out: the use after it builds it whole.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/address_field.h>
+#include <OVAddressBookSDK/country.h>
+#include <OVAddressBookSDK/instant_message.h>
+#include <OVAddressBookSDK/property.h>
+
+#include "support/child_process.h"
+#include "support/failing_memory.h"
+#include "support/fake_platform.h"
+#include "support/host_node.h"
+#include "support/own_process.h"
+#include "support/values.h"
+
+namespace {
+
+struct FirstUse {
+  const char* name;
+  bool (*use)();
+};
+
+std::ostream& operator<<(std::ostream& stream, const FirstUse& each) { return stream << each.name; }
+
+bool hasProperties() { return OVProperty::propertyWithName("Note")->name() == "Note"; }
+
+bool hasServices() {
+  return OVInstantMessageServer::serverWithName("QQInstant")->displayName() == "QQ";
+}
+
+bool hasCountries() { return OVCountry::countryWithCode("de")->name() == "Germany"; }
+
+bool hasAddressFields() { return OVAdressField::fieldWithName(OVAddressFieldCity) != nullptr; }
+
+bool knowsItsClasses() { return unarchived<OVLabel>(archiveOf(labelOf("a")))->name() == "a"; }
+
+bool knowsTheHostsClasses() {
+  HostNode::registerClass();
+  return unarchived<HostNode>(archiveOf(HostNode::node("a")))->name == "a";
+}
+
+bool hasItsPlatform() {
+  return OVUserDefaults::standardUserDefaults() != nullptr &&
+         OVNotificationCenter::defaultCenter() != nullptr && OVLocale::currentLocale() != nullptr &&
+         OVWorkspace::sharedWorkspace() != nullptr && OVLog::sharedLog() != nullptr;
+}
+
+class FirstUseInAShortage : public testing::TestWithParam<FirstUse> {};
+
+/// Uses it in a new process, once in a shortage unless `failing` is 0 and then again. Tells whether
+/// the shortage was felt, and how many blocks are kept.
+struct Outcome {
+  bool wasFelt;
+  std::string blocksKept;
+};
+Outcome useAnew(bool (*use)(), long failing) {
+  Pipe pipe;
+  ChildProcess process([&] {
+    const long before = blocksInUse();
+    if (failing > 0) {
+      const MemoryShortage shortage(MemoryShortage::Kind::passing, failing);
+      try {
+        static_cast<void>(use());
+      } catch (const std::bad_alloc&) {  // the next use is to be right
+      }
+    }
+    const bool wasFelt = MemoryShortage::wasFelt();
+    if (!use()) return false;
+    const long kept = blocksInUse() - before;
+    pipe.write((wasFelt ? "1" : "0") + std::to_string(kept));
+    return true;
+  });
+  const std::string written = pipe.readAll();
+  EXPECT_TRUE(process.succeeded()) << "allocation " << failing;
+  if (written.empty()) return {false, ""};
+  return {written.front() == '1', written.substr(1)};
+}
+
+TEST_P(FirstUseInAShortage, IsMadeUpForByTheNext) {
+  expectInOwnProcess([] {
+    const auto use = GetParam().use;
+    const std::string kept = useAnew(use, 0).blocksKept;
+    bool wasFelt = true;
+    for (long failing = 1; wasFelt && !testing::Test::HasFailure(); ++failing) {
+      const Outcome outcome = useAnew(use, failing);
+      wasFelt = outcome.wasFelt;
+      EXPECT_EQ(outcome.blocksKept, kept) << "allocation " << failing;
+      EXPECT_TRUE(wasFelt || failing > 1);
+    }
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, FirstUseInAShortage,
+                         testing::Values(FirstUse{"Properties", hasProperties},
+                                         FirstUse{"Services", hasServices},
+                                         FirstUse{"Countries", hasCountries},
+                                         FirstUse{"AddressFields", hasAddressFields},
+                                         FirstUse{"LibraryClasses", knowsItsClasses},
+                                         FirstUse{"HostClasses", knowsTheHostsClasses},
+                                         FirstUse{"Platform", hasItsPlatform}),
+                         testing::PrintToStringParamName());
+
+}  // namespace
