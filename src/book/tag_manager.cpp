@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
@@ -21,19 +22,41 @@ OVRef<Texts> listUnder(const OVString& key, const OVRef<TextsByText>& dictionary
   return dictionary == nullptr ? nullptr : (*dictionary)[key];
 }
 
-void addOnce(const OVString& text, const OVRef<Texts>& list) {
-  if (list != nullptr && !list->contains(text)) list->push_back(text);
-}
-
-void addOnce(const OVString& text, const OVString& key, const OVRef<TextsByText>& dictionary) {
-  if (dictionary == nullptr) return;
-  auto list = (*dictionary)[key];
-  if (list == nullptr) {
-    list = Texts::list();
-    dictionary->set(key, list);
+/// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
+class Addition {
+ public:
+  Addition(const OVString& text, OVRef<Texts> list) : text_(text), list_(std::move(list)) {
+    if (list_ == nullptr || list_->contains(text_)) return;
+    list_->push_back(text_);
+    isAdded_ = true;
   }
-  addOnce(text, list);
-}
+  /// Makes the list when there is none under the key.
+  Addition(const OVString& text, const OVString& key, const OVRef<TextsByText>& dictionary)
+      : Addition(text, listUnder(key, dictionary)) {
+    if (list_ != nullptr || dictionary == nullptr) return;
+    dictionary->set(key, Texts::list({text}));
+    key_ = key;
+    dictionary_ = dictionary;
+  }
+  Addition(const Addition&) = delete;
+  Addition& operator=(const Addition&) = delete;
+  ~Addition() {
+    if (isAdded_) list_->remove(text_);
+    if (dictionary_ != nullptr) dictionary_->erase(key_);
+  }
+
+  void keep() {
+    isAdded_ = false;
+    dictionary_ = nullptr;
+  }
+
+ private:
+  OVString text_;
+  OVRef<Texts> list_;
+  bool isAdded_ = false;
+  OVString key_;
+  OVRef<TextsByText> dictionary_;  // null unless the list was made
+};
 
 void remove(const OVString& text, const OVRef<Texts>& list) {
   if (list != nullptr) list->remove(text);
@@ -106,9 +129,13 @@ OVRef<Texts> OVTagManager::tagsByPersonID(const OVString& personID) const {
 
 void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
-  addOnce(tag, tags_);
-  addOnce(personID, tag, tagKeyDic_);
-  addOnce(tag, personID, personIDDic_);
+  {
+    // All three or none, also when memory runs out.
+    Addition toTags(tag, tags_);
+    Addition toPersonIDs(personID, tag, tagKeyDic_);
+    Addition toTagsOfPerson(tag, personID, personIDDic_);
+    for (Addition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
+  }
   save();
 }
 
