@@ -88,6 +88,14 @@ TEST_P(BookPersonTags, AgreeWithTheTagManager) {
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutManager, BookPersonTags, testing::Bool(),
                          [](const auto& test) { return test.param ? "Managed" : "Alone"; });
 
+TEST(BookTags, OfALaterFileReachTheTagManager) {
+  const auto book = bookOf(card("UID:p\nCATEGORIES:a"));
+  const auto manager = book->tagManager();
+  book->loadWithData(OVData::dataWithText(card("UID:q\nCATEGORIES:a,b")));
+  EXPECT_THAT(texts(manager->personIDsByTag("a")), ElementsAre("p", "q"));
+  EXPECT_THAT(texts(book->allPersons()->back()->tagArray()), ElementsAre("a", "b"));
+}
+
 TEST(BookTags, TouchNoUserDefaults) {
   const FakePlatform platform;
   const auto book = bookOf(card("UID:p\nCATEGORIES:a"));

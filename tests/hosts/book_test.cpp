@@ -1,5 +1,9 @@
+#include <stdexcept>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/tag_manager.h>
 
 #include "hosts/cards.h"
 #include "support/printers.h"
@@ -7,6 +11,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 const std::string kTwo = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B");
 
@@ -67,6 +72,20 @@ TEST(VCardBook, LoadsData) {
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("a", "b"));
   EXPECT_EQ(book->allPersonsCount(), 2U);
   EXPECT_EQ(book->allPersons()->front()->addressBookID(), book->ID());
+}
+
+TEST(VCardBook, IsAsBeforeWhenTheProgressThrows) {
+  std::string text = card("UID:g\nKIND:group\nMEMBER:1");
+  for (int i = 0; i < 100; ++i) text += card("UID:" + std::to_string(i) + "\nCATEGORIES:a");
+  const auto book = bookOf(kTwo);
+  const auto manager = book->tagManager();
+  const std::string before = description(*book);
+  EXPECT_THROW(book->loadWithDataProgressBlock(OVData::dataWithText(text),
+                                               [] { throw std::runtime_error("enough"); }),
+               std::runtime_error);
+  EXPECT_EQ(description(*book), before);
+  EXPECT_EQ(manager->count(), 1U);
+  EXPECT_THAT(problems(*book), IsEmpty());
 }
 
 TEST(VCardBook, ReportsProgressWhileItLoads) {

@@ -1,17 +1,34 @@
 #include "book_content.h"
 
 #include <algorithm>
+#include <new>
 
 #include "person_writer.h"
 
 namespace ov::vcard {
 
+namespace {
+
+/// Into both, or, when memory runs out, into neither.
+template <class T>
+void addTo(std::vector<T>& all, std::unordered_map<OVString, T>& byID, const OVString& id,
+           const T& added) {
+  all.push_back(added);
+  try {
+    byID.emplace(id, added);
+  } catch (const std::bad_alloc&) {
+    all.pop_back();
+    throw;
+  }
+}
+
+}  // namespace
+
 OVRef<Person> BookContent::addPerson(const OVString& personID, OVRef<Values> values,
                                      OVRef<OVList<OVString>> tagList) {
   auto person =
       std::make_shared<Person>(personID, std::move(values), std::move(tagList), weak_from_this());
-  persons.push_back(person);
-  personsByID.emplace(personID, person);
+  addTo(persons, personsByID, personID, person);
   return person;
 }
 
@@ -53,8 +70,7 @@ OVRef<OVVCardGroup> BookContent::addGroup(const OVString& groupID, const OVStrin
   record->name = name;
   record->book = weak_from_this();
   OVRef<OVVCardGroup> group(new OVVCardGroup(std::move(record)));
-  groups.push_back(group);
-  groupsByID.emplace(groupID, group);
+  addTo(groups, groupsByID, groupID, group);
   return group;
 }
 

@@ -1,5 +1,6 @@
 #include "loader.h"
 
+#include "arrivals.h"
 #include "card_id.h"
 #include "card_parser.h"
 #include "card_reader.h"
@@ -77,6 +78,7 @@ class Loader {
 void loadCards(BookContent& book, std::string bytes, const OVString& file,
                const Progress& progress) {
   const std::string text = withoutByteOrderMark(std::move(bytes));
+  Arrivals arrivals(book);
   Loader loader(book, file);
   CardSplitter splitter(text, loader.problems());
   CardText card;
@@ -86,6 +88,7 @@ void loadCards(BookContent& book, std::string bytes, const OVString& file,
   }
   joinMembers(book);
   if (progress) progress(text.size(), text.size());
+  arrivals.keep();
 }
 
 }  // namespace ov::vcard

@@ -60,6 +60,9 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString companyName() const override;
   [[nodiscard]] OVString jobTitle() const override;
 
+  /// The tags that count while the book has no tag manager.
+  [[nodiscard]] const OVRef<OVList<OVString>>& ownTags() const { return tags_; }
+
   /// The person belongs to no book any more.
   void leaveBook() { book_.reset(); }
 

@@ -54,15 +54,15 @@ std::vector<Texts> everything(const OVTagManager& manager) {
 
 /// Tags the person while ever later allocations fail.
 void expectTagsWhole(const OVString& person, const OVString& tag) {
-  bool failed = true;
-  for (long failing = 1; failed; ++failing) {
+  bool wasFelt = true;
+  for (long failing = 1; wasFelt; ++failing) {
     const auto manager = OVTagManager::tagManagerWithID("book");
     manager->setTagID(nullptr);  // a manager without an ID does not save
     const auto before = everything(*manager);
     try {
       const MemoryShortage shortage(MemoryShortage::Kind::lasting, failing);
       manager->addPersonIDForTag(person, tag);
-      failed = false;
+      wasFelt = MemoryShortage::wasFelt();
     } catch (const std::bad_alloc&) {
       EXPECT_EQ(everything(*manager), before) << "allocation " << failing;
     }

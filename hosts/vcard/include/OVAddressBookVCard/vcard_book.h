@@ -53,7 +53,8 @@ class OVVCardBook final : public OVAddressBook {
   ~OVVCardBook() override;
 
   /// Adds the cards of the book's own file. An error tells that the file could not be read, and
-  /// changes nothing; what a readable file holds never is an error (see `problems`).
+  /// changes nothing; what a readable file holds never is an error (see `problems`). Nor does
+  /// anything change when `progress` throws or memory runs out (`std::bad_alloc`).
   [[nodiscard]] std::error_code load(const ov::vcard::Progress& progress = {});
   /// The same for any file.
   [[nodiscard]] std::error_code addFile(const OVString& path,
