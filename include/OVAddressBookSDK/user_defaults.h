@@ -7,7 +7,8 @@
 ///
 /// A value is a text (`OVString`), a block of bytes (`OVData`), a number or truth value
 /// (`OVNumber`) or a date (`OVDate`), and comes back as the kind it was. All operations may be
-/// called from any thread; those of a forked child only when its parent had one thread.
+/// called from any thread, and from a forked child: a fork waits for the calls that other threads
+/// are in.
 ///
 /// The platform's default keeps one SQLite database for each application. A value is visible at
 /// once and survives the death of the process as soon as the call that sets it has returned. Where

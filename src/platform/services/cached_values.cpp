@@ -1,5 +1,6 @@
 #include "platform/services/cached_values.h"
 
+#include <new>
 #include <utility>
 
 namespace ov {
@@ -24,8 +25,14 @@ OVRef<OVObject> CachedValues::get(const OVString& key) const {
 
 void CachedValues::change(const OVString& key, const OVRef<OVObject>& object) {
   const std::lock_guard lock(mutex_);
-  apply(values_, key, object);
-  unsaved_.insert_or_assign(key, object);
+  const auto [at, isNew] = unsaved_.try_emplace(key);
+  try {
+    apply(values_, key, object);
+  } catch (const std::bad_alloc&) {
+    if (isNew) unsaved_.erase(at);
+    throw;
+  }
+  at->second = object;
 }
 
 std::vector<DefaultsDatabase::Change> CachedValues::unsaved() const {
@@ -34,6 +41,11 @@ std::vector<DefaultsDatabase::Change> CachedValues::unsaved() const {
   changes.reserve(unsaved_.size());
   for (const auto& [key, object] : unsaved_) changes.push_back({key, object});
   return changes;
+}
+
+bool CachedValues::hasUnsaved() const {
+  const std::lock_guard lock(mutex_);
+  return !unsaved_.empty();
 }
 
 void CachedValues::markSaved(const std::vector<DefaultsDatabase::Change>& changes) {
@@ -46,8 +58,8 @@ void CachedValues::markSaved(const std::vector<DefaultsDatabase::Change>& change
 
 void CachedValues::refresh(DefaultsDatabase::Values values) {
   const std::lock_guard lock(mutex_);
+  for (const auto& [key, object] : unsaved_) apply(values, key, object);
   values_.swap(values);
-  for (const auto& [key, object] : unsaved_) apply(values_, key, object);
 }
 
 }  // namespace ov

@@ -8,6 +8,7 @@
 #include <OVAddressBookSDK/text.h>
 
 #include "platform/services/defaults_database.h"
+#include "platform/services/fork_guard.h"
 
 namespace ov {
 
@@ -20,6 +21,7 @@ class CachedValues {
   void change(const OVString& key, const OVRef<OVObject>& object);
 
   [[nodiscard]] std::vector<DefaultsDatabase::Change> unsaved() const;
+  [[nodiscard]] bool hasUnsaved() const;
   /// The changes have been saved. Those that have been changed anew meanwhile stay unsaved.
   void markSaved(const std::vector<DefaultsDatabase::Change>& changes);
 
@@ -28,6 +30,7 @@ class CachedValues {
 
  private:
   mutable std::mutex mutex_;
+  ForkGuard guard_{mutex_};
   DefaultsDatabase::Values values_;
   std::map<OVString, OVRef<OVObject>> unsaved_;
 };

@@ -5,6 +5,8 @@
 
 #include <OVAddressBookSDK/user_defaults.h>
 
+#include "platform/services/fork_guard.h"
+
 namespace ov {
 
 /// Values that end with the store.
@@ -15,6 +17,7 @@ class MemoryDefaults final : public OVUserDefaults {
   bool writeThrough() override { return true; }
 
   mutable std::mutex mutex_;
+  ForkGuard guard_{mutex_};
   std::unordered_map<OVString, OVRef<OVObject>> values_;
 };
 

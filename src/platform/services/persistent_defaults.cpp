@@ -3,7 +3,7 @@
 #include <atomic>
 #include <exception>
 #include <mutex>
-#include <utility>
+#include <new>
 #include <vector>
 
 #include <OVAddressBookSDK/log.h>
@@ -11,6 +11,7 @@
 #include "platform/services/cached_values.h"
 #include "platform/services/deadline.h"
 #include "platform/services/defaults_database.h"
+#include "platform/services/fork_guard.h"
 
 namespace ov {
 
@@ -26,9 +27,11 @@ class PersistentDefaults::State {
     withDatabase([this](Deadline& deadline) {
       const bool done = wasRead_ || attempt([&] { read(deadline); });
       // Once is enough even when it fails: the next save tries again, where a wait is expected.
-      wasRead_ = true;
+      wasRead_ = done || !lacksMemory_;
       return done;
     });
+    // What cannot be read now must not pass for absent.
+    if (!wasRead_) throw std::bad_alloc();
   }
 
   void save() {
@@ -64,12 +67,24 @@ class PersistentDefaults::State {
 
   template <class Work>
   bool attempt(Work work) {
+    lacksMemory_ = false;
     try {
       work();
       return true;
+    } catch (const std::bad_alloc&) {
+      lacksMemory_ = true;
+      keepFailure("no memory");
     } catch (const std::exception& error) {
-      failure_ = error.what();
-      return false;
+      keepFailure(error.what());
+    }
+    return false;
+  }
+
+  void keepFailure(const char* what) noexcept {
+    try {
+      failure_ = what;
+    } catch (const std::bad_alloc&) {
+      failure_.clear();
     }
   }
 
@@ -77,29 +92,44 @@ class PersistentDefaults::State {
   /// log: a failure once, until all is saved again.
   template <class Work>
   bool withDatabase(Work work) {
-    std::vector<std::string> lines;
+    std::vector<OVString> lines;
     bool done = false;
     {
       const std::lock_guard lock(mutex_);
       Deadline deadline(longestWait_);
       done = work(deadline);
-      if (const std::string names = database_.takeMovedAside(); !names.empty()) {
-        lines.push_back("User defaults: no sound database; what stood there is kept as " + names);
-      }
-      if (!done && !std::exchange(failing_, true)) {
-        lines.push_back("User defaults in \"" + directory_ + "\" stay in memory: " + failure_);
-      }
-      if (done && values.unsaved().empty()) failing_ = false;
+      lines = linesAfter(done);
     }
-    for (const auto& line : lines) OVLog::sharedLog()->log(line);
+    for (const OVString& line : lines) OVLog::sharedLog()->log(line);
     return done;
+  }
+
+  /// A line that there is no memory for is left out.
+  std::vector<OVString> linesAfter(bool done) {
+    std::vector<OVString> lines;
+    try {
+      if (const std::string names = database_.takeMovedAside(); !names.empty()) {
+        lines.emplace_back("User defaults: no sound database; what stood there is kept as " +
+                           names);
+      }
+      if (!done && !failing_) {
+        lines.emplace_back("User defaults in \"" + directory_ + "\" stay in memory: " + failure_);
+        failing_ = true;
+      }
+    } catch (const std::bad_alloc&) {
+      lines.clear();
+    }
+    if (done && !values.hasUnsaved()) failing_ = false;
+    return lines;
   }
 
   const std::string directory_;
   const std::chrono::milliseconds longestWait_;
   std::mutex mutex_;  // of what follows
+  ForkGuard guard_{mutex_};
   DefaultsDatabase database_;
   std::string failure_;
+  bool lacksMemory_ = false;  // that was the last failure
   bool failing_ = false;
   std::atomic<bool> wasRead_ = false;  // read by anyone; true when reading has been tried
   bool isKnown_ = false;               // the values have been read

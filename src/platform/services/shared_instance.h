@@ -5,14 +5,18 @@
 
 #include <OVAddressBookSDK/object.h>
 
+#include "platform/services/fork_guard.h"
+
 namespace ov {
 
 /// The instance of a service that all share: the one that the host has installed, else the
-/// platform's default, made when it is first asked for. Meant to live as long as the process.
+/// platform's default, made when it is first asked for. Lives as long as the process.
 template <class Service>
 class SharedInstance {
  public:
-  explicit SharedInstance(OVRef<Service> (*makeDefault)()) : makeDefault_(makeDefault) {}
+  explicit SharedInstance(OVRef<Service> (*makeDefault)()) : makeDefault_(makeDefault) {
+    guardForever(mutex_);
+  }
 
   [[nodiscard]] OVRef<Service> get() {
     const std::lock_guard lock(mutex_);

@@ -2,13 +2,23 @@
 
 #include <sqlite3.h>
 
+#include <new>
+
 namespace ov::sqlite {
 
 namespace {
 
 void check(int code, sqlite3* connection) {
   if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
+  if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
   throw Error(code, connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
+}
+
+/// A column that cannot be converted for want of memory reads like one without a value.
+void checkMemory(sqlite3_stmt* statement) {
+  if ((sqlite3_errcode(sqlite3_db_handle(statement)) & 0xFF) == SQLITE_NOMEM) {
+    throw std::bad_alloc();
+  }
 }
 
 void checkBind(int code, sqlite3_stmt* statement) { check(code, sqlite3_db_handle(statement)); }
@@ -128,14 +138,20 @@ double Statement::real(int column) const { return sqlite3_column_double(statemen
 
 std::string_view Statement::text(int column) const {
   const auto* characters = sqlite3_column_text(statement_.get(), column);
-  if (characters == nullptr) return {"", 0};
+  if (characters == nullptr) {
+    checkMemory(statement_.get());
+    return {"", 0};
+  }
   return {reinterpret_cast<const char*>(characters),
           static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
 std::span<const std::byte> Statement::bytes(int column) const {
   const auto* place = static_cast<const std::byte*>(sqlite3_column_blob(statement_.get(), column));
-  if (place == nullptr) return {};
+  if (place == nullptr) {
+    checkMemory(statement_.get());
+    return {};
+  }
   return {place, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 

@@ -12,7 +12,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// The little of SQLite that the user defaults need. Failures throw `Error`.
+/// The little of SQLite that the user defaults need. Failures throw `Error`, and `std::bad_alloc`
+/// when memory runs out.
 namespace ov::sqlite {
 
 class Error : public std::runtime_error {

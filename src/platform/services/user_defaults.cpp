@@ -8,6 +8,7 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/services/defaults_location.h"
+#include "platform/services/fork_guard.h"
 #include "platform/services/memory_defaults.h"
 #include "platform/services/persistent_defaults.h"
 #include "platform/services/shared_instance.h"
@@ -17,14 +18,13 @@ namespace {
 
 /// The application that the default store belongs to; "" until the host has named one.
 struct Application {
+  Application() { ov::guardForever(mutex); }
+
   std::mutex mutex;
   std::string identifier;
 };
 
-Application& application() {
-  static auto& instance = *new Application();
-  return instance;
-}
+Application& application();
 
 OVRef<OVUserDefaults> makeDefault() {
   std::string identifier;
@@ -38,6 +38,13 @@ OVRef<OVUserDefaults> makeDefault() {
 
 ov::SharedInstance<OVUserDefaults>& shared() {
   static auto& instance = *new ov::SharedInstance<OVUserDefaults>(&makeDefault);
+  return instance;
+}
+
+Application& application() {
+  // Its mutex is taken under that of the shared instance.
+  static_cast<void>(shared());
+  static auto& instance = *new Application();
   return instance;
 }
 

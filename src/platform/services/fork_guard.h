@@ -1,0 +1,31 @@
+#pragma once
+
+#include <mutex>
+
+namespace ov {
+
+/// Keeps a mutex usable in forked children. A child has the forking thread only: what another
+/// thread held while the process was copied would never be given back. So the forking thread holds
+/// every guarded mutex for that moment, which makes a fork wait for the calls that are under way.
+///
+/// While one thread holds two of them, the later guard's has been locked first.
+class ForkGuard {
+ public:
+  explicit ForkGuard(std::mutex& mutex);
+  ForkGuard(const ForkGuard&) = delete;
+  ForkGuard& operator=(const ForkGuard&) = delete;
+  ~ForkGuard();
+
+ private:
+  friend class ForkGuards;
+
+  std::mutex& mutex_;
+  ForkGuard* older_ = nullptr;
+  ForkGuard* newer_ = nullptr;
+};
+
+/// The same for a mutex that lives as long as the process, and under which guards may be made.
+/// While one thread holds two of them, the one that was named first has been locked first.
+void guardForever(std::mutex& mutex);
+
+}  // namespace ov
