@@ -34,6 +34,10 @@ class ForkGuards {
     if (guard.older_ != nullptr) guard.older_->newer_ = guard.newer_;
   }
 
+  static void letForksPass() {
+    if (isForking_.load(std::memory_order_relaxed)) const std::lock_guard wait(forking_);
+  }
+
   static void watchForks() {
     static const int error = pthread_atfork(&hold, &release, &release);
     if (error != 0) throw std::system_error(error, std::generic_category(), "pthread_atfork");
@@ -42,6 +46,7 @@ class ForkGuards {
  private:
   static void hold() {
     forking_.lock();
+    isForking_.store(true, std::memory_order_relaxed);
     for (std::size_t i = 0; i < kMostForever; ++i) {
       held_[i] = forever[i].load(std::memory_order_acquire);
       if (held_[i] != nullptr) held_[i]->lock();
@@ -56,16 +61,19 @@ class ForkGuards {
     for (std::mutex* held : held_) {
       if (held != nullptr) held->unlock();
     }
+    isForking_.store(false, std::memory_order_relaxed);
     forking_.unlock();
   }
 
   static constinit std::mutex forking_;  // one fork at a time
+  static constinit std::atomic<bool> isForking_;
   static constinit std::array<std::mutex*, kMostForever> held_;
   static constinit std::mutex mutex_;  // of the list
   static constinit ForkGuard* newest_;
 };
 
 constinit std::mutex ForkGuards::forking_;
+constinit std::atomic<bool> ForkGuards::isForking_ = false;
 constinit std::array<std::mutex*, kMostForever> ForkGuards::held_{};
 constinit std::mutex ForkGuards::mutex_;
 constinit ForkGuard* ForkGuards::newest_ = nullptr;
@@ -73,6 +81,8 @@ constinit ForkGuard* ForkGuards::newest_ = nullptr;
 ForkGuard::ForkGuard(std::mutex& mutex) : mutex_(mutex) { ForkGuards::add(*this); }
 
 ForkGuard::~ForkGuard() { ForkGuards::remove(*this); }
+
+void ForkGuard::letForksPass() { ForkGuards::letForksPass(); }
 
 void guardForever(std::mutex& mutex) {
   ForkGuards::watchForks();

@@ -16,6 +16,11 @@ class ForkGuard {
   ForkGuard& operator=(const ForkGuard&) = delete;
   ~ForkGuard();
 
+  /// Called before a guarded mutex is taken for long, with none held: lets a thread that is about
+  /// to fork go first, which it might never do otherwise while others take the mutex again and
+  /// again.
+  static void letForksPass();
+
  private:
   friend class ForkGuards;
 

@@ -94,6 +94,7 @@ class PersistentDefaults::State {
   bool withDatabase(Work work) {
     std::vector<OVString> lines;
     bool done = false;
+    ForkGuard::letForksPass();
     {
       const std::lock_guard lock(mutex_);
       Deadline deadline(longestWait_);

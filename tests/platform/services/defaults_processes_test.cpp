@@ -10,28 +10,13 @@
 
 #include "platform/services/deadline.h"
 #include "platform/services/directory.h"
-#include "platform/services/sqlite.h"
 #include "stored_defaults.h"
 #include "support/child_process.h"
 #include "support/printers.h"
 
 namespace {
 
-class DefaultsProcesses : public StoredDefaults {
- protected:
-  /// A process that holds the database's lock, stopped.
-  [[nodiscard]] ChildProcess stoppedWriter() const {
-    ChildProcess process([this] {
-      ov::Deadline deadline(std::chrono::seconds(10));
-      ov::sqlite::Database connection(database().string(), deadline);
-      connection.execute("BEGIN IMMEDIATE");
-      ::raise(SIGSTOP);
-      return true;
-    });
-    process.waitUntilStopped();
-    return process;
-  }
-};
+class DefaultsProcesses : public StoredDefaults {};
 
 TEST_F(DefaultsProcesses, ASetSurvivesTheDeathOfTheProcess) {
   Pipe pipe;

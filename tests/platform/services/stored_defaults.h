@@ -1,13 +1,17 @@
 #pragma once
 
 #include <chrono>
+#include <csignal>
 #include <cstdint>
 #include <string>
 
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
+#include "platform/services/deadline.h"
 #include "platform/services/persistent_defaults.h"
+#include "platform/services/sqlite.h"
+#include "support/child_process.h"
 #include "support/fake_platform.h"
 #include "support/temporary_folder.h"
 
@@ -23,6 +27,19 @@ class StoredDefaults : public testing::Test {
   /// One that gives up on a lock at once, or nearly so.
   [[nodiscard]] OVRef<OVUserDefaults> openHurriedStore() const {
     return open(std::chrono::milliseconds(20));
+  }
+
+  /// A process that holds the database's lock, stopped.
+  [[nodiscard]] ChildProcess stoppedWriter() const {
+    ChildProcess process([this] {
+      ov::Deadline deadline(std::chrono::seconds(10));
+      ov::sqlite::Database connection(database().string(), deadline);
+      connection.execute("BEGIN IMMEDIATE");
+      ::raise(SIGSTOP);
+      return true;
+    });
+    process.waitUntilStopped();
+    return process;
   }
 
   [[nodiscard]] std::filesystem::path directory() const {
