@@ -30,9 +30,9 @@ void expectSavesWhole(const OVRef<OVObject>& graph) {
                      });
 }
 
-/// Restoring the block gives the graph of these bytes however often it has failed before.
+/// Restoring the block gives the same graph however often it has failed before.
 void expectRestoresWhole(const OVRef<OVData>& block) {
-  const std::string expected(block->text());
+  const std::string expected(archiveOf(unarchived(block))->text());
   failEachAllocation(
       [&] { return OVKeyedUnarchiver::unarchiveObjectWithData(block); },
       [&](const OVRef<OVObject>& graph) { EXPECT_TRUE(archiveOf(graph)->text() == expected); });
