@@ -42,6 +42,7 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
     // What was met first is to be written first.
     std::reverse(waiting_.data() + others, waiting_.data() + waiting_.size());
   }
+  keepPromises();
   return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
 }
 
@@ -57,6 +58,7 @@ void ArchiveWriter::writeWaiting(const Waiting& waiting) {
                             : classRecord(entry);
   fields_.push_back({classKey(), record});
   objects_[waiting.uid] = plist_.dictionary(fields_.span());
+  if (promisedCount_ >= kPromisedBatch) keepPromises();
 }
 
 ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
@@ -86,7 +88,7 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object, lo
     case Kind::number:
     case Kind::data:
       writeLeaf(*object, entry.kind);
-      return addLeaf();
+      return leafReference(leaves_.addLast());
     default:
       return objectReference(object, entry, holds);
   }
@@ -127,23 +129,48 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVString& text) {
 }
 
 ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
-  const std::string_view characters(text.data(), text.size());
-  if (!countsReferences() || !text.isShared()) {
-    plist_.text(characters);
-    return addLeaf();
+  if (countsReferences() && text.isShared()) {
+    RecentText& recent = recentTexts_[recentSlot(&text)];
+    if (recent.text != &text) recent = {&text, writeText(text, hashOf(text))};
+    return recent.reference;
   }
-  RecentText& recent = recentTexts_[recentSlot(&text)];
-  if (recent.text != &text) {
-    plist_.text(characters);
-    recent = {&text, addLeaf()};
-  }
-  return recent.reference;
+  const LeafTable::Hash hash = hashOf(text);
+  const bool canWait = countsReferences() && promisedCount_ < promised_.size();
+  return canWait && leaves_.size() >= kManyLeaves ? promiseText(text, hash) : writeText(text, hash);
 }
 
-/// The reference to the leaf written last. A leaf's UID follows it directly.
-ArchiveWriter::Number ArchiveWriter::addLeaf() {
-  const auto [object, isNew] = leaves_.addLast();
-  return isNew ? newReference(object) : object + 1;
+LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
+  return leaves_.hashOf({text.data(), text.size()});
+}
+
+ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable::Hash hash) {
+  plist_.text({text.data(), text.size()});
+  return leafReference(leaves_.addLast(hash));
+}
+
+/// Once the texts outgrow the processor's caches, looking one up waits for memory several times.
+/// They are then written some at a time, after the objects that hold them, and wait together.
+ArchiveWriter::Number ArchiveWriter::promiseText(const TextObject& text, LeafTable::Hash hash) {
+  leaves_.touchTag(hash);
+  promised_[promisedCount_] = {&text, hash};
+  return PlistWriter::promise(promisedCount_++);
+}
+
+void ArchiveWriter::keepPromises() {
+  const std::span promised(promised_.data(), promisedCount_);
+  for (const PromisedText& each : promised) leaves_.touchSlot(each.hash);
+  for (const PromisedText& each : promised) leaves_.touchOffset(each.hash);
+  for (const PromisedText& each : promised) leaves_.touchBytes(each.hash);
+  for (Number i = 0; i < promisedCount_; ++i) {
+    const auto& [text, hash] = promised_[i];
+    plist_.fulfil(PlistWriter::promise(i), writeText(*text, hash));
+  }
+  promisedCount_ = 0;
+}
+
+/// A leaf's UID follows it directly.
+ArchiveWriter::Number ArchiveWriter::leafReference(LeafTable::Result leaf) {
+  return leaf.isNew ? newReference(leaf.object) : leaf.object + 1;
 }
 
 ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObject>> items) {

@@ -83,12 +83,18 @@ class ArchiveWriter {
     ClassEntry* entry;
     std::uint32_t uid;
   };
+  struct PromisedText {
+    const TextObject* text;
+    LeafTable::Hash hash;
+  };
   struct RecentText {
     const TextObject* text;
     Number reference;
   };
 
   static constexpr std::size_t kRecent = 256;
+  static constexpr std::size_t kManyLeaves = 1 << 16;
+  static constexpr std::size_t kPromisedBatch = 16;
   [[nodiscard]] static std::size_t recentSlot(const void* address) {
     const auto number = reinterpret_cast<std::uintptr_t>(address);
     return (number >> 3 ^ number >> 11) % kRecent;
@@ -101,7 +107,11 @@ class ArchiveWriter {
   Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, long holds);
   Number textReference(const TextObject& text);
   void writeLeaf(const OVObject& object, Kind kind);
-  Number addLeaf();
+  [[nodiscard]] LeafTable::Hash hashOf(const TextObject& text) const;
+  Number writeText(const TextObject& text, LeafTable::Hash hash);
+  Number promiseText(const TextObject& text, LeafTable::Hash hash);
+  void keepPromises();
+  Number leafReference(LeafTable::Result leaf);
   Number inlineObject(const OVRef<OVObject>& object);
   Number arrayOf(const OVOpaqueValue::Array& values, bool asSet);
   static Kind kindOf(const OVClass& objectClass);
@@ -146,6 +156,8 @@ class ArchiveWriter {
   KeyNumbers keys_;
   std::array<Number, 256> smallIntegers_{};
   std::array<RecentText, kRecent> recentTexts_{};
+  std::array<PromisedText, PlistWriter::kPromises> promised_{};
+  Number promisedCount_ = 0;
 };
 
 inline ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectClass) {

@@ -26,9 +26,8 @@ PlistWriter::PlistWriter() {
 }
 
 void PlistWriter::raiseOffsets() {
-  // One number stays free, so that every count of objects fits into a reference.
-  const std::uint64_t left = std::numeric_limits<Number>::max() - 1 - offsets_.size();
-  if (left == 0) throw std::length_error("OVKeyedArchiver: more than 4294967294 objects");
+  const std::uint64_t left = kFirstPromise - offsets_.size();
+  if (left == 0) throw std::length_error("OVKeyedArchiver: more objects than can be numbered");
   const std::uint64_t size = body_.size();
   rises_.resize(size >> 32, static_cast<Number>(offsets_.size()));
   // An object takes a byte at least.
