@@ -65,7 +65,9 @@ void destroyWaiting() noexcept {
 }  // namespace
 
 void dispose(OVRef<OVObject>&& reference) noexcept {
-  if (reference == nullptr || (depth >= kDeepest && postpone(reference))) return;
+  if (reference == nullptr) return;
+  // Only the last reference destroys; room for all of them could be more than the objects take.
+  if (depth >= kDeepest && reference.use_count() == 1 && postpone(reference)) return;
   ++depth;
   reference.reset();
   if (depth == 1) destroyWaiting();

@@ -155,7 +155,7 @@ OVString ArchiveReader::textOf(Item item) {
 }
 
 OVString ArchiveReader::newText(const PlistItem& item) {
-  charge(item.count * 2 + 64);
+  charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
   return OVString(TextObject::make(plist_.text(item, scratch_)));
 }
 

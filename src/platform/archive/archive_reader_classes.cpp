@@ -13,8 +13,9 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
-/// What one object is taken to need, whatever its class.
+/// What one object is taken to need, whatever its class, and for each of its fields.
 constexpr std::uint64_t kMemoryPerObject = 256;
+constexpr std::uint64_t kMemoryPerField = 32;
 
 bool isTextClass(std::string_view name) {
   return name == kTextClass.name || name == "NSMutableString";
@@ -72,7 +73,7 @@ std::vector<OVString> ArchiveReader::textArray(const PlistItem& array) {
 /// The object that stands for an archived one: of a registered class, a text, a collection, or else
 /// an opaque object. Texts and data blocks are complete, all others still empty.
 OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const ArchiveFields& fields) {
-  charge(kMemoryPerObject);
+  charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
   if (record.known != nullptr) return record.known->make();
   const std::string_view name = record.name;
   if (name == kDateClass.name) return kDateClass.make();

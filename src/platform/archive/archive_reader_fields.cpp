@@ -10,7 +10,7 @@ using Kind = PlistItem::Kind;
 /// Gives each key of the dictionary its number, once, so that look-ups compare numbers.
 ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
   const ArchiveFields fields{dictionary, keyNumbers_.size(), false};
-  charge(dictionary.count * sizeof(std::uint32_t));
+  charge(dictionary.count * 3 * sizeof(std::uint32_t));  // the numbers' memory grows ahead
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
     keyNumbers_.push_back(numberOfKey(plist_.reference(dictionary, i)));
   }
