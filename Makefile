@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test asan tsan tidy format bench install clean
+.PHONY: help demo check setup build test asan tsan tidy fuzz format bench install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -54,6 +54,11 @@ tsan: setup ## Run the thread tests with clang and ThreadSanitizer
 tidy: setup ## Run clang-tidy over the library, the hosts and the tools
 	cmake --preset asan-ubsan
 	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS)
+
+fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless given
+	cmake --preset fuzz
+	$(call build_preset,fuzz) --target ov_fuzzers
+	scripts/fuzz.py build/fuzz $(or $(FUZZ_SECONDS),60)
 
 format: setup ## Format the sources
 	scripts/format

@@ -13,3 +13,8 @@ if(OV_SANITIZE)
                                               -fno-sanitize-recover=all)
   target_link_options(ov_options INTERFACE -fsanitize=${OV_SANITIZE})
 endif()
+# Lets the fuzzers see which branches an input takes.
+if(OV_BUILD_FUZZERS)
+  target_compile_options(ov_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(ov_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()

@@ -20,7 +20,10 @@ std::string typeOf(const OVValue& value) {
   return std::to_string(static_cast<std::uint32_t>(value.type()));
 }
 
-Objects objectsOf(const OVRef<OVList<OVString>>& texts) { return texts->elements()->items; }
+/// A damaged archive may have no list there.
+Objects objectsOf(const OVRef<OVList<OVString>>& texts) {
+  return texts == nullptr ? Objects() : texts->elements()->items;
+}
 
 ListedFields fieldsOf(const OVLabel& label) {
   return {"OVLabel", {{"displayName", label.displayName()}, {"name", label.name()}}};
@@ -102,7 +105,7 @@ ListedFields fieldsOf(const OVTagManager& manager) {
     tags.push_back(tag);
     const auto persons = manager.personIDsByTag(tag);
     result.fields["TagsDicKey." + tag.str()] = objectsOf(persons);
-    for (const OVString& ID : *persons) {
+    for (const OVString& ID : persons) {
       result.fields["PersonDicKey." + ID.str()] = objectsOf(manager.tagsByPersonID(ID));
     }
   }

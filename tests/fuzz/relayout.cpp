@@ -1,0 +1,128 @@
+// Changes one object of a property list and lays the list out anew around it: a change anywhere
+// else moves what follows, and the offsets no longer fit.
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/archive/big_endian.h"
+#include "platform/archive/plist_format.h"
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+
+namespace {
+
+using ov::detail::loadBigEndian;
+using ov::detail::storeBigEndian;
+namespace plist = ov::detail::plist;
+
+/// The parts of a list whose trailer makes sense.
+struct Parts {
+  std::vector<std::string> objects;  // in the order in which they stand in the block
+  std::vector<std::size_t> numbers;  // for each number, its place among them
+  std::string trailer;
+};
+
+std::uint64_t numberAt(std::string_view text, std::size_t at, unsigned width) {
+  return loadBigEndian(reinterpret_cast<const std::byte*>(text.data() + at), width);
+}
+
+void put(std::string& text, std::size_t at, std::uint64_t number, unsigned width) {
+  storeBigEndian(reinterpret_cast<std::byte*>(text.data() + at), number, width);
+}
+
+std::optional<Parts> split(std::string_view list) {
+  const std::size_t head = plist::kHeader.size();
+  if (list.size() < head + plist::kTrailerSize) return std::nullopt;
+  const std::size_t end = list.size() - plist::kTrailerSize;
+  const auto width = static_cast<unsigned char>(list[end + 6]);
+  const std::uint64_t count = numberAt(list, end + 8, 8);
+  const std::uint64_t table = numberAt(list, end + 24, 8);
+  if (width < 1 || width > 8 || table < head || table > end || count == 0 ||
+      count > (end - table) / width) {
+    return std::nullopt;
+  }
+  std::vector<std::uint64_t> offsets;
+  for (std::uint64_t i = 0; i < count; ++i) {
+    offsets.push_back(
+        std::clamp<std::uint64_t>(numberAt(list, table + i * width, width), head, table));
+  }
+  std::vector<std::uint64_t> places = offsets;
+  std::ranges::sort(places);
+  places.erase(std::unique(places.begin(), places.end()), places.end());
+  Parts parts;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const std::uint64_t past = i + 1 < places.size() ? places[i + 1] : table;
+    parts.objects.emplace_back(list.substr(places[i], past - places[i]));
+  }
+  for (const std::uint64_t offset : offsets) {
+    parts.numbers.push_back(
+        static_cast<std::size_t>(std::ranges::lower_bound(places, offset) - places.begin()));
+  }
+  parts.trailer = list.substr(end);
+  return parts;
+}
+
+std::string joined(const Parts& parts) {
+  std::string list(plist::kHeader);
+  std::vector<std::size_t> offsets;
+  for (const std::string& object : parts.objects) {
+    offsets.push_back(list.size());
+    list += object;
+  }
+  const std::size_t table = list.size();
+  const unsigned width = table < 0x100 ? 1 : table < 0x10000 ? 2 : 4;
+  list.resize(table + width * parts.numbers.size());
+  for (std::size_t i = 0; i < parts.numbers.size(); ++i) {
+    put(list, table + i * width, offsets[parts.numbers[i]], width);
+  }
+  const std::size_t trailer = list.size();
+  list += parts.trailer;
+  list[trailer + 6] = static_cast<char>(width);
+  put(list, trailer + 8, parts.numbers.size(), 8);
+  put(list, trailer + 24, table, 8);
+  return list;
+}
+
+void change(std::string& object) {
+  constexpr std::size_t kRoom = 16;
+  const std::size_t size = object.size();
+  object.resize(size + kRoom);
+  object.resize(
+      LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(object.data()), size, object.size()));
+}
+
+void changeOne(Parts& parts, unsigned chance) {
+  std::string& object = parts.objects[chance / 8 % parts.objects.size()];
+  switch (chance % 8) {
+    case 0:  // one more number for an object
+      parts.numbers.push_back(chance / 8 % parts.objects.size());
+      break;
+    case 1:  // one more object
+      parts.numbers.push_back(parts.objects.size());
+      parts.objects.push_back(std::string(object));
+      change(parts.objects.back());
+      break;
+    case 2:  // a number for another object
+      parts.numbers[chance / 8 % parts.numbers.size()] = chance / 64 % parts.objects.size();
+      break;
+    default:
+      change(object);
+  }
+}
+
+}  // namespace
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
+                                               std::size_t maxSize, unsigned seed) {
+  constexpr unsigned kAnywhere = 4;  // one change in that many
+  auto parts = split({reinterpret_cast<const char*>(data), size});
+  if (!parts || seed % kAnywhere == 0) return LLVMFuzzerMutate(data, size, maxSize);
+  changeOne(*parts, seed / kAnywhere);
+  const std::string list = joined(*parts);
+  if (list.size() > maxSize) return LLVMFuzzerMutate(data, size, maxSize);
+  std::ranges::copy(list, reinterpret_cast<char*>(data));
+  return list.size();
+}

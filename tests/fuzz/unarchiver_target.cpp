@@ -1,0 +1,87 @@
+// Any bytes are either refused or an archive whose objects can be used, and what is written of them
+// is read as the same graph and written in the same bytes.
+
+#include <cstdint>
+#include <sstream>
+#include <string>
+
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+
+#include "fuzz/finding.h"
+#include "fuzz/reachable.h"
+#include "fuzz/use_objects.h"
+#include "support/archive_listing.h"
+#include "support/fake_platform.h"
+#include "support/leaks_tolerated.h"
+
+namespace {
+
+using Unarchive = OVRef<OVObject> (*)(const OVRef<OVData>&);
+
+/// A graph that was read, let go of whole at the end.
+class Graph {
+ public:
+  explicit Graph(OVRef<OVObject> root) : root_(std::move(root)), objects_(reachable(root_)) {}
+  Graph(const Graph&) = delete;
+  Graph& operator=(const Graph&) = delete;
+  ~Graph() { letGo(objects_); }
+
+  void use() const { useObjects(objects_); }
+  [[nodiscard]] std::string listing() const { return archiveListing(root_); }
+  [[nodiscard]] OVRef<OVData> archive() const {
+    return OVKeyedArchiver::archivedDataWithRootObject(root_);
+  }
+
+ private:
+  OVRef<OVObject> root_;
+  std::vector<OVRef<OVObject>> objects_;
+};
+
+/// Which value is the main one is left out: where a damaged archive has null there, another is
+/// taken when it is written.
+std::string withoutMainValues(const std::string& listing) {
+  std::istringstream lines(listing);
+  std::string kept;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(".mainValueIndex = ") == std::string::npos) kept += line + '\n';
+  }
+  return kept;
+}
+
+OVRef<OVObject> readOwn(Unarchive unarchive, const OVRef<OVData>& block) {
+  try {
+    return unarchive(block);
+  } catch (const OVInvalidArchive& error) {
+    finding(std::string("what we wrote is refused: ") + error.what());
+  }
+}
+
+void check(Unarchive unarchive, const OVRef<OVData>& block) {
+  const LeaksTolerated tolerated;
+  OVRef<OVObject> root;
+  try {
+    root = unarchive(block);
+  } catch (const OVInvalidArchive&) {
+    return;
+  }
+  const Graph first(std::move(root));
+  first.use();
+  const Graph second(readOwn(unarchive, first.archive()));
+  expectThat(withoutMainValues(second.listing()) == withoutMainValues(first.listing()),
+             "another graph is read from what was written");
+  const OVRef<OVData> settled = second.archive();
+  const Graph third(readOwn(unarchive, settled));
+  expectThat(third.listing() == second.listing(), "another graph the second time");
+  expectThat(third.archive()->text() == settled->text(), "other bytes the second time");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const FakePlatform platform;
+  const auto block = OVData::dataWithBytes(std::as_bytes(std::span(data, size)));
+  check(&OVKeyedUnarchiver::unarchiveObjectWithData, block);
+  check(&OVKeyedUnarchiver::unarchiveOpaqueObjectWithData, block);
+  return 0;
+}
