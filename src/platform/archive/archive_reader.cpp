@@ -188,7 +188,7 @@ OVRef<OVObject> ArchiveReader::leaf(const PlistItem& item) {
 
 OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& dictionary) {
   ArchiveFields fields = openFields(dictionary);
-  const ClassRecord& record = classOf(fields);
+  const ArchivedClass& record = classOf(fields);
   fields.hasConstantKeys = !record.isHosts;
   OVRef<OVObject> object = makeEmpty(record, fields);
   slots_[static_cast<std::size_t>(uid)].object = object;
@@ -221,7 +221,7 @@ void ArchiveReader::fill(OVObject& object, const ArchiveFields& fields) {
 
 /// Lets go of what half-built objects refer to, so that none keeps another alive.
 void ArchiveReader::breakRings() noexcept {
-  const ArchiveFields none{{Kind::dictionary, 0, nullptr}, 0, false};
+  const ArchiveFields none{{Kind::dictionary, 0, nullptr}};
   waiting_.clear();
   for (const Slot& slot : slots_) {
     if (slot.object == nullptr) continue;

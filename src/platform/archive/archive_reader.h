@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,17 +18,43 @@
 #include "platform/archive/class_table.h"
 #include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
+#include "platform/archive/key_sequence.h"
+#include "platform/archive/large_memory.h"
 #include "platform/archive/plist_reader.h"
 
 namespace ov::detail {
 
+/// What an archive says of a class.
+struct ArchivedClass {
+  OVString name;
+  std::vector<OVString> classes;
+  std::vector<OVString> hints;
+  const OVClass* known = nullptr;  // null: opaque, or of the archive's own forms
+  bool isHosts = false;
+};
+
+/// The keys that several archived objects have, one like the other.
+struct ArchiveShape {
+  static constexpr std::uint32_t kAbsent = KeySequence::kNone - 1;
+
+  std::span<const std::byte> keys;     // their references, in the block
+  std::vector<std::uint32_t> numbers;  // of the keys
+  std::uint32_t classPosition;         // kAbsent when there is none
+  std::uint64_t classItem = 0;         // what stood there last, and the class that it is
+  const ArchivedClass* objectClass = nullptr;
+  KeySequence positions;  // of constant keys that were looked for
+};
+
 /// The fields of one archived object while it is being read.
 struct ArchiveFields {
   PlistItem dictionary;
-  /// Where the numbers of its keys begin.
-  std::size_t firstKey;
+  /// Null when nothing is known of the object's like.
+  ArchiveShape* shape = nullptr;
+  /// Where the numbers of its keys begin when it has no shape.
+  std::size_t firstKey = 0;
   /// Its class asks for its fields by keys whose texts never change.
-  bool hasConstantKeys;
+  bool hasConstantKeys = false;
+  mutable KeySequence::Walk nextKey{};
 };
 
 /// Builds an object graph from a keyed archive.
@@ -66,13 +93,6 @@ class ArchiveReader {
   /// object.
   static constexpr unsigned kDeepest = 512;
 
-  struct ClassRecord {
-    OVString name;
-    std::vector<OVString> classes;
-    std::vector<OVString> hints;
-    const OVClass* known = nullptr;  // null: opaque, or of the archive's own forms
-    bool isHosts = false;
-  };
   struct Slot {
     OVRef<OVObject> object;
     OVString text;
@@ -101,7 +121,7 @@ class ArchiveReader {
   };
   struct RecentClass {
     std::uint64_t uid = 0;
-    const ClassRecord* record = nullptr;
+    const ArchivedClass* record = nullptr;
   };
 
   OVRef<OVObject> readRoot();
@@ -121,17 +141,17 @@ class ArchiveReader {
   void fill(OVObject& object, const ArchiveFields& fields);
   void fillWaiting();
 
-  const ClassRecord& classOf(const ArchiveFields& fields);
-  const ClassRecord& classRecord(std::uint64_t uid);
-  const ClassRecord& newClassRecord(std::uint64_t uid);
-  ClassRecord readClassRecord(std::uint64_t uid);
+  const ArchivedClass& classOf(const ArchiveFields& fields);
+  const ArchivedClass& classRecord(std::uint64_t uid);
+  const ArchivedClass& newClassRecord(std::uint64_t uid);
+  ArchivedClass readClassRecord(std::uint64_t uid);
   std::vector<OVString> textArray(const PlistItem& array);
   std::optional<PlistItem> form(const ArchiveFields& fields, std::string_view key,
                                 PlistItem::Kind kind);
-  OVRef<OVObject> makeEmpty(const ClassRecord& record, const ArchiveFields& fields);
+  OVRef<OVObject> makeEmpty(const ArchivedClass& record, const ArchiveFields& fields);
   OVRef<OVObject> makeLeaf(std::string_view className, const ArchiveFields& fields);
   OVRef<OVObject> makeCollection(std::string_view className, const ArchiveFields& fields);
-  OVRef<OVObject> makeOpaque(const ClassRecord& record);
+  OVRef<OVObject> makeOpaque(const ArchivedClass& record);
   bool areTexts(const PlistItem& array);
   bool isText(std::uint64_t uid);
 
@@ -141,9 +161,12 @@ class ArchiveReader {
   OVOpaqueValue::Array opaqueArray(const PlistItem& container, unsigned depth);
 
   ArchiveFields openFields(const PlistItem& dictionary);
+  [[gnu::cold]] ArchiveFields openNewFields(const PlistItem& dictionary);
   void closeFields(const ArchiveFields& fields) { keyNumbers_.truncate(fields.firstKey); }
-  [[nodiscard]] std::optional<Item> findNumber(const ArchiveFields& fields,
-                                               std::uint32_t number) const;
+  std::uint32_t findAnew(const ArchiveFields& fields, std::string_view key);
+  [[nodiscard]] std::uint32_t positionOf(const ArchiveFields& fields, std::uint32_t number) const;
+  [[nodiscard]] std::optional<Item> valueAt(const ArchiveFields& fields,
+                                            std::uint32_t position) const;
   std::uint32_t numberOfKey(Item item);
   [[gnu::cold]] std::uint32_t newNumberOfKey(Item item, RecentKey& recent);
   void charge(std::uint64_t bytes);
@@ -152,9 +175,9 @@ class ArchiveReader {
   PlistReader plist_;
   Known known_;
   PlistItem objects_;
-  std::vector<Slot> slots_;  // by UID
+  std::vector<Slot, LargeAllocator<Slot>> slots_;  // by UID
   std::unordered_map<const std::byte*, InlineLeaf> inlineLeaves_;
-  std::unordered_map<std::uint64_t, ClassRecord> classRecords_;
+  std::unordered_map<std::uint64_t, ArchivedClass> classRecords_;
   std::array<RecentClass, 64> recentClasses_{};
   std::vector<Waiting> waiting_;
   unsigned depth_ = 0;  // of objects and of plain containers in them
@@ -164,6 +187,8 @@ class ArchiveReader {
   std::uint32_t classKey_;
   std::array<RecentKey, 512> recentKeys_{};
   GrowingArray<std::uint32_t> keyNumbers_;
+  std::deque<ArchiveShape> shapes_;
+  std::array<ArchiveShape*, 256> recentShapes_{};
   std::string scratch_;
 };
 
@@ -179,17 +204,20 @@ inline std::uint32_t ArchiveReader::numberOfKey(Item item) {
   return recent.item == item ? recent.number : newNumberOfKey(item, recent);
 }
 
-inline std::optional<ArchiveReader::Item> ArchiveReader::findNumber(const ArchiveFields& fields,
-                                                                    std::uint32_t number) const {
-  const std::uint64_t count = fields.dictionary.count;
-  const std::uint32_t* numbers = keyNumbers_.data() + fields.firstKey;
-  for (std::uint64_t i = 0; i < count; ++i) {
-    if (numbers[i] == number) return plist_.reference(fields.dictionary, count + i);
-  }
-  return std::nullopt;
+inline std::optional<ArchiveReader::Item> ArchiveReader::valueAt(const ArchiveFields& fields,
+                                                                 std::uint32_t position) const {
+  if (position == ArchiveShape::kAbsent) return std::nullopt;
+  return plist_.reference(fields.dictionary, fields.dictionary.count + position);
 }
 
-inline const ArchiveReader::ClassRecord& ArchiveReader::classRecord(std::uint64_t uid) {
+inline std::optional<ArchiveReader::Item> ArchiveReader::find(const ArchiveFields& fields,
+                                                              std::string_view key) {
+  const bool isLearned = fields.shape != nullptr && fields.hasConstantKeys;
+  const std::uint32_t known = isLearned ? fields.nextKey.next(key) : KeySequence::kNone;
+  return valueAt(fields, known == KeySequence::kNone ? findAnew(fields, key) : known);
+}
+
+inline const ArchivedClass& ArchiveReader::classRecord(std::uint64_t uid) {
   const RecentClass& recent = recentClasses_[static_cast<std::size_t>(uid % recentClasses_.size())];
   return recent.record != nullptr && recent.uid == uid ? *recent.record : newClassRecord(uid);
 }

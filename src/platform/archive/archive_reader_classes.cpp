@@ -23,20 +23,27 @@ bool isTextClass(std::string_view name) {
 
 }  // namespace
 
-const ArchiveReader::ClassRecord& ArchiveReader::classOf(const ArchiveFields& fields) {
-  const auto item = findNumber(fields, classKey_);
+const ArchivedClass& ArchiveReader::classOf(const ArchiveFields& fields) {
+  ArchiveShape* shape = fields.shape;
+  const auto item =
+      valueAt(fields, shape == nullptr ? positionOf(fields, classKey_) : shape->classPosition);
   if (!item) throw OVInvalidArchive("an object of the archive has no class");
-  return classRecord(uidOf(*item));
+  if (shape == nullptr) return classRecord(uidOf(*item));
+  if (shape->objectClass == nullptr || shape->classItem != *item) {
+    shape->objectClass = &classRecord(uidOf(*item));
+    shape->classItem = *item;
+  }
+  return *shape->objectClass;
 }
 
-const ArchiveReader::ClassRecord& ArchiveReader::newClassRecord(std::uint64_t uid) {
+const ArchivedClass& ArchiveReader::newClassRecord(std::uint64_t uid) {
   auto at = classRecords_.find(uid);
   if (at == classRecords_.end()) at = classRecords_.emplace(uid, readClassRecord(uid)).first;
   recentClasses_[static_cast<std::size_t>(uid % recentClasses_.size())] = {uid, &at->second};
   return at->second;
 }
 
-ArchiveReader::ClassRecord ArchiveReader::readClassRecord(std::uint64_t uid) {
+ArchivedClass ArchiveReader::readClassRecord(std::uint64_t uid) {
   const PlistItem dictionary = plist_.item(itemAt(uid));
   const auto name =
       dictionary.kind == Kind::dictionary ? entry(dictionary, archive::kClassName) : std::nullopt;
@@ -44,8 +51,8 @@ ArchiveReader::ClassRecord ArchiveReader::readClassRecord(std::uint64_t uid) {
     throw OVInvalidArchive("object " + std::to_string(uid) +
                            " of the archive is used as a class and is none");
   }
-  charge(sizeof(ClassRecord) + 64);
-  ClassRecord record;
+  charge(sizeof(ArchivedClass) + 64);
+  ArchivedClass record;
   record.name = newText(*name);
   if (const auto classes = entry(dictionary, archive::kClasses)) {
     record.classes = textArray(*classes);
@@ -72,7 +79,7 @@ std::vector<OVString> ArchiveReader::textArray(const PlistItem& array) {
 
 /// The object that stands for an archived one: of a registered class, a text, a collection, or else
 /// an opaque object. Texts and data blocks are complete, all others still empty.
-OVRef<OVObject> ArchiveReader::makeEmpty(const ClassRecord& record, const ArchiveFields& fields) {
+OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const ArchiveFields& fields) {
   charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
   if (record.known != nullptr) return record.known->make();
   const std::string_view name = record.name;
@@ -136,14 +143,15 @@ bool ArchiveReader::areTexts(const PlistItem& array) {
 bool ArchiveReader::isText(std::uint64_t uid) {
   const PlistItem item = plist_.item(itemAt(uid));
   if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
-  const ArchiveFields fields = openFields(item);
+  ArchiveFields fields = openFields(item);
+  fields.hasConstantKeys = true;
   const bool isText = isTextClass(classOf(fields).name) &&
                       form(fields, archive::kStringText, Kind::ascii).has_value();
   closeFields(fields);
   return isText;
 }
 
-OVRef<OVObject> ArchiveReader::makeOpaque(const ClassRecord& record) {
+OVRef<OVObject> ArchiveReader::makeOpaque(const ArchivedClass& record) {
   auto object = Maker::make<OVOpaqueObject>();
   object->className_ = record.name;
   object->classes_ = record.classes;

@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include <OVAddressBookSDK/dictionary.h>
 
 #include "platform/archive/archive_keys.h"
@@ -7,10 +9,40 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-/// Gives each key of the dictionary its number, once, so that look-ups compare numbers.
+namespace {
+
+constexpr std::size_t kMostShapes = 128;
+constexpr std::uint64_t kMostKeys = 64;
+
+bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
+  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
+}
+
+}  // namespace
+
+/// Keys are compared as numbers. Most objects have the keys of one met before, with their numbers.
 ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
-  const ArchiveFields fields{dictionary, keyNumbers_.size(), false};
   charge(dictionary.count * 3 * sizeof(std::uint32_t));  // the numbers' memory grows ahead
+  if (dictionary.count == 0 || dictionary.count > kMostKeys) return openNewFields(dictionary);
+  const std::uint64_t hint = plist_.reference(dictionary, 0) + 31 * dictionary.count;
+  ArchiveShape*& recent = recentShapes_[static_cast<std::size_t>(hint % recentShapes_.size())];
+  const std::span<const std::byte> keys = plist_.keys(dictionary);
+  if (recent != nullptr && isSame(recent->keys, keys)) {
+    return {dictionary, recent, keyNumbers_.size(), false, KeySequence::Walk(recent->positions)};
+  }
+  const ArchiveFields fields = openNewFields(dictionary);
+  if (shapes_.size() == kMostShapes) return fields;
+  charge(2 * sizeof(ArchiveShape) + keys.size());
+  const auto numbers = keyNumbers_.from(fields.firstKey);
+  shapes_.push_back(
+      {keys, {numbers.begin(), numbers.end()}, positionOf(fields, classKey_), 0, nullptr, {}});
+  recent = &shapes_.back();
+  return fields;
+}
+
+ArchiveFields ArchiveReader::openNewFields(const PlistItem& dictionary) {
+  if (dictionary.count >= ArchiveShape::kAbsent) throw OVInvalidArchive("too many keys");
+  const ArchiveFields fields{dictionary, nullptr, keyNumbers_.size()};
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
     keyNumbers_.push_back(numberOfKey(plist_.reference(dictionary, i)));
   }
@@ -30,15 +62,28 @@ std::uint32_t ArchiveReader::newNumberOfKey(Item item, RecentKey& recent) {
   return number;
 }
 
-std::optional<ArchiveReader::Item> ArchiveReader::find(const ArchiveFields& fields,
-                                                       std::string_view key) {
-  std::uint32_t wanted = 0;
-  if (key.starts_with(archive::kReserved)) {
-    wanted = keys_.find(archive::kReserved + std::string(key));
-  } else {
-    wanted = fields.hasConstantKeys ? keys_.findConstant(key) : keys_.find(key);
+std::uint32_t ArchiveReader::findAnew(const ArchiveFields& fields, std::string_view key) {
+  const bool isReserved = key.starts_with(archive::kReserved);
+  const std::uint32_t number =
+      isReserved ? keys_.find(archive::kReserved + std::string(key)) : keys_.find(key);
+  const std::uint32_t position =
+      number == KeyNumbers::kNone ? ArchiveShape::kAbsent : positionOf(fields, number);
+  if (fields.shape != nullptr && fields.hasConstantKeys) {
+    charge(KeySequence::kMemoryPerKey);
+    fields.nextKey.add(key, position);
   }
-  return wanted == KeyNumbers::kNone ? std::nullopt : findNumber(fields, wanted);
+  return position;
+}
+
+std::uint32_t ArchiveReader::positionOf(const ArchiveFields& fields, std::uint32_t number) const {
+  const auto numbers = fields.shape == nullptr
+                           ? keyNumbers_.from(fields.firstKey)
+                           : std::span<const std::uint32_t>(fields.shape->numbers);
+  const auto count = static_cast<std::uint32_t>(fields.dictionary.count);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    if (numbers[i] == number) return i;
+  }
+  return ArchiveShape::kAbsent;
 }
 
 bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view key,
@@ -72,7 +117,8 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   const PlistItem archived = plist_.item(itemAt(uid));
   if (archived.kind != Kind::dictionary) return false;
   // Read where it stands: as an object it may be half filled, and mostly it is never needed as one.
-  const ArchiveFields fields = openFields(archived);
+  ArchiveFields fields = openFields(archived);
+  fields.hasConstantKeys = true;
   const std::string_view name = classOf(fields).name;
   const bool isList = name == kMutableArrayClass.name || name == kArrayClass.name;
   const bool isRead = isList && readElements(fields, archive::kArrayObjects, elements);

@@ -7,18 +7,20 @@
 
 namespace ov::detail {
 
-/// The keys of a class's fields, in the order in which its objects ask for them.
+/// Numbers given to the keys of a class's fields, in the order in which its objects use them.
 ///
-/// One object asks as the one before did, but for keys left out: the next key is guessed from the
-/// last one, and the address of its text tells whether the guess is right. Only for keys whose
+/// One object uses the keys of the one before, but for some left out: the next key is guessed from
+/// the last one, and the address of its text tells whether the guess is right. Only for keys whose
 /// texts live, unchanged, for as long as this does.
 class KeySequence {
  public:
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+  static constexpr std::size_t kMemoryPerKey = 72;  // while the sequence grows
 
   /// Walks through the sequence for one object.
   class Walk {
    public:
+    Walk() = default;  // to be replaced before its use
     explicit Walk(KeySequence& sequence) : sequence_(&sequence) {}
 
     /// The number of the key, kNone when the sequence doesn't have it from here on.
@@ -41,7 +43,7 @@ class KeySequence {
     }
 
    private:
-    KeySequence* sequence_;
+    KeySequence* sequence_ = nullptr;
     std::size_t next_ = 0;
   };
 

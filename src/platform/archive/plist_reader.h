@@ -49,6 +49,11 @@ class PlistReader {
   /// The object at a position of an array or set; of a dictionary, keys come before values.
   [[nodiscard]] std::uint64_t reference(const PlistItem& container, std::uint64_t position) const;
 
+  /// The references to a dictionary's keys, as they stand in the block.
+  [[nodiscard]] std::span<const std::byte> keys(const PlistItem& dictionary) const {
+    return {dictionary.bytes, static_cast<std::size_t>(dictionary.count * referenceSize_)};
+  }
+
   [[nodiscard]] static bool isText(const PlistItem& item) {
     return item.kind == PlistItem::Kind::ascii || item.kind == PlistItem::Kind::utf16;
   }
