@@ -81,13 +81,13 @@ TEST_F(UnwritableDefaults, AFullDiskMeansMemoryOnlyUntilThereIsRoom) {
 }
 
 TEST_F(UnwritableDefaults, ADiskMayBeFullAtAnyPoint) {
-  for (const rlim_t room :
+  for (const int room :
        {0, 1, 100, 4095, 4096, 8192, 12287, 12288, 16384, 20000, 32767, 32768, 40000, 80000}) {
     SCOPED_TRACE(room);
     fs::remove_all(directory());
     ChildProcess process([this, room] {
       const auto defaults = openStore();
-      limitFiles(room);
+      limitFiles(static_cast<rlim_t>(room));
       for (int i = 0; i < 20; ++i) setInteger(*defaults, i, std::to_string(i));
       const bool isStored = defaults->synchronize();
       EXPECT_EQ(isStored, log_->lines().empty());
