@@ -21,7 +21,7 @@ namespace {
 constexpr std::string_view kValueDicKey = "valueDic";
 constexpr std::string_view kCountryCodeKey = "countryCode";
 
-constexpr std::array kStoredAs = [] {
+constexpr std::array kStoredAs = []() {
   std::array<FieldNumber, kFieldTable.size()> fields{};
   for (std::size_t i = 0; i < fields.size(); ++i)
     fields[i] = kFieldNames.find(kFieldTable[i].storedAs).value();

@@ -210,7 +210,7 @@ constexpr std::array kRows{
 // clang-format on
 static_assert(kRows.size() == 183);
 
-constexpr CodeMap kRowOfCode = [] {
+constexpr CodeMap kRowOfCode = []() {
   CodeMap map;
   for (std::size_t i = 0; i < kRows.size(); ++i) map.add(kRows[i].codeText, i);
   return map;

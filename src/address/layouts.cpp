@@ -33,13 +33,13 @@ constexpr Layout layoutOfRow(const LayoutRow& row) {
 }
 
 // Both tables are made, and checked, by the compiler.
-constexpr std::array kLayouts = [] {
+constexpr std::array kLayouts = []() {
   std::array<Layout, kLayoutTable.size()> layouts;
   for (std::size_t i = 0; i < layouts.size(); ++i) layouts[i] = layoutOfRow(kLayoutTable[i]);
   return layouts;
 }();
 
-constexpr CodeMap kLayoutOfCode = [] {
+constexpr CodeMap kLayoutOfCode = []() {
   CodeMap map;
   for (std::size_t i = 0; i < kLayoutTable.size(); ++i) {
     for (std::string_view codes = kLayoutTable[i].codes; !codes.empty();)

@@ -35,6 +35,7 @@ bool postpone(OVRef<OVObject>& reference) noexcept {
     waiting.list->push_back(std::move(reference));
   } catch (const std::bad_alloc&) {
     if (waiting.spareCount == waiting.spare.size()) return false;
+    // cppcheck-suppress accessMoved ; a push_back that throws has not moved anything
     ::new (&waiting.spare[waiting.spareCount++]) OVRef<OVObject>(std::move(reference));
   }
   return true;

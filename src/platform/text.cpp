@@ -16,6 +16,7 @@ TextObject* TextObject::make(std::string_view wellFormed) {
     throw std::length_error("OVString: a text holds at most 4294967295 bytes");
   }
   void* place = ::operator new(sizeof(TextObject) + wellFormed.size() + 1);
+  // cppcheck-suppress legacyUninitvar ; it takes the new expression for a read of what it makes
   auto* text = ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
   char* characters = static_cast<char*>(place) + sizeof(TextObject);
   if (!wellFormed.empty()) std::memcpy(characters, wellFormed.data(), wellFormed.size());

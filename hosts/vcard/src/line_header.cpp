@@ -97,7 +97,7 @@ bool parse(std::string_view text, LineHeader& header) {
 }  // namespace
 
 std::string parameterSpelling(std::string_view value) {
-  const bool simple = !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
+  const bool simple = !value.empty() && std::ranges::all_of(value, [](char c) {
     return isAlphanumeric(c) || std::string_view("-_./+").find(c) != std::string_view::npos;
   });
   return simple ? std::string(value) : '"' + std::string(value) + '"';

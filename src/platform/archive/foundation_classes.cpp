@@ -90,6 +90,7 @@ void take(OVRef<OVObject>& object, References& taken) noexcept {
   try {
     taken.push_back(std::move(object));
   } catch (const std::bad_alloc&) {
+    // cppcheck-suppress accessMoved ; a push_back that throws has not moved anything
     ov::detail::dispose(std::move(object));
   }
 }

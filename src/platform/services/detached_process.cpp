@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 
+#include "platform/services/fork_guard.h"
+
 namespace ov {
 
 namespace {
@@ -49,14 +51,14 @@ bool closeDescriptors() {
   _exit(grandchild < 0 ? 1 : 0);
 }
 
-/// Fork with all signals blocked, so that no handler of the host runs in the child. Nor do the
-/// handlers that wait for other threads: the child needs nothing of theirs.
+/// Fork with all signals blocked, so that no handler of the host runs in the child.
 pid_t forkQuietly() {
   sigset_t all;
   sigset_t before;
   sigfillset(&all);
   pthread_sigmask(SIG_SETMASK, &all, &before);
-  const pid_t child = _Fork();
+  const UnguardedForks quick;
+  const pid_t child = fork();
   if (child != 0) pthread_sigmask(SIG_SETMASK, &before, nullptr);
   return child;
 }

@@ -1,6 +1,8 @@
 // What observers may do while a notification is being delivered.
 
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <OVAddressBookSDK/notification_center.h>
@@ -92,6 +94,23 @@ TEST_F(NotificationDelivery, AnObserverMayLetGoOfTheCentre) {
   const auto center = center_;
   center->postNotificationName("a");
   EXPECT_THAT(calls_, ElementsAre("first", "next"));
+}
+
+TEST_F(NotificationDelivery, AnObserverMayDestroyTheOwnerOfTheCentre) {
+  struct Owner {
+    OVRef<OVNotificationCenter> center;
+    OVNotificationObserver observer;
+  };
+  auto owner = std::make_unique<Owner>();
+  owner->center = std::move(center_);
+  const std::weak_ptr<OVNotificationCenter> center = owner->center;
+  owner->observer = owner->center->addObserver("a", [&](const OVNotification&) {
+    owner.reset();
+    calls_.push_back("destroyed");
+  });
+  owner->center->postNotificationName("a");
+  EXPECT_THAT(calls_, ElementsAre("destroyed"));
+  EXPECT_TRUE(center.expired());
 }
 
 TEST_F(NotificationDelivery, DestroyingACallbackMayUseTheCentre) {

@@ -31,6 +31,41 @@ TEST(NotificationThreads, MayPostAddAndRemoveAtOnce) {
   EXPECT_EQ(own, kThreads * kRounds);
 }
 
+TEST(NotificationThreads, MayAddRemoveAndPostWhileTheyAreNotified) {
+  const auto center = OVNotificationCenter::inProcess();
+  constexpr int kThreads = 8;
+  constexpr int kRounds = 100;
+  std::atomic<int> nested = 0;
+  std::vector<std::thread> threads;
+  threads.reserve(kThreads);
+  for (int number = 0; number < kThreads; ++number) {
+    threads.emplace_back([center, number, &nested] {
+      const OVString outer("outer " + std::to_string(number));
+      const OVString inner("inner " + std::to_string(number));
+      for (int round = 0; round < kRounds; ++round) {
+        OVNotificationObserver first;
+        OVNotificationObserver later;
+        OVNotificationObserver added;
+        first = center->addObserver(outer, [&](const OVNotification&) {
+          added = center->addObserver(inner, [&](const OVNotification&) {
+            ++nested;
+            added.remove();
+          });
+          center->postNotificationName(inner);
+          later.remove();
+          first.remove();
+        });
+        later = center->addObserver(outer, [&](const OVNotification&) { nested = -1'000'000; });
+        center->postNotificationName(outer);
+        center->postNotificationName(outer);
+        center->postNotificationName(inner);
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(nested, kThreads * kRounds);
+}
+
 TEST(NotificationThreads, MayReplaceTheDefaultCentreAtOnce) {
   const auto center = OVNotificationCenter::inProcess();
   std::vector<std::thread> threads;
