@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test asan tsan tidy fuzz format bench install clean
+.PHONY: help demo check setup build test asan tsan tidy fuzz cppcheck format bench install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -27,6 +27,7 @@ demo: ## Import a contacts file, snapshot it into a data block, restore it, show
 check: ## Build everything and run every test; the last lines tell the result
 	scripts/setup
 	$(MAKE) tidy
+	$(MAKE) cppcheck
 	$(MAKE) asan
 	$(MAKE) tsan
 	$(MAKE) test
@@ -59,6 +60,12 @@ fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless 
 	cmake --preset fuzz
 	$(call build_preset,fuzz) --target ov_fuzzers
 	scripts/fuzz.py build/fuzz $(or $(FUZZ_SECONDS),60)
+
+cppcheck: setup ## Run cppcheck over the library and the hosts
+	mkdir -p build/cppcheck
+	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
+	  --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
+	  -I include -I src -I hosts/vcard/include -I hosts/vcard/src src hosts
 
 format: setup ## Format the sources
 	scripts/format

@@ -117,7 +117,7 @@ class OV_EXPORT OVString {
     return *this;
   }
   OVString& operator=(OVString&& other) noexcept {
-    OVString(std::move(other)).swap(*this);
+    OVString(std::move(other)).swap(*this);  // cppcheck-suppress accessMoved ; a new string
     return *this;
   }
   constexpr ~OVString() {
