@@ -25,7 +25,7 @@ OVRef<Texts> listUnder(const OVString& key, const OVRef<TextsByText>& dictionary
 /// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
 class Addition {
  public:
-  Addition(const OVString& text, OVRef<Texts> list) : text_(text), list_(std::move(list)) {
+  Addition(OVString text, OVRef<Texts> list) : text_(std::move(text)), list_(std::move(list)) {
     if (list_ == nullptr || list_->contains(text_)) return;
     list_->push_back(text_);
     isAdded_ = true;
