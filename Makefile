@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test asan tsan tidy fuzz cppcheck format bench install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -41,6 +41,14 @@ build: setup ## Build with g++, for debugging
 
 test: build ## Build with g++ and run every test
 	$(call test_preset,dev)
+
+coverage: setup ## Run the library's tests and tell which lines of src/ they reach
+	cmake --preset dev -B build/coverage -DOV_COVERAGE=ON -DOV_BUILD_TOOLS=OFF \
+	  -DOV_BUILD_VCARD=OFF -DOV_BUILD_EXAMPLES=OFF
+	cmake --build build/coverage -j $(BUILD_JOBS)
+	scripts/coverage.py --reset build/coverage
+	ctest --test-dir build/coverage -j $(TEST_JOBS) -E '^project' --output-on-failure
+	OV_COVERAGE_FLOOR=95 scripts/coverage.py build/coverage $(BUILD_JOBS)
 
 asan: setup ## Run the tests with clang, AddressSanitizer and UndefinedBehaviorSanitizer
 	cmake --preset asan-ubsan
