@@ -145,8 +145,7 @@ class ArchiveWriter {
   PointerMap met_;
   std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
   GrowingArray<Waiting> waiting_;
-  KeySequence noKeys_;
-  KeySequence::Walk nextKey_{noKeys_};
+  KeySequence::Walk nextKey_;
   GrowingArray<PlistWriter::Entry> fields_;
   GrowingArray<Number> elements_;
 

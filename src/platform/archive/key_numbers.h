@@ -24,12 +24,6 @@ class KeyNumbers {
     const bool isRecent = recent.address == key.data() && recent.text != nullptr;
     return isRecent && *recent.text == key ? recent.number : findAnew(key);
   }
-  /// The same for a key whose text lives, unchanged, for as long as this does.
-  [[nodiscard]] std::uint32_t findConstant(std::string_view key) {
-    const Recent& recent = recent_[slotOf(key)];
-    return recent.address == key.data() && recent.size == key.size() ? recent.number
-                                                                     : findAnew(key);
-  }
   void add(std::string_view key, std::uint32_t number) { numbers_.emplace(key, number); }
   /// Gives the key the next free number.
   std::uint32_t add(std::string_view key) {
@@ -48,7 +42,6 @@ class KeyNumbers {
   using Numbers = std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>>;
   struct Recent {
     const char* address = nullptr;
-    std::size_t size = ~std::size_t{0};
     const std::string* text = nullptr;
     std::uint32_t number = 0;
   };
@@ -62,7 +55,7 @@ class KeyNumbers {
   [[gnu::noinline, gnu::cold]] std::uint32_t findAnew(std::string_view key) {
     const auto at = numbers_.find(key);
     if (at == numbers_.end()) return kNone;
-    recent_[slotOf(key)] = {key.data(), key.size(), &at->first, at->second};
+    recent_[slotOf(key)] = {key.data(), &at->first, at->second};
     return at->second;
   }
 
