@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@
 struct GoldenGraph {
   std::string name;
   std::function<OVRef<OVObject>()> make;
+
+  friend void PrintTo(const GoldenGraph& graph, std::ostream* stream) { *stream << graph.name; }
 };
 
 /// One or more for each class that archives hold, and a whole book.

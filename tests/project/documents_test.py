@@ -117,6 +117,13 @@ class Documents(unittest.TestCase):
         self.assertEqual(explained, installed)
         self.assertTrue(all(row.split("|")[2].strip() for row in rows))
 
+    def test_the_shown_block_is_a_stored_one(self):
+        """Golden blocks are what the library writes and reads."""
+        text = (ROOT / "docs" / "archive-format.md").read_text(encoding="utf-8")
+        rows = re.findall(r"^    [0-9a-f]0  ((?:[0-9a-f]{2} )+) ", text, re.MULTILINE)
+        stored = ROOT / "tests" / "golden" / "1.0" / "one_label.plist"
+        self.assertEqual(bytes.fromhex("".join(rows)), stored.read_bytes())
+
     def test_every_link_leads_somewhere(self):
         for document in DOCUMENTS:
             links = re.findall(r"\]\(([^)#]+)[^)]*\)", prose(document.read_text(encoding="utf-8")))

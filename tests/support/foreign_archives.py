@@ -119,6 +119,38 @@ def foundation_classes():
     return archive
 
 
+def attributed_texts():
+    archive = ForeignArchive()
+    font = archive.object("NSFont", NSName=archive.add("Helvetica"), NSSize=12.0, NSfFlags=16)
+    bold = archive.dictionary({"NSFont": font})
+    plain = archive.dictionary({}, "NSMutableDictionary")
+    archive.top = {
+        "root": archive.list(
+            archive.object("NSAttributedString", NSString=archive.add("all"), NSAttributes=bold),
+            archive.object(
+                "NSMutableAttributedString",
+                NSString=archive.string("two runs"),
+                NSAttributes=archive.list(bold, plain, bold),
+                NSAttributeInfo=archive.object("NSMutableData", **{"NS.data": b"\x03\0\x05\x01"}),
+            ),
+        )
+    }
+    return archive
+
+
+def repeated_and_unreferenced():
+    """Equal texts and class records twice, and objects that nothing refers to."""
+    archive = ForeignArchive()
+    archive.add("nobody refers to this")
+    labels = []
+    for _ in range(2):
+        record = archive.add({"$classname": "OVLabel", "$classes": ["OVLabel", "NSObject"]})
+        labels.append(archive.add({"$class": record, "name": archive.add("Home")}))
+    archive.object("XYForgotten", label=labels[0])
+    archive.top = {"root": archive.list(*labels, labels[0])}
+    return archive
+
+
 def unknown_classes():
     """Hints, records without ancestry, unkeyed coding, containers inside objects."""
     archive = ForeignArchive()
@@ -175,6 +207,8 @@ FOREIGN_ARCHIVES = {
     for each in (
         book,
         foundation_classes,
+        attributed_texts,
+        repeated_and_unreferenced,
         unknown_classes,
         odd_dictionaries,
         other_entries_on_top,

@@ -238,7 +238,9 @@ class Listing:
         return entries.items()
 
     def completed(self, class_name, found):
-        """The fields with those that stand for absent ones."""
+        """The fields with those that stand for absent ones, and types as they are kept."""
+        if "type" in found and class_name.startswith("OV"):
+            found = found | {"type": found["type"] & 0xFFFFFFFF}
         if class_name == "OVPersonGeneral" and self.archive.resolved(found.get("ID")) is None:
             return found | {"ID": ""}
         if class_name == "OVMutableMultipleValue" and "valueArray" in found:
