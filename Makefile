@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench symbols abi abi-baseline packages install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -85,6 +85,27 @@ bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 u
 	cmake --build build/bench -j $(BUILD_JOBS)
 	bench/run.py build/bench/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md
+
+symbols: build ## Write abi/symbols.txt, the list of what the shared library exports, anew
+	scripts/symbols --update build/dev/src/libOVAddressBookSDK.so
+
+abi: ## Compare the binary interface of the shared library with the stored one
+	scripts/setup abi
+	cmake --preset abi
+	$(call build_preset,abi) --target OVAddressBookSDK
+	scripts/abi.py compare build/abi/src/libOVAddressBookSDK.so
+
+abi-baseline: ## Store the binary interface of the shared library anew
+	scripts/setup abi
+	cmake --preset abi
+	$(call build_preset,abi) --target OVAddressBookSDK
+	scripts/abi.py update build/abi/src/libOVAddressBookSDK.so
+
+packages: ## Make Debian packages of the library, its development files and the command
+	scripts/setup packages
+	cmake --preset package
+	$(call build_preset,package)
+	cd build/package && cpack --config CPackConfig.cmake
 
 install: setup ## Build optimised and install; PREFIX=/usr/local unless given
 	cmake --preset release

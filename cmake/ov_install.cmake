@@ -33,6 +33,11 @@ if(OV_BUILD_VCARD)
 endif()
 if(OV_BUILD_TOOLS)
   install(TARGETS ovbook RUNTIME COMPONENT Tools)
+  install(FILES man/ovbook.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+  install(FILES completions/ovbook.bash RENAME ovbook
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT Tools)
+  install(FILES completions/_ovbook DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
+          COMPONENT Tools)
 endif()
 
 configure_package_config_file(

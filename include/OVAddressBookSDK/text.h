@@ -25,7 +25,7 @@ class ArchiveWriter;
 class OV_EXPORT TextObject : public OVObject {
  public:
   constexpr ~TextObject() override {}  // NOLINT(modernize-use-equals-default): g++ 12 needs it
-  [[nodiscard]] const char* data() const;
+  [[nodiscard]] inline const char* data() const;
   [[nodiscard]] std::uint32_t size() const { return size_; }
 
   /// Keeps the text alive. Constants are never counted.

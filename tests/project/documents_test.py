@@ -134,7 +134,7 @@ class Documents(unittest.TestCase):
 
     def test_every_path_exists(self):
         """`src/book` and the like are files or folders of this project."""
-        top = "include|src|hosts|tools|examples|tests|docs|scripts|cmake|bench|fuzz"
+        top = "include|src|hosts|tools|examples|tests|docs|scripts|cmake|bench|fuzz|abi|man|completions"
         for document in DOCUMENTS:
             text = prose(document.read_text(encoding="utf-8"))
             for path in re.findall(rf"`((?:{top})/[\w./-]*)`", text):
