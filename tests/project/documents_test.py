@@ -117,6 +117,16 @@ class Documents(unittest.TestCase):
         self.assertEqual(explained, installed)
         self.assertTrue(all(row.split("|")[2].strip() for row in rows))
 
+    def test_every_promise_has_its_test(self):
+        section = README.split("## Promises")[1].split("\n## ")[0]
+        rows = [row for row in section.splitlines() if row.startswith("| ")][1:]
+        named = {name for row in rows for name in re.findall("`([^`]+)`", row.split("|")[2])}
+        sources = [path.read_text(encoding="utf-8") for path in (ROOT / "tests").rglob("*_test.cpp")]
+        tests = re.findall(r"^TEST(?:_F|_P)?\((\w+),\s*(\w+)\)", "\n".join(sources), re.MULTILINE)
+        known = {".".join(test) for test in tests} | {"project.symbols"}
+        self.assertGreater(len(rows), 15)
+        self.assertEqual(named - known, set())
+
     def test_the_shown_block_is_a_stored_one(self):
         """Golden blocks are what the library writes and reads."""
         text = (ROOT / "docs" / "archive-format.md").read_text(encoding="utf-8")
