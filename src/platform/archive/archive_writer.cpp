@@ -58,7 +58,7 @@ void ArchiveWriter::writeWaiting(const Waiting& waiting) {
                             : classRecord(entry);
   fields_.push_back({classKey(), record});
   objects_[waiting.uid] = plist_.dictionary(fields_.span());
-  if (promisedCount_ >= kPromisedBatch) keepPromises();
+  if (textsSincePromises_ >= kTextsTogether) keepPromises();
 }
 
 ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
@@ -129,14 +129,15 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVString& text) {
 }
 
 ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
+  const bool mayWait = countsReferences() && leaves_.size() >= kManyLeaves;
+  // Counted whether it waits or not: the order in the block must not depend on who shares a text.
+  const bool waits = mayWait && textsSincePromises_++ < PlistWriter::kPromises;
   if (countsReferences() && text.isShared()) {
-    RecentText& recent = recentTexts_[recentSlot(&text)];
-    if (recent.text != &text) recent = {&text, writeText(text, hashOf(text))};
-    return recent.reference;
+    const RecentText& recent = recentTexts_[recentSlot(&text)];
+    if (recent.text == &text) return recent.reference;
   }
   const LeafTable::Hash hash = hashOf(text);
-  const bool canWait = countsReferences() && promisedCount_ < promised_.size();
-  return canWait && leaves_.size() >= kManyLeaves ? promiseText(text, hash) : writeText(text, hash);
+  return waits ? promiseText(text, hash) : writeText(text, hash);
 }
 
 LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
@@ -145,7 +146,9 @@ LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
 
 ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable::Hash hash) {
   plist_.text({text.data(), text.size()});
-  return leafReference(leaves_.addLast(hash));
+  const Number reference = leafReference(leaves_.addLast(hash));
+  if (countsReferences() && text.isShared()) recentTexts_[recentSlot(&text)] = {&text, reference};
+  return reference;
 }
 
 /// Once the texts outgrow the processor's caches, looking one up waits for memory several times.
@@ -166,6 +169,7 @@ void ArchiveWriter::keepPromises() {
     plist_.fulfil(PlistWriter::promise(i), writeText(*text, hash));
   }
   promisedCount_ = 0;
+  textsSincePromises_ = 0;
 }
 
 /// A leaf's UID follows it directly.

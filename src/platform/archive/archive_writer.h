@@ -94,7 +94,7 @@ class ArchiveWriter {
 
   static constexpr std::size_t kRecent = 256;
   static constexpr std::size_t kManyLeaves = 1 << 16;
-  static constexpr std::size_t kPromisedBatch = 16;
+  static constexpr unsigned kTextsTogether = 16;
   [[nodiscard]] static std::size_t recentSlot(const void* address) {
     const auto number = reinterpret_cast<std::uintptr_t>(address);
     return (number >> 3 ^ number >> 11) % kRecent;
@@ -157,6 +157,7 @@ class ArchiveWriter {
   std::array<RecentText, kRecent> recentTexts_{};
   std::array<PromisedText, PlistWriter::kPromises> promised_{};
   Number promisedCount_ = 0;
+  unsigned textsSincePromises_ = 0;
 };
 
 inline ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectClass) {
