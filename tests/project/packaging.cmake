@@ -21,10 +21,39 @@ function(ov_consumer_test name linkage)
   set_tests_properties(project.consumer.${name} PROPERTIES TIMEOUT 600)
 endfunction()
 
-ov_consumer_test(find_package_shared shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
-                 -DCMAKE_PREFIX_PATH=${prefix})
-ov_consumer_test(find_package_static static -DOV_PROGRAM=main -DOV_COMPONENTS=Static
-                 -DOV_LIBRARY=OVAddressBookSDK_static -DCMAKE_PREFIX_PATH=${prefix})
+# Each compiler and standard that a host may have.
+foreach(compiler g++ clang++-14)
+  foreach(standard 20 23)
+    set(host ${compiler}.${standard})
+    set(options -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${compiler}
+                -DCMAKE_CXX_STANDARD=${standard} -DOV_PROGRAM=main)
+    ov_consumer_test(find_package_shared.${host} shared ${options} -DOV_LIBRARY=OVAddressBookSDK)
+    ov_consumer_test(find_package_static.${host} static ${options} -DOV_COMPONENTS=Static
+                     -DOV_LIBRARY=OVAddressBookSDK_static)
+    add_test(NAME project.consumer.pkg_config.${host}
+             COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/pkg_config_consumer.sh ${prefix}
+                     ${CMAKE_CURRENT_BINARY_DIR}/consumer_pkg_config.${host} ${PROJECT_VERSION})
+    set_tests_properties(project.consumer.pkg_config.${host}
+                         PROPERTIES ENVIRONMENT "CXX=${compiler};STANDARD=${standard}")
+    set_tests_properties(
+      project.consumer.find_package_shared.${host} project.consumer.find_package_static.${host}
+      project.consumer.pkg_config.${host} PROPERTIES FIXTURES_REQUIRED installed)
+  endforeach()
+endforeach()
+
+# The installed static library brings every class along, in a program that names none.
+set(folder ${CMAKE_CURRENT_BINARY_DIR}/consumer_static_classes)
+add_test(
+  NAME project.consumer.static_classes
+  COMMAND
+    ${CMAKE_CTEST_COMMAND} --build-and-test ${CMAKE_CURRENT_SOURCE_DIR}/consumer ${folder}
+    --build-generator ${CMAKE_GENERATOR} --build-target consumer
+    --build-options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER} -DCMAKE_PREFIX_PATH=${prefix}
+                    -DOV_PROGRAM=classes -DOV_COMPONENTS=Static -DOV_LIBRARY=OVAddressBookSDK_static
+    --test-command ${CMAKE_CURRENT_SOURCE_DIR}/registered_classes.sh ${folder}/consumer
+                   ${PROJECT_SOURCE_DIR}/tests/golden/1.0
+                   ${PROJECT_SOURCE_DIR}/src/book/library_classes.cpp)
+set_tests_properties(project.consumer.static_classes PROPERTIES FIXTURES_REQUIRED installed TIMEOUT 600)
 if(OV_BUILD_VCARD)
   ov_consumer_test(vcard_shared shared -DOV_PROGRAM=vcard -DOV_COMPONENTS=VCard
                    -DOV_LIBRARY=OVAddressBookVCard -DCMAKE_PREFIX_PATH=${prefix})
@@ -33,14 +62,6 @@ if(OV_BUILD_VCARD)
   set_tests_properties(project.consumer.vcard_shared project.consumer.vcard_static
                        PROPERTIES FIXTURES_REQUIRED installed)
 endif()
-add_test(NAME project.consumer.pkg_config
-         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/pkg_config_consumer.sh ${prefix}
-                 ${CMAKE_CURRENT_BINARY_DIR}/consumer_pkg_config ${PROJECT_VERSION})
-set_tests_properties(project.consumer.pkg_config PROPERTIES ENVIRONMENT CXX=${CMAKE_CXX_COMPILER})
-set_tests_properties(
-  project.consumer.find_package_shared project.consumer.find_package_static
-  project.consumer.pkg_config PROPERTIES FIXTURES_REQUIRED installed)
-
 # With the warnings of the main build, so that the compiler cache knows the files already.
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
