@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench symbols abi abi-baseline packages install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench symbols abi abi-baseline packages packages-check install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -106,6 +106,9 @@ packages: ## Make Debian packages of the library, its development files and the 
 	cmake --preset package
 	$(call build_preset,package)
 	cd build/package && cpack --config CPackConfig.cmake
+
+packages-check: packages ## Install the packages on a new, minimal Debian and use them; as root
+	scripts/check_packages build/package
 
 install: setup ## Build optimised and install; PREFIX=/usr/local unless given
 	cmake --preset release
