@@ -37,6 +37,10 @@ class OV_EXPORT OVInvalidArchive : public std::invalid_argument {
 /// `OVObject::initWithCoder` and lives for that call.
 ///
 /// Absent keys, and keys that hold something of another kind, read as null or 0.
+///
+/// The objects of one archive lie side by side in pieces of memory, of 64 KiB in a small archive
+/// and 4 MiB in a large one. They live as long as any object does, on any thread; the memory of a
+/// piece goes back with the last of its objects.
 class OV_EXPORT OVKeyedUnarchiver {
  public:
   OVKeyedUnarchiver(const OVKeyedUnarchiver&) = delete;

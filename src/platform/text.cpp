@@ -1,12 +1,14 @@
 #include <OVAddressBookSDK/text.h>
 
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
 #include <ostream>
 #include <stdexcept>
+#include <typeinfo>
 
+#include "platform/arena_text.h"
+#include "platform/maker.h"
 #include "platform/utf8.h"
 
 namespace ov::detail {
@@ -15,18 +17,20 @@ TextObject* TextObject::make(std::string_view wellFormed) {
   if (wellFormed.size() > std::numeric_limits<std::uint32_t>::max()) {
     throw std::length_error("OVString: a text holds at most 4294967295 bytes");
   }
-  void* place = ::operator new(sizeof(TextObject) + wellFormed.size() + 1);
-  // cppcheck-suppress legacyUninitvar ; it takes the new expression for a read of what it makes
-  auto* text = ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
-  char* characters = static_cast<char*>(place) + sizeof(TextObject);
-  if (!wellFormed.empty()) std::memcpy(characters, wellFormed.data(), wellFormed.size());
-  characters[wellFormed.size()] = '\0';
-  return text;
+  void* place = ::operator new(textBytes(wellFormed));
+  storeCharacters(place, wellFormed);
+  return ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
 }
 
 void TextObject::destroy() const {
+  const bool isInArena = typeid(*this) == typeid(ArenaText);
+  void* const place = const_cast<TextObject*>(this);
   this->~TextObject();
-  ::operator delete(const_cast<TextObject*>(this));
+  if (isInArena) {
+    ObjectArena::release(place, sizeof(ArenaText));
+  } else {
+    ::operator delete(place);
+  }
 }
 
 OVString Cast<OVString>::from(const OVRef<OVObject>& object) {
@@ -50,7 +54,9 @@ OVString::operator OVRef<OVObject>() const {
   auto* text = const_cast<ov::detail::TextObject*>(text_);
   if (text->isConstant()) return {std::shared_ptr<void>(), text};
   text->retain();
-  return {text, [](ov::detail::TextObject* held) { held->release(); }};
+  const auto release = [](ov::detail::TextObject* held) { held->release(); };
+  if (ov::detail::ObjectArena::current() == nullptr) return {text, release};
+  return {text, release, ov::detail::Maker::Allocator<char, ov::detail::Maker::Arena>()};
 }
 
 std::ostream& operator<<(std::ostream& stream, const OVString& text) {

@@ -8,6 +8,7 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/archive/archive_keys.h"
+#include "platform/arena_text.h"
 
 namespace ov::detail {
 
@@ -25,11 +26,13 @@ constexpr std::uint64_t kMemoryForFree = 1 << 18;
 
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
     : plist_(block),
+      arena_(block.size()),
       known_(known),
       budget_(block.size() * kMemoryPerByte + kMemoryForFree),
       classKey_(keys_.add(archive::kClass)) {}
 
 OVRef<OVObject> ArchiveReader::root() {
+  const ObjectArena::Use use(&arena_);
   try {
     return readRoot();
   } catch (...) {
@@ -156,7 +159,8 @@ OVString ArchiveReader::textOf(Item item) {
 
 OVString ArchiveReader::newText(const PlistItem& item) {
   charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
-  return OVString(TextObject::make(plist_.text(item, scratch_)));
+  const std::string_view text = plist_.text(item, scratch_);
+  return OVString(ArenaText::fits(text) ? ArenaText::make(arena_, text) : TextObject::make(text));
 }
 
 /// An object that is all in one place: a text, number, date or data block.

@@ -21,6 +21,7 @@
 #include "platform/archive/key_sequence.h"
 #include "platform/archive/large_memory.h"
 #include "platform/archive/plist_reader.h"
+#include "platform/object_arena.h"
 
 namespace ov::detail {
 
@@ -92,6 +93,7 @@ class ArchiveReader {
   /// How deep objects are filled inside each other, and how deep containers may stand in one
   /// object.
   static constexpr unsigned kDeepest = 512;
+  static constexpr std::size_t kMostShapes = 128;
 
   struct Slot {
     OVRef<OVObject> object;
@@ -161,6 +163,7 @@ class ArchiveReader {
   OVOpaqueValue::Array opaqueArray(const PlistItem& container, unsigned depth);
 
   ArchiveFields openFields(const PlistItem& dictionary);
+  ArchiveShape** shapeSlot(Item firstKey, std::span<const std::byte> keys);
   [[gnu::cold]] ArchiveFields openNewFields(const PlistItem& dictionary);
   void closeFields(const ArchiveFields& fields) { keyNumbers_.truncate(fields.firstKey); }
   std::uint32_t findAnew(const ArchiveFields& fields, std::string_view key);
@@ -173,6 +176,7 @@ class ArchiveReader {
   void breakRings() noexcept;
 
   PlistReader plist_;
+  ObjectArena arena_;
   Known known_;
   PlistItem objects_;
   std::vector<Slot, LargeAllocator<Slot>> slots_;  // by UID
@@ -188,7 +192,7 @@ class ArchiveReader {
   std::array<RecentKey, 512> recentKeys_{};
   GrowingArray<std::uint32_t> keyNumbers_;
   std::deque<ArchiveShape> shapes_;
-  std::array<ArchiveShape*, 256> recentShapes_{};
+  std::array<ArchiveShape*, 2 * kMostShapes> shapesByKeys_{};
   std::string scratch_;
 };
 

@@ -11,7 +11,6 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
-constexpr std::size_t kMostShapes = 128;
 constexpr std::uint64_t kMostKeys = 64;
 
 bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
@@ -24,11 +23,11 @@ bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
 ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
   charge(dictionary.count * 3 * sizeof(std::uint32_t));  // the numbers' memory grows ahead
   if (dictionary.count == 0 || dictionary.count > kMostKeys) return openNewFields(dictionary);
-  const std::uint64_t hint = plist_.reference(dictionary, 0) + 31 * dictionary.count;
-  ArchiveShape*& recent = recentShapes_[static_cast<std::size_t>(hint % recentShapes_.size())];
   const std::span<const std::byte> keys = plist_.keys(dictionary);
-  if (recent != nullptr && isSame(recent->keys, keys)) {
-    return {dictionary, recent, keyNumbers_.size(), false, KeySequence::Walk(recent->positions)};
+  ArchiveShape** const recent = shapeSlot(plist_.reference(dictionary, 0), keys);
+  if (*recent != nullptr && isSame((*recent)->keys, keys)) {
+    return {dictionary, *recent, keyNumbers_.size(), false,
+            KeySequence::Walk((*recent)->positions)};
   }
   const ArchiveFields fields = openNewFields(dictionary);
   if (shapes_.size() == kMostShapes) return fields;
@@ -36,8 +35,16 @@ ArchiveFields ArchiveReader::openFields(const PlistItem& dictionary) {
   const auto numbers = keyNumbers_.from(fields.firstKey);
   shapes_.push_back(
       {keys, {numbers.begin(), numbers.end()}, positionOf(fields, classKey_), 0, nullptr, {}});
-  recent = &shapes_.back();
+  *recent = &shapes_.back();
   return fields;
+}
+
+/// Where the shape with these keys stands, or else would. There is always room for one more.
+ArchiveShape** ArchiveReader::shapeSlot(Item firstKey, std::span<const std::byte> keys) {
+  for (Item at = firstKey * 31 + keys.size();; ++at) {
+    ArchiveShape*& slot = shapesByKeys_[static_cast<std::size_t>(at % shapesByKeys_.size())];
+    if (slot == nullptr || isSame(slot->keys, keys)) return &slot;
+  }
 }
 
 ArchiveFields ArchiveReader::openNewFields(const PlistItem& dictionary) {

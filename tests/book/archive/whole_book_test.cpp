@@ -1,3 +1,6 @@
+#include <thread>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include <OVAddressBookSDK/address.h>
@@ -86,6 +89,18 @@ TEST_F(WholeBook, OnePersonUnderTwoIDsComesBackAsOne) {
   EXPECT_EQ(person("again"), person("zoë"));
   EXPECT_NE(person("b"), person("zoë"));
   EXPECT_EQ(person("again")->ID(), "zoë");
+}
+
+TEST(RestoredObject, OutlivesTheRestOfItsBookOnAnyThread) {
+  OVRef<OVValue> kept;
+  {
+    const OVRef<OVAddressBookGeneral> book = bookIn(smallBook()->saveToData());
+    kept = (*book->personsDic())["zoë"]->valueByPropertyName(OVProPertyNote);
+  }
+  std::thread([value = std::move(kept)]() mutable {
+    EXPECT_EQ(ov::cast<OVString>(ov::cast<OVSingleValue>(value)->value()), "😀 note");
+    value.reset();
+  }).join();
 }
 
 TEST(WholeBookSharing, OnePersonInTwoDictionariesComesBackAsOne) {
