@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck format bench symbols abi abi-baseline packages packages-check install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs format bench symbols abi abi-baseline packages packages-check install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -74,6 +74,10 @@ cppcheck: setup ## Run cppcheck over the library and the hosts
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
 	  --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
 	  -I include -I src -I hosts/vcard/include -I hosts/vcard/src src hosts
+
+docs: setup ## Write the reference of the public headers to build/reference/html
+	mkdir -p build/reference
+	OV_REFERENCE_FOLDER=build/reference doxygen docs/Doxyfile
 
 format: setup ## Format the sources
 	scripts/format

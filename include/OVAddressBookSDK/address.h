@@ -42,6 +42,7 @@ class OV_EXPORT OVObjectAddress : public OVObject {
   /// How many values there are.
   [[nodiscard]] std::uint64_t valueCount() const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

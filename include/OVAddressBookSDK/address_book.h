@@ -37,10 +37,12 @@ class OV_EXPORT OVAddressBook : public OVObject {
   [[nodiscard]] virtual OVString name() const;
   /// True by default, as the next two.
   [[nodiscard]] virtual bool canCreateGroup() const;
+  /// Whether groups may stand in groups.
   [[nodiscard]] virtual bool canCreateSubGroup() const;
   /// Whether the book's content may be changed.
   [[nodiscard]] virtual bool canOprate() const;
 
+  /// Reads the book from `data`, which may be null. Does nothing by default.
   virtual void loadWithData(const OVRef<OVData>& data);
   /// Null by default.
   [[nodiscard]] virtual OVRef<OVData> saveData();
@@ -63,9 +65,11 @@ class OV_EXPORT OVAddressBook : public OVObject {
   virtual OVRef<IOVGroup> addGroupByName(const OVString& name);
   /// True by default.
   virtual bool removeGroup(const OVRef<IOVGroup>& group);
+  /// Takes the persons out of the book. Does nothing by default.
   virtual void removePersons(const OVRef<OVList<IOVPerson>>& persons);
   /// Null by default.
   virtual OVRef<IOVPerson> newPerson();
+  /// Makes what was changed permanent. Does nothing by default.
   virtual void save();
   /// Null by default.
   [[nodiscard]] virtual OVRef<OVTagManager> tagManager() const;
@@ -85,21 +89,25 @@ class OV_EXPORT OVAddressBook : public OVObject {
 
   /// Stand around any number of `addOneFromOtherPerson`.
   virtual void addPersonStart();
+  /// Ends what `addPersonStart` began.
   virtual void addPersonEnd();
   /// Opens a bulk import of `count` persons: one `addBatchPersonForOther` each, then
   /// `addBatchPersonEnd`.
   virtual void addBatchPersonStart(std::int64_t count);
   /// Null by default.
   virtual OVRef<IOVPerson> addBatchPersonForOther(const OVRef<IOVPerson>& person);
+  /// Ends what `addBatchPersonStart` began.
   virtual void addBatchPersonEnd();
 
   /// The book's small picture, and logos of the book's kind: null unless the concrete book set
   /// them. Any thread may call these.
+  /// @{
   [[nodiscard]] virtual OVRef<OVImage> thumbnail() const;
   [[nodiscard]] virtual OVRef<OVImage> logo1() const;
   [[nodiscard]] virtual OVRef<OVImage> logo2() const;
   [[nodiscard]] virtual OVRef<OVImage> logo3() const;
   [[nodiscard]] virtual OVRef<OVImage> logo4() const;
+  /// @}
 
   /// Names this class as the superclass of books that archive; a plain book does not archive.
   [[nodiscard]] static const OVClass& archivedClass();
@@ -108,11 +116,14 @@ class OV_EXPORT OVAddressBook : public OVObject {
   friend struct ov::detail::Maker;
   OVAddressBook() = default;
 
+  /// For the concrete book: keep the image given; null takes it away. Any thread may call these.
+  /// @{
   void setThumbnail(OVRef<OVImage> image) { thumbnail_.store(std::move(image)); }
   void setLogo1(OVRef<OVImage> image) { logo1_.store(std::move(image)); }
   void setLogo2(OVRef<OVImage> image) { logo2_.store(std::move(image)); }
   void setLogo3(OVRef<OVImage> image) { logo3_.store(std::move(image)); }
   void setLogo4(OVRef<OVImage> image) { logo4_.store(std::move(image)); }
+  /// @}
 
  private:
   OVAtomic<OVRef<OVImage>> thumbnail_;

@@ -44,8 +44,10 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   /// dictionaries. Null when the book came out of an archive that had none; such a book takes
   /// nothing, in silence.
   [[nodiscard]] OVRef<OVDictionary<OVPersonGeneral>> personsDic() const { return personDic_; }
+  /// The same.
   [[nodiscard]] OVRef<OVDictionary<OVGroupGeneral>> groupsDic() const { return groupDic_; }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -35,7 +35,9 @@ class OV_EXPORT OVAdressField : public OVObject {
   [[nodiscard]] static OVRef<OVAdressField> initWithNameDisplayName(OVString name,
                                                                     OVString displayName);
 
+  /// The key under which addresses store the field's value, such as "Street".
   [[nodiscard]] OVString name() const { return name_; }
+  /// What an editor shows for the field.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
   /// Builds the catalogue unless it stands already. `fieldWithName` does so by itself; threads may
@@ -46,6 +48,7 @@ class OV_EXPORT OVAdressField : public OVObject {
   [[nodiscard]] static OVRef<OVAdressField> fieldWithName(const OVString& name);
 
  protected:
+  /// `initWithNameDisplayName` makes fields.
   OVAdressField(OVString name, OVString displayName);
 
  private:

@@ -35,9 +35,11 @@ class OV_EXPORT OVAddressFormater : public OVObject {
 
   /// The layout of `OVCountry::local()`, empty when there is no local country. Throws as that does.
   [[nodiscard]] static OVRef<OVList<OVList<OVAdressField>>> fieldFormaterLocal();
+  /// The fields of that layout in one list.
   [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayLocal();
 
  protected:
+  /// `initWithAddress` makes formatters.
   explicit OVAddressFormater(OVRef<OVObjectAddress> address);
 
  private:

@@ -19,14 +19,17 @@ template <class T>
 class OVAtomic {
  public:
   OVAtomic() = default;
+  /// Holds `value`.
   explicit OVAtomic(T value) : value_(std::move(value)) {}
   OVAtomic(const OVAtomic&) = delete;
   OVAtomic& operator=(const OVAtomic&) = delete;
 
+  /// A copy of the whole value, of before or after any `store` beside it.
   [[nodiscard]] T load() const {
     const std::lock_guard lock(ov::detail::stripeOf(this));
     return value_;
   }
+  /// Replaces the value.
   void store(T value) {
     const std::lock_guard lock(ov::detail::stripeOf(this));
     std::swap(value_, value);

@@ -17,6 +17,7 @@ class OV_EXPORT OVCountry : public OVObject {
 
   /// Lower case for every country of the list; null only where the maker gave null.
   [[nodiscard]] OVString code() const { return code_; }
+  /// The English name; null only where the maker gave null.
   [[nodiscard]] OVString name() const { return name_; }
 
   /// The shared list itself, ordered by name when it is built. Never null.
@@ -61,6 +62,7 @@ class OV_EXPORT OVCountry : public OVObject {
   static void setDefaultCountry(const OVRef<OVCountry>& country);
 
  protected:
+  /// `initWithCodeName` makes countries.
   OVCountry(OVString code, OVString name);
 
  private:

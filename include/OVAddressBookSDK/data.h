@@ -13,6 +13,7 @@ class OV_EXPORT OVData final : public OVObject {
  public:
   /// A copy of the bytes.
   [[nodiscard]] static OVRef<OVData> dataWithBytes(std::span<const std::byte> bytes);
+  /// A copy of the bytes of a text, in any encoding.
   [[nodiscard]] static OVRef<OVData> dataWithText(std::string_view bytes);
   /// Takes the bytes over without copying them.
   [[nodiscard]] static OVRef<OVData> dataWithVector(std::vector<std::byte> bytes);
@@ -22,9 +23,11 @@ class OV_EXPORT OVData final : public OVObject {
 
   /// Valid while this object lives.
   [[nodiscard]] std::span<const std::byte> bytes() const { return bytes_; }
+  /// The same bytes as characters.
   [[nodiscard]] std::string_view text() const {
     return {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()};
   }
+  /// How many bytes there are.
   [[nodiscard]] std::size_t size() const { return bytes_.size(); }
 
   /// Written as plain data, without a class of its own.

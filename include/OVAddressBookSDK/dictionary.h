@@ -90,12 +90,18 @@ class OV_EXPORT AnyDictionary : public OVObject {
 template <class T>
 class OVDictionary final : public ov::detail::AnyDictionary {
  public:
+  /// What the standard calls these in a map.
+  /// @{
   using key_type = OVString;
   using mapped_type = ov::Handle<T>;
   using value_type = std::pair<const OVString, mapped_type>;
+  /// @}
 
+  /// Walks through the entries in their order; gives pairs of key and value.
   class const_iterator {
    public:
+    /// What the standard asks of a forward iterator.
+    /// @{
     using iterator_concept = std::forward_iterator_tag;
     using iterator_category = std::input_iterator_tag;
     using value_type = std::pair<const OVString, mapped_type>;
@@ -115,6 +121,7 @@ class OVDictionary final : public ov::detail::AnyDictionary {
       return before;
     }
     friend bool operator==(const_iterator a, const_iterator b) { return a.at_ == b.at_; }
+    /// @}
 
    private:
     friend class OVDictionary;
@@ -126,6 +133,7 @@ class OVDictionary final : public ov::detail::AnyDictionary {
     const Entry* at_ = nullptr;
     const Entry* end_ = nullptr;
   };
+  /// Entries cannot be changed through an iterator.
   using iterator = const_iterator;
 
   /// A new dictionary of the given entries.
@@ -143,7 +151,9 @@ class OVDictionary final : public ov::detail::AnyDictionary {
     return std::shared_ptr<OVDictionary>(new OVDictionary(other->entries()));
   }
 
+  /// The first entry.
   [[nodiscard]] const_iterator begin() const { return {entries()->begin(), entries()->end()}; }
+  /// Past the last entry.
   [[nodiscard]] const_iterator end() const { return {entries()->end(), entries()->end()}; }
 
   /// The value under `key`, null when there is none or the key is null.
@@ -151,6 +161,7 @@ class OVDictionary final : public ov::detail::AnyDictionary {
     const auto at = find(key);
     return at == end() ? mapped_type() : (*at).second;
   }
+  /// The entry under `key`; `end()` for null and when there is none.
   [[nodiscard]] const_iterator find(const OVString& key) const {
     const auto* entry = key.isNull() ? nullptr : entries()->find(key);
     return entry == nullptr ? end() : const_iterator(entry, entries()->end());

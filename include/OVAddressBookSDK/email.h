@@ -21,6 +21,7 @@ class OV_EXPORT OVObjectEmail : public OVObject {
   /// invalid address, nor for one that makes no URL, and nothing tells whether the desktop took it.
   void sendEmail() const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -11,23 +11,32 @@
 /// thread may call the accessors.
 class OV_EXPORT OVGroupGeneral : public OVObject {
  public:
+  /// A new group without anything in it.
   [[nodiscard]] static OVRef<OVGroupGeneral> init();
   ~OVGroupGeneral() override;
 
+  /// The key of the group in its book.
   [[nodiscard]] OVString ID() const { return ID_.load(); }
+  /// Does not move the group in its book's dictionary.
   void setID(OVString ID) { ID_.store(std::move(ID)); }
+  /// The name to be shown.
   [[nodiscard]] OVString title() const { return title_.load(); }
+  /// Null leaves the group without a title.
   void setTitle(OVString title) { title_.store(std::move(title)); }
   /// The IDs of the groups directly inside this one, in order.
   [[nodiscard]] OVRef<OVList<OVString>> subArray() const { return subArray_.load(); }
+  /// Keeps the list given; null leaves none.
   void setSubArray(OVRef<OVList<OVString>> subArray) { subArray_.store(std::move(subArray)); }
   /// The IDs of the members, in order.
   [[nodiscard]] OVRef<OVList<OVString>> persons() const { return persons_.load(); }
+  /// Keeps the list given; null leaves none.
   void setPersons(OVRef<OVList<OVString>> persons) { persons_.store(std::move(persons)); }
   /// The host's own object; never archived.
   [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
+  /// Keeps the object given; null takes it away.
   void setExtend(OVRef<OVObject> extend) { extend_.store(std::move(extend)); }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -35,13 +35,16 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
   [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithDisplayName(
       const OVString& displayName);
 
+  /// The key under which accounts store the service, such as "AIMInstant".
   [[nodiscard]] OVString name() const { return name_; }
+  /// What is shown for the service.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
   /// Always null: nothing ever fills it.
   [[nodiscard]] OVRef<OVList<OVInstantMessageServer>> allArray() const { return nullptr; }
 
  protected:
+  /// The lookups above make descriptors.
   OVInstantMessageServer(OVString name, OVString displayName);
 
  private:
@@ -58,11 +61,13 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
   [[nodiscard]] static OVRef<OVObjectInstantMessage> initWithUserNameServer(
       OVString userName, OVRef<OVInstantMessageServer> server);
 
+  /// The name on the service, as it was given or archived; may be null.
   [[nodiscard]] OVString userName() const { return userName_; }
   /// Never null in an account that was read from an archive: without a stored key it is a
   /// descriptor without key and display name.
   [[nodiscard]] OVRef<OVInstantMessageServer> server() const { return server_; }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -36,16 +36,21 @@ class OV_EXPORT OVKeyedArchiver {
 
   /// Null is written as a null object: the key is present and reads as null.
   void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
+  /// The same for a text. Equal texts are written once.
   void encodeObjectForKey(const OVString& text, std::string_view key);
+  /// The same for a reference of another type.
   template <class T>
   void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
     encodeCopyForKey(object, key);
   }
   /// An array as one object of the class "NSMutableArray".
   void encodeListForKey(std::span<const OVRef<OVObject>> items, std::string_view key);
+  /// A number inside the object itself, without an identity.
+  /// @{
   void encodeIntegerForKey(std::int64_t value, std::string_view key);
   void encodeBoolForKey(bool value, std::string_view key);
   void encodeDoubleForKey(double value, std::string_view key);
+  /// @}
   /// Raw bytes, inside the object itself.
   void encodeBytesForKey(std::span<const std::byte> bytes, std::string_view key);
 

@@ -24,9 +24,13 @@ struct ArchiveFields;
 /// is wrong and where.
 class OV_EXPORT OVInvalidArchive : public std::invalid_argument {
  public:
+  /// From the message.
   using std::invalid_argument::invalid_argument;
+  /// Copies share the message.
+  /// @{
   OVInvalidArchive(const OVInvalidArchive&) = default;
   OVInvalidArchive& operator=(const OVInvalidArchive&) = default;
+  /// @}
   ~OVInvalidArchive() override;
 };
 
@@ -60,19 +64,25 @@ class OV_EXPORT OVKeyedUnarchiver {
   /// null or empty, belongs to another class, or the class cannot be made.
   static void registerClass(const OVClass& hostClass);
 
+  /// Whether the object has the key; true when null stands there.
   [[nodiscard]] bool containsValueForKey(std::string_view key) const;
+  /// The object under the key, with its identity; null when there is none.
   [[nodiscard]] OVRef<OVObject> decodeObjectForKey(std::string_view key);
+  /// The same as a T; null for an object of another class.
   template <class T>
   [[nodiscard]] ov::Handle<T> decodeObjectForKey(std::string_view key) {
     return ov::cast<T>(decodeObjectForKey(key));
   }
+  /// The text under the key; null for anything but a text.
   [[nodiscard]] OVString decodeStringForKey(std::string_view key);
   /// The elements of a list object; false when there is no list under the key.
   [[nodiscard]] bool decodeListForKey(std::vector<OVRef<OVObject>>& items, std::string_view key);
   /// A number inside the object itself; a real number is rounded towards zero, a number out of
   /// range is the nearest end of it.
   [[nodiscard]] std::int64_t decodeIntegerForKey(std::string_view key) const;
+  /// False for zero and for what is no number.
   [[nodiscard]] bool decodeBoolForKey(std::string_view key) const;
+  /// The nearest double of a number inside the object itself.
   [[nodiscard]] double decodeDoubleForKey(std::string_view key) const;
   /// Empty when absent. Valid during the call that got this coder.
   [[nodiscard]] std::span<const std::byte> decodeBytesForKey(std::string_view key) const;

@@ -15,11 +15,14 @@ class OV_EXPORT OVLabel : public OVObject {
 
   /// The label's key; may be null.
   [[nodiscard]] OVString name() const { return name_.load(); }
+  /// Null takes the name away.
   void setName(OVString name) { name_.store(std::move(name)); }
   /// The text shown to the user; may be null.
   [[nodiscard]] OVString displayName() const { return displayName_.load(); }
+  /// Null takes the display name away.
   void setDisplayName(OVString displayName) { displayName_.store(std::move(displayName)); }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

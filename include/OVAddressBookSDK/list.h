@@ -72,10 +72,14 @@ bool sameElement(const OVRef<T>& a, const OVRef<T>& b) {
 template <class T>
 class OVList final : public ov::detail::AnyList {
  public:
+  /// `OVRef<T>`, or `OVString` in a list of strings.
   using value_type = ov::Handle<T>;
 
+  /// Walks through the elements; gives them as `OVRef<T>`, or `OVString`.
   class const_iterator {
    public:
+    /// What the standard asks of a random-access iterator.
+    /// @{
     using iterator_concept = std::random_access_iterator_tag;
     using iterator_category = std::input_iterator_tag;
     using value_type = ov::Handle<T>;
@@ -99,12 +103,14 @@ class OVList final : public ov::detail::AnyList {
     friend const_iterator operator-(const_iterator i, difference_type n) { return i -= n; }
     friend difference_type operator-(const_iterator a, const_iterator b) { return a.at_ - b.at_; }
     friend auto operator<=>(const_iterator, const_iterator) = default;
+    /// @}
 
    private:
     friend class OVList;
     explicit const_iterator(const OVRef<OVObject>* at) : at_(at) {}
     const OVRef<OVObject>* at_ = nullptr;
   };
+  /// Elements cannot be changed through an iterator.
   using iterator = const_iterator;
 
   /// A new list of the given elements.
@@ -132,14 +138,21 @@ class OVList final : public ov::detail::AnyList {
     return made;
   }
 
+  /// The first element.
   [[nodiscard]] const_iterator begin() const { return const_iterator(elements()->items.data()); }
+  /// Past the last element.
   [[nodiscard]] const_iterator end() const { return begin() + static_cast<std::ptrdiff_t>(size()); }
 
+  /// The element at a position: the first, the last or any.
+  /// @{
   value_type operator[](std::size_t index) const { return ov::cast<T>(itemAt(index)); }
   [[nodiscard]] value_type front() const { return (*this)[0]; }
   [[nodiscard]] value_type back() const { return (*this)[size() - 1]; }
+  /// @}
 
+  /// Puts an element after the last one.
   void push_back(const value_type& value) { insertItem(size(), value); }
+  /// Puts an element before the one at `index`, or after the last one.
   void insert(std::size_t index, const value_type& value) { insertItem(index, value); }
   /// Puts `value` in the place of the element at `index`.
   void replace(std::size_t index, const value_type& value) {
@@ -153,6 +166,7 @@ class OVList final : public ov::detail::AnyList {
     while (at != end() && !ov::detail::sameElement(*at, value)) ++at;
     return at;
   }
+  /// Whether the element stands in the list.
   [[nodiscard]] bool contains(const value_type& value) const { return find(value) != end(); }
   /// Removes every element equal to `value`; returns how many there were.
   std::size_t remove(const value_type& value) {

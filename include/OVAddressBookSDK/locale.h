@@ -47,6 +47,7 @@ class OV_EXPORT OVLocale {
   /// The full Unicode mappings, the same in every locale: U+0130 becomes "i" and U+0307 everywhere.
   /// Null gives null.
   [[nodiscard]] virtual OVString lowercase(const OVString& text) const = 0;
+  /// The text in upper case by the rules of this locale; null for null.
   [[nodiscard]] virtual OVString uppercase(const OVString& text) const = 0;
 
  protected:

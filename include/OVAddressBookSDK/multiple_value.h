@@ -19,12 +19,14 @@ inline constexpr std::uint64_t OVNotFound = 9223372036854775807U;
 /// `OVMutableMultipleValue`; a value of this very class is empty and stays so.
 class OV_EXPORT OVMultipleValue : public OVValue {
  public:
+  /// A new empty value.
   [[nodiscard]] static OVRef<OVMultipleValue> init();
 
   /// Always `OVValueTypeMultiple`.
   [[nodiscard]] OVValueType type() const final;
   /// The type of the main value; 0 without one.
   [[nodiscard]] virtual OVValueType subType() const;
+  /// How many elements there are.
   [[nodiscard]] virtual std::uint64_t count() const;
   /// May be null.
   [[nodiscard]] virtual OVRef<OVSingleValue> mainValue() const;
@@ -46,6 +48,7 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   /// The same as `copy`.
   [[nodiscard]] OVRef<OVMutableMultipleValue> mutableCopy() const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
 
@@ -95,6 +98,7 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   /// The same for the element at `index`, its other occurrences included.
   void removeValueAtIndex(std::uint64_t index);
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -8,6 +8,7 @@
 
 /// What an observer is told.
 struct OVNotification {
+  /// What the notification is about: one of `notification_names.h`, or the host's own.
   OVString name;
   /// Whom it is about; may be null.
   OVRef<OVObject> object;
@@ -22,8 +23,11 @@ class OV_EXPORT OVNotificationObserver {
   OVNotificationObserver() = default;
   /// Calls `remove`, once, when the observation is to end; it must not throw.
   explicit OVNotificationObserver(std::function<void()> remove);
+  /// Takes the observation over; what this one observed before ends.
+  /// @{
   OVNotificationObserver(OVNotificationObserver&& other) noexcept;
   OVNotificationObserver& operator=(OVNotificationObserver&& other) noexcept;
+  /// @}
   ~OVNotificationObserver();
 
   /// Ends the observation: this thread does not call the callback any more. A delivery that another
@@ -57,6 +61,7 @@ class OV_EXPORT OVNotificationObserver {
 ///     OVNotificationCenter::setDefaultCenter(std::make_shared<HostCenter>());
 class OV_EXPORT OVNotificationCenter {
  public:
+  /// Called for each notification that is observed, on the thread that posts it.
   using Callback = std::function<void(const OVNotification&)>;
 
   OVNotificationCenter(const OVNotificationCenter&) = delete;

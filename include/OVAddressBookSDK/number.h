@@ -11,16 +11,21 @@ class OV_EXPORT OVNumber final : public OVObject {
   /// Integers above the signed range are held unsigned; all others signed.
   using Value = std::variant<bool, std::int64_t, std::uint64_t, double>;
 
+  /// A new number of this kind.
+  /// @{
   [[nodiscard]] static OVRef<OVNumber> numberWithBool(bool value);
   [[nodiscard]] static OVRef<OVNumber> numberWithInteger(std::int64_t value);
   [[nodiscard]] static OVRef<OVNumber> numberWithUnsigned(std::uint64_t value);
   [[nodiscard]] static OVRef<OVNumber> numberWithDouble(double value);
+  /// @}
 
+  /// The number as the kind that it is held as.
   [[nodiscard]] const Value& value() const { return value_; }
   /// False for zero.
   [[nodiscard]] bool boolValue() const;
   /// Rounded towards zero; the nearest end of the range when it does not fit; 0 for not-a-number.
   [[nodiscard]] std::int64_t integerValue() const;
+  /// The nearest double; 1 or 0 for a truth value.
   [[nodiscard]] double doubleValue() const;
 
   /// Written as a plain number, without a class of its own.

@@ -14,26 +14,35 @@ struct OVOpaqueField;
 
 /// What stands under one key of an opaque object, as the archive has it.
 struct OVOpaqueValue {
+  /// The elements of an array that stands in the object itself.
   using Array = std::vector<OVOpaqueValue>;
+  /// The entries of a dictionary that stands in the object itself, in their order.
   using Dictionary = std::vector<OVOpaqueField>;
   /// Another object of the archive, or null.
   struct Reference {
+    /// Shared with whatever else refers to it.
     OVRef<OVObject> object;
   };
   /// A text, number, date or data block that stands in the object itself, or null.
   struct Inline {
+    /// An `OVNumber`, `OVDate`, `OVData` or a text.
     OVRef<OVObject> object;
   };
+  /// A set that stands in the object itself.
   struct Set {
+    /// In the order in which they were archived.
     Array elements;
   };
 
+  /// Which of these it is.
   std::variant<Reference, Inline, Array, Dictionary, Set> content;
 };
 
+/// One key of an opaque object, and what stands under it.
 struct OVOpaqueField {
   /// As it stands in the archive, where a class's own key that begins with "$" has one more.
   OVString key;
+  /// Never changed by the library.
   OVOpaqueValue value;
 };
 

@@ -20,17 +20,22 @@ class OV_EXPORT IOVPerson : public OVObject {
   [[nodiscard]] virtual OVString ID() const = 0;
   /// The identifier of the book that the person stands in.
   [[nodiscard]] virtual OVString addressBookID() const = 0;
+  /// What stands for the person in lists.
   [[nodiscard]] virtual OVString displayName() const = 0;
 
   /// The value itself, shared, not a copy; null when there is none.
   [[nodiscard]] virtual OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const = 0;
+  /// The same by the property's name, which may be one that the catalogue does not have.
   [[nodiscard]] virtual OVRef<OVValue> valueByPropertyName(const OVString& name) const = 0;
+  /// Gives the person a value under a property.
   virtual void setValueByProperty(const OVRef<OVValue>& value,
                                   const OVRef<OVProperty>& property) = 0;
+  /// The same by the property's name.
   virtual void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) = 0;
 
   /// May be null.
   [[nodiscard]] virtual OVRef<OVImage> thumbnail() const = 0;
+  /// Gives the person a small picture.
   virtual void setThumbnail(const OVRef<OVImage>& image) = 0;
 
   /// The datum of the main phone entry; may be null.
@@ -43,15 +48,24 @@ class OV_EXPORT IOVPerson : public OVObject {
   /// The properties that the person has a value for.
   [[nodiscard]] virtual OVRef<OVList<OVProperty>> notNullValueProperty() const = 0;
 
+  /// The tags that the person has.
   [[nodiscard]] virtual OVRef<OVList<OVString>> tagArray() const = 0;
+  /// Gives the person a tag.
   virtual void addTag(const OVString& tag) = 0;
+  /// Takes a tag from the person.
   virtual void removeTag(const OVString& tag) = 0;
+  /// Gives the person these tags.
   virtual void setTags(const OVRef<OVList<OVString>>& tags) = 0;
 
+  /// Says whether the person stands for an organisation.
   virtual void setIsOrganization(bool isOrganization) = 0;
+  /// Whether the person stands for an organisation.
   [[nodiscard]] virtual bool isOrganization() const = 0;
+  /// The name to be shown, of the person or of the organisation.
   [[nodiscard]] virtual OVString showName() const = 0;
+  /// The organisation that the person belongs to.
   [[nodiscard]] virtual OVString companyName() const = 0;
+  /// What the person does there.
   [[nodiscard]] virtual OVString jobTitle() const = 0;
 
   /// Optional: null unless a host's person class knows better.

@@ -25,10 +25,12 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   /// Null for a null property.
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
+  /// Null when there is none, and for a null name.
   [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
   /// Replaces an earlier value. Does nothing when value or property is null: a value can be
   /// replaced, never removed.
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
+  /// The same under any name; does nothing when value or name is null.
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
 
   [[nodiscard]] OVRef<OVImage> thumbnail() const override;
@@ -60,9 +62,13 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// A general person does not tell organisations apart: this does nothing, and the next four
   /// answer false or null.
   void setIsOrganization(bool isOrganization) override;
+  /// Always false.
   [[nodiscard]] bool isOrganization() const override;
+  /// Always null.
   [[nodiscard]] OVString showName() const override;
+  /// Always null.
   [[nodiscard]] OVString companyName() const override;
+  /// Always null.
   [[nodiscard]] OVString jobTitle() const override;
 
   /// A new single value around `rawValue`, which it shares; null for a null `rawValue`. A null
@@ -76,8 +82,10 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   /// The host's own object, null until the host sets one. Any thread may call these two.
   [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
+  /// Keeps the object given; null takes it away.
   void setExtend(OVRef<OVObject> extend) { extend_.store(std::move(extend)); }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -15,9 +15,12 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
                                                                          const OVString& middle,
                                                                          const OVString& last);
 
+  /// The part as it was given or archived; may be null.
+  /// @{
   [[nodiscard]] OVString first() const { return first_; }
   [[nodiscard]] OVString middle() const { return middle_; }
   [[nodiscard]] OVString last() const { return last_; }
+  /// @}
 
   /// The parts that are not null, with single spaces between them, in the order that
   /// `OVAddressBook::lastNameInFront` asks for at the time of the call: first or last name in
@@ -28,6 +31,7 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
   /// left. Nothing else is changed.
   [[nodiscard]] OVString standString(const OVString& text) const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

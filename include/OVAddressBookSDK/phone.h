@@ -22,7 +22,9 @@ class OV_EXPORT OVObjectPhone : public OVObject {
 
   /// These three answer `valid`.
   [[nodiscard]] bool canDoCall() const { return valid(); }
+  /// The same as `valid`.
   [[nodiscard]] bool canDoVideoCall() const { return valid(); }
+  /// The same as `valid`.
   [[nodiscard]] bool canDoSendMessage() const { return valid(); }
 
   /// Hands "tel:" and the digits of the number to the shared workspace. Like the other two actions,
@@ -36,6 +38,7 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   /// The digits of `number`, by the low byte of each UTF-16 code unit. Never null; "" for null.
   [[nodiscard]] OVString adjustNumber(const OVString& number) const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

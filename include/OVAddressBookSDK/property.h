@@ -57,6 +57,7 @@ class OV_EXPORT OVProperty final : public OVObject {
   [[nodiscard]] OVString name() const { return name_; }
   /// The text shown to the user; for many properties the same text object as the name.
   [[nodiscard]] OVString displayName() const { return displayName_; }
+  /// What single values of the property hold.
   [[nodiscard]] OVValueType valueType() const { return valueType_; }
   /// The type of the entries of a multi-valued property; 0 for every other.
   [[nodiscard]] OVValueType subValueType() const { return subValueType_; }

@@ -26,6 +26,7 @@ class OV_EXPORT OVSingleValue : public OVValue {
   /// The same as `copy`.
   [[nodiscard]] OVRef<OVMutableSingleValue> mutableCopy() const;
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
 
@@ -49,12 +50,14 @@ class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
   /// A new value: type 0, no label, no datum.
   [[nodiscard]] static OVRef<OVMutableSingleValue> init();
 
+  /// Replaces the type; the datum stays.
   void setType(OVValueType type) { storeType(type); }
   /// Null takes the label away.
   void setLabel(OVRef<OVLabel> label) { label_.store(std::move(label)); }
   /// Null takes the datum away.
   void setValue(OVRef<OVObject> value) { value_.store(std::move(value)); }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -70,6 +70,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   /// then, and handing it in only takes all tags away.
   void setTagsForPersonID(const OVRef<OVList<OVString>>& tags, const OVString& personID);
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -100,14 +100,20 @@ class OV_EXPORT OVString {
  public:
   /// Null.
   constexpr OVString() = default;
+  /// Null.
   constexpr OVString(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
   /// A null pointer gives the null string.
-  OVString(const char* text);       // NOLINT(google-explicit-constructor)
+  OVString(const char* text);  // NOLINT(google-explicit-constructor)
+  /// A new text of these characters.
+  /// @{
   OVString(std::string_view text);  // NOLINT(google-explicit-constructor)
   OVString(const std::string& text) : OVString(std::string_view(text)) {}  // NOLINT
+  /// @}
   /// A string over static storage; costs no allocation, ever.
   constexpr explicit OVString(const ov::detail::TextConstant& constant) : text_(&constant) {}
 
+  /// Copies share the text; what is moved from is null.
+  /// @{
   OVString(const OVString& other) : text_(other.text_) {
     if (text_ != nullptr) text_->retain();
   }
@@ -120,12 +126,16 @@ class OV_EXPORT OVString {
     OVString(std::move(other)).swap(*this);  // cppcheck-suppress accessMoved ; a new string
     return *this;
   }
+  /// @}
   constexpr ~OVString() {
     if (!std::is_constant_evaluated() && text_ != nullptr) text_->release();
   }
+  /// Exchanges the texts.
   void swap(OVString& other) noexcept { std::swap(text_, other.text_); }
 
+  /// True for null, false for "".
   [[nodiscard]] bool isNull() const { return text_ == nullptr; }
+  /// False for null, true for "".
   explicit operator bool() const { return text_ != nullptr; }
 
   /// The text; "" for null. Valid while some copy of this string lives.
@@ -133,7 +143,9 @@ class OV_EXPORT OVString {
     return text_ == nullptr ? std::string_view("", 0)
                             : std::string_view(text_->data(), text_->size());
   }
+  /// The same.
   operator std::string_view() const { return view(); }  // NOLINT(google-explicit-constructor)
+  /// A copy of the text; "" for null.
   [[nodiscard]] std::string str() const { return std::string(view()); }
   /// The text, ended by a NUL; "" for null. A text may hold NULs of its own.
   [[nodiscard]] const char* c_str() const { return view().data(); }
@@ -188,9 +200,12 @@ struct OV_EXPORT ov::detail::Cast<OVString> {
   static OVString from(const OVRef<OVObject>& object);
 };
 
+/// @cond
+// Equal texts have equal hashes; null has that of "".
 template <>
 struct std::hash<OVString> {
   std::size_t operator()(const OVString& text) const noexcept {
     return std::hash<std::string_view>()(text.view());
   }
 };
+/// @endcond

@@ -11,6 +11,7 @@ class OV_EXPORT OVValue : public OVObject {
   /// A value of this very class: immutable, of type 0.
   [[nodiscard]] static OVRef<OVValue> init();
 
+  /// What the value holds, as one of `value_type.h`.
   [[nodiscard]] virtual OVValueType type() const;
 
   /// A value of the root class gives itself; single and multiple values give a new mutable value.
@@ -19,6 +20,7 @@ class OV_EXPORT OVValue : public OVObject {
   /// The same as `copy`.
   [[nodiscard]] OVRef<OVValue> mutableCopy() const { return copyValue(); }
 
+  /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
@@ -30,6 +32,7 @@ class OV_EXPORT OVValue : public OVObject {
   /// What `copy` and `mutableCopy` answer. Never null.
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
+  /// Sets what `type` gives.
   void storeType(OVValueType type) { type_ = type; }
 
  private:

@@ -68,6 +68,7 @@ class OVVCardBook final : public OVAddressBook {
   [[nodiscard]] OVString ID() const override;
   /// The file's name without its extension; "" for a book without a file.
   [[nodiscard]] OVString name() const override;
+  /// Always true, as the next two.
   [[nodiscard]] bool canCreateGroup() const override { return true; }
   [[nodiscard]] bool canCreateSubGroup() const override { return true; }
   [[nodiscard]] bool canOprate() const override { return true; }

@@ -13,6 +13,7 @@ enum class OVVCardSeverity : std::uint8_t {
 
 /// Something in a vCard file that did not go in as it stood.
 struct OVVCardProblem {
+  /// How much of it was lost.
   OVVCardSeverity severity = OVVCardSeverity::Error;
   /// The file as it was named to the book; null for cards that came from no file.
   OVString file;
