@@ -35,7 +35,7 @@ class OV_EXPORT OVAdressField : public OVObject {
   [[nodiscard]] static OVRef<OVAdressField> initWithNameDisplayName(OVString name,
                                                                     OVString displayName);
 
-  /// The key under which addresses store the field's value, such as "Street".
+  /// One of the names above in the catalogue's fields.
   [[nodiscard]] OVString name() const { return name_; }
   /// What an editor shows for the field.
   [[nodiscard]] OVString displayName() const { return displayName_; }

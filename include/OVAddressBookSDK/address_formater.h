@@ -39,7 +39,7 @@ class OV_EXPORT OVAddressFormater : public OVObject {
   [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayLocal();
 
  protected:
-  /// `initWithAddress` makes formatters.
+  /// `initWithObject` makes formatters.
   explicit OVAddressFormater(OVRef<OVObjectAddress> address);
 
  private:

@@ -66,3 +66,11 @@ endif()
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
+
+if(OV_BUILD_EXAMPLES)
+  ov_script_test(task_pages ${CMAKE_CURRENT_SOURCE_DIR}/task_pages_test.py)
+  set_tests_properties(
+    project.task_pages
+    PROPERTIES ENVIRONMENT "OV_BUILD_DIR=${PROJECT_BINARY_DIR};OV_PREFIX=${prefix}"
+               FIXTURES_REQUIRED installed TIMEOUT 300)
+endif()
