@@ -1,8 +1,10 @@
 #include <cstddef>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -177,6 +179,24 @@ TEST(ArchiveFields, TheSameKeysMayComeFromChangingBuffers) {
     char key[2] = "a";
     for (; key[0] <= 'e'; ++key[0]) EXPECT_EQ(coder.decodeIntegerForKey(key), key[0]);
   });
+}
+
+TEST(ArchiveFields, ObjectsWithAsManyKeysHaveTheirOwn) {
+  OVKeyedUnarchiver::registerClass(Scripted::record());
+  int objects = 0;
+  Scripted::encode = [&](OVKeyedArchiver& coder) {
+    coder.encodeIntegerForKey(1, "same");
+    coder.encodeIntegerForKey(2, objects++ == 0 ? "first" : "second");
+  };
+  const auto block = archiveOf(
+      OVList<OVObject>::list({std::make_shared<Scripted>(), std::make_shared<Scripted>()}));
+  std::vector<std::int64_t> read;
+  Scripted::decode = [&](OVKeyedUnarchiver& coder) {
+    read.push_back(coder.decodeIntegerForKey("first"));
+    read.push_back(coder.decodeIntegerForKey("second"));
+  };
+  EXPECT_NE(unarchived(block), nullptr);
+  EXPECT_EQ(read, (std::vector<std::int64_t>{2, 0, 0, 2}));
 }
 
 }  // namespace

@@ -141,6 +141,7 @@ TEST(PlistReader, ReadsUtf16Texts) {
   EXPECT_EQ(OneObject("\x61\x20\xAC").text(), "€");
   EXPECT_EQ(OneObject("\x62\xD8\x3D\xDE\x00"s).text(), "😀");
   EXPECT_EQ(OneObject("\x63\0a\xDB\xFF\xDF\xFF"s).text(), "a\U0010FFFF");
+  EXPECT_EQ(OneObject("\x62\xD8\0\xDC\0"s).text(), "\U00010000");
 }
 
 TEST(PlistReader, LoneSurrogatesBecomeTheReplacement) {
