@@ -13,7 +13,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench symbols abi abi-baseline packages packages-check install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers symbols abi abi-baseline packages packages-check install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -93,6 +93,10 @@ bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 u
 	cmake --build build/bench -j $(BUILD_JOBS)
 	bench/run.py build/bench/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md
+
+consumers: setup ## Use the library as a subfolder with each compiler and standard, shared and static
+	cmake --preset dev -B build/consumers -DOV_TEST_EVERY_CONSUMER=ON
+	ctest --test-dir build/consumers -R consumer.add_subdirectory_ -j $(TEST_JOBS) --output-on-failure
 
 symbols: build ## Write abi/symbols.txt, the list of what the shared library exports, anew
 	scripts/symbols --update build/dev/src/libOVAddressBookSDK.so

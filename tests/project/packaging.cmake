@@ -66,6 +66,21 @@ endif()
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
+# Each of these builds the whole library, so they are only made when they are asked for.
+if(OV_TEST_EVERY_CONSUMER)
+  foreach(compiler g++ clang++-14)
+    foreach(standard 20 23)
+      foreach(linkage shared static)
+        set(suffix $<$<STREQUAL:${linkage},static>:_static>)
+        ov_consumer_test(
+          add_subdirectory_${linkage}.${compiler}.${standard} ${linkage} -DOV_PROGRAM=main
+          -DOV_LIBRARY=OVAddressBookSDK${suffix} -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
+          -DOV_WARNINGS_AS_ERRORS=ON -DCMAKE_CXX_COMPILER=${compiler}
+          -DCMAKE_CXX_STANDARD=${standard})
+      endforeach()
+    endforeach()
+  endforeach()
+endif()
 
 if(OV_BUILD_EXAMPLES)
   ov_script_test(task_pages ${CMAKE_CURRENT_SOURCE_DIR}/task_pages_test.py)
