@@ -20,7 +20,7 @@ OPERATORS = {
 OPERATOR = re.compile(" (?:==|!=|<=|>=|&&|\\|\\||\\+=|-=|[<>+-]) ")
 NEGATION = re.compile(r"(?<![\w!])!(?=[\w(])")
 CONSTANT = re.compile(r"(?<![\w.'])(?:true|false|\d+)(?![\w.'])")
-TEXT = re.compile(r'"(?:[^"\\\n]|\\.)+"')
+TEXT = re.compile(r'"(?:[^"\\\n]|\\.)*"')
 SKIPPED = re.compile(r'//[^\n]*|/\*.*?\*/|^#[^\n]*|R"\((?:.*?)\)"|' + r"'(?:[^'\\\n]|\\.)'", re.S | re.M)
 # Statements whose change nobody is promised to notice: checks at compile time, how much room is
 # kept ahead, the exact bound on memory, hints to the processor, and the wording of errors.
@@ -59,8 +59,10 @@ def statement_at(source, position):
 
 
 def changed_text(text):
-    """A literal of the same length with another first letter."""
-    return text[0] + ("x" if text[1] != "x" else "y") + text[2:] if text[1] != "\\" else None
+    """A literal of the same length with another first letter; None when it starts with none."""
+    if text[1] in '"\\':
+        return None
+    return text[0] + ("x" if text[1] != "x" else "y") + text[2:]
 
 
 def mutants_of(source):

@@ -42,6 +42,9 @@ class Mutants(unittest.TestCase):
     def test_texts(self):
         self.assertEqual(changes('row("Chile", "x");'), [("text", '"Chile"', '"xhile"'), ("text", '"x"', '"y"')])
 
+    def test_what_stands_behind_an_empty_text_is_none(self):
+        self.assertEqual(changes('f("", g, "a");'), [("text", '"a"', '"x"')])
+
     def test_names_and_other_numbers_stay(self):
         self.assertEqual(changes("a1 = 0x10 + b2_3;")[1:], [])
         self.assertEqual(changes("a = 1.5f;"), [])
