@@ -62,6 +62,29 @@ INSTANTIATE_TEST_SUITE_P(Spelling, LocaleIdentifier,
                                          Row{"sr-latn-rs", "sr_Latn_RS"},
                                          Row{"ca_ES_valencia", "ca_ES_VALENCIA"}));
 
+// The shortest and the longest of each part, and what is just beyond.
+INSTANTIATE_TEST_SUITE_P(
+    Lengths, LocaleIdentifier,
+    testing::Values(Row{"abcdefgh_DE", "abcdefgh_DE"}, Row{"abcdefghi_DE", "en_US_POSIX"},
+                    Row{"d_DE", "en_US_POSIX"}, Row{"sl_rozaj", "sl__ROZAJ"},
+                    Row{"sr_Lat_RS", "en_US_POSIX"}, Row{"sl_SI_abcdefgh", "sl_SI_ABCDEFGH"},
+                    Row{"sl_SI_abcdefghi", "en_US_POSIX"}, Row{"sl_SI_abcd", "en_US_POSIX"},
+                    Row{"sl_SI_1ab", "en_US_POSIX"}, Row{"sl_SI_1abc", "sl_SI_1ABC"},
+                    Row{"es_4191", "es__4191"}, Row{"es_41", "en_US_POSIX"}));
+
+INSTANTIATE_TEST_SUITE_P(Characters, LocaleIdentifier,
+                         testing::Values(Row{"AZ_az", "az_AZ"}, Row{"az_AZ", "az_AZ"},
+                                         Row{"en_001", "en_001"}, Row{"en_900", "en_900"},
+                                         Row{"en_0:1", "en_US_POSIX"}, Row{"e{_DE", "en_US_POSIX"},
+                                         Row{"e[_DE", "en_US_POSIX"}, Row{"e`_DE", "en_US_POSIX"},
+                                         Row{"en_0/1", "en_US_POSIX"}));
+
+INSTANTIATE_TEST_SUITE_P(Order, LocaleIdentifier,
+                         testing::Values(Row{"de_DE_Latn", "en_US_POSIX"},
+                                         Row{"de_1996_DE", "en_US_POSIX"},
+                                         Row{"sr_Latn_Cyrl", "en_US_POSIX"},
+                                         Row{"sl_SI_rozaj_1994", "sl_SI_ROZAJ_1994"}));
+
 class LocaleEnvironment : public testing::Test {
  protected:
   std::string identifier() const {

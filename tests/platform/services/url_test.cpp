@@ -20,9 +20,9 @@ INSTANTIATE_TEST_SUITE_P(Authorities, ValidUrl,
                          testing::Values("http://example.org", "http://example.org:8080/",
                                          "http://example.org:", "http://u:p@example.org/",
                                          "http://u%40@h", "http://[::1]/", "http://[::1]:80",
-                                         "http://[v1.a:b]/", "http://[::ffff:1.2.3.4]",
-                                         "http://u@[::1]", "file:///etc/passwd",
-                                         "http://%C3%A4.example"));
+                                         "http://[v1.a:b]/", "http://[V1.a:b]/", "http://[v1f.a]",
+                                         "http://[::ffff:1.2.3.4]", "http://u@[::1]",
+                                         "file:///etc/passwd", "http://%C3%A4.example"));
 
 INSTANTIATE_TEST_SUITE_P(PathsQueriesFragments, ValidUrl,
                          testing::Values("a:/b//c", "a:b/c:d@e", "a:?", "a:#", "a:?b?c/d",
