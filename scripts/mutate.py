@@ -11,12 +11,16 @@ Exits with 1 when fewer than PERCENT of the changes were noticed.
 
 import argparse
 import concurrent.futures
+import contextlib
+import os
 import pathlib
 import random
 import re
 import shutil
+import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 from mutants import mutants_of
@@ -28,7 +32,8 @@ PARTS = ("CMakeLists.txt", "CMakePresets.json", "cmake", "include", "src", "test
 # What only a static library shows: the memory that it asks for, and its version.
 UNFIT = re.compile(r"_memory_|version_")
 PROGRAM = re.compile(r"_tests?$")
-LONGEST = 60  # seconds that one test program may take before it counts as failed
+LONGEST = 300  # seconds that a test program may take with the unchanged sources
+MEMORY = 4 << 30  # bytes of address space that a changed one may take
 
 
 class Tree:
@@ -66,30 +71,41 @@ class Tree:
         return subprocess.run(command, capture_output=True, check=False).returncode == 0
 
     def timed_programs(self):
-        """The test programs, the quickest first. All must pass."""
+        """The test programs with the seconds that each may take, the quickest first. All must pass."""
         took = {}
         for path in sorted((self.build_folder / "tests").rglob("*")):
             if path.is_file() and PROGRAM.search(path.name) and not UNFIT.search(path.name):
                 begin = time.monotonic()
-                if not self.passes(path):
+                if not self.passes(path, LONGEST):
                     sys.exit(f"mutate.py: {path.name} fails with the unchanged sources")
                 took[path] = time.monotonic() - begin
-        return sorted(took, key=took.get)
+        return {path: 10 + 5 * took[path] for path in sorted(took, key=took.get)}
 
-    def passes(self, program):
-        command = [program, "--gtest_fail_fast", "--gtest_brief=1"]
-        try:
-            done = subprocess.run(command, capture_output=True, timeout=LONGEST, check=False)
-        except subprocess.TimeoutExpired:
-            return False
-        return done.returncode == 0
+    def passes(self, program, seconds):
+        """Whether the tests pass, in a home of their own. What they leave running ends with them."""
+        with tempfile.TemporaryDirectory() as home:
+            running = subprocess.Popen(
+                ["prlimit", f"--as={MEMORY}", program, "--gtest_fail_fast", "--gtest_brief=1"],
+                stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL,
+                start_new_session=True,
+                env={**os.environ, "HOME": home, "XDG_CONFIG_HOME": f"{home}/.config"},
+            )
+            try:
+                return running.wait(seconds) == 0
+            except subprocess.TimeoutExpired:
+                return False
+            finally:
+                with contextlib.suppress(ProcessLookupError):
+                    os.killpg(running.pid, signal.SIGKILL)
+                running.wait()
 
     def notices(self, path):
         """Whether a test fails, those of the source's own folder first."""
         near = self.build_folder / "tests" / path.relative_to("src").parent
         ordered = sorted(self.programs, key=lambda program: not program.is_relative_to(near))
         with concurrent.futures.ThreadPoolExecutor(self.jobs) as pool:
-            running = [pool.submit(self.passes, program) for program in ordered]
+            running = [pool.submit(self.passes, each, self.programs[each]) for each in ordered]
             for done in concurrent.futures.as_completed(running):
                 if not done.result():
                     for other in running:
@@ -150,8 +166,9 @@ def main():
     wanted = [pathlib.Path(each) for each in options.file or ["src"]]
     sources = {
         path.relative_to(ROOT): path.read_text(encoding="utf-8")
-        for path in sorted((ROOT / "src").rglob("*.cpp"))
-        if any(path.relative_to(ROOT).is_relative_to(each) for each in wanted)
+        for path in sorted((ROOT / "src").rglob("*.[ch]*"))
+        if path.suffix in (".cpp", ".h")
+        and any(path.relative_to(ROOT).is_relative_to(each) for each in wanted)
     }
     equivalents = read_equivalents(options.equivalents)
     tree = Tree(options.build.resolve(), options.jobs)
