@@ -33,6 +33,7 @@ class StaffList : public OVAddressBook {
   OVString name() const override { return "Staff"; }
   bool canOprate() const override { return false; }  // others keep the list
   bool canCreateGroup() const override { return false; }
+  bool canCreateSubGroup() const override { return false; }
   std::uint64_t allPersonsCount() const override { return persons_->size(); }
   OVRef<OVList<IOVPerson>> allPersons() const override { return persons_; }
   std::uint64_t rootGroupsCount() const override { return departments_->size(); }

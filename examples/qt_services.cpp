@@ -1,12 +1,13 @@
-#include <OVAddressBookSDK/OVAddressBookSDK.h>
-
-#include <QCoreApplication>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QMutex>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
 #include <QUrl>
+
+#include <OVAddressBookSDK/OVAddressBookSDK.h>
 
 namespace {
 
@@ -64,7 +65,7 @@ class QtDefaults : public OVUserDefaults {
 }  // namespace
 
 int main(int count, char** arguments) {
-  const QCoreApplication application(count, arguments);
+  const QGuiApplication application(count, arguments);
   const QTemporaryDir folder;
   const QString path = folder.filePath("settings.ini");
   OVWorkspace::setSharedWorkspace(std::make_shared<QtWorkspace>());
@@ -75,4 +76,7 @@ int main(int count, char** arguments) {
   OVUserDefaults::setStandardUserDefaults(
       std::make_shared<QtDefaults>(path));  // as after a restart
   QTextStream(stdout) << "last name in front: " << OVAddressBook::lastNameInFront() << "\n";
+
+  QTimer::singleShot(0, qApp, &QGuiApplication::quit);
+  return QGuiApplication::exec();
 }

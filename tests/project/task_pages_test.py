@@ -81,6 +81,8 @@ class Page:
             "PKG_CONFIG_PATH": str(library / "pkgconfig"),
             "LD_LIBRARY_PATH": str(library),
             "CXX": "g++",
+            "QT_QPA_PLATFORM": "offscreen",
+            "XDG_RUNTIME_DIR": str(self.folder),
         }
         done = subprocess.run(
             command, cwd=self.folder, env=environment, capture_output=True, text=True, check=False
