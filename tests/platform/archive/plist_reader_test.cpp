@@ -152,6 +152,14 @@ TEST(PlistReader, LoneSurrogatesBecomeTheReplacement) {
   EXPECT_EQ(OneObject("\x63\xD8\x3D\xD8\x3D\xDE\x00"s).text(), "\uFFFD😀");
 }
 
+TEST(PlistReader, NeighboursOfTheSurrogatesAreTheirOwnCharacters) {
+  EXPECT_EQ(OneObject("\x61\xD7\xFF").text(), "\uD7FF");
+  EXPECT_EQ(OneObject("\x61\xE0\x00"s).text(), "\uE000");
+  EXPECT_EQ(OneObject("\x62\xD8\x3D\xE0\x00"s).text(), "\uFFFD\uE000");
+  EXPECT_EQ(OneObject("\x62\xD7\xFF\xDC\x00"s).text(), "\uD7FF\uFFFD");
+  EXPECT_EQ(OneObject("\x62\xDB\xFF\xDB\xFF").text(), "\uFFFD\uFFFD");
+}
+
 TEST(PlistReader, ReadsUidsOfOneToEightBytes) {
   for (unsigned width = 1; width <= 8; ++width) {
     const std::string bytes = std::string("\x01\x23\x45\x67\x89\xAB\xCD\xEF").substr(0, width);

@@ -60,6 +60,16 @@ TEST_F(DefaultsLinks, ALinkUnderTheNameOfTheUnfinishedDatabaseIsNotFollowed) {
   EXPECT_EQ(readFile(elsewhere.at("target")), "x");
 }
 
+TEST_F(DefaultsLinks, WhatAnInterruptedMakingLeftIsRemoved) {
+  fs::create_directories(directory());
+  const std::string unfinished = database().string() + ".new";
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"}) writeFile(unfinished + suffix, "x");
+  setInteger(*openStore(), 1, "key");
+  EXPECT_EQ(integer(*openStore(), "key"), 1);
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+    EXPECT_FALSE(fs::exists(unfinished + suffix)) << suffix;
+}
+
 TEST_F(DefaultsLinks, AFolderInTheWayIsMovedAside) {
   fs::create_directories(database());
   writeFile(database() / "inside", "x");
