@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/single_threaded.h>
+
 #include <atomic>
 #include <compare>
 #include <concepts>
@@ -19,6 +21,7 @@ class OVString;
 namespace ov::detail {
 
 class ArchiveReader;
+class ArchiveSlot;
 class ArchiveWriter;
 
 /// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
@@ -30,10 +33,10 @@ class OV_EXPORT TextObject : public OVObject {
 
   /// Keeps the text alive. Constants are never counted.
   void retain() const {
-    if (!isConstant()) references_.fetch_add(1, std::memory_order_relaxed);
+    if (!isConstant()) add(1, std::memory_order_relaxed);
   }
   void release() const {
-    if (!isConstant() && references_.fetch_sub(1, std::memory_order_acq_rel) == 1) destroy();
+    if (!isConstant() && add(-1, std::memory_order_acq_rel) == 1) destroy();
   }
 
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
@@ -52,6 +55,15 @@ class OV_EXPORT TextObject : public OVObject {
 
  private:
   void destroy() const;
+
+  /// What was counted before. While there is one thread, no bus needs to be locked.
+  std::uint32_t add(int change, std::memory_order order) const {
+    const auto added = static_cast<std::uint32_t>(change);
+    if (__libc_single_threaded == 0) return references_.fetch_add(added, order);
+    const std::uint32_t before = references_.load(std::memory_order_relaxed);
+    references_.store(before + added, std::memory_order_relaxed);
+    return before;
+  }
 
   mutable std::atomic<std::uint32_t> references_;
   std::uint32_t size_;
@@ -181,6 +193,7 @@ class OV_EXPORT OVString {
  private:
   friend struct ov::detail::Cast<OVString>;
   friend class ov::detail::ArchiveReader;
+  friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 

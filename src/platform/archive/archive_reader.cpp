@@ -56,8 +56,8 @@ OVRef<OVObject> ArchiveReader::readRoot() {
   if (!PlistReader::isText(null) || plist_.text(null, scratch_) != archive::kNull) {
     throw OVInvalidArchive("the archive's object 0 is not \"$null\"");
   }
-  charge(objects_.count * sizeof(Slot));
-  slots_.resize(static_cast<std::size_t>(objects_.count));
+  charge(objects_.count * sizeof(ArchiveSlot));
+  slots_.reserve(static_cast<std::size_t>(objects_.count));
   OVRef<OVObject> root = readTop(requiredEntry(top, archive::kTop, Kind::dictionary));
   fillWaiting();
   return root;
@@ -135,13 +135,12 @@ OVRef<OVObject> ArchiveReader::objectOf(Item item) {
 
 OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
   if (uid == 0) return nullptr;
-  Slot& slot = slots_[static_cast<std::size_t>(uid)];
-  if (slot.object != nullptr) return slot.object;
-  if (!slot.text.isNull()) return slot.object = slot.text;
+  ArchiveSlot& slot = slotAt(uid);
+  if (!slot.isEmpty()) return slot.object();
   const PlistItem item = plist_.item(itemAt(uid));
   if (item.kind == Kind::dictionary) return build(uid, item);
-  slot.object = leaf(item);
-  return slot.object;
+  slot.set(leaf(item));
+  return slot.object();
 }
 
 OVString ArchiveReader::textOf(Item item) {
@@ -149,12 +148,13 @@ OVString ArchiveReader::textOf(Item item) {
   if (!plist_.isUid(item, uid)) return ov::cast<OVString>(leaf(plist_.item(item)));
   checkUid(uid);
   if (uid == 0) return nullptr;
-  Slot& slot = slots_[static_cast<std::size_t>(uid)];
-  if (!slot.text.isNull()) return slot.text;
-  const PlistItem archived = plist_.item(itemAt(uid));
-  const bool isNew = slot.object == nullptr && PlistReader::isText(archived);
-  slot.text = isNew ? newText(archived) : ov::cast<OVString>(objectAt(uid));
-  return slot.text;
+  ArchiveSlot& slot = slotAt(uid);
+  if (slot.isEmpty()) {
+    const PlistItem archived = plist_.item(itemAt(uid));
+    if (!PlistReader::isText(archived)) return ov::cast<OVString>(objectAt(uid));
+    slot.set(newText(archived));
+  }
+  return slot.text();
 }
 
 OVString ArchiveReader::newText(const PlistItem& item) {
@@ -195,7 +195,7 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   const ArchivedClass& record = classOf(fields);
   fields.hasConstantKeys = !record.isHosts;
   OVRef<OVObject> object = makeEmpty(record, fields);
-  slots_[static_cast<std::size_t>(uid)].object = object;
+  slotAt(uid).set(object);
   if (object == nullptr) {
     // A host's class may decline to make an object.
   } else if (depth_ < kDeepest) {
@@ -227,13 +227,13 @@ void ArchiveReader::fill(OVObject& object, const ArchiveFields& fields) {
 void ArchiveReader::breakRings() noexcept {
   const ArchiveFields none{{Kind::dictionary, 0, nullptr}};
   waiting_.clear();
-  for (const Slot& slot : slots_) {
-    if (slot.object == nullptr) continue;
-    const OVClass* objectClass = slot.object->classForCoder();
+  for (const ArchiveSlot& slot : slots_) {
+    OVObject* const object = slot.peek();
+    const OVClass* objectClass = object == nullptr ? nullptr : object->classForCoder();
     if (objectClass != nullptr && isLibraryClass(*objectClass)) {
       try {
         OVKeyedUnarchiver coder(*this, none);
-        slot.object->initWithCoder(coder);
+        object->initWithCoder(coder);
       } catch (...) {  // an object that cannot be emptied keeps what it has
       }
     }

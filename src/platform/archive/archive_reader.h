@@ -15,6 +15,7 @@
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/text.h>
 
+#include "platform/archive/archive_slot.h"
 #include "platform/archive/class_table.h"
 #include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
@@ -95,10 +96,6 @@ class ArchiveReader {
   static constexpr unsigned kDeepest = 512;
   static constexpr std::size_t kMostShapes = 128;
 
-  struct Slot {
-    OVRef<OVObject> object;
-    OVString text;
-  };
   struct Waiting {
     OVRef<OVObject> object;
     Item item;
@@ -136,6 +133,7 @@ class ArchiveReader {
   void checkUid(std::uint64_t uid) const;
   [[nodiscard]] std::uint64_t uidOf(Item item) const;
   [[nodiscard]] Item itemAt(std::uint64_t uid) const { return plist_.reference(objects_, uid); }
+  ArchiveSlot& slotAt(std::uint64_t uid);
   OVRef<OVObject> objectAt(std::uint64_t uid);
   OVRef<OVObject> leaf(const PlistItem& item);
   OVString newText(const PlistItem& item);
@@ -179,7 +177,7 @@ class ArchiveReader {
   ObjectArena arena_;
   Known known_;
   PlistItem objects_;
-  std::vector<Slot, LargeAllocator<Slot>> slots_;  // by UID
+  std::vector<ArchiveSlot, LargeAllocator<ArchiveSlot>> slots_;  // by UID, up to the last one used
   std::unordered_map<const std::byte*, InlineLeaf> inlineLeaves_;
   std::unordered_map<std::uint64_t, ArchivedClass> classRecords_;
   std::array<RecentClass, 64> recentClasses_{};
@@ -201,6 +199,13 @@ inline void ArchiveReader::charge(std::uint64_t bytes) {
     throw OVInvalidArchive("the block would take far more memory than its size allows");
   }
   budget_ -= bytes;
+}
+
+/// There is room for all of them: a slot stays where it is.
+inline ArchiveSlot& ArchiveReader::slotAt(std::uint64_t uid) {
+  const auto at = static_cast<std::size_t>(uid);
+  if (at >= slots_.size()) slots_.resize(at + 1);
+  return slots_[at];
 }
 
 inline std::uint32_t ArchiveReader::numberOfKey(Item item) {

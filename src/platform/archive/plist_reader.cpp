@@ -36,6 +36,13 @@ void PlistReader::readTrailer() {
   tableOffset_ = loadBigEndian(trailer + 24, 8);
   checkTrailer(size_ - plist::kTrailerSize);
   table_ = begin_ + tableOffset_;
+  const auto reference = static_cast<std::uint8_t>(referenceSize_);
+  counted_[plist::kData >> 4] = {Kind::data, 1};
+  counted_[plist::kAscii >> 4] = {Kind::ascii, 1};
+  counted_[plist::kUtf16 >> 4] = {Kind::utf16, 2};
+  counted_[plist::kArray >> 4] = {Kind::array, reference};
+  counted_[plist::kSet >> 4] = {Kind::set, reference};
+  counted_[plist::kDictionary >> 4] = {Kind::dictionary, static_cast<std::uint8_t>(2 * reference)};
 }
 
 void PlistReader::checkTrailer(std::uint64_t size) const {
@@ -61,28 +68,6 @@ void PlistReader::checkTrailer(std::uint64_t size) const {
 void PlistReader::refuse(std::string_view what, std::uint64_t object) const {
   throw OVInvalidArchive("property list object " + std::to_string(object) + ": " +
                          std::string(what));
-}
-
-PlistItem PlistReader::item(std::uint64_t object) const {
-  const std::byte* at = begin_ + offset(object);
-  const auto marker = static_cast<unsigned>(*at++);
-  const unsigned low = marker & 0x0F;
-  switch (marker & 0xF0U) {
-    case plist::kData:
-      return counted(Kind::data, at, low, 1, object);
-    case plist::kAscii:
-      return counted(Kind::ascii, at, low, 1, object);
-    case plist::kUtf16:
-      return counted(Kind::utf16, at, low, 2, object);
-    case plist::kArray:
-      return counted(Kind::array, at, low, referenceSize_, object);
-    case plist::kSet:
-      return counted(Kind::set, at, low, referenceSize_, object);
-    case plist::kDictionary:
-      return counted(Kind::dictionary, at, low, 2ULL * referenceSize_, object);
-    default:
-      return fixed(marker, at, object);
-  }
 }
 
 /// Objects whose size follows from their first byte.
@@ -114,31 +99,27 @@ PlistItem PlistReader::fixed(unsigned marker, const std::byte* at, std::uint64_t
   refuse("an unknown kind of object", object);
 }
 
-/// The length in the low half of the first byte, or in the integer object behind it.
-std::uint64_t PlistReader::readLength(const std::byte*& at, unsigned low,
-                                      std::uint64_t object) const {
-  if (low != plist::kLengthFollows) return low;
-  const std::byte* end = begin_ + tableOffset_;
-  const unsigned marker = at < end ? static_cast<unsigned>(*at) : 0;
+/// The length in the integer object behind the first byte.
+std::uint64_t PlistReader::readLength(const std::byte*& at, std::uint64_t object) const {
+  const unsigned marker = at < table_ ? static_cast<unsigned>(*at) : 0;
   if ((marker & 0xF0U) != plist::kInteger || (marker & 0x0FU) > 3) {
     refuse("its length is no integer of at most 8 bytes", object);
   }
   const unsigned width = 1U << (marker & 0x0FU);
-  if (static_cast<std::uint64_t>(end - at) <= width) refuse("its length is cut short", object);
+  if (static_cast<std::uint64_t>(table_ - at) <= width) refuse("its length is cut short", object);
   const std::uint64_t length = loadBigEndian(at + 1, width);
   at += 1 + width;
   return length;
 }
 
-PlistItem PlistReader::counted(Kind kind, const std::byte* at, unsigned low, std::uint64_t unit,
-                               std::uint64_t object) const {
-  const std::uint64_t count = readLength(at, low, object);  // moves to the content
-  return sized(kind, at, count, unit, object);
+PlistItem PlistReader::longItem(Counted counted, const std::byte* at, std::uint64_t object) const {
+  const std::uint64_t count = readLength(at, object);  // moves to the content
+  return sized(counted.kind, at, count, counted.unit, object);
 }
 
 PlistItem PlistReader::sized(Kind kind, const std::byte* at, std::uint64_t count,
                              std::uint64_t unit, std::uint64_t object) const {
-  const auto remaining = static_cast<std::uint64_t>(begin_ + tableOffset_ - at);
+  const auto remaining = static_cast<std::uint64_t>(table_ - at);
   if (count > remaining / unit) refuse("it does not fit into the block", object);
   return {kind, count, at};
 }

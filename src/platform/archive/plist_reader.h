@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -84,9 +85,15 @@ class PlistReader {
  private:
   void readTrailer();
   void checkTrailer(std::uint64_t size) const;
-  std::uint64_t readLength(const std::byte*& at, unsigned low, std::uint64_t object) const;
-  [[nodiscard]] PlistItem counted(PlistItem::Kind kind, const std::byte* at, unsigned low,
-                                  std::uint64_t unit, std::uint64_t object) const;
+  /// Objects with a count: what they are, by the high half of the first byte.
+  struct Counted {
+    PlistItem::Kind kind = PlistItem::Kind::null;
+    std::uint8_t unit = 0;  // bytes of an element; 0: no count
+  };
+
+  std::uint64_t readLength(const std::byte*& at, std::uint64_t object) const;
+  [[nodiscard]] PlistItem longItem(Counted counted, const std::byte* at,
+                                   std::uint64_t object) const;
   [[nodiscard]] PlistItem sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
                                 std::uint64_t unit, std::uint64_t object) const;
   [[nodiscard]] PlistItem fixed(unsigned marker, const std::byte* at, std::uint64_t object) const;
@@ -100,6 +107,7 @@ class PlistReader {
   std::uint64_t tableOffset_ = 0;
   unsigned offsetSize_ = 0;
   unsigned referenceSize_ = 0;
+  std::array<Counted, 16> counted_{};
 };
 
 inline std::uint64_t PlistReader::offset(std::uint64_t object) const {
@@ -109,6 +117,18 @@ inline std::uint64_t PlistReader::offset(std::uint64_t object) const {
     refuse("its offset lies outside the objects", object);
   }
   return offset;
+}
+
+inline PlistItem PlistReader::item(std::uint64_t object) const {
+  const std::byte* at = begin_ + offset(object);
+  const auto marker = static_cast<unsigned>(*at++);
+  const Counted counted = counted_[marker >> 4];
+  const unsigned count = marker & 0x0FU;
+  if (counted.unit == 0) return fixed(marker, at, object);
+  if (count == plist::kLengthFollows) return longItem(counted, at, object);
+  if (count * counted.unit > static_cast<std::uint64_t>(table_ - at))
+    refuse("it does not fit into the block", object);
+  return {counted.kind, count, at};
 }
 
 inline std::uint64_t PlistReader::reference(const PlistItem& container,
