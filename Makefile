@@ -42,18 +42,15 @@ build: setup ## Build with g++, for debugging
 test: build ## Build with g++ and run every test
 	$(call test_preset,dev)
 
-coverage: setup ## Run the library's tests and tell which lines of src/ they reach
-	cmake --preset dev -B build/coverage -DOV_COVERAGE=ON -DOV_BUILD_TOOLS=OFF \
-	  -DOV_BUILD_VCARD=OFF -DOV_BUILD_EXAMPLES=OFF
-	cmake --build build/coverage -j $(BUILD_JOBS)
-	scripts/coverage.py --reset build/coverage
-	ctest --test-dir build/coverage -j $(TEST_JOBS) -E '^project' --output-on-failure
-	OV_COVERAGE_FLOOR=95 scripts/coverage.py build/coverage $(BUILD_JOBS)
-
-asan: setup ## Run the tests with clang, AddressSanitizer and UndefinedBehaviorSanitizer
+asan: setup ## Run the tests with clang, AddressSanitizer, UndefinedBehaviorSanitizer and counters
 	cmake --preset asan-ubsan
 	$(call build_preset,asan-ubsan)
+	rm -rf build/asan-ubsan/counts
 	$(call test_preset,asan-ubsan)
+	scripts/coverage.py --floor 95 build/asan-ubsan build/asan-ubsan/counts
+
+coverage: asan ## The same, and tell which lines of src/ the tests do not reach
+	scripts/coverage.py --lines build/asan-ubsan build/asan-ubsan/counts
 
 tsan: setup ## Run the thread tests with clang and ThreadSanitizer
 	cmake --preset tsan

@@ -1,15 +1,14 @@
 #!/usr/bin/env python3
-"""Reports which lines and branches of src/ were reached.
+"""Reports which lines and branches of src/ the tests reached.
 
-Usage: coverage.py [--reset] BUILD [JOBS]
+Usage: coverage.py [--floor PERCENT] [--lines] BUILD COUNTS
 
-BUILD is a build folder with OV_COVERAGE. --reset forgets what was counted instead. With
-OV_COVERAGE_FLOOR in the environment the exit status is 1 where less than that per cent of the lines
-was reached, of src/ as a whole or of the readers of data blocks.
+BUILD is a build folder with OV_COVERAGE, COUNTS the folder where its tests left their counts. --lines
+names the lines that were not reached. Exits with 1 where less than PERCENT of the lines were, of src/
+as a whole or of the readers of data blocks.
 """
 
-import concurrent.futures
-import json
+import argparse
 import os
 import pathlib
 import re
@@ -21,51 +20,59 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 READERS = re.compile(r"src/platform/archive/(\w*reader\w*|keyed_unarchiver|class_table)\.(cpp|h)")
 
 
-def measured(notes):
-    """What gcov tells of one object: [(file, lines)]."""
-    done = subprocess.run(
-        ["gcov", "--json-format", "--stdout", "--branch-probabilities", notes.name],
-        cwd=notes.parent,
-        stdout=subprocess.PIPE,
-        stderr=subprocess.DEVNULL,
-        check=True,
-    )
-    told = json.loads(done.stdout)
-    folder = pathlib.Path(told["current_working_directory"])
-    return [((folder / each["file"]).resolve(), each["lines"]) for each in told["files"]]
-
-
 class Source:
-    """How often each line, and each way out of it that is no exception, was taken."""
+    """How often each line, and each way out of a condition, was taken."""
 
     def __init__(self):
         self.lines = {}
         self.branches = {}
 
-    def add(self, line):
-        number = line["line_number"]
-        self.lines[number] = self.lines.get(number, 0) + line["count"]
-        ways = [way["count"] for way in line["branches"] if not way["throw"]]
-        known = self.branches.setdefault(number, ways)
-        if known is not ways and len(known) == len(ways):
-            self.branches[number] = [a + b for a, b in zip(known, ways)]
-
     def missed(self):
         return sorted(number for number, count in self.lines.items() if count == 0)
 
 
-def collect(build, jobs):
-    notes = sorted((build / "src").rglob("*.gcno"))
-    if not notes:
-        sys.exit(f"coverage.py: {build} was built without OV_COVERAGE")
+def merged(counts):
+    """All counts in one file."""
+    left = sorted(counts.glob("*.profraw"))
+    if not left:
+        sys.exit(f"coverage.py: no tests left counts in {counts}")
+    everything = counts / "all.profdata"
+    subprocess.run(["llvm-profdata-14", "merge", "-sparse", "-o", everything, *left], check=True)
+    return everything
+
+
+def programs(build):
+    """The test programs, each with the library in it."""
+    return sorted(
+        path
+        for path in (build / "tests").rglob("*")
+        if path.is_file() and re.search(r"_tests?$", path.name) and os.access(path, os.X_OK)
+    )
+
+
+def told(build, everything):
+    """What the counts say of src/, as lcov's records."""
+    first, *others = programs(build)
+    command = ["llvm-cov-14", "export", "-format=lcov", f"-instr-profile={everything}", first]
+    command += [f"-object={each}" for each in others]
+    command.append(ROOT / "src")
+    return subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout
+
+
+def parsed(records):
     sources = {}
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        for files in pool.map(measured, notes):
-            for path, lines in files:
-                if path.is_relative_to(ROOT / "src"):
-                    source = sources.setdefault(str(path.relative_to(ROOT)), Source())
-                    for line in lines:
-                        source.add(line)
+    source = Source()
+    for record in records.splitlines():
+        kind, _, value = record.partition(":")
+        if kind == "SF":
+            source = sources.setdefault(str(pathlib.Path(value).relative_to(ROOT)), Source())
+        elif kind == "DA":
+            line, count = value.split(",")[:2]
+            source.lines[int(line)] = source.lines.get(int(line), 0) + int(count)
+        elif kind == "BRDA":
+            *way, count = value.split(",")
+            known = source.branches.get(tuple(way), 0)
+            source.branches[tuple(way)] = known + (0 if count == "-" else int(count))
     return sources
 
 
@@ -77,35 +84,32 @@ def share(counts):
 def row(name, sources):
     """Prints one row; returns the per cent of lines reached."""
     lines = share(count for source in sources for count in source.lines.values())
-    branches = share(
-        count for source in sources for ways in source.branches.values() for count in ways
-    )
+    branches = share(count for source in sources for count in source.branches.values())
     print(f"{name:24} {lines:6.1f} % of lines {branches:6.1f} % of branches")
     return lines
 
 
-def report(sources):
+def report(sources, with_lines):
     """Prints the table; returns the shares that the floor is for."""
-    for name in sorted(sources):
+    for name in sorted(sources) if with_lines else ():
         if missed := sources[name].missed():
             print(f"{name}: not reached: {', '.join(map(str, missed))}")
     for folder in sorted({str(pathlib.Path(name).parent) for name in sources}):
         row(folder, [each for name, each in sources.items() if str(pathlib.Path(name).parent) == folder])
     readers = [each for name, each in sources.items() if READERS.fullmatch(name)]
-    return [row("the readers", readers), row("src", sources.values())]
+    return [row("the readers", readers), row("src", list(sources.values()))]
 
 
 def main():
-    arguments = [each for each in sys.argv[1:] if not each.startswith("--")]
-    build = pathlib.Path(arguments[0]).resolve()
-    if "--reset" in sys.argv:
-        for counts in (build / "src").rglob("*.gcda"):
-            counts.unlink()
-        return 0
-    shares = report(collect(build, int(arguments[1]) if len(arguments) > 1 else 1))
-    floor = float(os.environ.get("OV_COVERAGE_FLOOR") or 0)
-    if min(shares) < floor:
-        print(f"less than {floor:g} % of the lines were reached")
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--floor", type=float, default=0)
+    parser.add_argument("--lines", action="store_true")
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("counts", type=pathlib.Path)
+    options = parser.parse_args()
+    records = told(options.build.resolve(), merged(options.counts.resolve()))
+    if min(report(parsed(records), options.lines)) < options.floor:
+        print(f"less than {options.floor:g} % of the lines were reached")
         return 1
     return 0
 
