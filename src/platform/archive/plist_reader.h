@@ -123,7 +123,7 @@ inline PlistItem PlistReader::item(std::uint64_t object) const {
   const std::byte* at = begin_ + offset(object);
   const auto marker = static_cast<unsigned>(*at++);
   const Counted counted = counted_[marker >> 4];
-  const unsigned count = marker & 0x0FU;
+  const std::uint64_t count = marker & 0x0FU;
   if (counted.unit == 0) return fixed(marker, at, object);
   if (count == plist::kLengthFollows) return longItem(counted, at, object);
   if (count * counted.unit > static_cast<std::uint64_t>(table_ - at))
