@@ -33,9 +33,10 @@ class OV_EXPORT DictionaryEntries {
   void set(const OVString& key, OVRef<OVObject> value);
   /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
   void add(const OVString& key, OVRef<OVObject> value);
+  /// These entries instead of all others. Of equal keys the first counts, values may be null.
+  void assign(std::vector<Entry> entries);
   bool erase(std::string_view key);
   void clear();
-  void reserve(std::size_t count);
 
   /// All slots, removed ones included.
   [[nodiscard]] const Entry* begin() const { return entries_.data(); }
@@ -46,6 +47,7 @@ class OV_EXPORT DictionaryEntries {
 
  private:
   [[nodiscard]] std::size_t slotOf(std::string_view key) const;
+  bool isFirst(std::size_t position);
   void append(const OVString& key, OVRef<OVObject> value);
   void rebuild();
 
@@ -170,6 +172,7 @@ class OVDictionary final : public ov::detail::AnyDictionary {
   void set(const OVString& key, const mapped_type& value) { entries()->set(key, value); }
 
  private:
+  friend struct ov::detail::Maker;
   explicit OVDictionary(std::shared_ptr<ov::detail::DictionaryEntries> entries)
       : AnyDictionary(std::move(entries)) {}
 };

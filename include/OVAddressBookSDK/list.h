@@ -176,6 +176,7 @@ class OVList final : public ov::detail::AnyList {
   }
 
  private:
+  friend struct ov::detail::Maker;
   explicit OVList(std::shared_ptr<ov::detail::ListElements> elements)
       : AnyList(std::move(elements)) {}
 };

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/single_threaded.h>
-
 #include <atomic>
 #include <compare>
 #include <concepts>
@@ -33,10 +31,10 @@ class OV_EXPORT TextObject : public OVObject {
 
   /// Keeps the text alive. Constants are never counted.
   void retain() const {
-    if (!isConstant()) add(1, std::memory_order_relaxed);
+    if (!isConstant()) count(1, std::memory_order_relaxed);
   }
   void release() const {
-    if (!isConstant() && add(-1, std::memory_order_acq_rel) == 1) destroy();
+    if (!isConstant() && count(-1, std::memory_order_acq_rel) == 1) destroy();
   }
 
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
@@ -56,14 +54,8 @@ class OV_EXPORT TextObject : public OVObject {
  private:
   void destroy() const;
 
-  /// What was counted before. While there is one thread, no bus needs to be locked.
-  std::uint32_t add(int change, std::memory_order order) const {
-    const auto added = static_cast<std::uint32_t>(change);
-    if (__libc_single_threaded == 0) return references_.fetch_add(added, order);
-    const std::uint32_t before = references_.load(std::memory_order_relaxed);
-    references_.store(before + added, std::memory_order_relaxed);
-    return before;
-  }
+  /// Gives the number of references before.
+  std::uint32_t count(int change, std::memory_order order) const;
 
   mutable std::atomic<std::uint32_t> references_;
   std::uint32_t size_;

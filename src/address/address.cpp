@@ -28,7 +28,7 @@ constexpr std::array kStoredAs = []() {
   return fields;
 }();
 
-using Values = OVDictionary<OVString>;
+using Values = ov::detail::AnyDictionary;
 
 std::size_t countOf(const OVRef<Values>& values) { return values == nullptr ? 0 : values->size(); }
 
@@ -53,7 +53,7 @@ bool sameValues(const OVRef<Values>& a, const OVRef<Values>& b) {
 
 OVRef<OVObjectAddress> OVObjectAddress::init() {
   auto address = ov::detail::Maker::make<OVObjectAddress>();
-  address->valueDic_ = Values::dictionary();
+  address->valueDic_ = OVDictionary<OVString>::dictionary();
   return address;
 }
 
@@ -68,7 +68,10 @@ OVString OVObjectAddress::standFieldName(const OVString& fieldName) {
 }
 
 OVString OVObjectAddress::stringValueByFieldName(const OVString& fieldName) const {
-  return valueDic_ == nullptr ? OVString() : (*valueDic_)[standFieldName(fieldName)];
+  const OVString standardName = standFieldName(fieldName);
+  if (valueDic_ == nullptr || standardName.isNull()) return nullptr;
+  const auto* entry = valueDic_->entries()->find(standardName);
+  return entry == nullptr ? OVString() : ov::cast<OVString>(entry->value);
 }
 
 void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVString& fieldName) {
@@ -77,7 +80,7 @@ void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OV
   if (value.empty()) {
     valueDic_->erase(standardName);
   } else {
-    valueDic_->set(standardName, value);
+    valueDic_->entries()->set(standardName, value);
   }
 }
 

@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/phone.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -21,10 +22,15 @@ char lowByte(char16_t unit) { return static_cast<char>(unit & 0xFF); }
 
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
+constexpr std::array kMayStandInNumber = []() {
+  std::array<bool, 256> allowed{};
+  for (const char byte : std::string_view("0123456789 \xA0()+-"))
+    allowed[static_cast<unsigned char>(byte)] = true;
+  return allowed;
+}();
+
 bool mayStandInNumber(char16_t unit) {
-  constexpr std::string_view kSigns = " \xA0()+-";
-  const char byte = lowByte(unit);
-  return isDigit(byte) || kSigns.find(byte) != std::string_view::npos;
+  return kMayStandInNumber[static_cast<unsigned char>(lowByte(unit))];
 }
 
 void openDigits(const char* scheme, const OVObjectPhone& phone) {

@@ -1,9 +1,11 @@
 #include <OVAddressBookSDK/dictionary.h>
 
+#include <algorithm>
 #include <bit>
 #include <functional>
 #include <limits>
 #include <new>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -15,6 +17,14 @@ namespace {
 
 /// Up to this many slots a look-up walks them; beyond, it hashes.
 constexpr std::size_t kSmall = 8;
+
+constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max() / 4;
+
+/// How many slots there are for so many entries, at most three quarters of them taken.
+std::size_t slotsFor(std::size_t entries) {
+  if (entries > kMost) throw std::length_error("OVDictionary: too many entries");
+  return entries <= kSmall ? 0 : std::bit_ceil(entries + entries / 2);
+}
 
 std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
 
@@ -63,10 +73,37 @@ void DictionaryEntries::add(const OVString& key, OVRef<OVObject> value) {
   if (find(key) == nullptr) append(key, std::move(value));
 }
 
-void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
-  if (entries_.size() >= std::numeric_limits<std::uint32_t>::max() / 4) {
-    throw std::length_error("OVDictionary: too many entries");
+void DictionaryEntries::assign(std::vector<Entry> entries) {
+  std::vector<std::uint32_t> slots(slotsFor(entries.size()));
+  const std::vector<Entry> replaced = std::exchange(entries_, std::move(entries));
+  slots_.swap(slots);
+  live_ = 0;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    Entry& entry = entries_[i];
+    if (isFirst(i)) {
+      ++live_;
+    } else {
+      entry.key = nullptr;
+      dispose(std::exchange(entry.value, nullptr));
+    }
   }
+}
+
+/// Whether no earlier entry has the key; from then on it is found under it.
+bool DictionaryEntries::isFirst(std::size_t position) {
+  const OVString& key = entries_[position].key;
+  if (slots_.empty()) {
+    const auto earlier = std::span(entries_).first(position);
+    return std::ranges::find(earlier, key, &Entry::key) == earlier.end();
+  }
+  std::uint32_t& slot = slots_[slotOf(key)];
+  if (slot != 0) return false;
+  slot = static_cast<std::uint32_t>(position + 1);
+  return true;
+}
+
+void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
+  if (entries_.size() >= kMost) throw std::length_error("OVDictionary: too many entries");
   entries_.push_back({key, std::move(value)});
   ++live_;
   if (entries_.size() <= kSmall && slots_.empty()) return;
@@ -105,15 +142,10 @@ void DictionaryEntries::clear() {
   live_ = 0;
 }
 
-void DictionaryEntries::reserve(std::size_t count) {
-  entries_.reserve(count);
-  if (count > kSmall) rebuild();
-}
-
 /// Drops removed entries and lays the hash table out anew. Without memory for that nothing changes.
 void DictionaryEntries::rebuild() {
   const std::size_t room = std::max(entries_.capacity(), entries_.size());
-  std::vector<std::uint32_t> slots(room <= kSmall ? 0 : std::bit_ceil(room + room / 2));
+  std::vector<std::uint32_t> slots(slotsFor(room));
   std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNull(); });
   slots_.swap(slots);
   if (slots_.empty()) return;

@@ -63,11 +63,17 @@ struct Maker {
     return std::allocate_shared<T>(Allocator<T, Heap>(), std::forward<Arguments>(arguments)...);
   }
 
-  /// `OVClass::make` of T: in the thread's arena, if it has one.
+  /// In the thread's arena, if it has one.
+  template <class T, class... Arguments>
+  static std::shared_ptr<T> restore(Arguments&&... arguments) {
+    if (ObjectArena::current() == nullptr) return make<T>(std::forward<Arguments>(arguments)...);
+    return std::allocate_shared<T>(Allocator<T, Arena>(), std::forward<Arguments>(arguments)...);
+  }
+
+  /// `OVClass::make` of T.
   template <class T>
   static OVRef<OVObject> empty() {
-    if (ObjectArena::current() == nullptr) return make<T>();
-    return std::allocate_shared<T>(Allocator<T, Arena>());
+    return restore<T>();
   }
 
  private:

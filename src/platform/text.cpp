@@ -1,5 +1,7 @@
 #include <OVAddressBookSDK/text.h>
 
+#include <sys/single_threaded.h>
+
 #include <limits>
 #include <memory>
 #include <new>
@@ -20,6 +22,15 @@ TextObject* TextObject::make(std::string_view wellFormed) {
   void* place = ::operator new(textBytes(wellFormed));
   storeCharacters(place, wellFormed);
   return ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
+}
+
+std::uint32_t TextObject::count(int change, std::memory_order order) const {
+  const auto added = static_cast<std::uint32_t>(change);
+  if (__libc_single_threaded == 0) return references_.fetch_add(added, order);
+  // With one thread there is nobody to lock out.
+  const std::uint32_t before = references_.load(std::memory_order_relaxed);
+  references_.store(before + added, std::memory_order_relaxed);
+  return before;
 }
 
 void TextObject::destroy() const {

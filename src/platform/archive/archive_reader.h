@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/text.h>
@@ -85,7 +86,8 @@ class ArchiveReader {
   /// Reads an array of references; leaves `elements` alone when there is none.
   bool readElements(const ArchiveFields& fields, std::string_view key,
                     std::vector<OVRef<OVObject>>& elements);
-  bool readTexts(const ArchiveFields& fields, std::string_view key, std::vector<OVString>& texts);
+  /// Reads the keys and values of a dictionary.
+  void readEntries(const ArchiveFields& fields, DictionaryEntries& entries);
   /// Reads the elements of a list object that the caller makes its own.
   bool readList(Item item, std::vector<OVRef<OVObject>>& elements);
   void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);

@@ -115,16 +115,18 @@ OVRef<OVObject> ArchiveReader::makeCollection(std::string_view className,
   const bool isDictionary = className == kDictionaryClass.name;
   if (isArray || className == kMutableArrayClass.name) {
     if (!form(fields, archive::kArrayObjects, Kind::array)) return nullptr;
-    return isArray ? OVList<OVObject>::immutableList() : OVList<OVObject>::list();
+    auto elements = Maker::restore<ListElements>();
+    elements->immutable = isArray;
+    return Maker::restore<OVList<OVObject>>(std::move(elements));
   }
   if (isDictionary || className == kMutableDictionaryClass.name) {
     const auto keys = form(fields, archive::kDictionaryKeys, Kind::array);
     if (!keys || !form(fields, archive::kArrayObjects, Kind::array) || !areTexts(*keys)) {
       return nullptr;
     }
-    auto made = OVDictionary<OVObject>::dictionary();
-    made->entries()->immutable = isDictionary;
-    return made;
+    auto entries = Maker::restore<DictionaryEntries>();
+    entries->immutable = isDictionary;
+    return Maker::restore<OVDictionary<OVObject>>(std::move(entries));
   }
   return nullptr;
 }

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <string>
 
 #include <OVAddressBookSDK/dictionary.h>
 
@@ -13,8 +14,19 @@ namespace {
 
 constexpr std::uint64_t kMostKeys = 64;
 
+/// Some dozens of bytes mostly: fewer than a call is worth.
 bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
+  if (a.size() != b.size()) return false;
+  std::size_t at = 0;
+  for (std::uint64_t x = 0, y = 0; a.size() - at >= sizeof x; at += sizeof x) {
+    std::memcpy(&x, a.data() + at, sizeof x);
+    std::memcpy(&y, b.data() + at, sizeof y);
+    if (x != y) return false;
+  }
+  for (; at < a.size(); ++at) {
+    if (a[at] != b[at]) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -105,16 +117,23 @@ bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view k
   return true;
 }
 
-bool ArchiveReader::readTexts(const ArchiveFields& fields, std::string_view key,
-                              std::vector<OVString>& texts) {
-  const auto array = form(fields, key, Kind::array);
-  if (!array) return false;
-  charge(array->count * 2 * sizeof(DictionaryEntries::Entry));
-  texts.reserve(static_cast<std::size_t>(array->count));
-  for (std::uint64_t i = 0; i < array->count; ++i) {
-    texts.push_back(textOf(plist_.reference(*array, i)));
+void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryEntries& entries) {
+  const PlistItem keys = form(fields, archive::kDictionaryKeys, Kind::array).value_or(PlistItem());
+  const PlistItem values = form(fields, archive::kArrayObjects, Kind::array).value_or(PlistItem());
+  if (keys.count != values.count) {
+    throw OVInvalidArchive("a dictionary with " + std::to_string(keys.count) + " keys and " +
+                           std::to_string(values.count) + " values");
   }
-  return true;
+  charge(keys.count * 3 * sizeof(DictionaryEntries::Entry));
+  // The keys first: they mostly stand together.
+  std::vector<DictionaryEntries::Entry> read(static_cast<std::size_t>(keys.count));
+  std::uint64_t at = 0;
+  for (DictionaryEntries::Entry& entry : read) entry.key = textOf(plist_.reference(keys, at++));
+  at = 0;
+  for (DictionaryEntries::Entry& entry : read) {
+    entry.value = objectAt(uidOf(plist_.reference(values, at++)));
+  }
+  entries.assign(std::move(read));
 }
 
 bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) {

@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <typeinfo>
 
-#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/list.h>
 
 namespace ov::detail {
@@ -183,6 +182,23 @@ ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObje
   const Number array = plist_.array(elements_.from(first));
   elements_.truncate(first);
   return array;
+}
+
+void ArchiveWriter::entryFields(const DictionaryEntries& entries) {
+  const std::size_t count = entries.size();
+  const std::size_t keys = elements_.size();
+  const std::size_t values = keys + count;
+  elements_.extend(2 * count);
+  std::size_t i = 0;
+  for (const DictionaryEntries::Entry& entry : entries) {
+    if (entry.key.isNull()) continue;
+    elements_[keys + i] = reference(entry.key);
+    elements_[values + i] = reference(entry.value);
+    ++i;
+  }
+  field(archive::kDictionaryKeys, plist_.array(elements_.span().subspan(keys, count)));
+  field(archive::kArrayObjects, plist_.array(elements_.span().subspan(values, count)));
+  elements_.truncate(keys);
 }
 
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {

@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/text.h>
@@ -54,7 +55,8 @@ class ArchiveWriter {
   /// An array as an object of its own.
   Number listReference(std::span<const OVRef<OVObject>> items);
   Number referenceArray(std::span<const OVRef<OVObject>> items);
-  Number array(std::span<const Number> elements) { return plist_.array(elements); }
+  /// The fields of a dictionary object.
+  void entryFields(const DictionaryEntries& entries);
   /// A value that stands in the object itself; equal ones are written once.
   Number inlineText(std::string_view text);
   Number inlineInteger(std::int64_t value);

@@ -45,35 +45,12 @@ const OVClass* AnyDictionary::classForCoder() const {
 }
 
 void AnyDictionary::encodeWithCoder(OVKeyedArchiver& coder) const {
-  ArchiveWriter& writer = coder.writer_;
-  std::vector<ArchiveWriter::Number> keys;
-  std::vector<ArchiveWriter::Number> values;
-  keys.reserve(size());
-  values.reserve(size());
-  for (const DictionaryEntries::Entry& entry : *entries_) {
-    if (entry.key.isNull()) continue;
-    keys.push_back(writer.reference(entry.key));
-    values.push_back(writer.reference(entry.value));
-  }
-  writer.field(archive::kDictionaryKeys, writer.array(keys));
-  writer.field(archive::kArrayObjects, writer.array(values));
+  coder.writer_.entryFields(*entries_);
 }
 
 void AnyDictionary::initWithCoder(OVKeyedUnarchiver& coder) {
-  std::vector<OVString> keys;
-  std::vector<OVRef<OVObject>> values;
-  coder.reader_.readTexts(coder.fields_, archive::kDictionaryKeys, keys);
-  coder.reader_.readElements(coder.fields_, archive::kArrayObjects, values);
-  if (keys.size() != values.size()) {
-    throw OVInvalidArchive("a dictionary with " + std::to_string(keys.size()) + " keys and " +
-                           std::to_string(values.size()) + " values");
-  }
   entries_->clear();
-  entries_->reserve(keys.size());
-  // Of two equal keys the first counts.
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    entries_->add(keys[i], std::move(values[i]));
-  }
+  coder.reader_.readEntries(coder.fields_, *entries_);
 }
 
 }  // namespace ov::detail
