@@ -57,6 +57,28 @@ TEST_P(DictionaryOfSize, KeepsOrderAndFindsEveryKey) {
   expectEqual(*dictionary, reference);
 }
 
+TEST_P(DictionaryOfSize, TakesEntriesAtOnceAndKeepsTheFirstOfEqualKeys) {
+  const auto dictionary = Texts::dictionary({{"replaced", "x"}});
+  Reference reference;
+  std::vector<ov::detail::DictionaryEntries::Entry> entries;
+  for (int i = 0; i < 2 * GetParam(); ++i) {
+    const OVString key = "key " + std::to_string(i * 7919 % GetParam());
+    const OVString value = std::to_string(i);
+    entries.push_back({key, value});
+    if (reference.find(key) == reference.entries.end()) reference.set(key, value);
+  }
+  dictionary->entries()->assign(std::move(entries));
+  expectEqual(*dictionary, reference);
+
+  for (int i = 0; i < 20; ++i) {
+    const OVString key = "another " + std::to_string(i);
+    dictionary->set(key, "y");
+    reference.set(key, "y");
+  }
+  EXPECT_EQ(dictionary->erase("key 0"), reference.erase("key 0"));
+  expectEqual(*dictionary, reference);
+}
+
 TEST_P(DictionaryOfSize, CanBeEmptiedFromEitherEnd) {
   for (const bool fromFront : {true, false}) {
     const auto dictionary = Texts::dictionary();
