@@ -132,8 +132,9 @@ ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
   // Counted whether it waits or not: the order in the block must not depend on who shares a text.
   const bool waits = mayWait && textsSincePromises_++ < PlistWriter::kPromises;
   if (countsReferences() && text.isShared()) {
-    const RecentText& recent = recentTexts_[recentSlot(&text)];
-    if (recent.text == &text) return recent.reference;
+    const RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
+    if (recent[0].text == &text) return recent[0].reference;
+    if (recent[1].text == &text) return recent[1].reference;
   }
   const LeafTable::Hash hash = hashOf(text);
   return waits ? promiseText(text, hash) : writeText(text, hash);
@@ -146,7 +147,11 @@ LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
 ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable::Hash hash) {
   plist_.text({text.data(), text.size()});
   const Number reference = leafReference(leaves_.addLast(hash));
-  if (countsReferences() && text.isShared()) recentTexts_[recentSlot(&text)] = {&text, reference};
+  if (countsReferences() && text.isShared()) {
+    RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
+    recent[1] = recent[0];
+    recent[0] = {&text, reference};
+  }
   return reference;
 }
 

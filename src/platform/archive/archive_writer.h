@@ -156,7 +156,7 @@ class ArchiveWriter {
   std::unordered_map<std::string, Number> classRecords_;
   KeyNumbers keys_;
   std::array<Number, 256> smallIntegers_{};
-  std::array<RecentText, kRecent> recentTexts_{};
+  std::array<RecentText, kRecent> recentTexts_{};  // in pairs, the later one first
   std::array<PromisedText, PlistWriter::kPromises> promised_{};
   Number promisedCount_ = 0;
   unsigned textsSincePromises_ = 0;
