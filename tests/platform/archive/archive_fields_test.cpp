@@ -181,6 +181,28 @@ TEST(ArchiveFields, TheSameKeysMayComeFromChangingBuffers) {
   });
 }
 
+TEST(ArchiveFields, ObjectsMayAskForTheirKeysInOrdersOfTheirOwnFromOneBuffer) {
+  OVKeyedUnarchiver::registerClass(Scripted::record());
+  Scripted::encode = [](OVKeyedArchiver& coder) {
+    coder.encodeIntegerForKey(1, "a");
+    coder.encodeIntegerForKey(2, "b");
+  };
+  const auto block = archiveOf(
+      OVList<OVObject>::list({std::make_shared<Scripted>(), std::make_shared<Scripted>()}));
+  std::vector<std::int64_t> read;
+  std::string order = "ab";
+  char key[2] = "";
+  Scripted::decode = [&](OVKeyedUnarchiver& coder) {
+    for (const char letter : order) {
+      key[0] = letter;
+      read.push_back(coder.decodeIntegerForKey(key));
+    }
+    order = "ba";
+  };
+  EXPECT_NE(unarchived(block), nullptr);
+  EXPECT_EQ(read, (std::vector<std::int64_t>{1, 2, 2, 1}));
+}
+
 TEST(ArchiveFields, ObjectsWithAsManyKeysHaveTheirOwn) {
   OVKeyedUnarchiver::registerClass(Scripted::record());
   int objects = 0;
