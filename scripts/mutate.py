@@ -10,11 +10,12 @@ Exits with 1 when fewer than PERCENT of the changes were noticed.
 """
 
 import argparse
+import collections
 import concurrent.futures
 import contextlib
+import hashlib
 import os
 import pathlib
-import random
 import re
 import shutil
 import signal
@@ -115,19 +116,25 @@ class Tree:
 
 
 def drawn(sources, equivalents, count, seed):
-    """The mutants to try: [(path, mutant)], as many of each kind as there are, up to a third."""
-    dice = random.Random(seed)
+    """The mutants to try: [(path, mutant)], up to a third of each kind.
+
+    Which ones depends on the seed and on each alone, so that a change of the sources, or of the list
+    of equivalents, leaves the others as they were.
+    """
+    ranked = []
+    met = collections.Counter()
+    for path, source in sources.items():
+        for mutant in mutants_of(source):
+            name = key(path, source, mutant)
+            met[name] += 1
+            rank = hashlib.sha256(f"{seed} {met[name]} {name}".encode()).digest()
+            ranked.append((rank, name, path, mutant))
+    ranked.sort(key=lambda each: each[0])
     chosen = []
     for number, kind in enumerate(KINDS):
-        known = [
-            (path, mutant)
-            for path, source in sources.items()
-            for mutant in mutants_of(source)
-            if mutant.kind == kind and key(path, source, mutant) not in equivalents
-        ]
-        share = (count + number) // len(KINDS)
-        chosen += dice.sample(known, min(share, len(known)))
-    return chosen
+        drawn_of_kind = [each for each in ranked if each[3].kind == kind]
+        chosen += drawn_of_kind[: (count + number) // len(KINDS)]
+    return [(path, mutant) for _, name, path, mutant in chosen if name not in equivalents]
 
 
 def key(path, source, mutant):
@@ -155,7 +162,7 @@ def attempt(tree, path, mutant):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--count", type=int, default=120)
+    parser.add_argument("--count", type=int, default=60)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--floor", type=float, default=90)
     parser.add_argument("--file", action="append", help="only this file, or files below this folder")

@@ -134,6 +134,14 @@ class Mutate(unittest.TestCase):
             known = {mutate.key(path, source, each) for each in mutants.mutants_of(source)}
             with self.subTest(line=line):
                 self.assertIn(line, known)
+                drawn = mutate.drawn({path: source}, listed, 9999, 1)
+                self.assertNotIn(line, {mutate.key(path, source, each) for _, each in drawn})
+
+    def test_the_others_stay_when_one_is_listed(self):
+        path, source = pathlib.Path("a.cpp"), "\n".join(f"f({i});" for i in range(100))
+        first, *others = mutate.drawn({path: source}, set(), 30, 1)
+        listed = {mutate.key(path, source, first[1])}
+        self.assertEqual(mutate.drawn({path: source}, listed, 30, 1), others)
 
 
 if __name__ == "__main__":

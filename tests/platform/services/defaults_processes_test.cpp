@@ -125,6 +125,17 @@ TEST_F(DefaultsProcesses, AForkedChildReadsAndSetsAsItsParentDoes) {
   EXPECT_EQ(integer(*read, "child again"), 4);
 }
 
+TEST_F(DefaultsProcesses, AProcessMayHaveNoStandardFiles) {
+  ChildProcess process([this] {
+    for (const int number : {0, 1, 2}) ::close(number);
+    const auto defaults = openStore();
+    setInteger(*defaults, 1, "key");
+    return defaults->synchronize() && integer(*openStore(), "key") == 1;
+  });
+  EXPECT_TRUE(process.succeeded());
+  EXPECT_EQ(integer(*openStore(), "key"), 1);
+}
+
 TEST_F(DefaultsProcesses, NoDescriptorStaysOpenForAForkToInherit) {
   const auto before = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
   const auto defaults = openStore();
