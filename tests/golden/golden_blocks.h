@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,8 @@ struct GoldenBlock {
   std::string name;
   OVRef<OVData> block;
   std::string content;
+
+  friend void PrintTo(const GoldenBlock& block, std::ostream* stream) { *stream << block.name; }
 };
 
 /// All blocks of a folder by name, whether or not a graph is still known for them. Throws when one
