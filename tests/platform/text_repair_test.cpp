@@ -1,3 +1,4 @@
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,8 @@ struct Repair {
   const char* name;
   std::string_view given;
   std::string_view kept;
+
+  friend void PrintTo(const Repair& repair, std::ostream* stream) { *stream << repair.name; }
 };
 
 class TextRepair : public testing::TestWithParam<Repair> {};
