@@ -3,9 +3,10 @@
 BUILD_JOBS ?= $(shell nproc)
 TEST_JOBS ?= $(shell nproc)
 
-# Debug builds of the same file in several folders share one entry; precompiled headers are cached.
+# Debug builds of the same file in several folders share one entry, also below ctest, which changes
+# the locale; precompiled headers are cached.
 export CCACHE_NOHASHDIR := 1
-export CCACHE_SLOPPINESS := pch_defines,time_macros
+export CCACHE_SLOPPINESS := pch_defines,time_macros,locale
 
 MAKEFLAGS += --no-print-directory
 
