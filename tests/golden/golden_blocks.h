@@ -14,7 +14,7 @@ struct GoldenBlock {
   OVRef<OVData> block;
   std::string content;
 
-  friend void PrintTo(const GoldenBlock& block, std::ostream* stream) { *stream << block.name; }
+  friend void PrintTo(const GoldenBlock& golden, std::ostream* stream) { *stream << golden.name; }
 };
 
 /// All blocks of a folder by name, whether or not a graph is still known for them. Throws when one
