@@ -35,7 +35,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Row{"sr_RS@latin", "sr_Latn_RS"}, Row{"sr_RS.UTF-8@latin", "sr_Latn_RS"},
                     Row{"sr@latin", "sr_Latn"}, Row{"uz_UZ@cyrillic", "uz_Cyrl_UZ"},
                     Row{"ks_IN@devanagari", "ks_Deva_IN"}, Row{"sd_IN@Devanagari", "sd_Deva_IN"},
-                    Row{"pa_PK@arabic", "pa_Arab_PK"}, Row{"sr_Cyrl_RS@latin", "sr_Cyrl_RS"}));
+                    Row{"pa_PK@arabic", "pa_Arab_PK"}, Row{"zh_SG@hans", "zh_Hans_SG"},
+                    Row{"zh_HK@hant", "zh_Hant_HK"}, Row{"sr_Cyrl_RS@latin", "sr_Cyrl_RS"}));
 
 INSTANTIATE_TEST_SUITE_P(OtherModifier, LocaleIdentifier,
                          testing::Values(Row{"de_DE@euro", "de_DE"},
