@@ -66,8 +66,6 @@ endif()
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
-# The longest of all tests begins first.
-set_tests_properties(project.consumer.add_subdirectory PROPERTIES COST 100)
 # Each of these builds the whole library, so they are only made when they are asked for.
 if(OV_TEST_EVERY_CONSUMER)
   foreach(compiler g++ clang++-14)
