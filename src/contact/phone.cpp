@@ -29,9 +29,7 @@ constexpr std::array kMayStandInNumber = []() {
   return allowed;
 }();
 
-bool mayStandInNumber(char16_t unit) {
-  return kMayStandInNumber[static_cast<unsigned char>(lowByte(unit))];
-}
+bool mayStandInNumber(char16_t unit) { return kMayStandInNumber[unit & 0xFF]; }
 
 void openDigits(const char* scheme, const OVObjectPhone& phone) {
   OVWorkspace::sharedWorkspace()->openURL(scheme + phone.adjustNumber(phone.phoneNumber()).str());
