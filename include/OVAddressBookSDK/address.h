@@ -54,6 +54,6 @@ class OV_EXPORT OVObjectAddress : public OVObject {
  private:
   friend struct ov::detail::Maker;
 
-  std::shared_ptr<ov::detail::AnyDictionary> valueDic_;  // of texts
+  OVRef<ov::detail::AnyDictionary> valueDic_;  // of texts
   OVAtomic<OVString> countryCode_;
 };
