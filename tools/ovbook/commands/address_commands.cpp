@@ -17,9 +17,9 @@ namespace {
 
 void printLayout(const std::string& code, std::ostream& out) {
   const auto layout = OVAddressFormater::fieldFormaterByCountryCode(code);
-  for (const auto& line : *layout) {
+  for (const auto& line : layout) {
     const char* separator = "";
-    for (const auto& field : *line) {
+    for (const auto& field : line) {
       out << separator << wordOfField(field->name());
       separator = " + ";
     }

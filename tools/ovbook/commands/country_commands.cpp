@@ -49,7 +49,7 @@ void addCountryCommands(CLI::App& ovbook, Session& session) {
   countries->footer("One line a country, ordered by name: its code, a tab, its name.");
   countries->callback([&session] {
     const auto all = OVCountry::allCountry();
-    for (const auto& country : *all) printCountry(*country, session.out());
+    for (const auto& country : all) printCountry(*country, session.out());
   });
 
   CLI::App* command = ovbook.add_subcommand("country", "Show or choose the default country");

@@ -20,9 +20,9 @@ namespace {
 void takeTags(const OVAddressBookGeneral& book, const OVTagManager& store) {
   const auto property = OVProperty::propertyWithName(OVProPertyTags);
   const auto persons = personsOf(book);
-  for (const auto& [ID, person] : *persons) {
+  for (const auto& [ID, person] : persons) {
     const auto tags = tagsOf(store, ID);
-    if (person == nullptr || tags->empty()) continue;
+    if (person == nullptr || tags.empty()) continue;
     person->setValueByProperty(OVPersonGeneral::singleValueByMacValueProperty(tags, property),
                                property);
   }

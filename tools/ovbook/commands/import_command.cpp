@@ -78,9 +78,9 @@ void reportProblems(const OVVCardBook& book, Session& session) {
 /// Every group once, each before its sub-groups.
 void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
   std::vector<OVRef<IOVGroup>> waiting;
-  const auto waitInOrder = [&](const OVRef<OVList<IOVGroup>>& groups) {
+  const auto waitInOrder = [&](const OVList<IOVGroup>& groups) {
     if (groups == nullptr) return;
-    for (std::size_t i = groups->size(); i > 0; --i) waiting.push_back((*groups)[i - 1]);
+    for (std::size_t i = groups.size(); i > 0; --i) waiting.push_back(groups[i - 1]);
   };
   std::unordered_set<OVString> added;
   waitInOrder(book.rootGroups());
@@ -96,7 +96,7 @@ void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
 OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
   auto snapshot = OVAddressBookGeneral::init();
   const auto persons = book.allPersons();
-  for (const auto& person : *persons) snapshot->addPerson(person);
+  for (const auto& person : persons) snapshot->addPerson(person);
   addGroups(*snapshot, book);
   return snapshot;
 }
@@ -107,9 +107,9 @@ OVRef<OVTagManager> tagsOfCards(const OVAddressBook& book, const std::string& st
   auto tags = openTagStore(store);
   tags->setTagID(nullptr);  // or each of many changes would save the whole store
   const auto persons = book.allPersons();
-  for (const auto& person : *persons) {
+  for (const auto& person : persons) {
     const auto tagArray = person->tagArray();
-    if (tagArray != nullptr && !tagArray->empty()) {
+    if (tagArray != nullptr && !tagArray.empty()) {
       tags->setTagsForPersonID(tagArray, person->ID());
     }
   }
@@ -143,8 +143,8 @@ struct Import {
     const auto data = book->saveToData();
     writeFile(target, data);
     if (tags != nullptr) saveTags(*tags);
-    session.out() << printable(target) << ": " << counted(book->personsDic()->size(), "person")
-                  << ", " << counted(book->groupsDic()->size(), "group") << ", "
+    session.out() << printable(target) << ": " << counted(book->personsDic().size(), "person")
+                  << ", " << counted(book->groupsDic().size(), "group") << ", "
                   << counted(data->size(), "byte") << '\n';
   }
 };

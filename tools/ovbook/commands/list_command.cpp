@@ -25,7 +25,7 @@ std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>&
 
 void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
   const auto persons = personsOf(book);
-  for (const auto& [ID, person] : *persons) {
+  for (const auto& [ID, person] : persons) {
     const char* separator = "";
     for (const std::string& field : rowOf(ID, person)) {
       out << separator << tsvField(field);
@@ -38,7 +38,7 @@ void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
 void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
   Table table;
   const auto persons = personsOf(book);
-  for (const auto& [ID, person] : *persons) {
+  for (const auto& [ID, person] : persons) {
     std::vector<std::string> row = rowOf(ID, person);
     for (std::string& cell : row) cell = printable(cell);
     table.add(std::move(row));

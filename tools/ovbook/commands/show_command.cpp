@@ -24,17 +24,17 @@ class Sheets {
   void showAll() {
     const auto persons = personsOf(*book_);
     const auto groups = groupsOf(*book_);
-    for (const auto& [ID, person] : *persons) showPerson(ID, person);
-    for (const auto& [ID, group] : *groups) showGroup(ID, group);
+    for (const auto& [ID, person] : persons) showPerson(ID, person);
+    for (const auto& [ID, group] : groups) showGroup(ID, group);
   }
 
   /// The person and the group of this ID.
   void show(const OVString& ID) {
     const auto persons = personsOf(*book_);
     const auto groups = groupsOf(*book_);
-    if (persons->contains(ID)) showPerson(ID, (*persons)[ID]);
-    if (groups->contains(ID)) showGroup(ID, (*groups)[ID]);
-    if (!persons->contains(ID) && !groups->contains(ID)) {
+    if (persons.contains(ID)) showPerson(ID, persons[ID]);
+    if (groups.contains(ID)) showGroup(ID, groups[ID]);
+    if (!persons.contains(ID) && !groups.contains(ID)) {
       session_.complain(ID.str() + ": the book holds no person and no group of this ID");
     }
   }

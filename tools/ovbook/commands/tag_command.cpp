@@ -34,7 +34,7 @@ void printTags(const OVTagManager& tags, std::ostream& out) {
     const OVString tag = tags.tagAtIndex(i);
     out << tsvField(tag);
     if (const auto personIDs = tags.personIDsByTag(tag)) {
-      for (const OVString& personID : *personIDs) out << '\t' << tsvField(personID);
+      for (const OVString& personID : personIDs) out << '\t' << tsvField(personID);
     }
     out << '\n';
   }
@@ -97,7 +97,7 @@ void addSetAction(const TagCommand& tag) {
   const auto* names = addArguments(*action, "TAG", "The tags", 1);
   action->callback([=, store = &tag.store] {
     const auto list = OVList<OVString>::list();
-    for (const std::string& name : textsOf(*names)) list->push_back(name);
+    for (const std::string& name : textsOf(*names)) list.push_back(name);
     changeStore(*store,
                 [=](OVTagManager& tags) { tags.setTagsForPersonID(list, textOf(*person)); });
   });
