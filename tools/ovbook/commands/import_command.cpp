@@ -8,16 +8,14 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
-#include "arguments.h"
 #include "commands/commands.h"
 #include "files.h"
 #include "output/escape.h"
 #include "output/progress_bar.h"
+#include "parser.h"
 #include "preferences.h"
 #include "session.h"
 #include "tag_store.h"
@@ -151,19 +149,19 @@ struct Import {
 
 }  // namespace
 
-void addImportCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command = ovbook.add_subcommand("import", "Make a book from vCard files");
-  command->footer(
+void addImportCommand(const Command& ovbook, Session& session) {
+  const Command command = ovbook.addCommand("import", "Make a book from vCard files");
+  command.setFooter(
       "The book is written whole or not at all. Cards that cannot be read are named with file and\n"
       "line and left out; the exit status is 1 then.");
-  const auto* files = addArguments(*command, "FILE", "The vCard files to read", 1);
-  const auto* target =
-      addOption(*command, "-o,--output", "BOOK", "The book to write; replaced if there is one")
-          ->required();
-  const auto* store = addOption(*command, "--tags", "STORE",
-                                "Also give the persons their categories as tags in this store");
-  command->callback([=, &session] {
-    const Import import{textsOf(*files), textOf(*target), textOf(*store)};
+  const Argument files = command.addArguments("FILE", "The vCard files to read", 1);
+  const Argument target =
+      command.addOption("-o,--output", "BOOK", "The book to write; replaced if there is one")
+          .required();
+  const Argument store = command.addOption(
+      "--tags", "STORE", "Also give the persons their categories as tags in this store");
+  command.setAction([=, &session] {
+    const Import import{files.texts(), target.text(), store.text()};
     import.run(session);
   });
 }
