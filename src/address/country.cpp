@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <functional>
 #include <stdexcept>
 #include <string_view>
 #include <unordered_set>
@@ -24,8 +23,8 @@ constexpr OVString kDefaultCountryKey(ov::detail::kConstant<"Default_Country_Key
 constexpr OVString kUnitedStates(ov::detail::kConstant<"us">);
 
 struct Countries {
-  OVRef<OVList<OVCountry>> list = OVList<OVCountry>::list();
-  OVRef<OVDictionary<OVCountry>> byCode = OVDictionary<OVCountry>::dictionary();
+  OVList<OVCountry> list = OVList<OVCountry>::list();
+  OVDictionary<OVCountry> byCode = OVDictionary<OVCountry>::dictionary();
   /// Upper case, those without a name included.
   std::unordered_set<OVString> platformCodes;
 };
@@ -43,28 +42,29 @@ void add(const Countries& countries, const OVString& code) {
   const ov::detail::CountryName row = nameRowOf(code);
   if (row.name.isNull()) return;
   const auto country = OVCountry::initWithCodeName(row.code, row.name);
-  countries.list->push_back(country);
+  countries.list.push_back(country);
   try {
-    countries.byCode->set(row.code, country);
+    countries.byCode.set(row.code, country);
   } catch (...) {
-    countries.list->erase(countries.list->size() - 1);
+    countries.list.erase(countries.list.size() - 1);
     throw;
   }
 }
 
-// A missing name counts as "". The country keeps the text alive.
-std::string_view nameOf(const OVRef<OVObject>& item) {
-  const auto* country = dynamic_cast<const OVCountry*>(item.get());
-  return country == nullptr ? std::string_view() : country->name().view();
+// A missing name counts as "", and so does a foreign object in the list.
+OVString nameOf(const OVRef<OVCountry>& country) {
+  return country == nullptr ? OVString() : country->name();
 }
 
-void sortByName(const Countries& countries) {
-  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), nameOf);
+bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
+  return nameOf(a).view() < nameOf(b).view();
 }
+
+void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
 /// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is held.
 /// What it cannot do is ask for a country on the way, however many threads it passes through.
-OVRef<OVList<OVString>> platformCodes() {
+OVList<OVString> platformCodes() {
   static thread_local bool isAsking = false;
   static constinit std::atomic<int> asking = 0;
   constexpr int kMostThreads = 1000;
@@ -89,13 +89,13 @@ OVRef<OVList<OVString>> platformCodes() {
   return OVLocale::currentLocale()->isoCountryCodes();
 }
 
-Countries build(const OVRef<OVList<OVString>>& codes) {
+Countries build(const OVList<OVString>& codes) {
   Countries countries;
-  for (const OVString& code : *codes) {
+  for (const OVString& code : codes) {
     countries.platformCodes.insert(code);
     add(countries, code);
   }
-  sortByName(countries);
+  sortByName(countries.list);
   return countries;
 }
 
@@ -114,14 +114,14 @@ OVRef<OVCountry> OVCountry::initWithCodeName(OVString code, OVString name) {
   return ov::detail::Maker::make<OVCountry>(std::move(code), std::move(name));
 }
 
-OVRef<OVList<OVCountry>> OVCountry::allCountry() { return allCountries().list; }
+OVList<OVCountry> OVCountry::allCountry() { return allCountries().list; }
 
 OVRef<OVCountry> OVCountry::countryWithCode(const OVString& code) {
   const OVString wanted = code.isNull() ? localeCode() : code;
   const Countries& countries = allCountries();
-  if (auto country = (*countries.byCode)[wanted]) return country;
+  if (auto country = countries.byCode[wanted]) return country;
   const bool isPlatformCode = countries.platformCodes.contains(ov::asciiUpper(wanted.view()));
-  return isPlatformCode ? (*countries.byCode)[kUnitedStates] : nullptr;
+  return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
 }
 
 OVString OVCountry::countryNameByCode(const OVString& code) { return nameRowOf(code).name; }
@@ -131,7 +131,7 @@ void OVCountry::addCountryByCode(const OVString& code) {
 }
 
 void OVCountry::sort() {
-  if (const Countries* countries = countriesOnce.peek()) sortByName(*countries);
+  if (const Countries* countries = countriesOnce.peek()) sortByName(countries->list);
 }
 
 OVString OVCountry::localeCode() {

@@ -21,16 +21,16 @@ TEST(CountryShortage, ACountryIsAddedToListAndCodesOrToNeither) {
         long failures = 0;
         for (bool wasFelt = true; wasFelt;) {
           const auto before = OVCountry::countryWithCode(given);
-          const std::size_t size = countries->size();
+          const std::size_t size = countries.size();
           try {
             const MemoryShortage shortage(kind, failures + 1);
             OVCountry::addCountryByCode(given);
             wasFelt = MemoryShortage::wasFelt();
-            EXPECT_EQ(countries->size(), size + 1);
-            EXPECT_EQ(OVCountry::countryWithCode(given), countries->back());
+            EXPECT_EQ(countries.size(), size + 1);
+            EXPECT_EQ(OVCountry::countryWithCode(given), countries.back());
           } catch (const std::bad_alloc&) {
             ++failures;
-            EXPECT_EQ(countries->size(), size);
+            EXPECT_EQ(countries.size(), size);
             EXPECT_EQ(OVCountry::countryWithCode(given), before);
           }
         }
@@ -47,7 +47,7 @@ TEST(CountryShortage, TheListIsMadeWholeByACallThatHasTheMemory) {
     for (bool wasFelt = true; wasFelt;) {
       try {
         const MemoryShortage shortage(MemoryShortage::Kind::lasting, failures + 1);
-        EXPECT_EQ(OVCountry::allCountry()->size(), 3U);
+        EXPECT_EQ(OVCountry::allCountry().size(), 3U);
         wasFelt = MemoryShortage::wasFelt();
       } catch (const std::bad_alloc&) {
         ++failures;
