@@ -42,16 +42,16 @@ void add(const Countries& countries, const OVString& code) {
 }
 
 // A missing name counts as "". The country keeps the text alive.
-std::string_view nameOf(const OVRef<OVObject>& item) {
+std::string_view countryNameOf(const OVRef<OVObject>& item) {
   const auto* country = dynamic_cast<const OVCountry*>(item.get());
   return country == nullptr ? std::string_view() : country->name().view();
 }
 
 void sortByName(const Countries& countries) {
-  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), nameOf);
+  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), countryNameOf);
 }
 
-Countries build() {
+Countries buildCountries() {
   Countries countries;
   const auto codes = OVLocale::currentLocale()->isoCountryCodes();
   for (const OVString& code : *codes) {
@@ -62,7 +62,7 @@ Countries build() {
   return countries;
 }
 
-const Countries& allCountries() { return countriesOnce.get(build); }
+const Countries& allCountries() { return countriesOnce.get(buildCountries); }
 
 }  // namespace
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kTitleKey = "title";
 constexpr std::string_view kSubGroupsKey = "subArray";
-constexpr std::string_view kPersonsKey = "persons";
+constexpr std::string_view kPersonIDsKey = "persons";
 
 }  // namespace
 
@@ -31,12 +31,12 @@ const OVClass* OVGroupGeneral::classForCoder() const { return &archivedClass(); 
 void OVGroupGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (!title_.peek().isNull()) coder.encodeObjectForKey(title_.peek(), kTitleKey);
   if (subArray_.peek() != nullptr) coder.encodeObjectForKey(subArray_.peek(), kSubGroupsKey);
-  if (persons_.peek() != nullptr) coder.encodeObjectForKey(persons_.peek(), kPersonsKey);
+  if (persons_.peek() != nullptr) coder.encodeObjectForKey(persons_.peek(), kPersonIDsKey);
 }
 
 void OVGroupGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
   setTitle(coder.decodeStringForKey(kTitleKey));
   setSubArray(coder.decodeObjectForKey<OVList<OVString>>(kSubGroupsKey));
-  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonsKey));
+  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonIDsKey));
   setExtend(nullptr);
 }
