@@ -43,12 +43,14 @@ void add(const Countries& countries, const OVString& code) {
 
 // A missing name counts as "".
 bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
-  return a->name().view() < b->name().view();
+  const OVString first = a == nullptr ? nullptr : a->name();
+  const OVString second = b == nullptr ? nullptr : b->name();
+  return first.view() < second.view();
 }
 
 void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
-Countries build() {
+Countries buildCountries() {
   Countries countries;
   const auto codes = OVLocale::currentLocale()->isoCountryCodes();
   for (const OVString& code : codes) {
@@ -59,7 +61,7 @@ Countries build() {
   return countries;
 }
 
-const Countries& allCountries() { return countriesOnce.get(build); }
+const Countries& allCountries() { return countriesOnce.get(buildCountries); }
 
 }  // namespace
 

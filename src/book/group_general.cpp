@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kTitleKey = "title";
 constexpr std::string_view kSubGroupsKey = "subArray";
-constexpr std::string_view kPersonsKey = "persons";
+constexpr std::string_view kPersonIDsKey = "persons";
 
 }  // namespace
 
@@ -32,12 +32,12 @@ const OVClass* OVGroupGeneral::classForCoder() const { return &archivedClass(); 
 void OVGroupGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (const OVString text = title_.load()) coder.encodeObjectForKey(text, kTitleKey);
   if (auto list = subArray_.load()) coder.encodeObjectForKey(std::move(list), kSubGroupsKey);
-  if (auto list = persons_.load()) coder.encodeObjectForKey(std::move(list), kPersonsKey);
+  if (auto list = persons_.load()) coder.encodeObjectForKey(std::move(list), kPersonIDsKey);
 }
 
 void OVGroupGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
   setTitle(coder.decodeStringForKey(kTitleKey));
   setSubArray(coder.decodeObjectForKey<OVList<OVString>>(kSubGroupsKey));
-  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonsKey));
+  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonIDsKey));
   setExtend(nullptr);
 }
