@@ -44,6 +44,9 @@ class OV_EXPORT TextObject : public OVObject {
 
   [[nodiscard]] const OVClass* classForCoder() const override;
 
+  /// The object as a text; null when it is null or something else.
+  [[nodiscard]] static const TextObject* of(const OVObject* object);
+
   /// A new text with one reference. `wellFormed` is not checked.
   static TextObject* make(std::string_view wellFormed);
 

@@ -1,7 +1,9 @@
 #include <OVAddressBookSDK/list.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/dispose.h"
@@ -53,6 +55,16 @@ void ListObject::erase(std::size_t index) {
 void ListObject::clear() {
   const std::vector<OVRef<OVObject>> removed = std::exchange(items, {});
   ++changes;
+}
+
+std::size_t ListObject::positionOf(const OVString& text) const {
+  if (text.isNull()) return items.size();
+  const std::string_view wanted = text.view();
+  const auto isEqual = [wanted](const OVRef<OVObject>& item) {
+    const TextObject* candidate = TextObject::of(item.get());
+    return candidate != nullptr && std::string_view(candidate->data(), candidate->size()) == wanted;
+  };
+  return static_cast<std::size_t>(std::ranges::find_if(items, isEqual) - items.begin());
 }
 
 }  // namespace ov::detail

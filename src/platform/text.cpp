@@ -24,6 +24,13 @@ TextObject* TextObject::make(std::string_view wellFormed) {
   return ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
 }
 
+const TextObject* TextObject::of(const OVObject* object) {
+  if (object == nullptr) return nullptr;
+  // Most texts are of exactly this class, and to compare is quicker than to cast.
+  if (typeid(*object) == typeid(TextObject)) return static_cast<const TextObject*>(object);
+  return dynamic_cast<const TextObject*>(object);
+}
+
 std::uint32_t TextObject::count(int change, std::memory_order order) const {
   const auto added = static_cast<std::uint32_t>(change);
   if (__libc_single_threaded == 0) return references_.fetch_add(added, order);
@@ -45,7 +52,7 @@ void TextObject::destroy() const {
 }
 
 OVString Cast<OVString>::from(const OVRef<OVObject>& object) {
-  const auto* text = dynamic_cast<const TextObject*>(object.get());
+  const TextObject* text = TextObject::of(object.get());
   if (text != nullptr) text->retain();
   return OVString(text);
 }
