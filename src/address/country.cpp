@@ -89,7 +89,7 @@ OVList<OVString> platformCodes() {
   return OVLocale::currentLocale()->isoCountryCodes();
 }
 
-Countries build(const OVList<OVString>& codes) {
+Countries buildCountries(const OVList<OVString>& codes) {
   Countries countries;
   for (const OVString& code : codes) {
     countries.platformCodes.insert(code);
@@ -102,7 +102,7 @@ Countries build(const OVList<OVString>& codes) {
 const Countries& allCountries() {
   if (const Countries* countries = countriesOnce.peek()) return *countries;
   const auto codes = platformCodes();
-  return countriesOnce.get([&] { return build(codes); });
+  return countriesOnce.get([&] { return buildCountries(codes); });
 }
 
 }  // namespace
