@@ -14,20 +14,22 @@
 /// the host chooses.
 ///
 /// Every change writes the whole store at once, without waiting for the disk. What has been written
-/// is what any process gets that opens a manager afterwards; managers that are open already, in this
-/// process or another, know nothing of each other: the last to save wins. Used from one thread; only
-/// `tagID` may be read beside its setter.
+/// is what any process gets that opens a manager afterwards; managers that are open already, in
+/// this process or another, know nothing of each other: the last to save wins. Used from one
+/// thread; only `tagID` may be read beside its setter.
 ///
 /// Many changes are quicker in a batch, at the end of which they are saved together:
 ///
 ///     const OVTagManager::Batch batch(tags);
-///     for (const auto& person : book->allPersons()) tags->addPersonIDForTag(person->ID(), "Friends");
+///     for (const auto& person : book->allPersons()) tags->addPersonIDForTag(person->ID(),
+///     "Friends");
 ///
 /// Lists are handed out live: a change made through one shows in the manager, but is written only
 /// with the next save. A program that changes the manager while it walks through such a list walks
 /// through a copy:
 ///
-///     for (const auto& tag : tags->tagsByPersonID(id).copy()) tags->removePersonIDFromTag(id, tag);
+///     for (const auto& tag : tags->tagsByPersonID(id).copy()) tags->removePersonIDFromTag(id,
+///     tag);
 class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_this<OVTagManager> {
  public:
   /// While one of these lives, its manager saves nothing, `save` included. When the last one ends,
@@ -83,9 +85,9 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   /// of a person without tags. Saves. Does nothing, not even save, when an argument is null.
   void removePersonIDFromTag(const OVString& personID, const OVString& tag);
 
-  /// Takes all tags from a person, whose list goes with the last, as `removePersonIDFromTag` does; an
-  /// empty list that `removeTag` has left stays. Saves after each and once at the end. Does nothing
-  /// for null.
+  /// Takes all tags from a person, whose list goes with the last, as `removePersonIDFromTag` does;
+  /// an empty list that `removeTag` has left stays. Saves after each and once at the end. Does
+  /// nothing for null.
   void removeForPersonID(const OVString& personID);
 
   /// Takes a tag from all persons and drops it. A person whose last tag it was keeps an empty list,

@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/list.h>
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -61,8 +62,12 @@ std::size_t ListObject::positionOf(const OVString& text) const {
   if (text.isNull()) return items.size();
   const std::string_view wanted = text.view();
   const auto isEqual = [wanted](const OVRef<OVObject>& item) {
-    const TextObject* candidate = TextObject::of(item.get());
-    return candidate != nullptr && std::string_view(candidate->data(), candidate->size()) == wanted;
+    const TextObject* found = TextObject::of(item.get());
+    if (found == nullptr || found->size() != wanted.size()) return false;
+    if (wanted.empty()) return true;
+    // Identifiers in particular have much in common in front.
+    return found->data()[wanted.size() - 1] == wanted.back() &&
+           std::memcmp(found->data(), wanted.data(), wanted.size()) == 0;
   };
   return static_cast<std::size_t>(std::ranges::find_if(items, isEqual) - items.begin());
 }

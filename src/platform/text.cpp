@@ -24,13 +24,6 @@ TextObject* TextObject::make(std::string_view wellFormed) {
   return ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
 }
 
-const TextObject* TextObject::of(const OVObject* object) {
-  if (object == nullptr) return nullptr;
-  // Most texts are of exactly this class, and to compare is quicker than to cast.
-  if (typeid(*object) == typeid(TextObject)) return static_cast<const TextObject*>(object);
-  return dynamic_cast<const TextObject*>(object);
-}
-
 std::uint32_t TextObject::count(int change, std::memory_order order) const {
   const auto added = static_cast<std::uint32_t>(change);
   if (__libc_single_threaded == 0) return references_.fetch_add(added, order);

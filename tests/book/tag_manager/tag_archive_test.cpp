@@ -232,8 +232,8 @@ TEST_F(TagArchive, HasNoIdBeforeItIsOpenedUnderOne) {
 TEST_F(TagArchive, ListsThatDisagreeAreEachChangedForThemselves) {
   const auto manager = storedAs(
       {{"TagsKey", TextList::list({"A", "B"})},
-       {"TagsDicKey", TextLists::dictionary({{"B", TextList::list({"P", "Q"})},
-                                             {"C", TextList::list({"P"})}})},
+       {"TagsDicKey",
+        TextLists::dictionary({{"B", TextList::list({"P", "Q"})}, {"C", TextList::list({"P"})}})},
        {"PersonDicKey", TextLists::dictionary({{"P", TextList::list({"A", "D"})}})}});
   EXPECT_THAT(texts(manager->personIDsByTag("C")), ElementsAre("P"));
   EXPECT_EQ(manager->personIDsByTag("A"), nullptr);

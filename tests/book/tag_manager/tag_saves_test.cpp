@@ -127,8 +127,8 @@ TEST_F(TagSaves, HoldEachStepOfTakingAllTags) {
 
 TEST_F(TagSaves, HoldEachStepOfSettingTags) {
   EXPECT_EQ(savesOf([&] { manager->setTagsForPersonID(listOf({"X", "C", "X"}), "P"); }), 8U);
-  EXPECT_THAT(statesIn(defaults->writes), ElementsAre("BC|BC", "BC|C", "B|-", "B|-", "BX|X",
-                                                      "BXC|XC", "BXC|XC", "BXC|XC"));
+  EXPECT_THAT(statesIn(defaults->writes),
+              ElementsAre("BC|BC", "BC|C", "B|-", "B|-", "BX|X", "BXC|XC", "BXC|XC", "BXC|XC"));
 }
 
 TEST_F(TagSaves, HoldTheEmptyListThatARemovedTagLeaves) {

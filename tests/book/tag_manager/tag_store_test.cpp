@@ -66,8 +66,8 @@ TEST(TagStore, IsReadWithWhatAnotherProcessHasTaggedSince) {
   });
   for (int tag = 1; tag < 5; ++tag) {
     (void)opened.read();
-    EXPECT_TRUE(holdsInNewProcess(
-        [&] { stored()->addPersonIDForTag("P", "tag " + std::to_string(tag)); }));
+    EXPECT_TRUE(
+        holdsInNewProcess([&] { stored()->addPersonIDForTag("P", "tag " + std::to_string(tag)); }));
     tagged.write("x");
   }
   EXPECT_TRUE(reader.succeeded());
