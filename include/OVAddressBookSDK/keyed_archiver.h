@@ -15,6 +15,7 @@ class OVOpaqueObject;
 
 namespace ov::detail {
 class ArchiveWriter;
+class TextField;
 }  // namespace ov::detail
 
 /// Writes an object graph into one data block: a keyed archive in a binary property list.
@@ -70,6 +71,7 @@ class OV_EXPORT OVKeyedArchiver {
   friend class ov::detail::DictionaryObject;
   friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveWriter;
+  friend class ov::detail::TextField;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
 
   /// For a reference that its owner holds with another type.

@@ -18,7 +18,11 @@ constexpr std::string_view kPersonsKey = "persons";
 
 OVRef<OVGroupGeneral> OVGroupGeneral::init() { return ov::detail::Maker::make<OVGroupGeneral>(); }
 
-OVGroupGeneral::~OVGroupGeneral() { ov::detail::dispose(extend_.take()); }
+OVGroupGeneral::~OVGroupGeneral() {
+  for (OVAtomic<OVRef<OVObject>>* each : {&subArray_, &persons_, &extend_}) {
+    ov::detail::dispose(each->take());
+  }
+}
 
 const OVClass& OVGroupGeneral::archivedClass() {
   static constexpr OVClass record{"OVGroupGeneral", nullptr,
@@ -29,14 +33,14 @@ const OVClass& OVGroupGeneral::archivedClass() {
 const OVClass* OVGroupGeneral::classForCoder() const { return &archivedClass(); }
 
 void OVGroupGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!title_.peek().isNull()) coder.encodeObjectForKey(title_.peek(), kTitleKey);
+  title_.peek().encode(coder, kTitleKey);
   if (subArray_.peek() != nullptr) coder.encodeObjectForKey(subArray_.peek(), kSubGroupsKey);
   if (persons_.peek() != nullptr) coder.encodeObjectForKey(persons_.peek(), kPersonsKey);
 }
 
 void OVGroupGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
-  setTitle(coder.decodeStringForKey(kTitleKey));
-  setSubArray(coder.decodeObjectForKey<OVList<OVString>>(kSubGroupsKey));
-  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonsKey));
-  setExtend(nullptr);
+  title_.place(ov::detail::TextField::decoded(coder, kTitleKey));
+  subArray_.place(coder.decodeObjectForKey(kSubGroupsKey));
+  persons_.place(coder.decodeObjectForKey(kPersonsKey));
+  extend_.place(nullptr);
 }

@@ -2,10 +2,9 @@
 
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
-
 #include "platform/maker.h"
+
+using ov::detail::TextField;
 
 namespace {
 
@@ -24,11 +23,11 @@ const OVClass& OVLabel::archivedClass() {
 const OVClass* OVLabel::classForCoder() const { return &archivedClass(); }
 
 void OVLabel::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!name_.peek().isNull()) coder.encodeObjectForKey(name_.peek(), kNameKey);
-  if (!displayName_.peek().isNull()) coder.encodeObjectForKey(displayName_.peek(), kDisplayNameKey);
+  name_.peek().encode(coder, kNameKey);
+  displayName_.peek().encode(coder, kDisplayNameKey);
 }
 
 void OVLabel::initWithCoder(OVKeyedUnarchiver& coder) {
-  name_.place(coder.decodeStringForKey(kNameKey));
-  displayName_.place(coder.decodeStringForKey(kDisplayNameKey));
+  name_.place(TextField::decoded(coder, kNameKey));
+  displayName_.place(TextField::decoded(coder, kDisplayNameKey));
 }

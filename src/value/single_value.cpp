@@ -23,12 +23,15 @@ OVSingleValue::~OVSingleValue() {
 }
 
 OVRef<OVMutableSingleValue> OVSingleValue::mutableCopy() const {
-  auto made = OVMutableSingleValue::init();
+  auto made = newCopy();
+  if (made == nullptr) made = OVMutableSingleValue::init();
   made->setType(type());
   made->label_.place(label_.load());
   made->value_.place(value_.load());
   return made;
 }
+
+OVRef<OVMutableSingleValue> OVSingleValue::newCopy() const { return OVMutableSingleValue::init(); }
 
 OVRef<OVValue> OVSingleValue::copyValue() const { return mutableCopy(); }
 
@@ -52,14 +55,14 @@ const OVClass& OVMutableSingleValue::archivedClass() {
 
 const OVClass* OVMutableSingleValue::classForCoder() const { return &archivedClass(); }
 
-void OVMutableSingleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
-  OVSingleValue::encodeWithCoder(coder);
+void OVSingleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
+  OVValue::encodeWithCoder(coder);
   if (label_.peek() != nullptr) coder.encodeObjectForKey(label_.peek(), kLabelKey);
   if (value_.peek() != nullptr) coder.encodeObjectForKey(value_.peek(), kValueKey);
 }
 
-void OVMutableSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {
-  OVSingleValue::initWithCoder(coder);
+void OVSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {
+  OVValue::initWithCoder(coder);
   label_.place(coder.decodeObjectForKey(kLabelKey));
   value_.place(coder.decodeObjectForKey(kValueKey));
 }

@@ -34,8 +34,11 @@ const OVClass& OVValue::archivedClass() {
 
 const OVClass* OVValue::classForCoder() const { return &archivedClass(); }
 
-void OVValue::encodeWithCoder(OVKeyedArchiver& coder) const {
-  coder.encodeIntegerForKey(static_cast<std::uint32_t>(type()), kTypeKey);
+void OVValue::encodeWithCoder(OVKeyedArchiver& coder) const { encodeType(coder, type()); }
+
+// As a number without sign: negative codes do not take eight bytes.
+void OVValue::encodeType(OVKeyedArchiver& coder, OVValueType type) {
+  coder.encodeIntegerForKey(static_cast<std::uint32_t>(type), kTypeKey);
 }
 
 void OVValue::initWithCoder(OVKeyedUnarchiver& coder) {
