@@ -96,8 +96,8 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   friend struct ov::detail::Maker;
   /// A person without values and tags, and without an ID or with the one given, null included.
   /// @{
-  OVPersonGeneral() = default;
-  explicit OVPersonGeneral(OVString ID) : ID_(std::move(ID)) {}
+  OVPersonGeneral();
+  explicit OVPersonGeneral(OVString ID);
   /// @}
 
  private:
@@ -113,6 +113,6 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   ov::detail::TextField ID_;
   std::vector<Entry> entries_;
-  mutable OVList<OVString> tags_;  // made when first asked for
+  OVList<OVString> tags_;
   OVAtomic<OVRef<OVObject>> extend_;
 };

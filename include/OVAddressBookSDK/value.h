@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/value_type.h>
 
@@ -33,12 +35,12 @@ class OV_EXPORT OVValue : public OVObject {
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
   /// Sets what `type` gives, unless a class says otherwise.
-  void storeType(OVValueType type) { type_ = type; }
+  void storeType(OVValueType type) { type_.store(type, std::memory_order_relaxed); }
   /// What was set or archived.
-  [[nodiscard]] OVValueType storedType() const { return type_; }
+  [[nodiscard]] OVValueType storedType() const { return type_.load(std::memory_order_relaxed); }
   /// Writes the field that every value has.
   static void encodeType(OVKeyedArchiver& coder, OVValueType type);
 
  private:
-  OVValueType type_ = OVValueTypeString;
+  std::atomic<OVValueType> type_ = OVValueTypeString;
 };

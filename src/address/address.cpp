@@ -100,7 +100,7 @@ const OVClass* OVObjectAddress::classForCoder() const { return &archivedClass();
 
 void OVObjectAddress::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (valueDic_ != nullptr) coder.encodeObjectForKey(valueDic_, kValueDicKey);
-  countryCode_.peek().encode(coder, kCountryCodeKey);
+  countryCode_.load().encode(coder, kCountryCodeKey);
 }
 
 void OVObjectAddress::initWithCoder(OVKeyedUnarchiver& coder) {

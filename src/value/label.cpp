@@ -23,8 +23,8 @@ const OVClass& OVLabel::archivedClass() {
 const OVClass* OVLabel::classForCoder() const { return &archivedClass(); }
 
 void OVLabel::encodeWithCoder(OVKeyedArchiver& coder) const {
-  name_.peek().encode(coder, kNameKey);
-  displayName_.peek().encode(coder, kDisplayNameKey);
+  name_.load().encode(coder, kNameKey);
+  displayName_.load().encode(coder, kDisplayNameKey);
 }
 
 void OVLabel::initWithCoder(OVKeyedUnarchiver& coder) {

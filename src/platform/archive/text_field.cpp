@@ -6,7 +6,6 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "platform/archive/archive_reader.h"
-#include "platform/archive/archive_writer.h"
 #include "platform/dispose.h"
 
 namespace ov::detail {
@@ -24,14 +23,10 @@ class TextField::Kept final : public TextObject {
 
 void TextField::encode(OVKeyedArchiver& coder, std::string_view key) const {
   if (isEmpty()) return;
-  ArchiveWriter& writer = coder.writer_;
-  if (isText()) {
-    writer.field(key, writer.reference(held_));
-  } else {
-    // Fields may share what holds the object, so that its references are fewer than those fields.
-    constexpr long kUnknown = 0;
-    writer.field(key, writer.reference(static_cast<const Kept*>(held_.text_)->object, kUnknown));
-  }
+  if (isText()) return coder.encodeObjectForKey(held_, key);
+  // Fields may share what holds the object. With two references more it is taken for shared itself.
+  const OVRef<OVObject> object = static_cast<const Kept*>(held_.text_)->object;
+  coder.encodeObjectForKey(OVRef<OVObject>(object), key);
 }
 
 TextField TextField::decoded(OVKeyedUnarchiver& coder, std::string_view key) {
