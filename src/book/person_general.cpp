@@ -9,9 +9,7 @@
 #include "platform/maker.h"
 
 OVRef<OVPersonGeneral> OVPersonGeneral::initWithID(const OVString& ID) {
-  auto made = ov::detail::Maker::make<OVPersonGeneral>();
-  made->ID_ = ID;
-  return made;
+  return ov::detail::Maker::make<OVPersonGeneral>(ID);
 }
 
 OVPersonGeneral::~OVPersonGeneral() {

@@ -114,4 +114,44 @@ TEST(SingleValue, LongChainOfValuesIsDestroyedWithoutDeepRecursion) {
   EXPECT_TRUE(last.expired());
 }
 
+TEST(SingleValue, TextsOfEveryKindAreData) {
+  const auto value = OVMutableSingleValue::init();
+  const auto expectText = [&](const char* text) {
+    EXPECT_EQ(ov::cast<OVString>(value->value()), text);
+  };
+  value->setValue("literal");
+  expectText("literal");
+  value->setValue(std::string("string"));
+  expectText("string");
+  value->setValue(std::string_view("view"));
+  expectText("view");
+  const OVString text = "handle";
+  value->setValue(text);
+  EXPECT_TRUE(ov::cast<OVString>(value->value()).isSame(text));
+}
+
+TEST(SingleValue, NullOfEveryKindTakesTheDatumAway) {
+  const char* const noCharacters = nullptr;
+  const auto value = OVMutableSingleValue::init();
+  const auto expectTakenAway = [&](const auto& null) {
+    value->setValue("x");
+    value->setValue(null);
+    EXPECT_EQ(value->value(), nullptr);
+  };
+  expectTakenAway(nullptr);
+  expectTakenAway(noCharacters);
+  expectTakenAway(OVString());
+  expectTakenAway(OVRef<OVLabel>());
+  expectTakenAway(OVRef<OVObject>());
+  expectTakenAway(OVList<OVString>());
+}
+
+TEST(SingleValue, AnyCodeIsKept) {
+  const auto value = OVMutableSingleValue::init();
+  for (const std::int32_t code : {1, 4, 12, 14, -1, INT32_MAX, INT32_MIN}) {
+    value->setType(static_cast<OVValueType>(code));
+    EXPECT_EQ(value->type(), code);
+  }
+}
+
 }  // namespace
