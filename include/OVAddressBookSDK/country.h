@@ -3,6 +3,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A country: a two-letter code and an English name. Immutable.
 ///
@@ -28,15 +29,15 @@ class OV_EXPORT OVCountry : public OVObject {
   /// Known codes are lower case. Any other text whose upper-case form is an ISO country code ("DE",
   /// or a code without a name) gives the United States; everything else gives null. Throws
   /// `std::out_of_range` for null when the locale identifier has no underscore.
-  [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVString& code);
+  [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVStringView& code);
 
   /// The English name for a code in any case; null for null and for codes without a name.
-  [[nodiscard]] static OVString countryNameByCode(const OVString& code);
+  [[nodiscard]] static OVString countryNameByCode(const OVStringView& code);
 
   /// Appends a new country to the shared list, even when the code stands there already, and makes
   /// it the one that `countryWithCode` finds. Does nothing when the code has no name, and nothing
   /// before the list was built.
-  static void addCountryByCode(const OVString& code);
+  static void addCountryByCode(const OVStringView& code);
 
   /// Orders the shared list by name, byte by byte; a null name counts as "". Countries of one name
   /// keep their order. Does nothing before the list was built.

@@ -12,9 +12,11 @@
 #include <type_traits>
 #include <utility>
 
+#include <OVAddressBookSDK/export.h>
 #include <OVAddressBookSDK/object.h>
 
 class OVString;
+class OVStringView;
 
 namespace ov::detail {
 
@@ -113,6 +115,8 @@ class OV_EXPORT OVString {
   OVString(std::string_view text);  // NOLINT(google-explicit-constructor)
   OVString(const std::string& text) : OVString(std::string_view(text)) {}  // NOLINT
   /// @}
+  /// The text that was looked at, to be kept: shared where it is an `OVString`'s, else a new one.
+  explicit OVString(const OVStringView& text);
   /// A string over static storage; costs no allocation, ever.
   constexpr explicit OVString(const ov::detail::TextConstant& constant) : text_(&constant) {}
 
@@ -142,17 +146,20 @@ class OV_EXPORT OVString {
   /// False for null, true for "".
   explicit operator bool() const { return text_ != nullptr; }
 
-  /// The text; "" for null. Valid while some copy of this string lives.
-  [[nodiscard]] std::string_view view() const {
+  /// The text; "" for null. Valid while some copy of this string lives: clang warns when a view of
+  /// a temporary is kept.
+  [[nodiscard]] std::string_view view() const OV_LIFETIMEBOUND {
     return text_ == nullptr ? std::string_view("", 0)
                             : std::string_view(text_->data(), text_->size());
   }
   /// The same.
-  operator std::string_view() const { return view(); }  // NOLINT(google-explicit-constructor)
+  operator std::string_view() const OV_LIFETIMEBOUND {  // NOLINT(google-explicit-constructor)
+    return view();
+  }
   /// A copy of the text; "" for null.
   [[nodiscard]] std::string str() const { return std::string(view()); }
   /// The text, ended by a NUL; "" for null. A text may hold NULs of its own.
-  [[nodiscard]] const char* c_str() const { return view().data(); }
+  [[nodiscard]] const char* c_str() const OV_LIFETIMEBOUND { return view().data(); }
   /// Bytes of UTF-8; 0 for null.
   [[nodiscard]] std::size_t size() const { return text_ == nullptr ? 0 : text_->size(); }
   /// True for null and for "".

@@ -51,21 +51,21 @@ OVRef<OVObjectAddress> OVObjectAddress::init() {
   return address;
 }
 
-void OVObjectAddress::setCountryCode(const OVString& code) {
+void OVObjectAddress::setCountryCode(const OVStringView& code) {
   const auto country = OVCountry::countryWithCode(code);
   countryCode_.store(country == nullptr ? OVString() : country->code());
 }
 
-OVString OVObjectAddress::standFieldName(const OVString& fieldName) {
-  const auto field = kFieldNames.find(fieldName);
+OVString OVObjectAddress::standFieldName(const OVStringView& fieldName) {
+  const auto field = kFieldNames.find(fieldName.view());
   return field ? OVString(*kFieldTable[kStoredAs[*field]].name) : OVString();
 }
 
-OVString OVObjectAddress::stringValueByFieldName(const OVString& fieldName) const {
+OVString OVObjectAddress::stringValueByFieldName(const OVStringView& fieldName) const {
   return ov::cast<OVString>(valueDic_[standFieldName(fieldName)]);
 }
 
-void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVString& fieldName) {
+void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVStringView& fieldName) {
   const OVString standardName = standFieldName(fieldName);
   if (value.isNull() || standardName.isNull() || valueDic_ == nullptr) return;
   if (value.empty()) {

@@ -2,10 +2,12 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
 
 #include "platform/maker.h"
@@ -22,15 +24,36 @@ namespace {
 
 constexpr std::string_view kIDKey = "ID";
 
+/// The entry under a name; the end when there is none.
+auto entryUnder(auto& entries, const OVStringView& name) {
+  const std::size_t row = ov::detail::standardPropertyNamed(name.view());
+  const OVString* known =
+      row == kStandardPropertyCount ? nullptr : &standardProperties()[row].name;
+  return std::ranges::find_if(entries, [&](const auto& entry) {
+    return known == nullptr ? entry.name == name : entry.name.isSame(*known);
+  });
+}
+
+/// The check for a value, short for the classes that nearly all values are of.
+OVRef<OVValue> asValue(const OVRef<OVObject>& object) {
+  if (object == nullptr) return nullptr;
+  const OVObject& target = *object;
+  const std::type_info& type = typeid(target);
+  if (type == typeid(OVMutableSingleValue) || type == typeid(OVMutableMultipleValue)) {
+    return std::static_pointer_cast<OVValue>(object);
+  }
+  return ov::cast<OVValue>(object);
+}
+
 }  // namespace
 
 OVRef<OVValue> OVPersonGeneral::valueByProperty(const OVRef<OVProperty>& property) const {
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVString& name) const {
-  const auto at = std::ranges::find(entries_, name, &Entry::name);
-  return at == entries_.end() ? nullptr : ov::cast<OVValue>(at->value);
+OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVStringView& name) const {
+  const auto at = entryUnder(entries_, name);
+  return at == entries_.end() ? nullptr : asValue(at->value);
 }
 
 void OVPersonGeneral::setValueByProperty(const OVRef<OVValue>& value,
@@ -40,7 +63,7 @@ void OVPersonGeneral::setValueByProperty(const OVRef<OVValue>& value,
 
 void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) {
   if (value == nullptr || name.isNull()) return;
-  const auto known = std::ranges::find(entries_, name, &Entry::name);
+  const auto known = entryUnder(entries_, name);
   if (known != entries_.end()) {
     const OVRef<OVObject> replaced = std::exchange(known->value, value);
     return;

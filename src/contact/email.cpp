@@ -24,7 +24,10 @@ OVRef<OVObjectEmail> OVObjectEmail::initWithEmail(const OVString& email) {
   return made;
 }
 
-void OVObjectEmail::initValid() { valid_ = std::ranges::count(email_.view(), '@') == 1; }
+void OVObjectEmail::initValid() {
+  const bool valid = std::ranges::count(email_.view(), '@') == 1;
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
+}
 
 void OVObjectEmail::sendEmail() const {
   if (valid()) OVWorkspace::sharedWorkspace()->openURL("mailto:" + email_.str());

@@ -1,5 +1,8 @@
 #include <OVAddressBookSDK/person_name.h>
 
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 
@@ -32,7 +35,7 @@ OVString withoutLineBreaks(const OVString& text) {
   return kept.size() == text.size() ? text : OVString(kept);
 }
 
-void appendPart(std::string& name, const OVString& part) {
+void appendPart(std::pmr::string& name, const OVString& part) {
   if (part.isNull()) return;
   if (!name.empty()) name.push_back(' ');
   name.append(part);
@@ -57,12 +60,15 @@ OVRef<OVObjectPersonName> OVObjectPersonName::initWithFirstMiddleLast(const OVSt
 
 OVString OVObjectPersonName::displayString() const {
   const bool lastInFront = ov::lastNameInFront();
-  std::string name;
+  // Put together outside the heap, unless the name is very long.
+  std::array<std::byte, 256> room;
+  std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
+  std::pmr::string name(&memory);
   name.reserve(first_.size() + middle_.size() + last_.size() + 2);
   appendPart(name, lastInFront ? last_ : first_);
   appendPart(name, middle_);
   appendPart(name, lastInFront ? first_ : last_);
-  return name;
+  return std::string_view(name);
 }
 
 OVString OVObjectPersonName::standString(const OVString& text) const {

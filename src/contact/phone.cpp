@@ -46,7 +46,8 @@ OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNum
 }
 
 void OVObjectPhone::initValid() {
-  valid_ = std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_), mayStandInNumber);
+  const bool valid = std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_), mayStandInNumber);
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
 }
 
 void OVObjectPhone::call() const {

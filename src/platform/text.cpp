@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <typeinfo>
 
+#include <OVAddressBookSDK/text_view.h>
+
 #include "platform/arena_text.h"
 #include "platform/maker.h"
 #include "platform/utf8.h"
@@ -58,6 +60,21 @@ OVString::OVString(const char* text)
 OVString::OVString(std::string_view text)
     : text_(ov::detail::TextObject::make(
           ov::detail::wellFormedPrefix(text) == text.size() ? text : ov::detail::repaired(text))) {}
+
+OVString::OVString(const OVStringView& text)
+    : OVString(text.string_ != nullptr ? *text.string_ : OVString()) {
+  if (text.string_ == nullptr && !text.isNull()) {
+    text_ = ov::detail::TextObject::make(text.characters_);
+  }
+}
+
+void OVStringView::lookAt(std::string_view text) {
+  characters_ = text.data() == nullptr ? "" : text;
+  if (ov::detail::wellFormedPrefix(text) == text.size()) return;
+  repaired_ = OVString(text);
+  characters_ = repaired_.view();
+  string_ = &repaired_;
+}
 
 OVString::operator OVRef<OVObject>() const {
   if (text_ == nullptr) return nullptr;
