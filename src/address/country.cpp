@@ -63,8 +63,8 @@ bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
 
 void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
-/// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is held.
-/// What it cannot do is ask for a country on the way, however many threads it passes through.
+/// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is
+/// held. What it cannot do is ask for a country on the way, however many threads it passes through.
 OVList<OVString> platformCodes() {
   static thread_local bool isAsking = false;
   static constinit std::atomic<int> asking = 0;
