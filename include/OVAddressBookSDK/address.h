@@ -7,6 +7,7 @@
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 #include <OVAddressBookSDK/text_view.h>
 
 /// A postal address: a country code, and texts under five standard field names.
@@ -17,9 +18,10 @@ class OV_EXPORT OVObjectAddress : public OVObject {
  public:
   /// No values, no country.
   [[nodiscard]] static OVRef<OVObjectAddress> init();
+  ~OVObjectAddress() override;
 
   /// Null until it is set or an archive supplies one. The getter may run beside the setter.
-  [[nodiscard]] OVString countryCode() const { return countryCode_.load(); }
+  [[nodiscard]] OVString countryCode() const { return countryCode_.load().text(); }
 
   /// Stores the code of the country that `OVCountry::countryWithCode` finds: "fr" for "fr", "us"
   /// for "FR", the current locale's country for null, null for an unknown code. Throws
@@ -50,11 +52,16 @@ class OV_EXPORT OVObjectAddress : public OVObject {
   void initWithCoder(OVKeyedUnarchiver& coder) override;
 
  protected:
-  OVObjectAddress() = default;
+  OVObjectAddress();
 
  private:
   friend struct ov::detail::Maker;
+  using Values = OVDictionary<OVObject>;
 
-  OVDictionary<OVObject> valueDic_;  // of texts, or what else an archive held
-  OVAtomic<OVString> countryCode_;
+  explicit OVObjectAddress(const Values& values) : valueDic_(values) {}
+  [[nodiscard]] Values values() const { return ov::cast<Values>(valueDic_); }
+
+  // An archive may hold objects of any class, in the place of the dictionary and in it.
+  OVRef<OVObject> valueDic_;
+  OVAtomic<ov::detail::TextField> countryCode_;
 };

@@ -303,8 +303,7 @@ struct Handle<OVDictionary<T>> {
 template <class T>
 struct Cast<OVDictionary<T>> {
   static OVDictionary<T> from(const OVRef<OVObject>& object) {
-    return dynamic_cast<const DictionaryObject*>(object.get()) == nullptr ? OVDictionary<T>()
-                                                                          : OVDictionary<T>(object);
+    return isOfClass<DictionaryObject>(object) ? OVDictionary<T>(object) : OVDictionary<T>();
   }
 };
 

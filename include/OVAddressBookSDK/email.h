@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// An e-mail address as the user typed it. Immutable; any thread may read it.
 class OV_EXPORT OVObjectEmail : public OVObject {
@@ -10,7 +11,7 @@ class OV_EXPORT OVObjectEmail : public OVObject {
   [[nodiscard]] static OVRef<OVObjectEmail> initWithEmail(const OVString& email);
 
   /// Null only when an archive held none.
-  [[nodiscard]] OVString email() const { return email_; }
+  [[nodiscard]] OVString email() const { return email_.text(); }
 
   /// True when the address holds exactly one "@"; nothing else is looked at.
   [[nodiscard]] bool valid() const { return valid_; }
@@ -31,8 +32,10 @@ class OV_EXPORT OVObjectEmail : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectEmail() = default;
+  /// For a class that derives from this one; null reads as null.
+  explicit OVObjectEmail(const OVString& email);
 
  private:
-  OVString email_;
+  ov::detail::TextField email_;
   bool valid_ = false;
 };

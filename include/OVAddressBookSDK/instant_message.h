@@ -4,6 +4,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 #include <OVAddressBookSDK/text_view.h>
 
 /// A messaging service: a stable key, which archives store, and a name to show. Immutable; any
@@ -36,7 +37,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
       const OVString& displayName);
 
   /// The key under which accounts store the service, such as "AIMInstant".
-  [[nodiscard]] OVString name() const { return name_; }
+  [[nodiscard]] OVString name() const { return name_.text(); }
   /// What is shown for the service.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
@@ -49,8 +50,14 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
 
  private:
   friend struct ov::detail::Maker;
+  friend class OVObjectInstantMessage;
 
-  OVString name_;
+  /// What an account has stored in the place of a key, when that is no text.
+  explicit OVInstantMessageServer(ov::detail::TextField name);
+  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithStoredName(
+      ov::detail::TextField name);
+
+  ov::detail::TextField name_;
   OVString displayName_;
 };
 
@@ -62,7 +69,7 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
       OVString userName, OVRef<OVInstantMessageServer> server);
 
   /// The name on the service, as it was given or archived; may be null.
-  [[nodiscard]] OVString userName() const { return userName_; }
+  [[nodiscard]] OVString userName() const { return userName_.text(); }
   /// Never null in an account that was read from an archive: without a stored key it is a
   /// descriptor without key and display name.
   [[nodiscard]] OVRef<OVInstantMessageServer> server() const { return server_; }
@@ -75,10 +82,12 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
 
  protected:
   OVObjectInstantMessage() = default;
+  /// For a class that derives from this one: keeps both as they are, null included.
+  OVObjectInstantMessage(OVString userName, OVRef<OVInstantMessageServer> server);
 
  private:
   friend struct ov::detail::Maker;
 
-  OVString userName_;
+  ov::detail::TextField userName_;
   OVRef<OVInstantMessageServer> server_;
 };

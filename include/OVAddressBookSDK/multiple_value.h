@@ -12,7 +12,13 @@
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/value.h>
 
+class OVMultipleValue;
 class OVMutableMultipleValue;
+
+template <>
+struct ov::detail::Usual<OVMultipleValue> {
+  using type = OVMutableMultipleValue;
+};
 
 /// The position reported when nothing is found.
 inline constexpr std::uint64_t OVNotFound = 9223372036854775807U;
@@ -55,12 +61,18 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
 
  protected:
   friend struct ov::detail::Maker;
-  OVMultipleValue() = default;
+  OVMultipleValue() { storeType(OVValueTypeMultiple); }
 
-  [[nodiscard]] OVRef<OVValue> copyValue() const override;
+  /// What every copy of this value is made from: a new value that gets the elements. Override it so
+  /// that copies keep a class and the fields that it adds; null counts as an
+  /// `OVMutableMultipleValue`.
+  [[nodiscard]] virtual OVRef<OVMutableMultipleValue> newCopy() const;
+
+  [[nodiscard]] OVRef<OVValue> copyValue() const final;
 };
 
 /// An ordered list of single values of one type, learned from the main value.
@@ -116,7 +128,8 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
  private:
   [[nodiscard]] bool isMain(const OVRef<OVObject>& element) const;
 
-  // An archive may hold objects of any class: they read as null, are kept and written back.
+  // An archive may hold objects of any class: they read as null, are kept and written back. Without
+  // a list, what stood in its place is all that is here.
   bool hasList_ = true;
   std::vector<OVRef<OVObject>> elements_;
   OVAtomic<OVRef<OVObject>> mainValue_;

@@ -24,6 +24,7 @@ namespace ov::detail {
 class ArchiveReader;
 class ArchiveSlot;
 class ArchiveWriter;
+class TextField;
 
 /// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
 class OV_EXPORT TextObject : public OVObject {
@@ -40,6 +41,9 @@ class OV_EXPORT TextObject : public OVObject {
     if (!isConstant() && count(-1, std::memory_order_acq_rel) == 1) destroy();
   }
 
+  /// False for what a `TextField` holds in the place of a text.
+  [[nodiscard]] bool isText() const { return size_ != kNoText; }
+
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
 
   /// True when more than one handle holds the text.
@@ -54,6 +58,8 @@ class OV_EXPORT TextObject : public OVObject {
   static TextObject* make(std::string_view wellFormed);
 
  protected:
+  static constexpr std::uint32_t kNoText = ~std::uint32_t{0};
+
   constexpr explicit TextObject(std::uint32_t references, std::uint32_t size)
       : references_(references), size_(size) {}
 
@@ -205,6 +211,7 @@ class OV_EXPORT OVString {
   friend class ov::detail::ArchiveReader;
   friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
+  friend class ov::detail::TextField;
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 
   const ov::detail::TextObject* text_ = nullptr;

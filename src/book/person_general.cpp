@@ -15,9 +15,7 @@ constexpr OVString kEmpty(ov::detail::kConstant<"">);
 }  // namespace
 
 OVRef<OVPersonGeneral> OVPersonGeneral::initWithID(const OVString& ID) {
-  auto made = ov::detail::Maker::make<OVPersonGeneral>();
-  made->ID_ = ID;
-  return made;
+  return ov::detail::Maker::make<OVPersonGeneral>(ID);
 }
 
 OVPersonGeneral::~OVPersonGeneral() {

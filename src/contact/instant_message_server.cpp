@@ -59,6 +59,16 @@ Services build() {
 OVInstantMessageServer::OVInstantMessageServer(OVString name, OVString displayName)
     : name_(std::move(name)), displayName_(std::move(displayName)) {}
 
+OVInstantMessageServer::OVInstantMessageServer(ov::detail::TextField name)
+    : name_(std::move(name)) {}
+
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithStoredName(
+    ov::detail::TextField name) {
+  const OVString& text = name.text();
+  if (!text.isNull() || name.isEmpty()) return serverWithName(text);
+  return ov::detail::Maker::make<OVInstantMessageServer>(std::move(name));
+}
+
 OVList<const OVInstantMessageServer> OVInstantMessageServer::supportServer() {
   return servicesOnce.get(build).list;
 }

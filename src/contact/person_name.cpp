@@ -6,11 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
-
 #include "platform/maker.h"
 #include "platform/services/name_order.h"
+
+using ov::detail::TextField;
 
 namespace {
 
@@ -41,33 +40,34 @@ void appendPart(std::pmr::string& name, const OVString& part) {
   name.append(part);
 }
 
-void encodePart(OVKeyedArchiver& coder, const OVString& part, std::string_view key) {
-  if (!part.isNull()) coder.encodeObjectForKey(part, key);
-}
-
 }  // namespace
+
+OVObjectPersonName::OVObjectPersonName(const OVString& first, const OVString& middle,
+                                       const OVString& last)
+    : first_(withoutLineBreaks(first)),
+      middle_(withoutLineBreaks(middle)),
+      last_(withoutLineBreaks(last)) {}
 
 OVRef<OVObjectPersonName> OVObjectPersonName::initWithFirstMiddleLast(const OVString& first,
                                                                       const OVString& middle,
                                                                       const OVString& last) {
   if (first.empty() && middle.empty() && last.empty()) return nullptr;
-  auto made = ov::detail::Maker::make<OVObjectPersonName>();
-  made->first_ = withoutLineBreaks(first);
-  made->middle_ = withoutLineBreaks(middle);
-  made->last_ = withoutLineBreaks(last);
-  return made;
+  return ov::detail::Maker::make<OVObjectPersonName>(first, middle, last);
 }
 
 OVString OVObjectPersonName::displayString() const {
   const bool lastInFront = ov::lastNameInFront();
+  const OVString& front = (lastInFront ? last_ : first_).text();
+  const OVString& inner = middle_.text();
+  const OVString& end = (lastInFront ? first_ : last_).text();
   // Put together outside the heap, unless the name is very long.
   std::array<std::byte, 256> room;
   std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
   std::pmr::string name(&memory);
-  name.reserve(first_.size() + middle_.size() + last_.size() + 2);
-  appendPart(name, lastInFront ? last_ : first_);
-  appendPart(name, middle_);
-  appendPart(name, lastInFront ? first_ : last_);
+  name.reserve(front.size() + inner.size() + end.size() + 2);
+  appendPart(name, front);
+  appendPart(name, inner);
+  appendPart(name, end);
   return std::string_view(name);
 }
 
@@ -84,13 +84,13 @@ const OVClass& OVObjectPersonName::archivedClass() {
 const OVClass* OVObjectPersonName::classForCoder() const { return &archivedClass(); }
 
 void OVObjectPersonName::encodeWithCoder(OVKeyedArchiver& coder) const {
-  encodePart(coder, first_, kFirstKey);
-  encodePart(coder, middle_, kMiddleKey);
-  encodePart(coder, last_, kLastKey);
+  first_.encode(coder, kFirstKey);
+  middle_.encode(coder, kMiddleKey);
+  last_.encode(coder, kLastKey);
 }
 
 void OVObjectPersonName::initWithCoder(OVKeyedUnarchiver& coder) {
-  first_ = coder.decodeStringForKey(kFirstKey);
-  middle_ = coder.decodeStringForKey(kMiddleKey);
-  last_ = coder.decodeStringForKey(kLastKey);
+  first_ = TextField::decoded(coder, kFirstKey);
+  middle_ = TextField::decoded(coder, kMiddleKey);
+  last_ = TextField::decoded(coder, kLastKey);
 }

@@ -2,7 +2,7 @@
 
 #include <sys/single_threaded.h>
 
-#include <limits>
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <ostream>
@@ -18,8 +18,8 @@
 namespace ov::detail {
 
 TextObject* TextObject::make(std::string_view wellFormed) {
-  if (wellFormed.size() > std::numeric_limits<std::uint32_t>::max()) {
-    throw std::length_error("OVString: a text holds at most 4294967295 bytes");
+  if (wellFormed.size() >= kNoText) {
+    throw std::length_error("OVString: a text holds at most 4294967294 bytes");
   }
   void* place = ::operator new(textBytes(wellFormed));
   storeCharacters(place, wellFormed);
@@ -45,6 +45,36 @@ void TextObject::destroy() const {
     ::operator delete(place);
   }
 }
+
+namespace {
+
+/// Gives out one place in static memory.
+template <class T>
+struct OnePlace {
+  using value_type = T;
+  OnePlace() = default;
+  template <class U>
+  OnePlace(const OnePlace<U>&) {}  // NOLINT(google-explicit-constructor)
+  T* allocate(std::size_t /*n*/) {
+    alignas(T) static std::byte place[sizeof(T)];
+    return reinterpret_cast<T*>(place);
+  }
+  void deallocate(T* /*place*/, std::size_t /*n*/) {}
+  template <class U>
+  bool operator==(const OnePlace<U>&) const {
+    return true;
+  }
+};
+
+/// What owns every constant, so that one can be held weakly; it allocates nothing and never ends.
+const std::shared_ptr<void>& ownerOfConstants() {
+  alignas(std::shared_ptr<void>) static std::byte place[sizeof(std::shared_ptr<void>)];
+  static const auto* const owner = ::new (static_cast<void*>(place))
+      std::shared_ptr<void>(nullptr, [](std::nullptr_t) {}, OnePlace<char>());
+  return *owner;
+}
+
+}  // namespace
 
 OVString Cast<OVString>::from(const OVRef<OVObject>& object) {
   const TextObject* text = TextObject::of(object.get());
@@ -80,7 +110,7 @@ OVString::operator OVRef<OVObject>() const {
   if (text_ == nullptr) return nullptr;
   // Texts are immutable; only the interface for any object is not const.
   auto* text = const_cast<ov::detail::TextObject*>(text_);
-  if (text->isConstant()) return {std::shared_ptr<void>(), text};
+  if (text->isConstant()) return {ov::detail::ownerOfConstants(), text};
   text->retain();
   const auto release = [](ov::detail::TextObject* held) { held->release(); };
   if (ov::detail::ObjectArena::current() == nullptr) return {text, release};
