@@ -28,7 +28,8 @@ void setSingle(OVPersonGeneral& person, const OVString& name, const OVRef<OVObje
 OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum, const char* name,
                                      OVValueType type) {
   static const OVString texts[] = {"Mobile", "Work", "Home"};
-  return ov::labelled(datum, *std::ranges::find(texts, std::string_view(name), &OVString::view), type);
+  return ov::labelled(datum, *std::ranges::find(texts, std::string_view(name), &OVString::view),
+                      type);
 }
 
 OVRef<OVObjectAddress> addressOf(const SamplePerson& sample) {

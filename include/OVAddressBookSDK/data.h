@@ -41,8 +41,8 @@ class OVHeldView {
   /// The byte at a position, which must be below `size()`.
   [[nodiscard]] Byte operator[](std::size_t position) const { return view_[position]; }
 
-  /// All that a loop needs. With an iterator of the standard's kind a `std::span` could be made of a
-  /// temporary without a warning.
+  /// All that a loop needs. With an iterator of the standard's kind a `std::span` could be made of
+  /// a temporary without a warning.
   class Iterator {
    public:
     explicit Iterator(const Byte* at) : at_(at) {}
@@ -64,23 +64,20 @@ class OVHeldView {
 
   /// Whether the characters are the same.
   /// @{
-  friend bool operator==(const OVHeldView& a, const OVHeldView& b)
-    requires std::same_as<View, std::string_view>
-  {
+  friend bool operator==(const OVHeldView& a,
+                         const OVHeldView& b) requires std::same_as<View, std::string_view> {
     return a.view_ == b.view_;
   }
-  friend bool operator==(const OVHeldView& a, std::string_view b)
-    requires std::same_as<View, std::string_view>
-  {
+  friend bool operator==(const OVHeldView& a,
+                         std::string_view b) requires std::same_as<View, std::string_view> {
     return a.view_ == b;
   }
   /// @}
 
   /// Writes the characters.
   template <class Stream>
-  friend Stream& operator<<(Stream& stream, const OVHeldView& text)
-    requires std::same_as<View, std::string_view>
-  {
+  friend Stream& operator<<(Stream& stream,
+                            const OVHeldView& text) requires std::same_as<View, std::string_view> {
     stream << text.view_;
     return stream;
   }

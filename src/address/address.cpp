@@ -69,7 +69,8 @@ OVString OVObjectAddress::stringValueByFieldName(const OVStringView& fieldName) 
   return ov::cast<OVString>(values()[standFieldName(fieldName)]);
 }
 
-void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVStringView& fieldName) {
+void OVObjectAddress::setStringValueForFieldName(const OVString& value,
+                                                 const OVStringView& fieldName) {
   const OVString standardName = standFieldName(fieldName);
   const Values stored = values();
   if (value.isNull() || standardName.isNull() || stored.isNull()) return;

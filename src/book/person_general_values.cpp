@@ -2,7 +2,6 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
-#include <typeinfo>
 #include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
@@ -28,8 +27,7 @@ constexpr std::string_view kIDKey = "ID";
 /// The entry under a name; the end when there is none.
 auto entryUnder(auto& entries, const OVStringView& name) {
   const std::size_t row = ov::detail::standardPropertyNamed(name.view());
-  const OVString* known =
-      row == kStandardPropertyCount ? nullptr : &standardProperties()[row].name;
+  const OVString* known = row == kStandardPropertyCount ? nullptr : &standardProperties()[row].name;
   return std::ranges::find_if(entries, [&](const auto& entry) {
     return known == nullptr ? entry.name == name : entry.name.isSame(*known);
   });
@@ -37,10 +35,8 @@ auto entryUnder(auto& entries, const OVStringView& name) {
 
 /// The check for a value, short for the classes that nearly all values are of.
 OVRef<OVValue> asValue(const OVRef<OVObject>& object) {
-  if (object == nullptr) return nullptr;
-  const OVObject& target = *object;
-  const std::type_info& type = typeid(target);
-  if (type == typeid(OVMutableSingleValue) || type == typeid(OVMutableMultipleValue)) {
+  using ov::detail::isOfClass;
+  if (isOfClass<OVMutableSingleValue>(object) || isOfClass<OVMutableMultipleValue>(object)) {
     return std::static_pointer_cast<OVValue>(object);
   }
   return ov::cast<OVValue>(object);

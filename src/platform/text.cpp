@@ -69,8 +69,8 @@ struct OnePlace {
 /// What owns every constant, so that one can be held weakly; it allocates nothing and never ends.
 const std::shared_ptr<void>& ownerOfConstants() {
   alignas(std::shared_ptr<void>) static std::byte place[sizeof(std::shared_ptr<void>)];
-  static const auto* const owner = ::new (static_cast<void*>(place))
-      std::shared_ptr<void>(nullptr, [](std::nullptr_t) {}, OnePlace<char>());
+  static const auto* const owner = ::new (static_cast<void*>(place)) std::shared_ptr<void>(
+      nullptr, [](std::nullptr_t) {}, OnePlace<char>());
   return *owner;
 }
 

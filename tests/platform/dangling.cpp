@@ -51,9 +51,9 @@ void blocks() {
 }
 
 void lookups() {
-  OVStringView kept = name();            // expected-warning {{will be destroyed}}
-  OVStringView other = standardName();   // expected-warning {{will be destroyed}}
-  OVStringView direct(standardName());   // expected-warning {{will be destroyed}}
+  OVStringView kept = name();           // expected-warning {{will be destroyed}}
+  OVStringView other = standardName();  // expected-warning {{will be destroyed}}
+  OVStringView direct(standardName());  // expected-warning {{will be destroyed}}
 
   const std::string held = standardName();
   OVStringView good = held;

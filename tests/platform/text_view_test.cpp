@@ -17,7 +17,8 @@ namespace {
 template <class T>
 constexpr bool isLookedAt = std::convertible_to<T, const OVStringView&>;
 
-static_assert(isLookedAt<std::nullptr_t> && isLookedAt<const char*> && isLookedAt<const char(&)[3]>);
+static_assert(isLookedAt<std::nullptr_t> && isLookedAt<const char*> &&
+              isLookedAt<const char (&)[3]>);
 static_assert(isLookedAt<std::string> && isLookedAt<std::string_view> && isLookedAt<OVString>);
 static_assert(!isLookedAt<int> && !isLookedAt<OVRef<OVObject>>);
 

@@ -17,8 +17,8 @@ namespace ov {
 
 /// The values of one application in its database. Failures throw a `std::exception`.
 ///
-/// The connection stays open from one call to the next. It does not survive a fork: close it before.
-/// One thread at a time.
+/// The connection stays open from one call to the next. It does not survive a fork: close it
+/// before. One thread at a time.
 class DefaultsDatabase {
  public:
   using Values = std::unordered_map<OVString, OVRef<OVObject>>;
