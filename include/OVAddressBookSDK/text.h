@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -54,8 +55,8 @@ class OV_EXPORT TextObject : public OVObject {
   /// The object as a text; null when it is null or something else.
   [[nodiscard]] static inline const TextObject* of(const OVObject* object);
 
-  /// A new text with one reference. `wellFormed` is not checked.
-  static TextObject* make(std::string_view wellFormed);
+  /// A new text of these pieces, with one reference. That they are well-formed is not checked.
+  static TextObject* make(std::span<const std::string_view> wellFormed);
 
  protected:
   static constexpr std::uint32_t kNoText = ~std::uint32_t{0};
@@ -108,6 +109,9 @@ inline const char* TextObject::data() const {
   return isConstant() ? static_cast<const TextConstant*>(this)->characters_
                       : reinterpret_cast<const char*>(this) + sizeof(TextObject);
 }
+
+/// A new text of these pieces. That they are well-formed is not checked.
+[[nodiscard]] OVString joined(std::span<const std::string_view> wellFormed);
 
 }  // namespace ov::detail
 
@@ -212,6 +216,7 @@ class OV_EXPORT OVString {
   friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
   friend class ov::detail::TextField;
+  friend OVString ov::detail::joined(std::span<const std::string_view> wellFormed);
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 
   const ov::detail::TextObject* text_ = nullptr;
