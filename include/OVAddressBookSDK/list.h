@@ -313,8 +313,7 @@ struct Handle<OVList<T>> {
 template <class T>
 struct Cast<OVList<T>> {
   static OVList<T> from(const OVRef<OVObject>& object) {
-    return dynamic_cast<const ListObject*>(object.get()) == nullptr ? OVList<T>()
-                                                                    : OVList<T>(object);
+    return isOfClass<ListObject>(object) ? OVList<T>(object) : OVList<T>();
   }
 };
 

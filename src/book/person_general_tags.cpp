@@ -1,9 +1,15 @@
 #include <OVAddressBookSDK/person_general.h>
 
+#include <utility>
+
 #include "platform/maker.h"
 
 OVPersonGeneral::OVPersonGeneral()
     : tags_(ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>())) {}
+
+OVPersonGeneral::OVPersonGeneral(OVString ID) : OVPersonGeneral() {
+  ID_ = ov::detail::TextField(std::move(ID));
+}
 
 OVList<OVString> OVPersonGeneral::tagArray() const { return tags_; }
 
