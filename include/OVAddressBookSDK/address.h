@@ -8,6 +8,7 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/text_field.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A postal address: a country code, and texts under five standard field names.
 ///
@@ -25,18 +26,18 @@ class OV_EXPORT OVObjectAddress : public OVObject {
   /// Stores the code of the country that `OVCountry::countryWithCode` finds: "fr" for "fr", "us"
   /// for "FR", the current locale's country for null, null for an unknown code. Throws
   /// `std::out_of_range` for null when the locale identifier has no underscore.
-  void setCountryCode(const OVString& code);
+  void setCountryCode(const OVStringView& code);
 
   /// The standard field that stores this one; null for null and for unknown names.
-  [[nodiscard]] static OVString standFieldName(const OVString& fieldName);
+  [[nodiscard]] static OVString standFieldName(const OVStringView& fieldName);
 
   /// The value of the field, never "" when it was set here; null when there is none and for unknown
   /// names.
-  [[nodiscard]] OVString stringValueByFieldName(const OVString& fieldName) const;
+  [[nodiscard]] OVString stringValueByFieldName(const OVStringView& fieldName) const;
 
   /// Stores the value unchanged; "" removes the field's value. Does nothing for a null value or an
   /// unknown name, and nothing in an address whose archive held no values at all.
-  void setStringValueForFieldName(const OVString& value, const OVString& fieldName);
+  void setStringValueForFieldName(const OVString& value, const OVStringView& fieldName);
 
   /// True when both have a country code, and the codes and all values are equal. False for null.
   [[nodiscard]] bool isequalToAddress(const OVRef<OVObjectAddress>& other) const;

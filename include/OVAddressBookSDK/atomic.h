@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/single_threaded.h>
+
 #include <mutex>
 #include <utility>
 
@@ -7,8 +9,27 @@
 
 namespace ov::detail {
 
-/// One lock of a fixed pool, chosen by address.
-[[nodiscard]] OV_EXPORT std::mutex& stripeOf(const void* address);
+/// Holds one lock of a fixed pool, chosen by address. While the process has one thread, there is
+/// nobody to lock out.
+class StripeLock {
+ public:
+  explicit StripeLock(const void* address) {
+    if (__libc_single_threaded == 0) {
+      mutex_ = &stripeOf(address);
+      mutex_->lock();
+    }
+  }
+  StripeLock(const StripeLock&) = delete;
+  StripeLock& operator=(const StripeLock&) = delete;
+  ~StripeLock() {
+    if (mutex_ != nullptr) mutex_->unlock();
+  }
+
+ private:
+  [[nodiscard]] OV_EXPORT static std::mutex& stripeOf(const void* address);
+
+  std::mutex* mutex_ = nullptr;
+};
 
 }  // namespace ov::detail
 
@@ -26,12 +47,12 @@ class OVAtomic {
 
   /// A copy of the whole value, of before or after any `store` beside it.
   [[nodiscard]] T load() const {
-    const std::lock_guard lock(ov::detail::stripeOf(this));
+    const ov::detail::StripeLock lock(this);
     return value_;
   }
   /// Replaces the value.
   void store(T value) {
-    const std::lock_guard lock(ov::detail::stripeOf(this));
+    const ov::detail::StripeLock lock(this);
     std::swap(value_, value);
   }
   /// Stores without the lock: for an owner that no other thread knows yet.

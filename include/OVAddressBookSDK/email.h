@@ -15,7 +15,8 @@ class OV_EXPORT OVObjectEmail : public OVObject {
 
   /// True when the address holds exactly one "@"; nothing else is looked at.
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`. The initialisers have done so already.
+  /// Works out `valid`, which the initialisers have done already: the address never changes, and
+  /// this changes nothing.
   void initValid();
 
   /// Hands "mailto:" and the address as it stands to the shared workspace. Does nothing for an

@@ -5,6 +5,7 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/text_field.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A messaging service: a stable key, which archives store, and a name to show. Immutable; any
 /// thread may read it.
@@ -23,7 +24,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
 
   /// The supported service with exactly this key. For any other name, null included: a new
   /// descriptor that has it as key and as display name. Never null.
-  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithName(const OVString& name);
+  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithName(const OVStringView& name);
 
   /// The first supported service shown under this name, whatever the case of its letters. For any
   /// other name, null included: a new descriptor that has it as key and as display name. Never

@@ -80,8 +80,9 @@ class OV_EXPORT OVMultipleValue : public OVValue {
 /// Bad input is refused in silence: null, a value without datum, a position past the end, an
 /// element that is not there. The same object may stand in the list more than once.
 ///
-/// A multiple value that was archived empty comes back without any list: nothing can be added to
-/// it, and `indexOfValue` answers 0 for every value but null.
+/// A multiple value that was archived empty comes back without any list. It stays empty: `addValue`
+/// makes the value the main value, when there is none, but puts it nowhere; `indexOfValue` gives 0
+/// for every value but null; archived again, it is empty again.
 class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
  public:
   /// A new, empty multiple value.
@@ -100,7 +101,7 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   [[nodiscard]] OVList<OVString> allLabelName() const override;
 
   /// Appends `value`, which becomes the main value when there is none. Refused when its type is not
-  /// that of the main value.
+  /// that of the main value. Without a list it can only become the main value.
   void addValue(const OVRef<OVSingleValue>& value);
   /// Unconditional: the value need not be in the list. Null leaves no main value.
   void setMainValue(const OVRef<OVSingleValue>& value);
@@ -178,7 +179,7 @@ class OVMultipleValueIterator {
 /// alive. Null counts as empty.
 /// @{
 template <std::derived_from<OVMultipleValue> T>
-OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple) {
+OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple OV_LIFETIMEBOUND) {
   return OVMultipleValueIterator(multiple.get());
 }
 template <std::derived_from<OVMultipleValue> T>

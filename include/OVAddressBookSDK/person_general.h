@@ -27,7 +27,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// Null for a null property.
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
   /// Null when there is none, and for a null name.
-  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
+  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
   /// Replaces an earlier value. Does nothing when value or property is null: a value can be
   /// replaced, never removed.
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
@@ -41,9 +41,9 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] OVRef<OVObjectPhone> mainPhone() const override;
   [[nodiscard]] OVRef<OVObjectEmail> mainEmail() const override;
   /// The main value of the multiple value under `name`; null when there is none.
-  [[nodiscard]] OVRef<OVSingleValue> mainValueForProPertyName(const OVString& name) const;
+  [[nodiscard]] OVRef<OVSingleValue> mainValueForProPertyName(const OVStringView& name) const;
   /// The datum of that main value; null when there is none.
-  [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVString& name) const;
+  [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVStringView& name) const;
 
   /// Always a new empty list: membership lives in the groups.
   [[nodiscard]] OVList<IOVGroup> groups() const override;

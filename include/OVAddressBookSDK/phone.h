@@ -18,7 +18,8 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   /// True when there is nothing in the number but digits, spaces, no-break spaces, parentheses, "+"
   /// and "-". The test looks at the low byte of each UTF-16 code unit: U+0130 counts as "0".
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`. The initialisers have done so already.
+  /// Works out `valid`, which the initialisers have done already: the number never changes, and
+  /// this changes nothing.
   void initValid();
 
   /// These three answer `valid`.

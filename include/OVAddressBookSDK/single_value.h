@@ -25,7 +25,7 @@ class OV_EXPORT OVSingleValue : public OVValue {
   [[nodiscard]] static OVRef<OVSingleValue> init();
   ~OVSingleValue() override;
 
-  /// May be null. Any thread may read it.
+  /// May be null, and is where an archive holds something that is no label. Any thread may read it.
   [[nodiscard]] OVRef<OVLabel> label() const { return ov::cast<OVLabel>(label_.load()); }
   /// The datum; may be null. Any thread may read it.
   [[nodiscard]] OVRef<OVObject> value() const { return value_.load(); }
@@ -86,3 +86,27 @@ class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
   friend struct ov::detail::Maker;
   OVMutableSingleValue() = default;
 };
+
+namespace ov {
+
+/// A new single value of a datum, which it shares: what most entries of a person are made with.
+///
+///     phones->addValue(ov::labelled(phone, "work", OVValueTypePhone));
+///     person->setValueByPropertyName(ov::labelled("Ferry pilot", "job", OVValueTypeString),
+///                                    OVProPertyJobTitle);
+///
+/// Its label is a new one, and `label` both the label's name and its display name; a null `label`
+/// gives a value without one. Null for a null datum.
+/// @{
+[[nodiscard]] OV_EXPORT OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum,
+                                                             const OVString& label,
+                                                             OVValueType type);
+[[nodiscard]] OV_EXPORT OVRef<OVMutableSingleValue> labelled(const OVString& text,
+                                                             const OVString& label,
+                                                             OVValueType type);
+[[nodiscard]] OV_EXPORT OVRef<OVMutableSingleValue> labelled(std::nullptr_t datum,
+                                                             const OVString& label,
+                                                             OVValueType type);
+/// @}
+
+}  // namespace ov

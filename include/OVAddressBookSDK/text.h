@@ -7,14 +7,18 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
+#include <OVAddressBookSDK/export.h>
 #include <OVAddressBookSDK/object.h>
 
 class OVString;
+class OVStringView;
 
 namespace ov::detail {
 
@@ -48,8 +52,11 @@ class OV_EXPORT TextObject : public OVObject {
 
   [[nodiscard]] const OVClass* classForCoder() const override;
 
-  /// A new text with one reference. `wellFormed` is not checked.
-  static TextObject* make(std::string_view wellFormed);
+  /// The object as a text; null when it is null or something else.
+  [[nodiscard]] static inline const TextObject* of(const OVObject* object);
+
+  /// A new text of these pieces, with one reference. That they are well-formed is not checked.
+  static TextObject* make(std::span<const std::string_view> wellFormed);
 
  protected:
   static constexpr std::uint32_t kNoText = ~std::uint32_t{0};
@@ -91,10 +98,20 @@ struct Literal {
 template <Literal L>
 inline constexpr TextConstant kConstant{std::string_view(L.characters, sizeof(L.characters) - 1)};
 
+inline const TextObject* TextObject::of(const OVObject* object) {
+  if (object == nullptr) return nullptr;
+  // Most texts are of exactly this class, and to compare is quicker than to cast.
+  if (typeid(*object) == typeid(TextObject)) return static_cast<const TextObject*>(object);
+  return dynamic_cast<const TextObject*>(object);
+}
+
 inline const char* TextObject::data() const {
   return isConstant() ? static_cast<const TextConstant*>(this)->characters_
                       : reinterpret_cast<const char*>(this) + sizeof(TextObject);
 }
+
+/// A new text of these pieces. That they are well-formed is not checked.
+[[nodiscard]] OVString joined(std::span<const std::string_view> wellFormed);
 
 }  // namespace ov::detail
 
@@ -119,6 +136,8 @@ class OV_EXPORT OVString {
   OVString(std::string_view text);  // NOLINT(google-explicit-constructor)
   OVString(const std::string& text) : OVString(std::string_view(text)) {}  // NOLINT
   /// @}
+  /// The text that was looked at, to be kept: shared where it is an `OVString`'s, else a new one.
+  explicit OVString(const OVStringView& text);
   /// A string over static storage; costs no allocation, ever.
   constexpr explicit OVString(const ov::detail::TextConstant& constant) : text_(&constant) {}
 
@@ -148,17 +167,20 @@ class OV_EXPORT OVString {
   /// False for null, true for "".
   explicit operator bool() const { return text_ != nullptr; }
 
-  /// The text; "" for null. Valid while some copy of this string lives.
-  [[nodiscard]] std::string_view view() const {
+  /// The text; "" for null. Valid while some copy of this string lives: clang warns when a view of
+  /// a temporary is kept.
+  [[nodiscard]] std::string_view view() const OV_LIFETIMEBOUND {
     return text_ == nullptr ? std::string_view("", 0)
                             : std::string_view(text_->data(), text_->size());
   }
   /// The same.
-  operator std::string_view() const { return view(); }  // NOLINT(google-explicit-constructor)
+  operator std::string_view() const OV_LIFETIMEBOUND {  // NOLINT(google-explicit-constructor)
+    return view();
+  }
   /// A copy of the text; "" for null.
   [[nodiscard]] std::string str() const { return std::string(view()); }
   /// The text, ended by a NUL; "" for null. A text may hold NULs of its own.
-  [[nodiscard]] const char* c_str() const { return view().data(); }
+  [[nodiscard]] const char* c_str() const OV_LIFETIMEBOUND { return view().data(); }
   /// Bytes of UTF-8; 0 for null.
   [[nodiscard]] std::size_t size() const { return text_ == nullptr ? 0 : text_->size(); }
   /// True for null and for "".
@@ -194,6 +216,7 @@ class OV_EXPORT OVString {
   friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
   friend class ov::detail::TextField;
+  friend OVString ov::detail::joined(std::span<const std::string_view> wellFormed);
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 
   const ov::detail::TextObject* text_ = nullptr;

@@ -55,21 +55,22 @@ OVObjectAddress::OVObjectAddress() : OVObjectAddress(Values::dictionary()) {}
 
 OVObjectAddress::~OVObjectAddress() { ov::detail::dispose(std::move(valueDic_)); }
 
-void OVObjectAddress::setCountryCode(const OVString& code) {
+void OVObjectAddress::setCountryCode(const OVStringView& code) {
   const auto country = OVCountry::countryWithCode(code);
   countryCode_.store(TextField(country == nullptr ? OVString() : country->code()));
 }
 
-OVString OVObjectAddress::standFieldName(const OVString& fieldName) {
-  const auto field = kFieldNames.find(fieldName);
+OVString OVObjectAddress::standFieldName(const OVStringView& fieldName) {
+  const auto field = kFieldNames.find(fieldName.view());
   return field ? OVString(*kFieldTable[kStoredAs[*field]].name) : OVString();
 }
 
-OVString OVObjectAddress::stringValueByFieldName(const OVString& fieldName) const {
+OVString OVObjectAddress::stringValueByFieldName(const OVStringView& fieldName) const {
   return ov::cast<OVString>(values()[standFieldName(fieldName)]);
 }
 
-void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVString& fieldName) {
+void OVObjectAddress::setStringValueForFieldName(const OVString& value,
+                                                 const OVStringView& fieldName) {
   const OVString standardName = standFieldName(fieldName);
   const Values stored = values();
   if (value.isNull() || standardName.isNull() || stored.isNull()) return;

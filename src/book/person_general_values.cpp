@@ -6,6 +6,7 @@
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
 
 #include "platform/maker.h"
@@ -23,15 +24,33 @@ namespace {
 
 constexpr std::string_view kIDKey = "ID";
 
+/// The entry under a name; the end when there is none.
+auto entryUnder(auto& entries, const OVStringView& name) {
+  const std::size_t row = ov::detail::standardPropertyNamed(name.view());
+  const OVString* known = row == kStandardPropertyCount ? nullptr : &standardProperties()[row].name;
+  return std::ranges::find_if(entries, [&](const auto& entry) {
+    return known == nullptr ? entry.name == name : entry.name.isSame(*known);
+  });
+}
+
+/// The check for a value, short for the classes that nearly all values are of.
+OVRef<OVValue> asValue(const OVRef<OVObject>& object) {
+  using ov::detail::isOfClass;
+  if (isOfClass<OVMutableSingleValue>(object) || isOfClass<OVMutableMultipleValue>(object)) {
+    return std::static_pointer_cast<OVValue>(object);
+  }
+  return ov::cast<OVValue>(object);
+}
+
 }  // namespace
 
 OVRef<OVValue> OVPersonGeneral::valueByProperty(const OVRef<OVProperty>& property) const {
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVString& name) const {
-  const auto at = std::ranges::find(entries_, name, &Entry::name);
-  return at == entries_.end() ? nullptr : ov::cast<OVValue>(at->value);
+OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVStringView& name) const {
+  const auto at = entryUnder(entries_, name);
+  return at == entries_.end() ? nullptr : asValue(at->value);
 }
 
 void OVPersonGeneral::setValueByProperty(const OVRef<OVValue>& value,
@@ -44,7 +63,7 @@ void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const 
 }
 
 void OVPersonGeneral::setObject(OVRef<OVObject> object, const OVString& name) {
-  const auto known = std::ranges::find(entries_, name, &Entry::name);
+  const auto known = entryUnder(entries_, name);
   if (known != entries_.end()) {
     known->value.swap(object);
     return;

@@ -21,7 +21,10 @@ OVRef<OVObjectEmail> OVObjectEmail::initWithEmail(const OVString& email) {
   return ov::detail::Maker::make<OVObjectEmail>(email);
 }
 
-void OVObjectEmail::initValid() { valid_ = std::ranges::count(email_.text().view(), '@') == 1; }
+void OVObjectEmail::initValid() {
+  const bool valid = std::ranges::count(email_.text().view(), '@') == 1;
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
+}
 
 void OVObjectEmail::sendEmail() const {
   if (valid()) OVWorkspace::sharedWorkspace()->openURL("mailto:" + email_.text().str());

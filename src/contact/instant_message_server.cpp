@@ -77,9 +77,10 @@ OVDictionary<const OVInstantMessageServer> OVInstantMessageServer::StandardServe
   return servicesOnce.get(build).byName;
 }
 
-OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVString& name) {
-  auto server = StandardServerDictionary()[name];
-  return server == nullptr ? make(name, name) : server;
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVStringView& name) {
+  if (auto server = servicesOnce.get(build).byName[name]) return server;
+  const OVString unknown(name);
+  return make(unknown, unknown);
 }
 
 OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(

@@ -1,5 +1,8 @@
 #include <OVAddressBookSDK/person_name.h>
 
+#include <array>
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,12 +34,6 @@ OVString withoutLineBreaks(const OVString& text) {
   return kept.size() == text.size() ? text : OVString(kept);
 }
 
-void appendPart(std::string& name, const OVString& part) {
-  if (part.isNull()) return;
-  if (!name.empty()) name.push_back(' ');
-  name.append(part);
-}
-
 }  // namespace
 
 OVObjectPersonName::OVObjectPersonName(const OVString& first, const OVString& middle,
@@ -54,15 +51,20 @@ OVRef<OVObjectPersonName> OVObjectPersonName::initWithFirstMiddleLast(const OVSt
 
 OVString OVObjectPersonName::displayString() const {
   const bool lastInFront = ov::lastNameInFront();
-  const OVString& front = (lastInFront ? last_ : first_).text();
-  const OVString& inner = middle_.text();
-  const OVString& end = (lastInFront ? first_ : last_).text();
-  std::string name;
-  name.reserve(front.size() + inner.size() + end.size() + 2);
-  appendPart(name, front);
-  appendPart(name, inner);
-  appendPart(name, end);
-  return name;
+  const OVString* only = nullptr;
+  std::array<std::string_view, 5> pieces;
+  std::size_t count = 0;
+  bool hasText = false;
+  for (const TextField* part :
+       {lastInFront ? &last_ : &first_, &middle_, lastInFront ? &first_ : &last_}) {
+    const OVString& text = part->text();
+    if (text.isNull()) continue;
+    if (hasText) pieces[count++] = " ";
+    pieces[count++] = text.view();
+    only = &text;
+    hasText = hasText || !text.empty();
+  }
+  return count == 1 ? *only : ov::detail::joined(std::span(pieces).first(count));
 }
 
 OVString OVObjectPersonName::standString(const OVString& text) const {

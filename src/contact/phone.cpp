@@ -35,7 +35,9 @@ void openDigits(const char* scheme, const OVObjectPhone& phone) {
 
 }  // namespace
 
-OVObjectPhone::OVObjectPhone(const OVString& phoneNumber) : phoneNumber_(phoneNumber) { initValid(); }
+OVObjectPhone::OVObjectPhone(const OVString& phoneNumber) : phoneNumber_(phoneNumber) {
+  initValid();
+}
 
 OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNumber) {
   if (phoneNumber.isNull()) return nullptr;
@@ -43,7 +45,9 @@ OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNum
 }
 
 void OVObjectPhone::initValid() {
-  valid_ = std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_.text()), mayStandInNumber);
+  const bool valid =
+      std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_.text()), mayStandInNumber);
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
 }
 
 void OVObjectPhone::call() const {

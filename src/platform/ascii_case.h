@@ -6,8 +6,8 @@
 
 namespace ov {
 
-/// Codes and identifiers are ASCII: the case of their letters is the same in every language, and all
-/// other characters stay as they are.
+/// Codes and identifiers are ASCII: the case of their letters is the same in every language, and
+/// all other characters stay as they are.
 /// @{
 constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 constexpr char asciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }

@@ -18,7 +18,7 @@ constinit std::array<Stripe, kStripes> stripes;
 
 }  // namespace
 
-std::mutex& stripeOf(const void* address) {
+std::mutex& StripeLock::stripeOf(const void* address) {
   const auto number = reinterpret_cast<std::uintptr_t>(address);
   return stripes[(number >> 4 ^ number >> 10) % kStripes].mutex;
 }

@@ -45,9 +45,7 @@ OVValueType OVMutableMultipleValue::subType() const {
   return main == nullptr ? OVValueTypeString : main->type();
 }
 
-std::uint64_t OVMutableMultipleValue::count() const {
-  return hasList_ ? elements_.size() : 0;
-}
+std::uint64_t OVMutableMultipleValue::count() const { return hasList_ ? elements_.size() : 0; }
 
 OVRef<OVSingleValue> OVMutableMultipleValue::mainValue() const {
   return ov::cast<OVSingleValue>(mainValue_.load());

@@ -67,3 +67,32 @@ void OVSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {
   label_.place(coder.decodeObjectForKey(kLabelKey));
   value_.place(coder.decodeObjectForKey(kValueKey));
 }
+
+namespace ov {
+
+OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum, const OVString& label,
+                                     OVValueType type) {
+  if (datum == nullptr) return nullptr;
+  auto made = OVMutableSingleValue::init();
+  if (!label.isNull()) {
+    const auto madeLabel = OVLabel::init();
+    madeLabel->setName(label);
+    madeLabel->setDisplayName(label);
+    made->setLabel(madeLabel);
+  }
+  made->setValue(datum);
+  made->setType(type);
+  return made;
+}
+
+OVRef<OVMutableSingleValue> labelled(const OVString& text, const OVString& label,
+                                     OVValueType type) {
+  return labelled(OVRef<OVObject>(text), label, type);
+}
+
+OVRef<OVMutableSingleValue> labelled(std::nullptr_t /*datum*/, const OVString& /*label*/,
+                                     OVValueType /*type*/) {
+  return nullptr;
+}
+
+}  // namespace ov

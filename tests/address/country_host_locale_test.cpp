@@ -15,7 +15,8 @@
 
 namespace {
 
-/// The platform's countries, with something to do while they are asked for, and the case of Turkish.
+/// The platform's countries, with something to do while they are asked for, and the case of
+/// Turkish.
 class HostLocale final : public OVLocale {
  public:
   explicit HostLocale(std::function<void()> whenAsked = [] {}) : whenAsked_(std::move(whenAsked)) {}

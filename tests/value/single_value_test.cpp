@@ -51,6 +51,32 @@ TEST(SingleValue, SettersReplaceAndTakeAway) {
   EXPECT_EQ(value->value(), nullptr);
 }
 
+TEST(SingleValue, LabelledOneHasANewLabelOfOneText) {
+  const OVRef<OVObject> datum = OVList<OVString>::list();
+  const OVString text("work");
+  const auto value = ov::labelled(datum, text, OVValueTypePhone);
+  EXPECT_EQ(value->value(), datum);
+  EXPECT_EQ(value->type(), OVValueTypePhone);
+  EXPECT_TRUE(value->label()->name().isSame(text));
+  EXPECT_TRUE(value->label()->displayName().isSame(text));
+  EXPECT_NE(value->label(), ov::labelled(datum, text, OVValueTypePhone)->label());
+}
+
+TEST(SingleValue, LabelledOneTakesATextAsItComes) {
+  EXPECT_EQ(ov::cast<OVString>(ov::labelled("pilot", "job", OVValueTypeString)->value()), "pilot");
+  const OVString text("pilot");
+  const auto value = ov::labelled(text, nullptr, OVValueTypeString);
+  EXPECT_TRUE(ov::cast<OVString>(value->value()).isSame(text));
+  EXPECT_EQ(value->label(), nullptr);
+}
+
+TEST(SingleValue, LabelledNullIsNull) {
+  EXPECT_EQ(ov::labelled(OVRef<OVObject>(), "work", OVValueTypePhone), nullptr);
+  EXPECT_EQ(ov::labelled(OVRef<OVLabel>(), "work", OVValueTypePhone), nullptr);
+  EXPECT_EQ(ov::labelled(OVString(), "work", OVValueTypeString), nullptr);
+  EXPECT_EQ(ov::labelled(nullptr, "work", OVValueTypeString), nullptr);
+}
+
 TEST(SingleValue, NothingComparesTypeAndDatum) {
   const auto value = valueOf(OVValueTypeImage, OVString("no image"));
   EXPECT_EQ(value->type(), OVValueTypeImage);

@@ -112,7 +112,7 @@ void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadl
     writeAll(*connection->database, changes);
     const bool isFirstUse = connection->identity == DefaultsFile::Identity();
     connection->database->checkpointIfLongerThan(isFirstUse ? kLongestLogAtOpening : kLongestLog,
-                                                  isFirstUse);
+                                                 isFirstUse);
   });
 }
 

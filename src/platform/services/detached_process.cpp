@@ -39,8 +39,7 @@ class Settings {
   }
 
   void detachFiles() {
-    require(
-        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDWR, mode_t{}));
+    require(posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDWR, mode_t{}));
     require(posix_spawn_file_actions_adddup2(&files_, STDIN_FILENO, STDOUT_FILENO));
     require(posix_spawn_file_actions_adddup2(&files_, STDIN_FILENO, STDERR_FILENO));
     require(posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1));

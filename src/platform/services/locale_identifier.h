@@ -14,8 +14,8 @@ namespace ov {
 /// region follows the first underscore, so that its country can be found.
 ///
 /// The encoding and variants are dropped. A modifier that names a script becomes the script
-/// ("sr_RS@latin": "sr-Latn_RS"), any other is dropped ("ca_ES@valencia": "ca_ES"). "C", "POSIX" and
-/// what names no locale give "en_US_POSIX".
+/// ("sr_RS@latin": "sr-Latn_RS"), any other is dropped ("ca_ES@valencia": "ca_ES"). "C", "POSIX"
+/// and what names no locale give "en_US_POSIX".
 [[nodiscard]] std::string localeIdentifierOf(std::string_view posixName);
 
 }  // namespace ov

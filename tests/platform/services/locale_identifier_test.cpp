@@ -39,12 +39,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"zh_HK@hant", "zh-Hant_HK"}, Row{"sr_Cyrl_RS@latin", "sr-Cyrl_RS"}));
 
 INSTANTIATE_TEST_SUITE_P(OtherModifier, LocaleIdentifier,
-                         testing::Values(Row{"de_DE@euro", "de_DE"},
-                                         Row{"ca_ES@valencia", "ca_ES"},
+                         testing::Values(Row{"de_DE@euro", "de_DE"}, Row{"ca_ES@valencia", "ca_ES"},
                                          Row{"ca_ES.UTF-8@valencia", "ca_ES"},
-                                         Row{"ca@valencia", "ca"},
-                                         Row{"de_DE@1996", "de_DE"}, Row{"de_DE@", "de_DE"},
-                                         Row{"de_DE@a b", "de_DE"}, Row{"de_DE@x@y", "de_DE"},
+                                         Row{"ca@valencia", "ca"}, Row{"de_DE@1996", "de_DE"},
+                                         Row{"de_DE@", "de_DE"}, Row{"de_DE@a b", "de_DE"},
+                                         Row{"de_DE@x@y", "de_DE"},
                                          Row{"de_DE@collation=phonebook", "de_DE"}));
 
 INSTANTIATE_TEST_SUITE_P(
