@@ -201,8 +201,8 @@ TEST(MultipleValueArchive, StoredTypeOfTheReadOnlyClassIsWrittenBack) {
 }
 
 TEST(MultipleValueArchive, ElementsOfTheReadOnlyClassAreElements) {
-  const auto element =
-      archivedAs("OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}});
+  const auto element = archivedAs(
+      "OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}});
   const auto multiple = restored<OVMutableMultipleValue>(
       archivedAs("OVMutableMultipleValue", {{"valueArray", OVList<OVObject>::list({element})}}));
   ASSERT_EQ(multiple->count(), 1U);
