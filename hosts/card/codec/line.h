@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "version.h"
+
+namespace ov::card {
+
+/// A parameter with all its values, taken out of quotes and decoded.
+struct Parameter {
+  /// In upper case.
+  std::string_view name;
+  /// At least one, which may be empty.
+  std::span<const std::string_view> values;
+};
+
+/// The preference of a line that says nothing of it.
+inline constexpr int kNotPreferred = 101;
+
+/// Bytes that a line holds as base64.
+struct Binary {
+  std::string bytes;
+  /// The media type that a data URI names, in lower case; else empty.
+  std::string mediaType;
+};
+
+/// One property of a card, its continuation lines joined, in UTF-8.
+///
+/// Views live as long as the card. Values are decoded when they are first asked for, once.
+class Line {
+ public:
+  /// Where the line begins, counted from 1.
+  [[nodiscard]] std::size_t number() const { return number_; }
+  /// The line as it stands, its folds and the end of its last line included (see Card::source).
+  [[nodiscard]] std::string_view source() const { return source_; }
+
+  /// As it stands, without the dot; empty when there is none.
+  [[nodiscard]] std::string_view group() const { return group_; }
+  /// In upper case.
+  [[nodiscard]] std::string_view name() const { return name_; }
+  /// True for `base`, and for "X-...-" followed by `base`. `base` is in upper case.
+  [[nodiscard]] bool isNamed(std::string_view base) const;
+
+  /// The parameters as they stand, unfolded, encoding and character set included, each behind a
+  /// semicolon.
+  [[nodiscard]] std::string_view parametersAsTheyStand() const { return parametersAsTheyStand_; }
+  /// In the order of the card, no name twice, without those that tell encoding and character set.
+  /// Words without a name are values of TYPE.
+  [[nodiscard]] std::span<const Parameter> parameters() const { return parameters_; }
+  /// Null when there is none. `name` is in upper case.
+  [[nodiscard]] const Parameter* parameter(std::string_view name) const;
+  /// The first value of the parameter; "" when there is none.
+  [[nodiscard]] std::string_view parameterValue(std::string_view name) const;
+  /// The words of TYPE in upper case, without PREF.
+  [[nodiscard]] std::vector<std::string> types() const;
+  /// 1 for the most preferred to 100, from PREF or TYPE, or `kNotPreferred`.
+  [[nodiscard]] int preference() const;
+
+  /// Whether the card says that the value is base64, and it is.
+  [[nodiscard]] bool isBase64() const { return isBase64_; }
+  /// The value, canonical (see escapes.h); of base64 the digits, without blanks.
+  [[nodiscard]] std::string_view value() const;
+  /// The value as one text, escapes decoded; the same as `value` for base64.
+  [[nodiscard]] std::string_view text() const;
+  /// The bytes behind base64 or a base64 data URI, decoded on each call straight from the source;
+  /// nothing for other values.
+  [[nodiscard]] std::optional<Binary> binary() const;
+};
+
+}  // namespace ov::card
