@@ -61,4 +61,11 @@ namespace ov::card {
   });
 }
 
+/// A name of a property: some programs put a slash into theirs.
+[[nodiscard]] constexpr bool isPropertyName(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+    return isAlphanumeric(c) || c == '-' || c == '_' || c == '/';
+  });
+}
+
 }  // namespace ov::card

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <memory_resource>
 #include <string_view>
@@ -12,16 +11,17 @@
 namespace ov::card {
 
 /// One card as it stands in a text.
-///
-/// All views of a card and its lines live as long as both the text and the card.
 struct Card {
+  explicit Card(std::pmr::memory_resource* memory) : lines(memory) {}
+
   /// 3.0 where the card does not tell.
   Version version = Version::V3_0;
   /// Where BEGIN:VCARD stands, counted from 1.
   std::size_t number = 0;
-  /// The card from BEGIN:VCARD to the end of the line END:VCARD: the bytes of the text where those
-  /// are UTF-8; where not, lines in other character sets are spelled in UTF-8.
+  /// The card from BEGIN:VCARD to the end of the line END:VCARD, as it stands in the text; but
+  /// where lines in other character sets than UTF-8 are spelled anew, memory of the card.
   std::string_view source;
+  bool isSpelledAnew = false;
   /// What has to follow `source` to end the card: empty unless END:VCARD or its line end is
   /// missing.
   std::string_view rest;

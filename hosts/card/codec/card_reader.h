@@ -1,18 +1,18 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "card.h"
+#include "charset.h"
+#include "line_reader.h"
 #include "problems.h"
+#include "text_lines.h"
 
 namespace ov::card {
-
-/// The bytes of a file as text for a `CardReader`: byte-order marks go, UTF-16 becomes UTF-8. What
-/// is no UTF-16 becomes U+FFFD, and is reported.
-[[nodiscard]] std::string textOfFile(std::string bytes, Problems& problems);
 
 /// Finds the cards in a text, one after the other. A card without END:VCARD ends where the next one
 /// begins; a card that stands inside another as the value of AGENT belongs to that line.
@@ -22,19 +22,47 @@ class CardReader {
  public:
   /// Both must live as long as the reader.
   CardReader(std::string_view text, Problems& problems);
-  ~CardReader();
   CardReader(const CardReader&) = delete;
   CardReader& operator=(const CardReader&) = delete;
+  ~CardReader() = default;
 
-  /// The next card, which lives until the next call; null when there is none.
+  /// The next card, which lives until the next call and not longer than text and reader; null when
+  /// there is none.
   [[nodiscard]] const Card* next();
 
   /// How many bytes have been read.
-  [[nodiscard]] std::size_t offset() const;
+  [[nodiscard]] std::size_t offset() const { return cursor_.offset(); }
 
  private:
-  class Implementation;
-  std::unique_ptr<Implementation> implementation_;
+  /// A line that is not just ASCII or UTF-8.
+  struct Encoded {
+    Line* line;
+    LineReader::Notes notes;
+    std::string spelling;  // in UTF-8; empty when the source is
+  };
+
+  bool findBegin();
+  void readCard();
+  void readLines();
+  void endCard();
+  void decode(Encoded& encoded);
+  [[nodiscard]] std::string inUTF8(std::string bytes, std::string_view charset, std::size_t line);
+  [[nodiscard]] std::string spelled(const Encoded& encoded) const;
+  void spellAnew();
+
+  std::string_view text_;
+  bool hasNUL_;
+  Problems& problems_;
+  Cursor cursor_;
+  CardContext context_;
+  LineReader lineReader_;
+  Charsets charsets_;
+  std::optional<Card> card_;
+  std::size_t open_ = 0;  // cards that have begun and not ended
+  std::vector<Encoded> encoded_;
+  bool isSpelledAnew_ = false;
+  std::string source_;  // of a card that is spelled anew
+  std::string rest_;
 };
 
 }  // namespace ov::card

@@ -8,17 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "arena.h"
+#include "header.h"
 #include "version.h"
 
 namespace ov::card {
-
-/// A parameter with all its values, taken out of quotes and decoded.
-struct Parameter {
-  /// In upper case.
-  std::string_view name;
-  /// At least one, which may be empty.
-  std::span<const std::string_view> values;
-};
 
 /// The preference of a line that says nothing of it.
 inline constexpr int kNotPreferred = 101;
@@ -28,6 +22,12 @@ struct Binary {
   std::string bytes;
   /// The media type that a data URI names, in lower case; else empty.
   std::string mediaType;
+};
+
+/// What the lines of a card share.
+struct CardContext {
+  Arena arena;
+  Version version = Version::V3_0;
 };
 
 /// One property of a card, its continuation lines joined, in UTF-8.
@@ -63,7 +63,7 @@ class Line {
   [[nodiscard]] int preference() const;
 
   /// Whether the card says that the value is base64, and it is.
-  [[nodiscard]] bool isBase64() const { return isBase64_; }
+  [[nodiscard]] bool isBase64() const { return encoding_ == Encoding::Base64; }
   /// The value, canonical (see escapes.h); of base64 the digits, without blanks.
   [[nodiscard]] std::string_view value() const;
   /// The value as one text, escapes decoded; the same as `value` for base64.
@@ -71,6 +71,36 @@ class Line {
   /// The bytes behind base64 or a base64 data URI, decoded on each call straight from the source;
   /// nothing for other values.
   [[nodiscard]] std::optional<Binary> binary() const;
+
+ private:
+  friend class CardReader;
+  friend class LineReader;
+
+  struct Decoded {
+    std::optional<std::string_view> plain;  // in UTF-8, unfolded, its escapes as they stand
+    std::optional<std::string_view> value;
+    std::optional<std::string_view> text;
+  };
+
+  [[nodiscard]] Decoded& decoded() const;
+  [[nodiscard]] std::string_view plain() const;
+  /// The bytes of the value, unfolded, without quoted-printable, in the character set of the line.
+  [[nodiscard]] std::string bytes() const;
+  /// The text of the card that stands inside this line.
+  [[nodiscard]] std::string nestedCard() const;
+
+  CardContext* context_ = nullptr;
+  std::size_t number_ = 0;
+  std::string_view source_;
+  std::string_view group_;
+  std::string_view name_;
+  std::string_view parametersAsTheyStand_;
+  std::span<const Parameter> parameters_;
+  std::string_view raw_;                // what stands behind the colon, folded
+  mutable Decoded* decoded_ = nullptr;  // null while nothing has been decoded
+  Encoding encoding_ = Encoding::None;
+  bool isFolded_ = false;
+  bool holdsCard_ = false;
 };
 
 }  // namespace ov::card

@@ -1,0 +1,227 @@
+#include "header.h"
+
+#include <algorithm>
+#include <map>
+
+#include "ascii.h"
+
+namespace ov::card {
+
+namespace {
+
+/// Up to this number it is faster to look at each.
+constexpr std::size_t kFew = 16;
+
+/// Hands over the parts of the text between separators that stand outside quotes.
+template <class Use>
+void forEachPart(std::string_view text, char separator, Use use) {
+  bool inQuotes = false;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '"') inQuotes = !inQuotes;
+    if (text[i] != separator || inQuotes) continue;
+    use(text.substr(start, i - start));
+    start = i + 1;
+  }
+  use(text.substr(start));
+}
+
+Encoding encodingOf(std::string_view word) {
+  if (sameWord(word, "QUOTED-PRINTABLE")) return Encoding::QuotedPrintable;
+  if (sameWord(word, "BASE64")) return Encoding::Base64;
+  return Encoding::None;
+}
+
+std::string withoutQuotes(std::string_view text) {
+  std::string plain(text);
+  std::erase(plain, '"');
+  return plain;
+}
+
+std::string circumflexDecoded(std::string_view value) {
+  std::string decoded;
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    const char next = value[i] == '^' && i + 1 < value.size() ? value[i + 1] : '\0';
+    const bool known = next == 'n' || next == '\'' || next == '^';
+    decoded += !known ? value[i] : next == 'n' ? '\n' : next == '\'' ? '"' : '^';
+    if (known) ++i;
+  }
+  return decoded;
+}
+
+/// Values cannot hold quotes and line breaks themselves.
+void appendEncoded(std::string& text, std::string_view value) {
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    const char c = value[i];
+    if (c == '^') {
+      text += "^^";
+    } else if (c == '"') {
+      text += "^'";
+    } else if (c == '\n' || c == '\r') {
+      text += "^n";
+      if (value.substr(i).starts_with("\r\n")) ++i;
+    } else if (c != '\0') {
+      text += c;
+    }
+  }
+}
+
+bool isSimple(std::string_view value) {
+  return !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
+    return isAlphanumeric(c) || std::string_view("-_./+").find(c) != std::string_view::npos;
+  });
+}
+
+void appendValue(std::string& parameters, std::string_view value) {
+  const std::string_view quote = isSimple(value) ? "" : "\"";
+  parameters += quote;
+  appendEncoded(parameters, value);
+  parameters += quote;
+}
+
+std::string_view nameOf(std::string_view parameter) {
+  return trim(parameter.substr(0, parameter.find('=')));
+}
+
+}  // namespace
+
+bool HeaderParser::parse(std::string_view text, Header& header) {
+  header = {};
+  values_.clear();
+  bool isFirst = true;
+  forEachPart(text, ';', [&](std::string_view part) {
+    if (isFirst) {
+      header.parametersAsTheyStand = text.substr(part.size());
+      part = trim(part);
+      if (const std::size_t dot = part.rfind('.'); dot != std::string_view::npos) {
+        header.group = part.substr(0, dot);
+        part.remove_prefix(dot + 1);
+      }
+      header.name = part;
+      isFirst = false;
+    } else if (part = trim(part); !part.empty()) {
+      takeParameter(part, header);
+    }
+  });
+  if (!isPropertyName(header.name)) return false;
+  header.name = arena_.upper(header.name);
+  if (header.name == "BEGIN" || header.name == "END") return false;
+  joinParameters(header);
+  return true;
+}
+
+void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
+  const std::size_t equals = parameter.find('=');
+  if (equals == std::string_view::npos) {
+    if (!isEncodingWord(parameter)) {
+      takeValues("TYPE", parameter);
+    } else if (encodingOf(parameter) != Encoding::None) {
+      header.encoding = encodingOf(parameter);
+    }
+    return;
+  }
+  const std::string_view name = nameOf(parameter);
+  const std::string_view value = parameter.substr(equals + 1);
+  if (sameWord(name, "CHARSET")) {
+    header.charset = arena_.copy(withoutQuotes(trim(value)));
+  } else if (sameWord(name, "ENCODING")) {
+    const std::string plain = withoutQuotes(trim(value));
+    if (sameWord(plain, "B")) {
+      header.encoding = Encoding::Base64;
+    } else if (!isEncodingWord(plain)) {
+      takeValues("X-ENCODING", value);
+    } else if (encodingOf(plain) != Encoding::None) {
+      header.encoding = encodingOf(plain);
+    }
+  } else if (isToken(name)) {
+    takeValues(arena_.upper(name), value);
+  } else {
+    takeValues("X-INVALID", parameter);
+  }
+}
+
+void HeaderParser::takeValues(std::string_view name, std::string_view values) {
+  forEachPart(values, ',', [&](std::string_view value) {
+    values_.push_back({name, decoded(value)});
+  });
+}
+
+std::string_view HeaderParser::decoded(std::string_view value) {
+  value = trim(value);
+  if (value.size() > 1 && value.starts_with('"') && value.ends_with('"')) {
+    value = value.substr(1, value.size() - 2);
+  }
+  if (value.find_first_of("\"^") == std::string_view::npos) return value;
+  return arena_.copy(circumflexDecoded(withoutQuotes(value)));
+}
+
+/// Values of one name come together, where the first of them stands.
+void HeaderParser::joinParameters(Header& header) {
+  if (values_.empty()) return;
+  std::map<std::string_view, std::size_t> places;
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    Value& value = values_[i];
+    if (values_.size() > kFew) {
+      value.place = places.try_emplace(value.name, i).first->second;
+    } else {
+      const auto first = std::find_if(values_.begin(), values_.end(),
+                                      [&](const Value& v) { return v.name == value.name; });
+      value.place = static_cast<std::size_t>(first - values_.begin());
+    }
+  }
+  const auto isBefore = [](const Value& a, const Value& b) { return a.place < b.place; };
+  if (!std::is_sorted(values_.begin(), values_.end(), isBefore)) {
+    std::stable_sort(values_.begin(), values_.end(), isBefore);
+  }
+
+  texts_.clear();
+  for (const Value& value : values_) texts_.push_back(value.text);
+  const auto texts = arena_.copy(std::span<const std::string_view>(texts_));
+  parameters_.clear();
+  for (std::size_t i = 0, end = 0; i < values_.size(); i = end) {
+    while (end < values_.size() && values_[end].place == values_[i].place) ++end;
+    parameters_.push_back({values_[i].name, texts.subspan(i, end - i)});
+  }
+  header.parameters = arena_.copy(std::span<const Parameter>(parameters_));
+}
+
+std::size_t findColon(std::string_view line, bool& inQuotes) {
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] == '"') inQuotes = !inQuotes;
+    if (line[i] == ':' && !inQuotes) return i;
+  }
+  return std::string_view::npos;
+}
+
+std::string withoutEncoding(std::string_view parametersAsTheyStand) {
+  std::string parameters;
+  forEachPart(parametersAsTheyStand, ';', [&](std::string_view part) {
+    const bool isNamed = part.find('=') != std::string_view::npos;
+    const std::string_view name = nameOf(part);
+    const bool isDropped = isNamed ? sameWord(name, "CHARSET") || sameWord(name, "ENCODING")
+                                   : name.empty() || isEncodingWord(name);
+    if (!isDropped) parameters.append(";").append(part);
+  });
+  return parameters;
+}
+
+bool isEncodingWord(std::string_view word) {
+  return encodingOf(word) != Encoding::None || sameWord(word, "7BIT") || sameWord(word, "8BIT");
+}
+
+void appendParameter(std::string& parameters, std::string_view name,
+                     std::initializer_list<std::string_view> values) {
+  appendParameter(parameters, {name, {values.begin(), values.size()}});
+}
+
+void appendParameter(std::string& parameters, const Parameter& parameter) {
+  parameters.append(";").append(parameter.name).append("=");
+  bool isFirst = true;
+  for (const std::string_view value : parameter.values) {
+    if (!isFirst) parameters += ',';
+    appendValue(parameters, value);
+    isFirst = false;
+  }
+}
+
+}  // namespace ov::card

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "arena.h"
+
+namespace ov::card {
+
+/// A parameter with all its values, taken out of quotes and decoded.
+struct Parameter {
+  /// In upper case.
+  std::string_view name;
+  /// At least one, which may be empty.
+  std::span<const std::string_view> values;
+};
+
+enum class Encoding : std::uint8_t { None, QuotedPrintable, Base64 };
+
+/// What stands before the colon of a line.
+struct Header {
+  /// Empty when there is none.
+  std::string_view group;
+  /// In upper case.
+  std::string_view name;
+  /// As they stand, each behind a semicolon.
+  std::string_view parametersAsTheyStand;
+  /// Without those that tell encoding and character set; no name twice.
+  std::span<const Parameter> parameters;
+  Encoding encoding = Encoding::None;
+  /// Empty when none is named.
+  std::string_view charset;
+};
+
+/// Takes headers apart.
+class HeaderParser {
+ public:
+  /// What had to be copied is in `arena`.
+  explicit HeaderParser(Arena& arena) : arena_(arena) {}
+
+  /// False when `text` is the header of no property. `header` views `text`, which is UTF-8.
+  bool parse(std::string_view text, Header& header);
+
+ private:
+  struct Value {
+    std::string_view name;
+    std::string_view text;
+    std::size_t place = 0;  // of the first value of that name
+  };
+
+  void takeParameter(std::string_view parameter, Header& header);
+  void takeValues(std::string_view name, std::string_view values);
+  [[nodiscard]] std::string_view decoded(std::string_view value);
+  void joinParameters(Header& header);
+
+  Arena& arena_;
+  std::vector<Value> values_;
+  std::vector<Parameter> parameters_;
+  std::vector<std::string_view> texts_;
+};
+
+/// The end of the header in front of `line`; `npos` where only a colon in quotes, or none, is left.
+/// `inQuotes` tells how the text before it ended, and then how this one does.
+[[nodiscard]] std::size_t findColon(std::string_view line, bool& inQuotes);
+
+/// The parameters as they stand without those that tell encoding and character set.
+[[nodiscard]] std::string withoutEncoding(std::string_view parametersAsTheyStand);
+
+/// True for words that say something of the encoding wherever they stand alone.
+[[nodiscard]] bool isEncodingWord(std::string_view word);
+
+/// Appends a parameter with a semicolon in front, its values encoded, and quoted where need be.
+void appendParameter(std::string& parameters, std::string_view name,
+                     std::initializer_list<std::string_view> values);
+void appendParameter(std::string& parameters, const Parameter& parameter);
+
+}  // namespace ov::card

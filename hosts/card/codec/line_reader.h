@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "header.h"
+#include "line.h"
+#include "problems.h"
+#include "text_lines.h"
+
+namespace ov::card {
+
+/// Reads one property after the other, however many lines of the text it takes.
+class LineReader {
+ public:
+  LineReader(Cursor& cursor, CardContext& context, Problems& problems)
+      : cursor_(cursor), context_(context), problems_(problems), parser_(context.arena) {}
+
+  /// What is not told by the line itself.
+  struct Notes {
+    /// Empty when none is named.
+    std::string_view charset;
+    /// Whether the header came as UTF-8.
+    bool hasPlainHeader = true;
+    /// How many cards in this line lack their END:VCARD.
+    std::size_t openCards = 0;
+  };
+
+  /// Reads the property that begins at the cursor, which stands at no marker. False, behind a
+  /// message, when there is none: `line` then is the text that was passed over.
+  bool read(Line& line, Notes& notes);
+
+ private:
+  [[nodiscard]] std::size_t readHeader();
+  bool parseHeader(std::string_view text, std::size_t line, Header& header, Notes& notes);
+  void takeContinuations();
+  void takeQuotedPrintable();
+  [[nodiscard]] bool takeBase64(const char* value);
+  bool takeCard(std::string_view value, Notes& notes);
+  void take();
+  /// From `begin` to the end of the line taken last, without its end.
+  [[nodiscard]] std::string_view textFrom(const char* begin) const;
+
+  Cursor& cursor_;
+  CardContext& context_;
+  Problems& problems_;
+  HeaderParser parser_;
+  TextLine last_;  // the line taken last
+};
+
+}  // namespace ov::card
