@@ -65,13 +65,14 @@ std::size_t characterSize(std::string_view bytes) {
   return size;
 }
 
-/// How many bytes in front are ASCII, in steps of eight.
+/// How many bytes in front are ASCII: they are most, and looked at in steps of eight.
 std::size_t asciiSize(std::string_view bytes) {
   std::size_t size = 0;
   for (std::uint64_t word = 0; size + sizeof word <= bytes.size(); size += sizeof word) {
     std::memcpy(&word, bytes.data() + size, sizeof word);
     if ((word & 0x8080808080808080U) != 0) break;
   }
+  while (size < bytes.size() && static_cast<unsigned char>(bytes[size]) < 0x80) ++size;
   return size;
 }
 
@@ -140,21 +141,16 @@ Converted convert(iconv_t converter, std::string_view bytes) {
 
 }  // namespace
 
-bool isASCII(std::string_view bytes) {
-  bytes.remove_prefix(asciiSize(bytes));
-  return std::all_of(bytes.begin(), bytes.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
+bool isASCII(std::string_view bytes) { return asciiSize(bytes) == bytes.size(); }
 
 bool isUTF8(std::string_view bytes) {
-  while (!bytes.empty()) {
+  for (;;) {
     bytes.remove_prefix(asciiSize(bytes));
-    if (bytes.empty()) break;
+    if (bytes.empty()) return true;
     const std::size_t size = characterSize(bytes);
     if (size == 0) return false;
     bytes.remove_prefix(size);
   }
-  return true;
 }
 
 std::string guessedUTF8(std::string_view bytes) {

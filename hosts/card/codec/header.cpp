@@ -87,25 +87,22 @@ std::string_view nameOf(std::string_view parameter) {
 
 bool HeaderParser::parse(std::string_view text, Header& header) {
   header = {};
-  values_.clear();
-  bool isFirst = true;
-  forEachPart(text, ';', [&](std::string_view part) {
-    if (isFirst) {
-      header.parametersAsTheyStand = text.substr(part.size());
-      part = trim(part);
-      if (const std::size_t dot = part.rfind('.'); dot != std::string_view::npos) {
-        header.group = part.substr(0, dot);
-        part.remove_prefix(dot + 1);
-      }
-      header.name = part;
-      isFirst = false;
-    } else if (part = trim(part); !part.empty()) {
-      takeParameter(part, header);
-    }
-  });
+  const std::size_t end = std::min(text.find(';'), text.size());
+  header.name = trim(text.substr(0, end));
+  header.parametersAsTheyStand = text.substr(end);
+  if (const std::size_t dot = header.name.rfind('.'); dot != std::string_view::npos) {
+    header.group = header.name.substr(0, dot);
+    header.name.remove_prefix(dot + 1);
+  }
   if (!isPropertyName(header.name)) return false;
   header.name = arena_.upper(header.name);
   if (header.name == "BEGIN" || header.name == "END") return false;
+  if (end == text.size()) return true;
+
+  values_.clear();
+  forEachPart(text.substr(end + 1), ';', [&](std::string_view part) {
+    if (!trim(part).empty()) takeParameter(trim(part), header);
+  });
   joinParameters(header);
   return true;
 }
@@ -185,10 +182,12 @@ void HeaderParser::joinParameters(Header& header) {
   header.parameters = arena_.copy(std::span<const Parameter>(parameters_));
 }
 
-std::size_t findColon(std::string_view line, bool& inQuotes) {
+std::size_t ColonFinder::find(std::string_view line) {
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == '"') inQuotes = !inQuotes;
-    if (line[i] == ':' && !inQuotes) return i;
+    const auto c = static_cast<unsigned char>(line[i]);
+    if (c == ':' && !inQuotes_) return i;
+    if (c == '"') inQuotes_ = !inQuotes_;
+    if (c == 0 || c >= 0x80) sawPlainText_ = false;
   }
   return std::string_view::npos;
 }

@@ -64,9 +64,19 @@ class HeaderParser {
   std::vector<std::string_view> texts_;
 };
 
-/// The end of the header in front of `line`; `npos` where only a colon in quotes, or none, is left.
-/// `inQuotes` tells how the text before it ended, and then how this one does.
-[[nodiscard]] std::size_t findColon(std::string_view line, bool& inQuotes);
+/// Looks for the colon that ends a header.
+class ColonFinder {
+ public:
+  /// Goes on with the next line of a folded header; `npos` where it holds no colon outside quotes.
+  [[nodiscard]] std::size_t find(std::string_view line);
+
+  /// Whether all that was passed over is ASCII without NUL.
+  [[nodiscard]] bool sawPlainText() const { return sawPlainText_; }
+
+ private:
+  bool inQuotes_ = false;
+  bool sawPlainText_ = true;
+};
 
 /// The parameters as they stand without those that tell encoding and character set.
 [[nodiscard]] std::string withoutEncoding(std::string_view parametersAsTheyStand);
