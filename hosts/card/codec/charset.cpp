@@ -15,8 +15,6 @@ namespace ov::card {
 
 namespace {
 
-constexpr std::size_t kMostConverters = 32;
-
 /// What Windows-1252 has for 0x80 to 0x9F; zero where it has nothing.
 constexpr std::array<char16_t, 32> kWindows1252{
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -101,17 +99,13 @@ std::string windows1252ToUTF8(std::string_view bytes) {
   return text;
 }
 
-struct CloseConverter {
-  void operator()(void* converter) const { iconv_close(converter); }
-};
-using Converter = std::unique_ptr<void, CloseConverter>;
-
-Converter open(std::string_view charset) {
+/// Null when there is no such character set.
+void* openConverter(std::string_view charset) {
   if (!isCharsetName(charset)) return nullptr;
   // What iconv_open returns when it fails: (iconv_t)-1.
   static auto* const kFailed = std::bit_cast<void*>(std::intptr_t{-1});
   void* const converter = iconv_open("UTF-8", std::string(charset).c_str());
-  return Converter(converter == kFailed ? nullptr : converter);
+  return converter == kFailed ? nullptr : converter;
 }
 
 Converted convert(iconv_t converter, std::string_view bytes) {
@@ -192,31 +186,25 @@ Converted utf16ToUTF8(std::string_view bytes, bool bigEndian) {
   return result;
 }
 
-struct Charsets::Entry {
-  std::string name;
-  Converter converter;  // null where there is no such character set
-};
-
-Charsets::Charsets() = default;
-Charsets::~Charsets() = default;
-
-Charsets::Entry& Charsets::entryOf(std::string_view charset) {
-  auto at = std::find_if(entries_.begin(), entries_.end(),
-                         [&](const Entry& entry) { return sameWord(entry.name, charset); });
-  if (at == entries_.end()) {
-    if (entries_.size() == kMostConverters) entries_.pop_back();
-    at = entries_.insert(entries_.end(), {std::string(charset), open(charset)});
+void* Charsets::converterFor(std::string_view charset) {
+  std::string name = upperASCII(charset);
+  auto at = converters_.find(name);
+  if (at == converters_.end()) {
+    Converter converter(openConverter(charset));
+    if (converter == nullptr) return nullptr;
+    at = converters_.emplace(std::move(name), std::move(converter)).first;
   }
-  std::rotate(entries_.begin(), at, at + 1);
-  return entries_.front();
+  return at->second.get();
 }
+
+void Charsets::Close::operator()(void* converter) const { iconv_close(converter); }
 
 std::optional<Converted> Charsets::toUTF8(std::string_view bytes, std::string_view charset) {
   if (sameWord(charset, "UTF-8") && isUTF8(bytes)) return Converted{std::string(bytes), true};
   if (isNearlyWindows1252(charset)) return Converted{windows1252ToUTF8(bytes), true};
-  const Entry& entry = entryOf(charset);
-  if (entry.converter == nullptr) return std::nullopt;
-  return convert(entry.converter.get(), bytes);
+  void* const converter = converterFor(charset);
+  if (converter == nullptr) return std::nullopt;
+  return convert(converter, bytes);
 }
 
 }  // namespace ov::card

@@ -47,21 +47,25 @@ class HeaderParser {
   bool parse(std::string_view text, Header& header);
 
  private:
-  struct Value {
+  /// Values of one name that stand together.
+  struct Run {
     std::string_view name;
-    std::string_view text;
-    std::size_t place = 0;  // of the first value of that name
+    std::size_t begin;
+    std::size_t end = 0;
+    std::size_t place = 0;  // of the first run of that name
   };
 
   void takeParameter(std::string_view parameter, Header& header);
   void takeValues(std::string_view name, std::string_view values);
+  void takeValue(std::string_view name, std::string_view value);
   [[nodiscard]] std::string_view decoded(std::string_view value);
   void joinParameters(Header& header);
+  void joinRuns();
 
   Arena& arena_;
-  std::vector<Value> values_;
+  std::vector<std::string_view> values_;
+  std::vector<Run> runs_;
   std::vector<Parameter> parameters_;
-  std::vector<std::string_view> texts_;
 };
 
 /// Looks for the colon that ends a header.

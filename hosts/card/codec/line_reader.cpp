@@ -39,9 +39,8 @@ struct Agent {
 bool LineReader::read(Line& line, Notes& notes) {
   line = {};
   notes = {};
-  notes.number = cursor_.line().number;
   line.context_ = &context_;
-  line.number_ = notes.number;
+  line.number_ = cursor_.line().number;
   const char* const begin = cursor_.line().text.data();
   Header header;
   if (!readHeader(header, notes)) {
@@ -84,18 +83,19 @@ bool LineReader::readHeader(Header& header, Notes& notes) {
   std::string_view text(begin, colon);
   if (colon > first.text.size()) text = context_.arena.copy(unfolded(text, 1));
   if (quotesPair && finder.sawPlainText()) return parser_.parse(text, header);
-  return parseMended(text, quotesPair, header, notes);
+  return parseMended(first, text, quotesPair, header, notes);
 }
 
 /// Parses what is more than plain ASCII.
-bool LineReader::parseMended(std::string_view text, bool quotesPair, Header& header, Notes& notes) {
+bool LineReader::parseMended(const TextLine& first, std::string_view text, bool quotesPair,
+                             Header& header, Notes& notes) {
   notes.hasPlainHeader = isUTF8(text);
   std::string mended = notes.hasPlainHeader ? std::string(text) : guessedUTF8(text);
   std::size_t erased = std::erase(mended, '\0');
   if (!quotesPair) erased += std::erase(mended, '"');
   if (!parser_.parse(context_.arena.copy(mended), header)) return false;
   if (erased > 0)
-    problems_.warning(notes.number, "quotes without a partner, or NUL, were left out");
+    problems_.warning(first.number, "quotes without a partner, or NUL, were left out");
   return true;
 }
 

@@ -18,7 +18,6 @@ class LineReader {
 
   /// What is not told by the line itself.
   struct Notes {
-    std::size_t number = 0;
     /// Empty when none is named.
     std::string_view charset;
     /// Whether the header came as UTF-8.
@@ -31,7 +30,8 @@ class LineReader {
 
  private:
   bool readHeader(Header& header, Notes& notes);
-  bool parseMended(std::string_view text, bool quotesPair, Header& header, Notes& notes);
+  bool parseMended(const TextLine& first, std::string_view text, bool quotesPair, Header& header,
+                   Notes& notes);
   void takeValue(Line& line);
   void takeContinuations();
   void takeQuotedPrintable();

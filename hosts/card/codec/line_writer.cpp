@@ -1,6 +1,7 @@
 #include "line_writer.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "ascii.h"
 #include "base64.h"
@@ -80,11 +81,33 @@ void appendOldType(std::string& parameters, std::string_view type) {
   }
 }
 
+void appendWithoutPreference(std::string& parameters, const Parameter& types) {
+  std::vector<std::string> kept;
+  for (const std::string_view value : types.values) {
+    std::string words;
+    for (const std::string_view word : splitValue(value, ',')) {
+      if (!sameWord(trim(word), "PREF")) words.append(words.empty() ? "" : ",").append(word);
+    }
+    if (!words.empty()) kept.push_back(std::move(words));
+  }
+  if (kept.empty()) return;
+  const std::vector<std::string_view> values(kept.begin(), kept.end());
+  appendParameter(parameters, {types.name, values});
+}
+
 }  // namespace
 
 std::string canonicalParameters(const Line& line) {
+  const bool isPreferred = line.parameter("PREF") == nullptr && line.preference() == 1;
   std::string parameters;
-  for (const Parameter& parameter : line.parameters()) appendParameter(parameters, parameter);
+  for (const Parameter& parameter : line.parameters()) {
+    if (isPreferred && parameter.name == "TYPE") {
+      appendWithoutPreference(parameters, parameter);
+    } else {
+      appendParameter(parameters, parameter);
+    }
+  }
+  if (isPreferred) appendParameter(parameters, "PREF", {"1"});
   return parameters;
 }
 

@@ -18,7 +18,7 @@ struct LineHeader {
   std::string_view parameters = {};
 };
 
-/// All parameters of a line, as `LineHeader` takes them.
+/// All parameters of a line, as `LineHeader` takes them: PREF=1 for the type that means it.
 [[nodiscard]] std::string canonicalParameters(const Line& line);
 
 /// Writes lines as a version of vCard spells them, folded at 75 bytes.
