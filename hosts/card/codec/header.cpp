@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "ascii.h"
-#include "charset.h"
 #include "quoted_printable.h"
+#include "utf8.h"
 
 namespace ov::card {
 
@@ -14,20 +14,6 @@ namespace {
 
 /// Up to this number it is faster to look at each.
 constexpr std::size_t kFew = 16;
-
-/// Hands over the parts of the text between separators that stand outside quotes.
-template <class Use>
-void forEachPart(std::string_view text, char separator, Use use) {
-  bool inQuotes = false;
-  std::size_t start = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') inQuotes = !inQuotes;
-    if (text[i] != separator || inQuotes) continue;
-    use(text.substr(start, i - start));
-    start = i + 1;
-  }
-  use(text.substr(start));
-}
 
 Encoding encodingOf(std::string_view word) {
   if (sameWord(word, "QUOTED-PRINTABLE")) return Encoding::QuotedPrintable;
@@ -59,36 +45,6 @@ std::string circumflexDecoded(std::string_view value) {
   return decoded;
 }
 
-/// Values cannot hold quotes and line breaks themselves.
-void appendEncoded(std::string& text, std::string_view value) {
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const char c = value[i];
-    if (c == '^') {
-      text += "^^";
-    } else if (c == '"') {
-      text += "^'";
-    } else if (c == '\n' || c == '\r') {
-      text += "^n";
-      if (value.substr(i).starts_with("\r\n")) ++i;
-    } else if (c != '\0') {
-      text += c;
-    }
-  }
-}
-
-bool isSimple(std::string_view value) {
-  return !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
-    return isAlphanumeric(c) || std::string_view("-_./+").find(c) != std::string_view::npos;
-  });
-}
-
-void appendValue(std::string& parameters, std::string_view value) {
-  const std::string_view quote = isSimple(value) ? "" : "\"";
-  parameters += quote;
-  appendEncoded(parameters, value);
-  parameters += quote;
-}
-
 /// The label in "X-CUSTOM(label)", which may be encoded:
 /// "X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=4C=61)". Phones write it for a type.
 std::optional<std::string> customLabel(std::string_view parameter) {
@@ -99,10 +55,6 @@ std::optional<std::string> customLabel(std::string_view parameter) {
       parameter.substr(kStart.size(), parameter.size() - kStart.size() - 1);
   if (!startsWithWord(label, kEncoded)) return std::string(label);
   return guessedUTF8(decodeQuotedPrintable(label.substr(kEncoded.size())));
-}
-
-std::string_view nameOf(std::string_view parameter) {
-  return trim(parameter.substr(0, parameter.find('=')));
 }
 
 }  // namespace
@@ -140,7 +92,7 @@ void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
     if (!takeEncoding(parameter, header)) takeValues("TYPE", parameter);
     return;
   }
-  const std::string_view name = nameOf(parameter);
+  const std::string_view name = trim(parameter.substr(0, equals));
   const std::string_view value = parameter.substr(equals + 1);
   if (sameWord(name, "CHARSET")) {
     header.charset = arena_.copy(withoutQuotes(trim(value)));
@@ -227,35 +179,8 @@ std::size_t ColonFinder::find(std::string_view line) {
   return std::string_view::npos;
 }
 
-std::string withoutEncoding(std::string_view parametersAsTheyStand) {
-  std::string parameters;
-  forEachPart(parametersAsTheyStand, ';', [&](std::string_view part) {
-    const bool isNamed = part.find('=') != std::string_view::npos;
-    const std::string_view name = nameOf(part);
-    const bool isDropped = isNamed ? sameWord(name, "CHARSET") || sameWord(name, "ENCODING")
-                                   : name.empty() || isEncodingWord(name);
-    if (!isDropped) parameters.append(";").append(part);
-  });
-  return parameters;
-}
-
 bool isEncodingWord(std::string_view word) {
   return encodingOf(word) != Encoding::None || sameWord(word, "7BIT") || sameWord(word, "8BIT");
-}
-
-void appendParameter(std::string& parameters, std::string_view name,
-                     std::initializer_list<std::string_view> values) {
-  appendParameter(parameters, {name, {values.begin(), values.size()}});
-}
-
-void appendParameter(std::string& parameters, const Parameter& parameter) {
-  parameters.append(";").append(parameter.name).append("=");
-  bool isFirst = true;
-  for (const std::string_view value : parameter.values) {
-    if (!isFirst) parameters += ',';
-    appendValue(parameters, value);
-    isFirst = false;
-  }
 }
 
 }  // namespace ov::card

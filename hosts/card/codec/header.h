@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -68,6 +67,20 @@ class HeaderParser {
   std::vector<Parameter> parameters_;
 };
 
+/// Hands over the parts of a header between separators that stand outside quotes.
+template <class Use>
+void forEachPart(std::string_view text, char separator, Use use) {
+  bool inQuotes = false;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '"') inQuotes = !inQuotes;
+    if (text[i] != separator || inQuotes) continue;
+    use(text.substr(start, i - start));
+    start = i + 1;
+  }
+  use(text.substr(start));
+}
+
 /// Looks for the colon that ends a header.
 class ColonFinder {
  public:
@@ -82,15 +95,7 @@ class ColonFinder {
   bool sawPlainText_ = true;
 };
 
-/// The parameters as they stand without those that tell encoding and character set.
-[[nodiscard]] std::string withoutEncoding(std::string_view parametersAsTheyStand);
-
 /// True for words that say something of the encoding wherever they stand alone.
 [[nodiscard]] bool isEncodingWord(std::string_view word);
-
-/// Appends a parameter with a semicolon in front, its values encoded, and quoted where need be.
-void appendParameter(std::string& parameters, std::string_view name,
-                     std::initializer_list<std::string_view> values);
-void appendParameter(std::string& parameters, const Parameter& parameter);
 
 }  // namespace ov::card

@@ -4,7 +4,7 @@
 
 #include "ascii.h"
 #include "base64.h"
-#include "charset.h"
+#include "utf8.h"
 
 namespace ov::card {
 
