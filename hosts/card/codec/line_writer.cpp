@@ -7,6 +7,7 @@
 #include "escapes.h"
 #include "parameters.h"
 #include "quoted_printable.h"
+#include "text_lines.h"
 #include "utf8.h"
 
 namespace ov::card {
@@ -96,14 +97,17 @@ void LineWriter::start(const LineHeader& header) {
 }
 
 void LineWriter::finish(std::string_view name, std::string_view value) {
+  // Unless it is folded or encoded, it would be the beginning of a card.
+  const bool isMarker = sameWord(name, "AGENT") && markerOf(trim(value)) == Marker::Begin;
   if (version_ != Version::V2_1) {
     put(":");
+    if (isMarker) column_ = kLongestLine;
     put(value);
     endLine();
     return;
   }
   const std::string old = valueOf21(value, sameWord(name, "CATEGORIES"));
-  if (needsEncoding(old)) {
+  if (isMarker || needsEncoding(old)) {
     if (!isASCII(old)) put(";CHARSET=UTF-8");
     put(";ENCODING=QUOTED-PRINTABLE:");
     appendQuotedPrintable(out_, old, column_, lineEnd_);

@@ -49,6 +49,10 @@ void appendOldType(std::string& parameters, std::string_view type) {
   }
 }
 
+bool isMostPreferred(const Parameter& parameter) {
+  return parameter.name == "PREF" && parameter.values.size() == 1 && parameter.values[0] == "1";
+}
+
 void appendWithoutPreference(std::string& parameters, const Parameter& types) {
   std::vector<std::string> kept;
   for (const std::string_view value : types.values) {
@@ -81,7 +85,9 @@ void appendParameter(std::string& parameters, const Parameter& parameter) {
 }
 
 std::string canonicalParameters(const Line& line) {
-  const bool isPreferred = line.parameter("PREF") == nullptr && line.preference() == 1;
+  const Parameter* const preference = line.parameter("PREF");
+  const bool isPreferred =
+      preference == nullptr ? line.preference() == 1 : isMostPreferred(*preference);
   std::string parameters;
   for (const Parameter& parameter : line.parameters()) {
     if (isPreferred && parameter.name == "TYPE") {
@@ -90,7 +96,7 @@ std::string canonicalParameters(const Line& line) {
       appendParameter(parameters, parameter);
     }
   }
-  if (isPreferred) appendParameter(parameters, "PREF", {"1"});
+  if (isPreferred && preference == nullptr) appendParameter(parameters, "PREF", {"1"});
   return parameters;
 }
 
@@ -104,7 +110,7 @@ std::string spelledParameters(std::string_view parameters, Version version) {
   std::string spelled;
   bool isPreferred = false;
   for (const Parameter& parameter : header.parameters) {
-    if (parameter.name == "PREF" && parameter.values.front() == "1") {
+    if (isMostPreferred(parameter)) {
       isPreferred = true;
     } else if (parameter.name == "TYPE" && isOld) {
       for (const std::string_view type : parameter.values) appendOldType(spelled, type);
