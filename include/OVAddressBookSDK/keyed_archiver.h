@@ -4,16 +4,17 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
 class OVOpaqueObject;
 
 namespace ov::detail {
-class AnyDictionary;
-class AnyList;
 class ArchiveWriter;
 }  // namespace ov::detail
 
@@ -36,12 +37,30 @@ class OV_EXPORT OVKeyedArchiver {
 
   /// Null is written as a null object: the key is present and reads as null.
   void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
+  /// The same for a copy of the owner's reference, such as one that an `OVAtomic` gives: the object
+  /// lives until it is written, even when the owner lets go of it meanwhile.
+  void encodeObjectForKey(OVRef<OVObject>&& object, std::string_view key);
   /// The same for a text. Equal texts are written once.
   void encodeObjectForKey(const OVString& text, std::string_view key);
+  /// The same for a list or a dictionary.
+  /// @{
+  template <class T>
+  void encodeObjectForKey(const OVList<T>& list, std::string_view key) {
+    encodeObjectForKey(list.object(), key);
+  }
+  template <class T>
+  void encodeObjectForKey(OVList<T>&& list, std::string_view key) {
+    encodeObjectForKey(std::move(list).object(), key);
+  }
+  template <class T>
+  void encodeObjectForKey(const OVDictionary<T>& dictionary, std::string_view key) {
+    encodeObjectForKey(dictionary.object(), key);
+  }
+  /// @}
   /// The same for a reference of another type.
   template <class T>
   void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
-    encodeCopyForKey(object, key);
+    encodeObjectForKey(OVRef<OVObject>(object), key);
   }
   /// An array as one object of the class "NSMutableArray".
   void encodeListForKey(std::span<const OVRef<OVObject>> items, std::string_view key);
@@ -56,13 +75,10 @@ class OV_EXPORT OVKeyedArchiver {
 
  private:
   friend class OVOpaqueObject;
-  friend class ov::detail::AnyDictionary;
-  friend class ov::detail::AnyList;
+  friend class ov::detail::DictionaryObject;
+  friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveWriter;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
-
-  /// For a reference that its owner holds with another type.
-  void encodeCopyForKey(const OVRef<OVObject>& copy, std::string_view key);
 
   ov::detail::ArchiveWriter& writer_;
 };

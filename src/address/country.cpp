@@ -1,7 +1,8 @@
 #include <OVAddressBookSDK/country.h>
 
 #include <algorithm>
-#include <functional>
+#include <array>
+#include <atomic>
 #include <stdexcept>
 #include <string_view>
 #include <unordered_set>
@@ -12,6 +13,7 @@
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include "address/country_names.h"
+#include "platform/ascii_case.h"
 #include "platform/built_once.h"
 #include "platform/maker.h"
 
@@ -21,8 +23,8 @@ constexpr OVString kDefaultCountryKey(ov::detail::kConstant<"Default_Country_Key
 constexpr OVString kUnitedStates(ov::detail::kConstant<"us">);
 
 struct Countries {
-  OVRef<OVList<OVCountry>> list = OVList<OVCountry>::list();
-  OVRef<OVDictionary<OVCountry>> byCode = OVDictionary<OVCountry>::dictionary();
+  OVList<OVCountry> list = OVList<OVCountry>::list();
+  OVDictionary<OVCountry> byCode = OVDictionary<OVCountry>::dictionary();
   /// Upper case, those without a name included.
   std::unordered_set<OVString> platformCodes;
 };
@@ -30,39 +32,78 @@ struct Countries {
 constinit ov::detail::BuiltOnce<Countries> countriesOnce;
 
 ov::detail::CountryName nameRowOf(const OVString& code) {
-  return ov::detail::countryNameOf(OVLocale::currentLocale()->lowercase(code));
+  const std::string_view given = code.view();
+  if (given.size() != 2) return {};
+  const std::array lower{ov::asciiLower(given[0]), ov::asciiLower(given[1])};
+  return ov::detail::countryNameOf({lower.data(), lower.size()});
 }
 
 void add(const Countries& countries, const OVString& code) {
   const ov::detail::CountryName row = nameRowOf(code);
   if (row.name.isNull()) return;
   const auto country = OVCountry::initWithCodeName(row.code, row.name);
-  countries.list->push_back(country);
-  countries.byCode->set(row.code, country);
+  countries.list.push_back(country);
+  try {
+    countries.byCode.set(row.code, country);
+  } catch (...) {
+    countries.list.erase(countries.list.size() - 1);
+    throw;
+  }
 }
 
-// A missing name counts as "". The country keeps the text alive.
-std::string_view nameOf(const OVRef<OVObject>& item) {
-  const auto* country = dynamic_cast<const OVCountry*>(item.get());
-  return country == nullptr ? std::string_view() : country->name().view();
+// A missing name counts as "", and so does a foreign object in the list.
+OVString nameOf(const OVRef<OVCountry>& country) {
+  return country == nullptr ? OVString() : country->name();
 }
 
-void sortByName(const Countries& countries) {
-  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), nameOf);
+bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
+  return nameOf(a).view() < nameOf(b).view();
 }
 
-Countries build() {
+void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
+
+/// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is
+/// held. What it cannot do is ask for a country on the way, however many threads it passes through.
+OVList<OVString> platformCodes() {
+  static thread_local bool isAsking = false;
+  static constinit std::atomic<int> asking = 0;
+  constexpr int kMostThreads = 1000;
+  if (isAsking || asking > kMostThreads) {
+    throw std::logic_error(
+        "OVCountry: a locale that is asked for its country codes asked for a country; the "
+        "countries are made of these codes");
+  }
+  struct Asking {
+    Asking() {
+      isAsking = true;
+      ++asking;
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+    ~Asking() {
+      isAsking = false;
+      --asking;
+    }
+  };
+  const Asking now;
+  return OVLocale::currentLocale()->isoCountryCodes();
+}
+
+Countries buildCountries(const OVList<OVString>& codes) {
   Countries countries;
-  const auto codes = OVLocale::currentLocale()->isoCountryCodes();
-  for (const OVString& code : *codes) {
+  for (const OVString& code : codes) {
     countries.platformCodes.insert(code);
     add(countries, code);
   }
-  sortByName(countries);
+  sortByName(countries.list);
   return countries;
 }
 
-const Countries& allCountries() { return countriesOnce.get(build); }
+const Countries& allCountries() {
+  if (const Countries* countries = countriesOnce.peek()) return *countries;
+  const auto codes = platformCodes();
+  return countriesOnce.get([&] { return buildCountries(codes); });
+}
 
 }  // namespace
 
@@ -73,15 +114,14 @@ OVRef<OVCountry> OVCountry::initWithCodeName(OVString code, OVString name) {
   return ov::detail::Maker::make<OVCountry>(std::move(code), std::move(name));
 }
 
-OVRef<OVList<OVCountry>> OVCountry::allCountry() { return allCountries().list; }
+OVList<OVCountry> OVCountry::allCountry() { return allCountries().list; }
 
 OVRef<OVCountry> OVCountry::countryWithCode(const OVString& code) {
   const OVString wanted = code.isNull() ? localeCode() : code;
   const Countries& countries = allCountries();
-  if (auto country = (*countries.byCode)[wanted]) return country;
-  const bool isPlatformCode =
-      countries.platformCodes.contains(OVLocale::currentLocale()->uppercase(wanted));
-  return isPlatformCode ? (*countries.byCode)[kUnitedStates] : nullptr;
+  if (auto country = countries.byCode[wanted]) return country;
+  const bool isPlatformCode = countries.platformCodes.contains(ov::asciiUpper(wanted.view()));
+  return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
 }
 
 OVString OVCountry::countryNameByCode(const OVString& code) { return nameRowOf(code).name; }
@@ -91,7 +131,7 @@ void OVCountry::addCountryByCode(const OVString& code) {
 }
 
 void OVCountry::sort() {
-  if (const Countries* countries = countriesOnce.peek()) sortByName(*countries);
+  if (const Countries* countries = countriesOnce.peek()) sortByName(countries->list);
 }
 
 OVString OVCountry::localeCode() {
@@ -109,12 +149,12 @@ OVString OVCountry::standCode(const OVString& localeIdentifier) {
                             "\" names no country: a language, an underscore and a region are "
                             "needed, as in \"en_US\"");
   }
-  return OVLocale::currentLocale()->lowercase(identifier.substr(underscore + 1));
+  return ov::asciiLower(identifier.substr(underscore + 1));
 }
 
 OVRef<OVCountry> OVCountry::defaultCountry() {
   const auto defaults = OVUserDefaults::standardUserDefaults();
-  const auto chosen = ov::cast<OVString>(defaults->objectForKey(kDefaultCountryKey));
+  const OVString chosen = defaults->stringForKey(kDefaultCountryKey);
   if (!chosen.isNull())
     if (auto country = countryWithCode(chosen)) return country;
   return local();

@@ -94,13 +94,13 @@ TEST_F(PersonValues, FilledPropertiesAreThoseOfTheCatalogue) {
 
 TEST_F(PersonValues, EveryPropertyHoldsItsOwnValueInWhateverOrderTheyAreSet) {
   const auto catalogue = OVProperty::StandardPropertyArray();
-  for (std::size_t i = 0; i < catalogue->size(); ++i) {
-    const auto property = (*catalogue)[i * 7 % catalogue->size()];
+  for (std::size_t i = 0; i < catalogue.size(); ++i) {
+    const auto property = catalogue[i * 7 % catalogue.size()];
     person->setValueByProperty(textValue(property->name()), property);
     person->setValueByPropertyName(textValue("host"), "Host " + property->name().str());
   }
-  EXPECT_EQ(person->notNullValueProperty()->size(), catalogue->size());
-  for (const auto property : *catalogue) {
+  EXPECT_EQ(person->notNullValueProperty().size(), catalogue.size());
+  for (const auto property : catalogue) {
     const auto value = ov::cast<OVSingleValue>(person->valueByProperty(property));
     EXPECT_EQ(ov::cast<OVString>(value->value()), property->name());
     EXPECT_NE(person->valueByPropertyName("Host " + property->name().str()), nullptr);
@@ -109,21 +109,21 @@ TEST_F(PersonValues, EveryPropertyHoldsItsOwnValueInWhateverOrderTheyAreSet) {
 
 using PersonThumbnail = PersonValues;
 
-OVRef<OVImage> imageOf(const char* bytes) {
+OVRef<OVImage> thumbnailOf(const char* bytes) {
   return OVImage::imageWithData(OVData::dataWithText(bytes));
 }
 
 TEST_F(PersonThumbnail, IsTheImageSet) {
-  const auto image = imageOf("first");
+  const auto image = thumbnailOf("first");
   person->setThumbnail(image);
   EXPECT_EQ(person->thumbnail(), image);
-  const auto other = imageOf("second");
+  const auto other = thumbnailOf("second");
   person->setThumbnail(other);
   EXPECT_EQ(person->thumbnail(), other);
 }
 
 TEST_F(PersonThumbnail, IsWrappedWithTypeAndLabelOfItsProperty) {
-  person->setThumbnail(imageOf("first"));
+  person->setThumbnail(thumbnailOf("first"));
   const auto value = ov::cast<OVMutableSingleValue>(person->valueByPropertyName("Thumbnail"));
   ASSERT_NE(value, nullptr);
   EXPECT_EQ(value->type(), OVValueTypeImage);
@@ -132,7 +132,7 @@ TEST_F(PersonThumbnail, IsWrappedWithTypeAndLabelOfItsProperty) {
 }
 
 TEST_F(PersonThumbnail, NullKeepsTheOldImage) {
-  const auto image = imageOf("first");
+  const auto image = thumbnailOf("first");
   person->setThumbnail(image);
   person->setThumbnail(nullptr);
   EXPECT_EQ(person->thumbnail(), image);

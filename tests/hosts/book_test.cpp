@@ -13,14 +13,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string kTwo = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B");
+const std::string kTwoCards = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B");
 
 TEST(VCardBook, IsEmptyWhenNew) {
   const auto book = OVVCardBook::init();
   EXPECT_EQ(book->allPersonsCount(), 0U);
-  EXPECT_TRUE(book->allPersons()->empty());
+  EXPECT_TRUE(book->allPersons().empty());
   EXPECT_EQ(book->rootGroupsCount(), 0U);
-  EXPECT_TRUE(book->rootGroups()->empty());
+  EXPECT_TRUE(book->rootGroups().empty());
   EXPECT_TRUE(book->problems().empty());
   EXPECT_FALSE(book->saveError());
 }
@@ -51,33 +51,33 @@ TEST(VCardBook, MayBeChanged) {
 TEST(VCardBook, SupportsTheWholeCatalogue) {
   const auto supported = OVVCardBook::init()->supportProperty();
   const auto standard = OVProperty::StandardPropertyArray();
-  ASSERT_EQ(supported->size(), standard->size());
-  for (std::size_t i = 0; i < supported->size(); ++i) EXPECT_EQ((*supported)[i], (*standard)[i]);
-  supported->clear();
-  EXPECT_EQ(standard->size(), 23U);
+  ASSERT_EQ(supported.size(), standard.size());
+  for (std::size_t i = 0; i < supported.size(); ++i) EXPECT_EQ(supported[i], standard[i]);
+  supported.clear();
+  EXPECT_EQ(standard.size(), 23U);
 }
 
 TEST(VCardBook, ShowsSomeOfThem) {
   std::vector<std::string> names;
   const auto common = OVVCardBook::init()->commonProperty();
-  for (const OVRef<OVProperty> property : *common) names.push_back(property->name().str());
+  for (const OVRef<OVProperty> property : common) names.push_back(property->name().str());
   EXPECT_THAT(names, ElementsAre("Thumbnail", "Name", "Company", "Phone", "Email", "Address",
                                  "Birthday", "Note"));
 }
 
 TEST(VCardBook, LoadsData) {
   const auto book = OVVCardBook::init();
-  book->loadWithData(OVData::dataWithText(kTwo));
+  book->loadWithData(OVData::dataWithText(kTwoCards));
   book->loadWithData(nullptr);
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("a", "b"));
   EXPECT_EQ(book->allPersonsCount(), 2U);
-  EXPECT_EQ(book->allPersons()->front()->addressBookID(), book->ID());
+  EXPECT_EQ(book->allPersons().front()->addressBookID(), book->ID());
 }
 
 TEST(VCardBook, IsAsBeforeWhenTheProgressThrows) {
   std::string text = card("UID:g\nKIND:group\nMEMBER:1");
   for (int i = 0; i < 100; ++i) text += card("UID:" + std::to_string(i) + "\nCATEGORIES:a");
-  const auto book = bookOf(kTwo);
+  const auto book = bookOf(kTwoCards);
   const auto manager = book->tagManager();
   const std::string before = description(*book);
   EXPECT_THROW(book->loadWithDataProgressBlock(OVData::dataWithText(text),
@@ -95,17 +95,17 @@ TEST(VCardBook, ReportsProgressWhileItLoads) {
   int calls = 0;
   book->loadWithDataProgressBlock(OVData::dataWithText(text), [&] { ++calls; });
   EXPECT_GT(calls, 1);
-  book->loadWithDataProgressBlock(OVData::dataWithText(kTwo), {});
+  book->loadWithDataProgressBlock(OVData::dataWithText(kTwoCards), {});
   book->loadWithDataProgressBlock(nullptr, [&] { calls = -1; });
   EXPECT_GT(calls, 1);
   EXPECT_EQ(book->allPersonsCount(), 1002U);
 }
 
 TEST(VCardBook, FindsPersonsByID) {
-  const auto book = bookOf(kTwo);
+  const auto book = bookOf(kTwoCards);
   EXPECT_THAT(idsOf(book->personsForIDs(OVList<OVString>::list({"b", "none", "a", "b"}))),
               ElementsAre("b", "a", "b"));
-  EXPECT_TRUE(book->personsForIDs(nullptr)->empty());
+  EXPECT_TRUE(book->personsForIDs(nullptr).empty());
 }
 
 TEST(VCardBook, HasNoPictures) {

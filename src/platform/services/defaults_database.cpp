@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 
 #include "platform/services/sqlite.h"
 #include "platform/services/stored_value.h"
@@ -12,10 +13,15 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
-using Connection = std::unique_ptr<DefaultsFile::Connection>;
 
-// Every opening reads the whole log.
-constexpr int kLongestLogInPages = 256;
+// Whoever opens the database while nobody else has it open reads the whole log; to shorten it is to
+// wait for the disk.
+constexpr int kLongestLogAtOpening = 256;
+constexpr int kLongestLog = 4096;
+
+constexpr std::string_view kSet =
+    "INSERT OR REPLACE INTO defaults (key, kind, value) VALUES (?, ?, ?)";
+constexpr std::string_view kRemove = "DELETE FROM defaults WHERE key = ?";
 
 DefaultsDatabase::Values readAll(Database& database) {
   DefaultsDatabase::Values values;
@@ -28,14 +34,11 @@ DefaultsDatabase::Values readAll(Database& database) {
 
 void writeAll(Database& database, const std::vector<DefaultsDatabase::Change>& changes) {
   database.execute("BEGIN IMMEDIATE");
-  Statement set(database, "INSERT OR REPLACE INTO defaults (key, kind, value) VALUES (?, ?, ?)");
-  Statement remove(database, "DELETE FROM defaults WHERE key = ?");
   for (const auto& change : changes) {
-    Statement& statement = change.object == nullptr ? remove : set;
+    Statement statement(database, change.object == nullptr ? kRemove : kSet);
     statement.bind(1, change.key.view());
     if (change.object != nullptr) bindStored(statement, 2, change.object);
     statement.step();
-    statement.reset();
   }
   database.execute("COMMIT");
 }
@@ -47,11 +50,28 @@ void writeAll(Database& database, const std::vector<DefaultsDatabase::Change>& c
 template <class Work>
 void DefaultsDatabase::work(Deadline& deadline, Work work) {
   try {
-    work(file_.open(deadline));
+    workWithoutMending(deadline, work);
   } catch (const sqlite::Error& error) {
     if (!error.isInFile()) throw;
     noteMoved(file_.moveAside(deadline));
-    work(file_.open(deadline));
+    workWithoutMending(deadline, work);
+  }
+}
+
+template <class Work>
+void DefaultsDatabase::workWithoutMending(Deadline& deadline, Work work) {
+  try {
+    if (connection_ == nullptr || !file_.resume(*connection_, deadline)) {
+      connection_.reset();
+      connection_ = file_.open(deadline);
+      versionRead_.reset();
+    }
+    work(connection_);
+    if (connection_ != nullptr) file_.rest(*connection_);
+  } catch (...) {
+    // What was begun ends with the connection.
+    connection_.reset();
+    throw;
   }
 }
 
@@ -67,15 +87,32 @@ DefaultsDatabase::Values DefaultsDatabase::read(Deadline& deadline) {
   return values;
 }
 
+std::optional<DefaultsDatabase::Values> DefaultsDatabase::readIfChanged(Deadline& deadline) {
+  std::optional<Values> values;
+  workWithoutMending(deadline, [&](const Connection& connection) {
+    if (connection == nullptr) {
+      values.emplace();
+      return;
+    }
+    const std::int64_t version = connection->database->dataVersion();
+    if (versionRead_ == version) return;
+    values = readAll(*connection->database);
+    versionRead_ = version;
+  });
+  return values;
+}
+
 void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadline) {
-  work(deadline, [&](Connection connection) {
+  work(deadline, [&](Connection& connection) {
     if (connection == nullptr) {
       noteMoved(file_.create(deadline));
       connection = file_.open(deadline);
       if (connection == nullptr) throw std::runtime_error("the database has been removed");
     }
     writeAll(*connection->database, changes);
-    connection->database->checkpointIfLongerThan(kLongestLogInPages);
+    const bool isFirstUse = connection->identity == DefaultsFile::Identity();
+    connection->database->checkpointIfLongerThan(isFirstUse ? kLongestLogAtOpening : kLongestLog,
+                                                 isFirstUse);
   });
 }
 

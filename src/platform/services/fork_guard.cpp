@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstddef>
 #include <system_error>
+#include <utility>
 
 namespace ov {
 
@@ -15,8 +16,6 @@ constexpr std::size_t kMostForever = 8;
 
 constinit std::array<std::atomic<std::mutex*>, kMostForever> forever{};
 constinit std::atomic<std::size_t> foreverCount = 0;
-
-thread_local bool isUnguarded = false;
 
 }  // namespace
 
@@ -47,7 +46,6 @@ class ForkGuards {
 
  private:
   static void hold() {
-    if (isUnguarded) return;
     forking_.lock();
     isForking_.store(true, std::memory_order_relaxed);
     for (std::size_t i = 0; i < kMostForever; ++i) {
@@ -55,11 +53,13 @@ class ForkGuards {
       if (held_[i] != nullptr) held_[i]->lock();
     }
     mutex_.lock();
-    for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) at->mutex_.lock();
+    for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) {
+      at->mutex_.lock();
+      if (at->beforeFork_) at->beforeFork_();
+    }
   }
 
   static void release() {
-    if (isUnguarded) return;
     for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) at->mutex_.unlock();
     mutex_.unlock();
     for (std::mutex* held : held_) {
@@ -82,15 +82,14 @@ constinit std::array<std::mutex*, kMostForever> ForkGuards::held_{};
 constinit std::mutex ForkGuards::mutex_;
 constinit ForkGuard* ForkGuards::newest_ = nullptr;
 
-ForkGuard::ForkGuard(std::mutex& mutex) : mutex_(mutex) { ForkGuards::add(*this); }
+ForkGuard::ForkGuard(std::mutex& mutex, std::function<void()> beforeFork)
+    : mutex_(mutex), beforeFork_(std::move(beforeFork)) {
+  ForkGuards::add(*this);
+}
 
 ForkGuard::~ForkGuard() { ForkGuards::remove(*this); }
 
 void ForkGuard::letForksPass() { ForkGuards::letForksPass(); }
-
-UnguardedForks::UnguardedForks() { isUnguarded = true; }
-
-UnguardedForks::~UnguardedForks() { isUnguarded = false; }
 
 void guardForever(std::mutex& mutex) {
   ForkGuards::watchForks();

@@ -26,7 +26,7 @@ struct Application {
 
 Application& application();
 
-OVRef<OVUserDefaults> makeDefault() {
+OVRef<OVUserDefaults> makeDefaults() {
   std::string identifier;
   {
     const std::lock_guard lock(application().mutex);
@@ -36,14 +36,14 @@ OVRef<OVUserDefaults> makeDefault() {
   return std::make_shared<ov::PersistentDefaults>(ov::defaultsDirectory(identifier));
 }
 
-ov::SharedInstance<OVUserDefaults>& shared() {
-  static auto& instance = *new ov::SharedInstance<OVUserDefaults>(&makeDefault);
+ov::SharedInstance<OVUserDefaults>& theDefaults() {
+  static auto& instance = *new ov::SharedInstance<OVUserDefaults>(&makeDefaults);
   return instance;
 }
 
 Application& application() {
   // Its mutex is taken under that of the shared instance.
-  static_cast<void>(shared());
+  static_cast<void>(theDefaults());
   static auto& instance = *new Application();
   return instance;
 }
@@ -69,10 +69,10 @@ void requireKey(const OVString& key) {
 
 OVUserDefaults::~OVUserDefaults() = default;
 
-OVRef<OVUserDefaults> OVUserDefaults::standardUserDefaults() { return shared().get(); }
+OVRef<OVUserDefaults> OVUserDefaults::standardUserDefaults() { return theDefaults().get(); }
 
 void OVUserDefaults::setStandardUserDefaults(OVRef<OVUserDefaults> defaults) {
-  shared().set(std::move(defaults));
+  theDefaults().set(std::move(defaults));
 }
 
 void OVUserDefaults::setApplicationIdentifier(const OVString& identifier) {
@@ -85,15 +85,19 @@ void OVUserDefaults::setApplicationIdentifier(const OVString& identifier) {
     const std::lock_guard lock(application().mutex);
     application().identifier = identifier.str();
   }
-  shared().forgetDefault();
+  theDefaults().forgetDefault();
 }
 
 OVRef<OVUserDefaults> OVUserDefaults::inMemory() { return std::make_shared<ov::MemoryDefaults>(); }
 
 bool OVUserDefaults::boolForKey(const OVString& key) const {
-  const OVRef<OVObject> object = objectForKey(key);
+  const OVRef<OVObject> object = key.isNull() ? nullptr : loadPreference(key);
   if (const auto number = ov::cast<OVNumber>(object)) return number->boolValue();
   return truthOf(ov::cast<OVString>(object).view());
+}
+
+OVString OVUserDefaults::stringForKey(const OVString& key) const {
+  return key.isNull() ? OVString() : ov::cast<OVString>(loadPreference(key));
 }
 
 void OVUserDefaults::setBoolForKey(bool flag, const OVString& key) {
@@ -113,5 +117,7 @@ void OVUserDefaults::setObjectForKey(const OVRef<OVObject>& object, const OVStri
   }
   store(object, key);
 }
+
+OVRef<OVObject> OVUserDefaults::loadPreference(const OVString& key) const { return load(key); }
 
 bool OVUserDefaults::synchronize() { return writeThrough(); }
