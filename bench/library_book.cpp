@@ -76,7 +76,7 @@ OVRef<OVAddressBookGeneral> libraryBook(std::uint32_t count) {
   auto book = OVAddressBookGeneral::init();
   for (std::uint32_t i = 0; i < count; ++i) {
     const auto person = personOf(samplePerson(i));
-    book->personsDic()->set(person->ID(), person);
+    book->personsDic().set(person->ID(), person);
   }
   return book;
 }

@@ -35,7 +35,7 @@ int main() {
   auto group = OVGroupGeneral::init();
   group->setTitle("Suppliers");
   group->setPersons(OVList<OVString>::list({"amara-7"}));
-  book->groupsDic()->set("suppliers", group);
+  book->groupsDic().set("suppliers", group);
 
   const auto block = book->saveToData();
   std::ofstream("first.ovbook", std::ios::binary) << block->text();
@@ -47,7 +47,7 @@ int main() {
   for (const auto& [ID, found] : restored->groupsDic()) {
     std::cout << found->title() << ":\n";
     for (const OVString& member : found->persons()) {
-      const auto person = (*restored->personsDic())[member];
+      const auto person = restored->personsDic()[member];
       std::cout << "  " << person->displayName() << ", " << person->mainPhone()->displayString()
                 << "\n";
     }

@@ -18,7 +18,7 @@ int main(int count, char** arguments) {
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     auto labels = ov::cast<OVList<OVLabel>>(
         OVKeyedUnarchiver::unarchiveObjectWithData(OVData::dataWithText(bytes)));
-    std::cout << (*labels)[1]->displayName() << ", "
-              << ((*labels)[0] == (*labels)[1] ? "one label" : "two labels") << "\n";
+    std::cout << labels[1]->displayName() << ", "
+              << (labels[0] == labels[1] ? "one label" : "two labels") << "\n";
   }
 }

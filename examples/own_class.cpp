@@ -44,13 +44,12 @@ int main() {
   // A program that does not know the class keeps the object, and writes it back as it was.
   auto stranger =
       ov::cast<OVDictionary<OVObject>>(OVKeyedUnarchiver::unarchiveObjectWithData(block));
-  std::cout << "unknown: " << ov::cast<OVOpaqueObject>((*stranger)["reminder"])->className()
-            << "\n";
+  std::cout << "unknown: " << ov::cast<OVOpaqueObject>(stranger["reminder"])->className() << "\n";
   auto passedOn = OVKeyedArchiver::archivedDataWithRootObject(stranger);
 
   OVKeyedUnarchiver::registerClass(Reminder::archivedClass());
   auto known =
       ov::cast<OVDictionary<Reminder>>(OVKeyedUnarchiver::unarchiveObjectWithData(passedOn));
-  auto found = (*known)["reminder"];
+  auto found = known["reminder"];
   std::cout << "known: " << found->reason() << ", " << found->date()->day().year << "\n";
 }

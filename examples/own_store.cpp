@@ -12,14 +12,14 @@ class Department : public IOVGroup {
 
   OVString ID() const override { return name_; }
   OVString displayName() const override { return name_; }
-  OVRef<OVList<IOVGroup>> subGroups() const override { return nullptr; }
-  OVRef<OVList<IOVPerson>> persons() const override { return persons_; }
+  OVList<IOVGroup> subGroups() const override { return nullptr; }
+  OVList<IOVPerson> persons() const override { return persons_; }
 
-  void add(const OVRef<IOVPerson>& person) { persons_->push_back(person); }
+  void add(const OVRef<IOVPerson>& person) { persons_.push_back(person); }
 
  private:
   OVString name_;
-  OVRef<OVList<IOVPerson>> persons_ = OVList<IOVPerson>::list();
+  OVList<IOVPerson> persons_ = OVList<IOVPerson>::list();
 };
 
 /// A staff list with one person a line: number, first name, last name, department.
@@ -34,10 +34,10 @@ class StaffList : public OVAddressBook {
   bool canOprate() const override { return false; }  // others keep the list
   bool canCreateGroup() const override { return false; }
   bool canCreateSubGroup() const override { return false; }
-  std::uint64_t allPersonsCount() const override { return persons_->size(); }
-  OVRef<OVList<IOVPerson>> allPersons() const override { return persons_; }
-  std::uint64_t rootGroupsCount() const override { return departments_->size(); }
-  OVRef<OVList<IOVGroup>> rootGroups() const override { return departments_; }
+  std::uint64_t allPersonsCount() const override { return persons_.size(); }
+  OVList<IOVPerson> allPersons() const override { return persons_; }
+  std::uint64_t rootGroupsCount() const override { return departments_.size(); }
+  OVList<IOVGroup> rootGroups() const override { return departments_; }
 
  private:
   void add(const std::string& line) {
@@ -49,7 +49,7 @@ class StaffList : public OVAddressBook {
     person->setValueByPropertyName(
         OVPersonGeneral::singleValueByMacValueLabelType(name, nullptr, OVValueTypePersonName),
         OVProPertyName);
-    persons_->push_back(person);
+    persons_.push_back(person);
     departmentNamed(department)->add(person);
   }
 
@@ -58,12 +58,12 @@ class StaffList : public OVAddressBook {
       if (group->ID() == name) return ov::cast<Department>(group);
     }
     auto made = std::make_shared<Department>(OVString(name));
-    departments_->push_back(made);
+    departments_.push_back(made);
     return made;
   }
 
-  OVRef<OVList<IOVPerson>> persons_ = OVList<IOVPerson>::list();
-  OVRef<OVList<IOVGroup>> departments_ = OVList<IOVGroup>::list();
+  OVList<IOVPerson> persons_ = OVList<IOVPerson>::list();
+  OVList<IOVGroup> departments_ = OVList<IOVGroup>::list();
 };
 
 /// The book as it is now, in a form that can be saved.
@@ -86,7 +86,7 @@ int main() {
   for (const auto& [ID, group] : restored->groupsDic()) {
     std::cout << group->title() << ":";
     for (const OVString& member : group->persons()) {
-      std::cout << " " << (*restored->personsDic())[member]->displayName() << ";";
+      std::cout << " " << restored->personsDic()[member]->displayName() << ";";
     }
     std::cout << "\n";
   }

@@ -18,7 +18,7 @@ int main() {
     return ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
   });
   auto book = loading.get();
-  std::cout << book->personsDic()->size() << " persons loaded\n";
+  std::cout << book->personsDic().size() << " persons loaded\n";
 
   // A snapshot is cheap: it shares the values. Nobody may change those while another thread saves
   // it, so either wait, or save first and hand on the block, which never changes.

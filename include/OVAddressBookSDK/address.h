@@ -54,6 +54,6 @@ class OV_EXPORT OVObjectAddress : public OVObject {
  private:
   friend struct ov::detail::Maker;
 
-  OVRef<ov::detail::AnyDictionary> valueDic_;  // of texts
+  OVDictionary<OVObject> valueDic_;  // of texts, or what else an archive held
   OVAtomic<OVString> countryCode_;
 };

@@ -48,25 +48,25 @@ class OV_EXPORT OVAddressBook : public OVObject {
   [[nodiscard]] virtual OVRef<OVData> saveData();
 
   /// The properties that the book can store; a new empty list by default.
-  [[nodiscard]] virtual OVRef<OVList<OVProperty>> supportProperty() const;
+  [[nodiscard]] virtual OVList<OVProperty> supportProperty() const;
   /// The properties that the book shows unless told otherwise; a new empty list by default.
-  [[nodiscard]] virtual OVRef<OVList<OVProperty>> commonProperty() const;
+  [[nodiscard]] virtual OVList<OVProperty> commonProperty() const;
 
   /// 0 by default.
   [[nodiscard]] virtual std::uint64_t allPersonsCount() const;
   /// A new empty list by default.
-  [[nodiscard]] virtual OVRef<OVList<IOVPerson>> allPersons() const;
+  [[nodiscard]] virtual OVList<IOVPerson> allPersons() const;
   /// 0 by default.
   [[nodiscard]] virtual std::uint64_t rootGroupsCount() const;
   /// A new empty list by default.
-  [[nodiscard]] virtual OVRef<OVList<IOVGroup>> rootGroups() const;
+  [[nodiscard]] virtual OVList<IOVGroup> rootGroups() const;
 
   /// The new group; null by default.
   virtual OVRef<IOVGroup> addGroupByName(const OVString& name);
   /// True by default.
   virtual bool removeGroup(const OVRef<IOVGroup>& group);
   /// Takes the persons out of the book. Does nothing by default.
-  virtual void removePersons(const OVRef<OVList<IOVPerson>>& persons);
+  virtual void removePersons(const OVList<IOVPerson>& persons);
   /// Null by default.
   virtual OVRef<IOVPerson> newPerson();
   /// Makes what was changed permanent. Does nothing by default.
@@ -76,8 +76,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
   /// Takes a person of another book over; gives the person as it stands here, null by default.
   virtual OVRef<IOVPerson> addOneFromOtherPerson(const OVRef<IOVPerson>& person);
   /// Null by default.
-  [[nodiscard]] virtual OVRef<OVList<IOVPerson>> personsForIDs(
-      const OVRef<OVList<OVString>>& personIDs) const;
+  [[nodiscard]] virtual OVList<IOVPerson> personsForIDs(const OVList<OVString>& personIDs) const;
   /// Null by default.
   [[nodiscard]] virtual OVRef<IOVGroup> groupByID(const OVString& groupID) const;
 

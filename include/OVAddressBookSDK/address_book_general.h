@@ -43,9 +43,9 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   /// The persons by ID, the groups by the ID of the group they were made from: the live
   /// dictionaries. Null when the book came out of an archive that had none; such a book takes
   /// nothing, in silence.
-  [[nodiscard]] OVRef<OVDictionary<OVPersonGeneral>> personsDic() const { return personDic_; }
+  [[nodiscard]] OVDictionary<OVPersonGeneral> personsDic() const { return personDic_; }
   /// The same.
-  [[nodiscard]] OVRef<OVDictionary<OVGroupGeneral>> groupsDic() const { return groupDic_; }
+  [[nodiscard]] OVDictionary<OVGroupGeneral> groupsDic() const { return groupDic_; }
 
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
@@ -58,6 +58,6 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   OVAddressBookGeneral() = default;
 
  private:
-  OVRef<OVDictionary<OVPersonGeneral>> personDic_;
-  OVRef<OVDictionary<OVGroupGeneral>> groupDic_;
+  OVDictionary<OVPersonGeneral> personDic_;
+  OVDictionary<OVGroupGeneral> groupDic_;
 };

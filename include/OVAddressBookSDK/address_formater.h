@@ -28,15 +28,15 @@ class OV_EXPORT OVAddressFormater : public OVObject {
 
   /// The layout: lines of fields, the fields being those of the catalogue. The lists are the
   /// caller's own; never null, empty for a null code.
-  [[nodiscard]] static OVRef<OVList<OVList<OVAdressField>>> fieldFormaterByCountryCode(
+  [[nodiscard]] static OVList<OVList<OVAdressField>> fieldFormaterByCountryCode(
       const OVString& code);
   /// The fields of the layout in one list, the caller's own; never null, empty for a null code.
-  [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayByCountryCode(const OVString& code);
+  [[nodiscard]] static OVList<OVAdressField> fieldArrayByCountryCode(const OVString& code);
 
   /// The layout of `OVCountry::local()`, empty when there is no local country. Throws as that does.
-  [[nodiscard]] static OVRef<OVList<OVList<OVAdressField>>> fieldFormaterLocal();
+  [[nodiscard]] static OVList<OVList<OVAdressField>> fieldFormaterLocal();
   /// The fields of that layout in one list.
-  [[nodiscard]] static OVRef<OVList<OVAdressField>> fieldArrayLocal();
+  [[nodiscard]] static OVList<OVAdressField> fieldArrayLocal();
 
  protected:
   /// `initWithObject` makes formatters.

@@ -8,8 +8,8 @@
 ///
 /// The class keeps one list of known countries for the whole process: the codes of the platform's
 /// ISO 3166-1 list that have a name in the library's own vocabulary. Building it is safe when
-/// several threads come first. Once built it is shared and handed out live: `addCountryByCode`,
-/// `sort` and changes through `allCountry` must not run beside readers.
+/// several threads come first. Once built it is everybody's, and handed out live:
+/// `addCountryByCode` and `sort` must not run beside readers.
 class OV_EXPORT OVCountry : public OVObject {
  public:
   /// Keeps both as they are, null included.
@@ -21,7 +21,7 @@ class OV_EXPORT OVCountry : public OVObject {
   [[nodiscard]] OVString name() const { return name_; }
 
   /// The shared list itself, ordered by name when it is built. Never null.
-  [[nodiscard]] static OVRef<OVList<OVCountry>> allCountry();
+  [[nodiscard]] static OVList<OVCountry> allCountry();
 
   /// The country under exactly this code; null asks for the country of the current locale.
   ///

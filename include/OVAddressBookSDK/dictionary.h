@@ -5,26 +5,27 @@
 #include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
 namespace ov::detail {
 
-/// The entries behind one dictionary, in the order in which their keys were first set.
-class OV_EXPORT DictionaryEntries {
+/// The hash table that all handles on one dictionary share: what an archive holds. Its entries are
+/// in the order in which their keys were first set.
+class OV_EXPORT DictionaryObject final : public OVObject {
  public:
   struct Entry {
     OVString key;  // null: removed
     OVRef<OVObject> value;
   };
 
-  DictionaryEntries() = default;
-  DictionaryEntries(const DictionaryEntries&) = delete;
-  DictionaryEntries& operator=(const DictionaryEntries&) = delete;
-  ~DictionaryEntries();
+  explicit DictionaryObject(bool isImmutable = false) : immutable(isImmutable) {}
+  ~DictionaryObject() override;
 
   [[nodiscard]] std::size_t size() const { return live_; }
   /// Null when the key is absent.
@@ -39,11 +40,16 @@ class OV_EXPORT DictionaryEntries {
   void clear();
 
   /// All slots, removed ones included.
-  [[nodiscard]] const Entry* begin() const { return entries_.data(); }
-  [[nodiscard]] const Entry* end() const { return entries_.data() + entries_.size(); }
+  [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
+  /// Counts the insertions and removals, so that a walk through the dictionary notices them.
+  [[nodiscard]] std::uint32_t changes() const { return changes_; }
+
+  [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
+  void initWithCoder(OVKeyedUnarchiver& coder) override;
 
   /// Recorded as "NSDictionary" instead of "NSMutableDictionary".
-  bool immutable = false;
+  bool immutable;
 
  private:
   [[nodiscard]] std::size_t slotOf(std::string_view key) const;
@@ -54,43 +60,89 @@ class OV_EXPORT DictionaryEntries {
   std::vector<Entry> entries_;
   std::vector<std::uint32_t> slots_;  // open addressing: position + 1, or 0; empty while small
   std::size_t live_ = 0;
+  std::uint32_t changes_ = 0;
 };
 
-/// What dictionaries of every value type have in common.
-class OV_EXPORT AnyDictionary : public OVObject {
+/// What handles on dictionaries of every value type have in common.
+class DictionaryHandle {
  public:
-  [[nodiscard]] std::size_t size() const { return entries_->size(); }
+  /// True for null, false for an empty dictionary.
+  [[nodiscard]] bool isNull() const { return object_ == nullptr; }
+  /// False for null, true for an empty dictionary.
+  explicit operator bool() const { return object_ != nullptr; }
+  /// How many entries there are; 0 for null.
+  [[nodiscard]] std::size_t size() const { return isNull() ? 0 : table().size(); }
+  /// True for null and for a dictionary without entries.
   [[nodiscard]] bool empty() const { return size() == 0; }
-  void clear() { entries_->clear(); }
-  [[nodiscard]] bool contains(const OVString& key) const;
-  /// Removes the entry; false when there was none.
-  bool erase(const OVString& key);
-  [[nodiscard]] bool isImmutable() const { return entries_->immutable; }
+  /// Whether there is an entry under `key`; false for null.
+  [[nodiscard]] bool contains(const OVString& key) const { return entryOf(key) != nullptr; }
+  /// Whether archives record the dictionary as immutable. It tells other programs; here it can be
+  /// changed all the same.
+  [[nodiscard]] bool isImmutable() const { return !isNull() && table().immutable; }
 
-  [[nodiscard]] const OVClass* classForCoder() const override;
-  void encodeWithCoder(OVKeyedArchiver& coder) const override;
-  void initWithCoder(OVKeyedUnarchiver& coder) override;
+  /// The object that all handles on the dictionary share, null for null. `ov::cast` makes a handle
+  /// of it.
+  [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
+  [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
+  /// The same.
+  /// @{
+  operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
+  operator OVRef<OVObject>() && {
+    return std::move(object_);
+  }  // NOLINT(google-explicit-constructor)
+  /// @}
 
-  [[nodiscard]] const std::shared_ptr<DictionaryEntries>& entries() const { return entries_; }
+  /// Whether both are handles on the same dictionary, or both null.
+  friend bool operator==(const DictionaryHandle& a, const DictionaryHandle& b) {
+    return a.object_ == b.object_;
+  }
+  friend bool operator==(const DictionaryHandle& dictionary, std::nullptr_t) {
+    return dictionary.isNull();
+  }
 
  protected:
-  explicit AnyDictionary(std::shared_ptr<DictionaryEntries> entries)
-      : entries_(std::move(entries)) {}
+  using Entry = DictionaryObject::Entry;
+
+  DictionaryHandle() = default;
+  explicit DictionaryHandle(OVRef<OVObject> dictionary) : object_(std::move(dictionary)) {}
+
+  [[nodiscard]] DictionaryObject& table() const { return static_cast<DictionaryObject&>(*object_); }
+  [[nodiscard]] DictionaryObject& tableToChange() const {
+    if (isNull()) raiseNullChanged("OVDictionary");
+    return table();
+  }
+  /// Null when there is none.
+  [[nodiscard]] const Entry* entryOf(const OVString& key) const {
+    return isNull() || key.isNull() ? nullptr : table().find(key);
+  }
 
  private:
-  std::shared_ptr<DictionaryEntries> entries_;
+  OVRef<OVObject> object_;
 };
+
+template <class T>
+class DictionaryIterator;
 
 }  // namespace ov::detail
 
-/// A dictionary from string to T, shared by reference: a change through one reference shows in all.
-///
-/// Values are `OVRef<T>`, or `OVString`. Iteration follows the order in which the keys were first
-/// set. Neither a null key nor a null value can be put in (`std::invalid_argument`). A dictionary
-/// that came out of an archive may hold objects of another class than T: they read as null, are
-/// kept, and are written back. Changing a dictionary invalidates its iterators.
 template <class T>
-class OVDictionary final : public ov::detail::AnyDictionary {
+class OVDictionary;
+
+/// A dictionary from string to T, to be read only. `OVDictionary<T>` adds what changes one, and can
+/// be used wherever an `OVDictionary<const T>` is asked for.
+///
+/// A handle, like `OVString`: copies share the dictionary, and null, which reads as empty, differs
+/// from an empty one. Values are `OVRef<T>`, or `OVString` and other lists and dictionaries
+/// themselves; a dictionary that came out of an archive may hold objects of another class than T,
+/// which read as null, are kept, and are written back. Iteration follows the order in which the
+/// keys were first set.
+///
+///     for (const auto& [ID, person] : book->personsDic()) std::cout << ID << "\n";
+///
+/// The dictionary lives as long as the loop. When entries are added or removed meanwhile, the walk
+/// ends with a `std::logic_error`.
+template <class T>
+class OVDictionary<const T> : public ov::detail::DictionaryHandle {
  public:
   /// What the standard calls these in a map.
   /// @{
@@ -98,102 +150,161 @@ class OVDictionary final : public ov::detail::AnyDictionary {
   using mapped_type = ov::Handle<T>;
   using value_type = std::pair<const OVString, mapped_type>;
   /// @}
-
-  /// Walks through the entries in their order; gives pairs of key and value.
-  class const_iterator {
-   public:
-    /// What the standard asks of a forward iterator.
-    /// @{
-    using iterator_concept = std::forward_iterator_tag;
-    using iterator_category = std::input_iterator_tag;
-    using value_type = std::pair<const OVString, mapped_type>;
-    using difference_type = std::ptrdiff_t;
-    using reference = value_type;
-
-    const_iterator() = default;
-    value_type operator*() const { return {at_->key, ov::cast<T>(at_->value)}; }
-    const_iterator& operator++() {
-      ++at_;
-      skipRemoved();
-      return *this;
-    }
-    const_iterator operator++(int) {
-      auto before = *this;
-      ++*this;
-      return before;
-    }
-    friend bool operator==(const_iterator a, const_iterator b) { return a.at_ == b.at_; }
-    /// @}
-
-   private:
-    friend class OVDictionary;
-    using Entry = ov::detail::DictionaryEntries::Entry;
-    const_iterator(const Entry* at, const Entry* end) : at_(at), end_(end) { skipRemoved(); }
-    void skipRemoved() {
-      while (at_ != end_ && at_->key.isNull()) ++at_;
-    }
-    const Entry* at_ = nullptr;
-    const Entry* end_ = nullptr;
-  };
-  /// Entries cannot be changed through an iterator.
+  /// Walks through the entries, which cannot be changed through it. Valid while a handle on the
+  /// dictionary lives.
+  using const_iterator = ov::detail::DictionaryIterator<T>;
+  /// The same.
   using iterator = const_iterator;
 
-  /// A new dictionary of the given entries.
-  [[nodiscard]] static OVRef<OVDictionary> dictionary(
-      std::initializer_list<value_type> values = {}) {
-    auto made = std::shared_ptr<OVDictionary>(
-        new OVDictionary(std::make_shared<ov::detail::DictionaryEntries>()));
-    for (const auto& [key, value] : values) made->set(key, value);
-    return made;
-  }
-  /// This very kind of dictionary over the entries of another; null for null.
-  [[nodiscard]] static OVRef<OVDictionary> viewOf(const OVRef<ov::detail::AnyDictionary>& other) {
-    if (other == nullptr) return nullptr;
-    if (auto same = std::dynamic_pointer_cast<OVDictionary>(other)) return same;
-    return std::shared_ptr<OVDictionary>(new OVDictionary(other->entries()));
-  }
+  /// Null.
+  OVDictionary() = default;
+  /// Null.
+  OVDictionary(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
 
   /// The first entry.
-  [[nodiscard]] const_iterator begin() const { return {entries()->begin(), entries()->end()}; }
+  [[nodiscard]] const_iterator begin() const& {
+    return isNull() ? const_iterator() : const_iterator(table(), 0);
+  }
   /// Past the last entry.
-  [[nodiscard]] const_iterator end() const { return {entries()->end(), entries()->end()}; }
+  [[nodiscard]] const_iterator end() const& {
+    return isNull() ? const_iterator() : const_iterator(table(), table().entries().size());
+  }
+  /// The entry under `key`; `end()` for null and when there is none.
+  [[nodiscard]] const_iterator find(const OVString& key) const& {
+    const auto* entry = entryOf(key);
+    if (entry == nullptr) return end();
+    return const_iterator(table(), static_cast<std::size_t>(entry - table().entries().data()));
+  }
+  /// An iterator needs a handle that outlives it.
+  /// @{
+  const_iterator begin() const&& = delete;
+  const_iterator end() const&& = delete;
+  const_iterator find(const OVString& key) const&& = delete;
+  /// @}
 
   /// The value under `key`, null when there is none or the key is null.
   mapped_type operator[](const OVString& key) const {
-    const auto at = find(key);
-    return at == end() ? mapped_type() : (*at).second;
+    const auto* entry = entryOf(key);
+    return entry == nullptr ? mapped_type() : ov::cast<T>(entry->value);
   }
-  /// The entry under `key`; `end()` for null and when there is none.
-  [[nodiscard]] const_iterator find(const OVString& key) const {
-    const auto* entry = key.isNull() ? nullptr : entries()->find(key);
-    return entry == nullptr ? end() : const_iterator(entry, entries()->end());
-  }
-  /// Stores `value` under `key`, in the place of an earlier value.
-  void set(const OVString& key, const mapped_type& value) { entries()->set(key, value); }
+
+ protected:
+  explicit OVDictionary(OVRef<OVObject> dictionary) : DictionaryHandle(std::move(dictionary)) {}
 
  private:
-  friend struct ov::detail::Maker;
-  explicit OVDictionary(std::shared_ptr<ov::detail::DictionaryEntries> entries)
-      : AnyDictionary(std::move(entries)) {}
+  friend struct ov::detail::Cast<OVDictionary>;
 };
 
-/// @name Iteration over a reference
-/// `for (const auto& [ID, person] : book->personsDic())` keeps the dictionary alive for the whole
-/// loop, which `*book->personsDic()` would not. Null counts as empty.
-/// @{
+/// A dictionary from string to T, shared by its handles: a change through one shows in all. See
+/// `OVDictionary<const T>` for what can be read.
+///
+/// What is const of a const handle is which dictionary it is on: that can be changed through it, as
+/// through its copies. Neither a null key nor a null value can be put in (`std::invalid_argument`),
+/// and null itself cannot be changed (`std::logic_error`).
 template <class T>
-typename OVDictionary<T>::const_iterator begin(const OVRef<OVDictionary<T>>& dictionary) {
-  return dictionary == nullptr ? typename OVDictionary<T>::const_iterator() : dictionary->begin();
-}
+class OVDictionary final : public OVDictionary<const T> {
+ public:
+  using typename OVDictionary<const T>::mapped_type;
+  using typename OVDictionary<const T>::value_type;
+
+  /// Null.
+  OVDictionary() = default;
+  /// Null.
+  OVDictionary(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
+  /// A new dictionary of the given entries.
+  [[nodiscard]] static OVDictionary dictionary(std::initializer_list<value_type> values = {}) {
+    OVDictionary made(std::make_shared<ov::detail::DictionaryObject>());
+    for (const auto& [key, value] : values) made.set(key, value);
+    return made;
+  }
+
+  /// Stores `value` under `key`, in the place of an earlier value.
+  void set(const OVString& key, const mapped_type& value) const {
+    this->tableToChange().set(key, value);
+  }
+  /// Removes the entry; false when there was none, and for null.
+  bool erase(const OVString& key) const {
+    auto& table = this->tableToChange();
+    return !key.isNull() && table.erase(key);
+  }
+  /// Removes all entries.
+  void clear() const { this->tableToChange().clear(); }
+
+ private:
+  friend struct ov::detail::Cast<OVDictionary>;
+  explicit OVDictionary(OVRef<OVObject> dictionary)
+      : OVDictionary<const T>(std::move(dictionary)) {}
+};
+
+namespace ov::detail {
+
+/// Walks through a dictionary. Raises `std::logic_error` once entries have been added or removed,
+/// and `std::out_of_range` for the entry past the last.
 template <class T>
-typename OVDictionary<T>::const_iterator end(const OVRef<OVDictionary<T>>& dictionary) {
-  return dictionary == nullptr ? typename OVDictionary<T>::const_iterator() : dictionary->end();
-}
-/// @}
+class DictionaryIterator {
+ public:
+  using iterator_concept = std::forward_iterator_tag;
+  using iterator_category = std::input_iterator_tag;
+  using value_type = std::pair<const OVString, ov::Handle<T>>;
+  using difference_type = std::ptrdiff_t;
+  // Const, so that `auto& [key, value]` in a loop can take it.
+  using reference = const value_type;
+
+  DictionaryIterator() = default;
+  DictionaryIterator(const DictionaryObject& dictionary, std::size_t index)
+      : dictionary_(&dictionary), index_(index), changes_(dictionary.changes()) {
+    skipRemoved();
+  }
+
+  reference operator*() const {
+    checkUnchanged();
+    if (dictionary_ == nullptr || index_ >= dictionary_->entries().size()) {
+      raisePastTheEnd("OVDictionary");
+    }
+    const auto& entry = dictionary_->entries()[index_];
+    return {entry.key, ov::cast<T>(entry.value)};
+  }
+  DictionaryIterator& operator++() {
+    checkUnchanged();
+    ++index_;
+    skipRemoved();
+    return *this;
+  }
+  DictionaryIterator operator++(int) {
+    auto before = *this;
+    ++*this;
+    return before;
+  }
+  friend bool operator==(DictionaryIterator a, DictionaryIterator b) {
+    return a.index_ == b.index_;
+  }
+
+ private:
+  void checkUnchanged() const {
+    if (dictionary_ != nullptr && dictionary_->changes() != changes_)
+      raiseChangedInWalk("OVDictionary");
+  }
+  void skipRemoved() {
+    const auto& entries = dictionary_->entries();
+    while (index_ < entries.size() && entries[index_].key.isNull()) ++index_;
+  }
+
+  const DictionaryObject* dictionary_ = nullptr;
+  std::size_t index_ = 0;
+  std::uint32_t changes_ = 0;
+};
 
 template <class T>
-struct ov::detail::Cast<OVDictionary<T>> {
-  static OVRef<OVDictionary<T>> from(const OVRef<OVObject>& object) {
-    return OVDictionary<T>::viewOf(std::dynamic_pointer_cast<AnyDictionary>(object));
+struct Handle<OVDictionary<T>> {
+  using type = OVDictionary<T>;
+};
+
+template <class T>
+struct Cast<OVDictionary<T>> {
+  static OVDictionary<T> from(const OVRef<OVObject>& object) {
+    return dynamic_cast<const DictionaryObject*>(object.get()) == nullptr ? OVDictionary<T>()
+                                                                          : OVDictionary<T>(object);
   }
 };
+
+}  // namespace ov::detail

@@ -15,7 +15,7 @@ class OV_EXPORT IOVGroup : public OVObject {
   /// The name shown to the user; may be null.
   [[nodiscard]] virtual OVString displayName() const = 0;
   /// The groups directly inside this one, in order; null counts as none.
-  [[nodiscard]] virtual OVRef<OVList<IOVGroup>> subGroups() const = 0;
+  [[nodiscard]] virtual OVList<IOVGroup> subGroups() const = 0;
   /// The members, in order; null counts as none.
-  [[nodiscard]] virtual OVRef<OVList<IOVPerson>> persons() const = 0;
+  [[nodiscard]] virtual OVList<IOVPerson> persons() const = 0;
 };

@@ -24,13 +24,13 @@ class OV_EXPORT OVGroupGeneral : public OVObject {
   /// Null leaves the group without a title.
   void setTitle(OVString title) { title_.store(std::move(title)); }
   /// The IDs of the groups directly inside this one, in order.
-  [[nodiscard]] OVRef<OVList<OVString>> subArray() const { return subArray_.load(); }
+  [[nodiscard]] OVList<OVString> subArray() const { return subArray_.load(); }
   /// Keeps the list given; null leaves none.
-  void setSubArray(OVRef<OVList<OVString>> subArray) { subArray_.store(std::move(subArray)); }
+  void setSubArray(OVList<OVString> subArray) { subArray_.store(std::move(subArray)); }
   /// The IDs of the members, in order.
-  [[nodiscard]] OVRef<OVList<OVString>> persons() const { return persons_.load(); }
+  [[nodiscard]] OVList<OVString> persons() const { return persons_.load(); }
   /// Keeps the list given; null leaves none.
-  void setPersons(OVRef<OVList<OVString>> persons) { persons_.store(std::move(persons)); }
+  void setPersons(OVList<OVString> persons) { persons_.store(std::move(persons)); }
   /// The host's own object; never archived.
   [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
   /// Keeps the object given; null takes it away.
@@ -49,7 +49,7 @@ class OV_EXPORT OVGroupGeneral : public OVObject {
  private:
   OVAtomic<OVString> ID_;
   OVAtomic<OVString> title_;
-  OVAtomic<OVRef<OVList<OVString>>> subArray_;
-  OVAtomic<OVRef<OVList<OVString>>> persons_;
+  OVAtomic<OVList<OVString>> subArray_;
+  OVAtomic<OVList<OVString>> persons_;
   OVAtomic<OVRef<OVObject>> extend_;
 };

@@ -13,13 +13,12 @@
 /// anew on every look-up and belongs to its caller alone.
 class OV_EXPORT OVInstantMessageServer : public OVObject {
  public:
-  /// The shared list of the supported services, to be read only. The first call builds it; threads
-  /// may come first together.
-  [[nodiscard]] static OVRef<OVList<OVInstantMessageServer>> supportServer();
+  /// The shared list of the supported services. The first call builds it; threads may come first
+  /// together.
+  [[nodiscard]] static OVList<const OVInstantMessageServer> supportServer();
 
-  /// The shared dictionary from key to supported service, to be read only. Holds the objects of
-  /// `supportServer`.
-  [[nodiscard]] static OVRef<OVDictionary<OVInstantMessageServer>> StandardServerDictionary();
+  /// The shared dictionary from key to supported service. Holds the objects of `supportServer`.
+  [[nodiscard]] static OVDictionary<const OVInstantMessageServer> StandardServerDictionary();
 
   /// The supported service with exactly this key. For any other name, null included: a new
   /// descriptor that has it as key and as display name. Never null.
@@ -41,7 +40,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
   /// Always null: nothing ever fills it.
-  [[nodiscard]] OVRef<OVList<OVInstantMessageServer>> allArray() const { return nullptr; }
+  [[nodiscard]] OVList<OVInstantMessageServer> allArray() const { return nullptr; }
 
  protected:
   /// The lookups above make descriptors.

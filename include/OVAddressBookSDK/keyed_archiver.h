@@ -6,14 +6,14 @@
 #include <string_view>
 
 #include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
 class OVOpaqueObject;
 
 namespace ov::detail {
-class AnyDictionary;
-class AnyList;
 class ArchiveWriter;
 }  // namespace ov::detail
 
@@ -38,6 +38,17 @@ class OV_EXPORT OVKeyedArchiver {
   void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
   /// The same for a text. Equal texts are written once.
   void encodeObjectForKey(const OVString& text, std::string_view key);
+  /// The same for a list or a dictionary.
+  /// @{
+  template <class T>
+  void encodeObjectForKey(const OVList<T>& list, std::string_view key) {
+    encodeObjectForKey(list.object(), key);
+  }
+  template <class T>
+  void encodeObjectForKey(const OVDictionary<T>& dictionary, std::string_view key) {
+    encodeObjectForKey(dictionary.object(), key);
+  }
+  /// @}
   /// The same for a reference of another type.
   template <class T>
   void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
@@ -56,8 +67,8 @@ class OV_EXPORT OVKeyedArchiver {
 
  private:
   friend class OVOpaqueObject;
-  friend class ov::detail::AnyDictionary;
-  friend class ov::detail::AnyList;
+  friend class ov::detail::DictionaryObject;
+  friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveWriter;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
 

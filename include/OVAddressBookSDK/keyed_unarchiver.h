@@ -14,8 +14,8 @@
 class OVOpaqueObject;
 
 namespace ov::detail {
-class AnyDictionary;
-class AnyList;
+class DictionaryObject;
+class ListObject;
 class ArchiveReader;
 struct ArchiveFields;
 }  // namespace ov::detail
@@ -89,8 +89,8 @@ class OV_EXPORT OVKeyedUnarchiver {
 
  private:
   friend class OVOpaqueObject;
-  friend class ov::detail::AnyDictionary;
-  friend class ov::detail::AnyList;
+  friend class ov::detail::DictionaryObject;
+  friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveReader;
   OVKeyedUnarchiver(ov::detail::ArchiveReader& reader, const ov::detail::ArchiveFields& fields)
       : reader_(reader), fields_(fields) {}

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <iterator>
 #include <memory>
@@ -13,191 +15,309 @@
 
 namespace ov::detail {
 
-/// The elements behind one list, whatever their class. Views of the list share them.
-struct ListElements {
-  std::vector<OVRef<OVObject>> items;
-  /// Recorded as "NSArray" instead of "NSMutableArray".
-  bool immutable = false;
-
-  ListElements() = default;
-  ListElements(const ListElements&) = delete;
-  ListElements& operator=(const ListElements&) = delete;
-  OV_EXPORT ~ListElements();
-};
-
-/// What lists of every element type have in common.
-class OV_EXPORT AnyList : public OVObject {
+/// The array that all handles on one list share: what an archive holds.
+class OV_EXPORT ListObject final : public OVObject {
  public:
-  [[nodiscard]] std::size_t size() const { return elements_->items.size(); }
-  [[nodiscard]] bool empty() const { return elements_->items.empty(); }
-  void clear();
-  /// Removes the element at `index`; throws `std::out_of_range` past the end.
+  explicit ListObject(bool isImmutable = false) : immutable(isImmutable) {}
+  ~ListObject() override;
+
+  /// These throw `std::invalid_argument` for a null item and `std::out_of_range` for a wrong
+  /// position.
+  void insert(std::size_t index, OVRef<OVObject> item);
+  void set(std::size_t index, OVRef<OVObject> item);
   void erase(std::size_t index);
-  /// True when this list can only have been made as an immutable one.
-  [[nodiscard]] bool isImmutable() const { return elements_->immutable; }
+  void clear();
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
   void initWithCoder(OVKeyedUnarchiver& coder) override;
 
-  [[nodiscard]] const std::shared_ptr<ListElements>& elements() const { return elements_; }
+  std::vector<OVRef<OVObject>> items;
+  /// Counts the insertions and removals, so that a walk through the list notices them.
+  std::uint32_t changes = 0;
+  /// Recorded as "NSArray" instead of "NSMutableArray".
+  bool immutable;
+};
+
+[[noreturn]] OV_EXPORT void raiseOutOfRange(std::size_t index, std::size_t size);
+[[noreturn]] OV_EXPORT void raisePastTheEnd(const char* what);
+[[noreturn]] OV_EXPORT void raiseChangedInWalk(const char* what);
+[[noreturn]] OV_EXPORT void raiseNullChanged(const char* what);
+
+/// What handles on lists of every element type have in common.
+class ListHandle {
+ public:
+  /// True for null, false for an empty list.
+  [[nodiscard]] bool isNull() const { return object_ == nullptr; }
+  /// False for null, true for an empty list.
+  explicit operator bool() const { return object_ != nullptr; }
+  /// How many elements there are; 0 for null.
+  [[nodiscard]] std::size_t size() const { return isNull() ? 0 : array().items.size(); }
+  /// True for null and for a list without elements.
+  [[nodiscard]] bool empty() const { return size() == 0; }
+  /// Whether archives record the list as immutable. It tells other programs; here it can be changed
+  /// all the same.
+  [[nodiscard]] bool isImmutable() const { return !isNull() && array().immutable; }
+
+  /// The object that all handles on the list share, null for null. `ov::cast` makes a handle of it.
+  [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
+  [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
+  /// The same.
+  /// @{
+  operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
+  operator OVRef<OVObject>() && {
+    return std::move(object_);
+  }  // NOLINT(google-explicit-constructor)
+  /// @}
+
+  /// Whether both are handles on the same list, or both null.
+  friend bool operator==(const ListHandle& a, const ListHandle& b) {
+    return a.object_ == b.object_;
+  }
+  friend bool operator==(const ListHandle& list, std::nullptr_t) { return list.isNull(); }
 
  protected:
-  explicit AnyList(std::shared_ptr<ListElements> elements) : elements_(std::move(elements)) {}
+  ListHandle() = default;
+  explicit ListHandle(OVRef<OVObject> list) : object_(std::move(list)) {}
 
-  [[nodiscard]] const OVRef<OVObject>& itemAt(std::size_t index) const;
-  OVRef<OVObject>& itemAt(std::size_t index);
-  void insertItem(std::size_t index, OVRef<OVObject> item);
+  [[nodiscard]] ListObject& array() const { return static_cast<ListObject&>(*object_); }
+  [[nodiscard]] ListObject& arrayToChange() const {
+    if (isNull()) raiseNullChanged("OVList");
+    return array();
+  }
 
  private:
-  std::shared_ptr<ListElements> elements_;
+  OVRef<OVObject> object_;
 };
 
 /// Equality of elements: texts by their characters, other objects by identity. Null is no element:
 /// what merely reads as null is not equal to it.
-inline bool sameElement(const OVString& a, const OVString& b) { return !a.isNull() && a == b; }
-template <class T>
-bool sameElement(const OVRef<T>& a, const OVRef<T>& b) {
+template <class Element>
+bool sameElement(const Element& a, const Element& b) {
   return a != nullptr && a == b;
 }
 
+template <class T>
+class ListIterator;
+
 }  // namespace ov::detail
 
-/// An ordered list, shared by reference: a change through one reference shows in all.
-///
-/// Elements are `OVRef<T>`, or `OVString` for a list of strings. Nothing null can be put into a
-/// list (`std::invalid_argument`). A list that came out of an archive may hold objects of another
-/// class than T: they read as null, are kept, and are written back. Positions past the end raise
-/// `std::out_of_range`. Changing a list invalidates its iterators.
 template <class T>
-class OVList final : public ov::detail::AnyList {
+class OVList;
+
+/// An ordered list, to be read only. `OVList<T>` adds what changes a list, and can be used wherever
+/// an `OVList<const T>` is asked for.
+///
+/// A handle, like `OVString`: copies share the list, and null, which reads as empty, differs from
+/// an empty list. Elements are `OVRef<T>`, or `OVString` and other lists and dictionaries
+/// themselves. A list that came out of an archive may hold objects of another class than T: they
+/// read as null, are kept, and are written back. Positions past the end raise `std::out_of_range`.
+///
+///     for (const auto& person : book->allPersons()) std::cout << person->displayName() << "\n";
+///
+/// The list lives as long as the loop. When elements are added or removed meanwhile, the walk ends
+/// with a `std::logic_error`: walk through a `copy()` instead.
+template <class T>
+class OVList<const T> : public ov::detail::ListHandle {
  public:
-  /// `OVRef<T>`, or `OVString` in a list of strings.
+  /// `OVRef<T>`, or T itself where that is a handle.
   using value_type = ov::Handle<T>;
-
-  /// Walks through the elements; gives them as `OVRef<T>`, or `OVString`.
-  class const_iterator {
-   public:
-    /// What the standard asks of a random-access iterator.
-    /// @{
-    using iterator_concept = std::random_access_iterator_tag;
-    using iterator_category = std::input_iterator_tag;
-    using value_type = ov::Handle<T>;
-    using difference_type = std::ptrdiff_t;
-    using reference = value_type;
-
-    const_iterator() = default;
-    value_type operator*() const { return ov::cast<T>(*at_); }
-    value_type operator[](difference_type n) const { return *(*this + n); }
-    const_iterator& operator++() { return *this += 1; }
-    const_iterator& operator--() { return *this += -1; }
-    const_iterator operator++(int) { return std::exchange(*this, *this + 1); }
-    const_iterator operator--(int) { return std::exchange(*this, *this - 1); }
-    const_iterator& operator+=(difference_type n) {
-      at_ += n;
-      return *this;
-    }
-    const_iterator& operator-=(difference_type n) { return *this += -n; }
-    friend const_iterator operator+(const_iterator i, difference_type n) { return i += n; }
-    friend const_iterator operator+(difference_type n, const_iterator i) { return i += n; }
-    friend const_iterator operator-(const_iterator i, difference_type n) { return i -= n; }
-    friend difference_type operator-(const_iterator a, const_iterator b) { return a.at_ - b.at_; }
-    friend auto operator<=>(const_iterator, const_iterator) = default;
-    /// @}
-
-   private:
-    friend class OVList;
-    explicit const_iterator(const OVRef<OVObject>* at) : at_(at) {}
-    const OVRef<OVObject>* at_ = nullptr;
-  };
-  /// Elements cannot be changed through an iterator.
+  /// Walks through the elements, which cannot be changed through it. Valid while a handle on the
+  /// list lives.
+  using const_iterator = ov::detail::ListIterator<T>;
+  /// The same.
   using iterator = const_iterator;
 
-  /// A new list of the given elements.
-  [[nodiscard]] static OVRef<OVList> list(std::initializer_list<value_type> values = {}) {
-    auto made = std::shared_ptr<OVList>(new OVList(std::make_shared<ov::detail::ListElements>()));
-    for (const value_type& value : values) made->push_back(value);
-    return made;
-  }
-  /// A new, empty list that is recorded as immutable.
-  [[nodiscard]] static OVRef<OVList> immutableList() {
-    auto made = list();
-    made->elements()->immutable = true;
-    return made;
-  }
-  /// This very kind of list over the elements of another; null for null.
-  [[nodiscard]] static OVRef<OVList> viewOf(const OVRef<ov::detail::AnyList>& other) {
-    if (other == nullptr) return nullptr;
-    if (auto same = std::dynamic_pointer_cast<OVList>(other)) return same;
-    return std::shared_ptr<OVList>(new OVList(other->elements()));
-  }
-  /// A new list of the same elements.
-  [[nodiscard]] OVRef<OVList> copy() const {
-    auto made = list();
-    made->elements()->items = elements()->items;
-    return made;
-  }
+  /// Null.
+  OVList() = default;
+  /// Null.
+  OVList(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
+
+  /// A new list of the same elements; null for null.
+  [[nodiscard]] OVList<T> copy() const;
 
   /// The first element.
-  [[nodiscard]] const_iterator begin() const { return const_iterator(elements()->items.data()); }
+  [[nodiscard]] const_iterator begin() const& { return at(0); }
   /// Past the last element.
-  [[nodiscard]] const_iterator end() const { return begin() + static_cast<std::ptrdiff_t>(size()); }
+  [[nodiscard]] const_iterator end() const& { return at(size()); }
+  /// An iterator needs a handle that outlives it.
+  /// @{
+  const_iterator begin() const&& = delete;
+  const_iterator end() const&& = delete;
+  /// @}
 
   /// The element at a position: the first, the last or any.
   /// @{
-  value_type operator[](std::size_t index) const { return ov::cast<T>(itemAt(index)); }
+  value_type operator[](std::size_t index) const {
+    if (index >= size()) ov::detail::raiseOutOfRange(index, size());
+    return ov::cast<T>(array().items[index]);
+  }
   [[nodiscard]] value_type front() const { return (*this)[0]; }
   [[nodiscard]] value_type back() const { return (*this)[size() - 1]; }
   /// @}
 
-  /// Puts an element after the last one.
-  void push_back(const value_type& value) { insertItem(size(), value); }
-  /// Puts an element before the one at `index`, or after the last one.
-  void insert(std::size_t index, const value_type& value) { insertItem(index, value); }
-  /// Puts `value` in the place of the element at `index`.
-  void replace(std::size_t index, const value_type& value) {
-    itemAt(index);
-    insertItem(index, value);
-    erase(index + 1);
-  }
   /// The first element equal to `value`: texts by their characters, objects by identity.
-  [[nodiscard]] const_iterator find(const value_type& value) const {
-    auto at = begin();
-    while (at != end() && !ov::detail::sameElement(*at, value)) ++at;
-    return at;
+  [[nodiscard]] const_iterator find(const value_type& value) const& {
+    return at(positionOf(value));
   }
-  /// Whether the element stands in the list.
-  [[nodiscard]] bool contains(const value_type& value) const { return find(value) != end(); }
-  /// Removes every element equal to `value`; returns how many there were.
-  std::size_t remove(const value_type& value) {
-    return std::erase_if(elements()->items, [&](const OVRef<OVObject>& item) {
-      return ov::detail::sameElement(ov::cast<T>(item), value);
-    });
-  }
+  const_iterator find(const value_type& value) const&& = delete;
+  /// Whether the element is in the list.
+  [[nodiscard]] bool contains(const value_type& value) const { return positionOf(value) < size(); }
+
+ protected:
+  explicit OVList(OVRef<OVObject> list) : ListHandle(std::move(list)) {}
 
  private:
-  friend struct ov::detail::Maker;
-  explicit OVList(std::shared_ptr<ov::detail::ListElements> elements)
-      : AnyList(std::move(elements)) {}
-};
+  friend struct ov::detail::Cast<OVList>;
 
-/// @name Iteration over a reference
-/// `for (const auto person : book->allPersons())` keeps the list alive for the whole loop, which
-/// `*book->allPersons()` would not. Null counts as empty.
-/// @{
-template <class T>
-typename OVList<T>::const_iterator begin(const OVRef<OVList<T>>& list) {
-  return list == nullptr ? typename OVList<T>::const_iterator() : list->begin();
-}
-template <class T>
-typename OVList<T>::const_iterator end(const OVRef<OVList<T>>& list) {
-  return list == nullptr ? typename OVList<T>::const_iterator() : list->end();
-}
-/// @}
-
-template <class T>
-struct ov::detail::Cast<OVList<T>> {
-  static OVRef<OVList<T>> from(const OVRef<OVObject>& object) {
-    return OVList<T>::viewOf(std::dynamic_pointer_cast<AnyList>(object));
+  [[nodiscard]] const_iterator at(std::size_t index) const {
+    return isNull() ? const_iterator() : const_iterator(array(), index);
+  }
+  [[nodiscard]] std::size_t positionOf(const value_type& value) const {
+    std::size_t position = 0;
+    while (position < size() && !ov::detail::sameElement((*this)[position], value)) ++position;
+    return position;
   }
 };
+
+/// An ordered list, shared by its handles: a change through one shows in all. See `OVList<const T>`
+/// for what can be read.
+///
+/// What is const of a const handle is which list it is on: the list can be changed through it, as
+/// through its copies. Nothing null can be put into a list (`std::invalid_argument`), and null
+/// itself cannot be changed (`std::logic_error`).
+template <class T>
+class OVList final : public OVList<const T> {
+ public:
+  using typename OVList<const T>::value_type;
+
+  /// Null.
+  OVList() = default;
+  /// Null.
+  OVList(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
+  /// A new list of the given elements.
+  [[nodiscard]] static OVList list(std::initializer_list<value_type> values = {}) {
+    OVList made(std::make_shared<ov::detail::ListObject>());
+    for (const value_type& value : values) made.push_back(value);
+    return made;
+  }
+  /// A new, empty list that archives record as immutable.
+  [[nodiscard]] static OVList immutableList() {
+    return OVList(std::make_shared<ov::detail::ListObject>(true));
+  }
+
+  /// Puts an element after the last one.
+  void push_back(const value_type& value) const { insert(this->size(), value); }
+  /// Puts an element before the one at `index`, or after the last one.
+  void insert(std::size_t index, const value_type& value) const {
+    this->arrayToChange().insert(index, value);
+  }
+  /// Puts `value` in the place of the element at `index`.
+  void set(std::size_t index, const value_type& value) const {
+    this->arrayToChange().set(index, value);
+  }
+  /// Removes the element at `index`.
+  void erase(std::size_t index) const { this->arrayToChange().erase(index); }
+  /// Removes every element equal to `value`; returns how many there were.
+  std::size_t remove(const value_type& value) const {
+    auto& array = this->arrayToChange();
+    const std::size_t removed = std::erase_if(array.items, [&value](const OVRef<OVObject>& item) {
+      return ov::detail::sameElement(ov::cast<T>(item), value);
+    });
+    if (removed != 0) ++array.changes;
+    return removed;
+  }
+  /// Orders the elements: `less` tells whether the first of two comes before the second. Equal ones
+  /// keep their order.
+  template <class Less>
+  void sort(Less less) const {
+    auto& array = this->arrayToChange();
+    ++array.changes;
+    std::ranges::stable_sort(array.items, [&less](const auto& a, const auto& b) {
+      return less(ov::cast<T>(a), ov::cast<T>(b));
+    });
+  }
+  /// Removes all elements.
+  void clear() const { this->arrayToChange().clear(); }
+
+ private:
+  friend struct ov::detail::Cast<OVList>;
+  explicit OVList(OVRef<OVObject> list) : OVList<const T>(std::move(list)) {}
+};
+
+namespace ov::detail {
+
+/// Walks through a list. Raises `std::logic_error` once elements have been added or removed, and
+/// `std::out_of_range` for the element past the last.
+template <class T>
+class ListIterator {
+ public:
+  using iterator_concept = std::random_access_iterator_tag;
+  using iterator_category = std::input_iterator_tag;
+  using value_type = ov::Handle<T>;
+  using difference_type = std::ptrdiff_t;
+  // Const, so that `auto&` in a loop can take it.
+  using reference = const value_type;
+
+  ListIterator() = default;
+  ListIterator(const ListObject& list, std::size_t index)
+      : list_(&list), index_(static_cast<difference_type>(index)), changes_(list.changes) {}
+
+  reference operator*() const {
+    checkUnchanged();
+    const auto index = static_cast<std::size_t>(index_);
+    if (list_ == nullptr || index >= list_->items.size()) raisePastTheEnd("OVList");
+    return ov::cast<T>(list_->items[index]);
+  }
+  reference operator[](difference_type n) const { return *(*this + n); }
+  ListIterator& operator++() {
+    checkUnchanged();
+    return *this += 1;
+  }
+  ListIterator& operator--() { return *this += -1; }
+  ListIterator operator++(int) { return std::exchange(*this, *this + 1); }
+  ListIterator operator--(int) { return std::exchange(*this, *this - 1); }
+  ListIterator& operator+=(difference_type n) {
+    index_ += n;
+    return *this;
+  }
+  ListIterator& operator-=(difference_type n) { return *this += -n; }
+  friend ListIterator operator+(ListIterator i, difference_type n) { return i += n; }
+  friend ListIterator operator+(difference_type n, ListIterator i) { return i += n; }
+  friend ListIterator operator-(ListIterator i, difference_type n) { return i -= n; }
+  friend difference_type operator-(ListIterator a, ListIterator b) { return a.index_ - b.index_; }
+  friend bool operator==(ListIterator a, ListIterator b) { return a.index_ == b.index_; }
+  friend auto operator<=>(ListIterator a, ListIterator b) { return a.index_ <=> b.index_; }
+
+ private:
+  void checkUnchanged() const {
+    if (list_ != nullptr && list_->changes != changes_) raiseChangedInWalk("OVList");
+  }
+
+  const ListObject* list_ = nullptr;
+  difference_type index_ = 0;
+  std::uint32_t changes_ = 0;
+};
+
+template <class T>
+struct Handle<OVList<T>> {
+  using type = OVList<T>;
+};
+
+template <class T>
+struct Cast<OVList<T>> {
+  static OVList<T> from(const OVRef<OVObject>& object) {
+    return dynamic_cast<const ListObject*>(object.get()) == nullptr ? OVList<T>()
+                                                                    : OVList<T>(object);
+  }
+};
+
+}  // namespace ov::detail
+
+template <class T>
+OVList<T> OVList<const T>::copy() const {
+  if (isNull()) return nullptr;
+  auto made = OVList<T>::list();
+  made.array().items = array().items;
+  return made;
+}

@@ -13,7 +13,7 @@
 /// One whose toolkit answers all of it derives from this class:
 ///
 ///     class HostLocale : public OVLocale {
-///       OVRef<OVList<OVString>> isoCountryCodes() const override { return toolkit.countries(); }
+///       OVList<OVString> isoCountryCodes() const override { return toolkit.countries(); }
 ///       OVString currentLocaleIdentifier() const override { return toolkit.localeName(); }
 ///       OVString lowercase(const OVString& text) const override { return toolkit.lower(text); }
 ///       OVString uppercase(const OVString& text) const override { return toolkit.upper(text); }
@@ -36,7 +36,7 @@ class OV_EXPORT OVLocale {
 
   /// The ISO 3166-1 alpha-2 codes, upper case, in the platform's order. A new list, the caller's to
   /// change; never null.
-  [[nodiscard]] virtual OVRef<OVList<OVString>> isoCountryCodes() const = 0;
+  [[nodiscard]] virtual OVList<OVString> isoCountryCodes() const = 0;
 
   /// The user's locale: language, script where it matters, region and variant, joined by "_"
   /// ("de_DE", "sr_Latn_RS", "ca_ES_VALENCIA"); never null. The platform's default reads the first

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <memory>
 #include <vector>
 
 #include <OVAddressBookSDK/atomic.h>
@@ -36,10 +40,10 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   [[nodiscard]] virtual std::uint64_t indexOfValue(const OVRef<OVSingleValue>& value) const;
 
   /// Always a new empty immutable list, even when there are elements.
-  [[nodiscard]] OVRef<OVList<OVLabel>> allLabel() const;
+  [[nodiscard]] OVList<const OVLabel> allLabel() const;
   /// A new list of the display names of the elements' labels, in order. Throws
   /// `std::invalid_argument` when an element has no label or its label no display name.
-  [[nodiscard]] virtual OVRef<OVList<OVString>> allLabelName() const;
+  [[nodiscard]] virtual OVList<OVString> allLabelName() const;
 
   /// A new multiple value of copies of the elements, added one by one: elements that
   /// `OVMutableMultipleValue::addValue` refuses are left out. Its main value is the element at the
@@ -81,7 +85,7 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   [[nodiscard]] OVRef<OVSingleValue> mainValue() const override;
   [[nodiscard]] OVRef<OVSingleValue> valueAtIndex(std::uint64_t index) const override;
   [[nodiscard]] std::uint64_t indexOfValue(const OVRef<OVSingleValue>& value) const override;
-  [[nodiscard]] OVRef<OVList<OVString>> allLabelName() const override;
+  [[nodiscard]] OVList<OVString> allLabelName() const override;
 
   /// Appends `value`, which becomes the main value when there is none. Refused when its type is not
   /// that of the main value.
@@ -116,3 +120,56 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   std::vector<OVRef<OVObject>> elements_;
   OVAtomic<OVRef<OVObject>> mainValue_;
 };
+
+/// Walks through the single values of a multiple value, in order; objects of other classes, which
+/// an archive may hold there, are left out. The value may change meanwhile.
+class OVMultipleValueIterator {
+ public:
+  /// What the standard asks of an input iterator.
+  /// @{
+  using iterator_concept = std::input_iterator_tag;
+  using value_type = OVRef<OVSingleValue>;
+  using difference_type = std::ptrdiff_t;
+
+  OVMultipleValueIterator() = default;
+  explicit OVMultipleValueIterator(const OVMultipleValue* multiple) : multiple_(multiple) {
+    skipOthers();
+  }
+  const value_type& operator*() const { return value_; }
+  OVMultipleValueIterator& operator++() {
+    ++index_;
+    skipOthers();
+    return *this;
+  }
+  void operator++(int) { ++*this; }
+  friend bool operator==(const OVMultipleValueIterator& at, std::default_sentinel_t) {
+    return at.value_ == nullptr;
+  }
+  /// @}
+
+ private:
+  void skipOthers() {
+    value_ = nullptr;
+    const std::uint64_t count = multiple_ == nullptr ? 0 : multiple_->count();
+    for (; index_ < count && value_ == nullptr; ++index_) value_ = multiple_->valueAtIndex(index_);
+    if (value_ != nullptr) --index_;
+  }
+
+  const OVMultipleValue* multiple_ = nullptr;
+  std::uint64_t index_ = 0;
+  OVRef<OVSingleValue> value_;
+};
+
+/// @name Iteration over a reference
+/// `for (const auto& value : multiple)` walks through a multiple value, which the reference keeps
+/// alive. Null counts as empty.
+/// @{
+template <std::derived_from<OVMultipleValue> T>
+OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple) {
+  return OVMultipleValueIterator(multiple.get());
+}
+template <std::derived_from<OVMultipleValue> T>
+std::default_sentinel_t end(const std::shared_ptr<T>& /*multiple*/) {
+  return {};
+}
+/// @}

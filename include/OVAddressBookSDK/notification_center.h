@@ -13,7 +13,7 @@ struct OVNotification {
   /// Whom it is about; may be null.
   OVRef<OVObject> object;
   /// More about it; may be null. Shared with the poster and the other observers.
-  OVRef<OVDictionary<OVObject>> userInfo;
+  OVDictionary<OVObject> userInfo;
 };
 
 /// Keeps an observer registered for as long as it lives.
@@ -85,7 +85,7 @@ class OV_EXPORT OVNotificationCenter {
   /// Delivers a notification. A null name delivers nothing. What a callback throws reaches the
   /// caller, and the observers after it are not called.
   void postNotificationName(const OVString& name, const OVRef<OVObject>& object = nullptr,
-                            const OVRef<OVDictionary<OVObject>>& userInfo = nullptr);
+                            const OVDictionary<OVObject>& userInfo = nullptr);
 
  protected:
   OVNotificationCenter() = default;

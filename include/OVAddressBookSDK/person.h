@@ -44,18 +44,18 @@ class OV_EXPORT IOVPerson : public OVObject {
   [[nodiscard]] virtual OVRef<OVObjectEmail> mainEmail() const = 0;
 
   /// The groups that the person is known to be in.
-  [[nodiscard]] virtual OVRef<OVList<IOVGroup>> groups() const = 0;
+  [[nodiscard]] virtual OVList<IOVGroup> groups() const = 0;
   /// The properties that the person has a value for.
-  [[nodiscard]] virtual OVRef<OVList<OVProperty>> notNullValueProperty() const = 0;
+  [[nodiscard]] virtual OVList<OVProperty> notNullValueProperty() const = 0;
 
   /// The tags that the person has.
-  [[nodiscard]] virtual OVRef<OVList<OVString>> tagArray() const = 0;
+  [[nodiscard]] virtual OVList<OVString> tagArray() const = 0;
   /// Gives the person a tag.
   virtual void addTag(const OVString& tag) = 0;
   /// Takes a tag from the person.
   virtual void removeTag(const OVString& tag) = 0;
   /// Gives the person these tags.
-  virtual void setTags(const OVRef<OVList<OVString>>& tags) = 0;
+  virtual void setTags(const OVList<OVString>& tags) = 0;
 
   /// Says whether the person stands for an organisation.
   virtual void setIsOrganization(bool isOrganization) = 0;

@@ -45,19 +45,19 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVString& name) const;
 
   /// Always a new empty list: membership lives in the groups.
-  [[nodiscard]] OVRef<OVList<IOVGroup>> groups() const override;
+  [[nodiscard]] OVList<IOVGroup> groups() const override;
   /// A new list, in no particular order, of the catalogue's properties that have a value.
-  [[nodiscard]] OVRef<OVList<OVProperty>> notNullValueProperty() const override;
+  [[nodiscard]] OVList<OVProperty> notNullValueProperty() const override;
 
   /// The live list: a change of it is a change of the person. Never null.
-  [[nodiscard]] OVRef<OVList<OVString>> tagArray() const override;
+  [[nodiscard]] OVList<OVString> tagArray() const override;
   /// Appends the tag only when the person has it already.
   void addTag(const OVString& tag) override;
   /// Removes every occurrence.
   void removeTag(const OVString& tag) override;
   /// Merges: removes the tags that `tags` names, then appends `tags` in its order. Null does
   /// nothing.
-  void setTags(const OVRef<OVList<OVString>>& tags) override;
+  void setTags(const OVList<OVString>& tags) override;
 
   /// A general person does not tell organisations apart: this does nothing, and the next four
   /// answer false or null.
@@ -104,6 +104,6 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   OVString ID_;
   std::vector<Entry> entries_;
-  mutable OVRef<OVList<OVString>> tags_;  // made when first asked for
+  mutable OVList<OVString> tags_;  // made when first asked for
   OVAtomic<OVRef<OVObject>> extend_;
 };

@@ -43,11 +43,11 @@ OV_EXPORT extern const OVString OVProPertyIsOrganization;
 /// alive until the process ends. Any thread may use it.
 class OV_EXPORT OVProperty final : public OVObject {
  public:
-  /// The 23 standard properties in their fixed order: the same list on every call, to be treated as
-  /// read-only. Built on the first call of any of these operations.
-  [[nodiscard]] static OVRef<OVList<OVProperty>> StandardPropertyArray();
-  /// The same descriptors by name: the same dictionary on every call, to be treated as read-only.
-  [[nodiscard]] static OVRef<OVDictionary<OVProperty>> StandardPropertyDictionary();
+  /// The 23 standard properties in their fixed order: the same list on every call. Built on the
+  /// first call of any of these operations.
+  [[nodiscard]] static OVList<const OVProperty> StandardPropertyArray();
+  /// The same descriptors by name: the same dictionary on every call.
+  [[nodiscard]] static OVDictionary<const OVProperty> StandardPropertyDictionary();
   /// Null for null and for a name that is not in the catalogue.
   [[nodiscard]] static OVRef<OVProperty> propertyWithName(const OVString& name);
   /// Writes the line "aa" to the system log, for diagnosis.

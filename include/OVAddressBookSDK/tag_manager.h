@@ -44,9 +44,9 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   /// The live list of the persons that carry the tag, in order of tagging; null when there is none
   /// and for null.
-  [[nodiscard]] OVRef<OVList<OVString>> personIDsByTag(const OVString& tag) const;
+  [[nodiscard]] OVList<OVString> personIDsByTag(const OVString& tag) const;
   /// The live list of the person's tags, in order of tagging; null when there is none and for null.
-  [[nodiscard]] OVRef<OVList<OVString>> tagsByPersonID(const OVString& personID) const;
+  [[nodiscard]] OVList<OVString> tagsByPersonID(const OVString& personID) const;
 
   /// Tags a person; a tag that the person already carries stays where it is. Saves. Does nothing,
   /// not even save, when an argument is null.
@@ -68,7 +68,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   ///
   /// The list is read after the person's old tags are gone: the person's own live list is empty by
   /// then, and handing it in only takes all tags away.
-  void setTagsForPersonID(const OVRef<OVList<OVString>>& tags, const OVString& personID);
+  void setTagsForPersonID(const OVList<OVString>& tags, const OVString& personID);
 
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
@@ -86,8 +86,8 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   void makeMutable();
 
   // A manager from an archive may lack any of the three: it reads as empty and takes nothing up.
-  OVRef<OVList<OVString>> tags_;
-  OVRef<ListsByText> tagKeyDic_;
-  OVRef<ListsByText> personIDDic_;
+  OVList<OVString> tags_;
+  ListsByText tagKeyDic_;
+  ListsByText personIDDic_;
   OVAtomic<OVString> tagID_;
 };

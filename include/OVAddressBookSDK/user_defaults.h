@@ -48,14 +48,19 @@ class OV_EXPORT OVUserDefaults {
   /// A new, empty store that lives in memory only; its `synchronize` answers true.
   [[nodiscard]] static OVRef<OVUserDefaults> inMemory();
 
-  /// The truth value under `key`. A number is true when it is not zero; a text when, after blanks,
+  /// The truth value under `key`, a preference that may be asked for again and again: what another
+  /// process has set shows some milliseconds late. A number is true when it is not zero; a text when, after blanks,
   /// a sign and zeros, it begins with a digit from 1 to 9 or one of "YyTt". False when the entry is
   /// absent or of another kind, and for a null key.
   [[nodiscard]] bool boolForKey(const OVString& key) const;
+  /// The text under `key`, a preference like the above; null when the entry is absent or of another
+  /// kind, and for a null key.
+  [[nodiscard]] OVString stringForKey(const OVString& key) const;
   /// Throws `std::invalid_argument` for a null key.
   void setBoolForKey(bool flag, const OVString& key);
 
-  /// The value under `key`; null when there is none, and for a null key.
+  /// The value under `key`, also when another process has set it just now; null when there is none,
+  /// and for a null key.
   [[nodiscard]] OVRef<OVObject> objectForKey(const OVString& key) const;
   /// Stores `object`; null removes the entry. Throws `std::invalid_argument` for a null key, and
   /// for an object of a class that is not one of those above.
@@ -71,6 +76,9 @@ class OV_EXPORT OVUserDefaults {
  private:
   /// Called with a key that is not null. Null when there is no entry.
   [[nodiscard]] virtual OVRef<OVObject> load(const OVString& key) const = 0;
+  /// The same for a preference, which costs little and may be some milliseconds late. It is `load`
+  /// unless a store has a quicker way.
+  [[nodiscard]] virtual OVRef<OVObject> loadPreference(const OVString& key) const;
   /// Called with a key that is not null and a storable object, or null to remove the entry.
   virtual void store(const OVRef<OVObject>& object, const OVString& key) = 0;
   virtual bool writeThrough() = 0;

@@ -28,9 +28,7 @@ constexpr std::array kStoredAs = []() {
   return fields;
 }();
 
-using Values = ov::detail::AnyDictionary;
-
-std::size_t countOf(const OVRef<Values>& values) { return values == nullptr ? 0 : values->size(); }
+using Values = OVDictionary<OVObject>;
 
 // Texts are equal by their characters, anything else that an archive held by identity.
 bool sameValue(const OVRef<OVObject>& a, const OVRef<OVObject>& b) {
@@ -39,21 +37,17 @@ bool sameValue(const OVRef<OVObject>& a, const OVRef<OVObject>& b) {
   return !text.isNull() && text == ov::cast<OVString>(b);
 }
 
-bool sameValues(const OVRef<Values>& a, const OVRef<Values>& b) {
-  if (countOf(a) != countOf(b)) return false;
-  if (countOf(a) == 0) return true;
-  return std::ranges::all_of(*a->entries(), [&](const auto& entry) {
-    if (entry.key.isNull()) return true;
-    const auto* other = b->entries()->find(entry.key);
-    return other != nullptr && sameValue(entry.value, other->value);
-  });
+bool sameValues(const Values& a, const Values& b) {
+  return a.size() == b.size() && std::ranges::all_of(a, [&b](const auto& entry) {
+           return b.contains(entry.first) && sameValue(entry.second, b[entry.first]);
+         });
 }
 
 }  // namespace
 
 OVRef<OVObjectAddress> OVObjectAddress::init() {
   auto address = ov::detail::Maker::make<OVObjectAddress>();
-  address->valueDic_ = OVDictionary<OVString>::dictionary();
+  address->valueDic_ = Values::dictionary();
   return address;
 }
 
@@ -68,19 +62,16 @@ OVString OVObjectAddress::standFieldName(const OVString& fieldName) {
 }
 
 OVString OVObjectAddress::stringValueByFieldName(const OVString& fieldName) const {
-  const OVString standardName = standFieldName(fieldName);
-  if (valueDic_ == nullptr || standardName.isNull()) return nullptr;
-  const auto* entry = valueDic_->entries()->find(standardName);
-  return entry == nullptr ? OVString() : ov::cast<OVString>(entry->value);
+  return ov::cast<OVString>(valueDic_[standFieldName(fieldName)]);
 }
 
 void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVString& fieldName) {
   const OVString standardName = standFieldName(fieldName);
   if (value.isNull() || standardName.isNull() || valueDic_ == nullptr) return;
   if (value.empty()) {
-    valueDic_->erase(standardName);
+    valueDic_.erase(standardName);
   } else {
-    valueDic_->entries()->set(standardName, value);
+    valueDic_.set(standardName, value);
   }
 }
 
@@ -90,7 +81,7 @@ bool OVObjectAddress::isequalToAddress(const OVRef<OVObjectAddress>& other) cons
   return !code.isNull() && code == other->countryCode() && sameValues(valueDic_, other->valueDic_);
 }
 
-std::uint64_t OVObjectAddress::valueCount() const { return countOf(valueDic_); }
+std::uint64_t OVObjectAddress::valueCount() const { return valueDic_.size(); }
 
 const OVClass& OVObjectAddress::archivedClass() {
   static constexpr OVClass record{"OVObjectAddress", nullptr,

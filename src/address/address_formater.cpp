@@ -75,26 +75,26 @@ OVString OVAddressFormater::stringByCountryCode(const OVString& code) const {
   return textOf(*addressObject_, code, " ");
 }
 
-OVRef<OVList<Fields>> OVAddressFormater::fieldFormaterByCountryCode(const OVString& code) {
+OVList<Fields> OVAddressFormater::fieldFormaterByCountryCode(const OVString& code) {
   auto lines = OVList<Fields>::list();
   if (code.isNull()) return lines;
   for (const LayoutLine& line : layoutOf(code).lines()) {
     auto fields = Fields::list();
-    append(line, *fields);
-    lines->push_back(fields);
+    append(line, fields);
+    lines.push_back(fields);
   }
   return lines;
 }
 
-OVRef<Fields> OVAddressFormater::fieldArrayByCountryCode(const OVString& code) {
+Fields OVAddressFormater::fieldArrayByCountryCode(const OVString& code) {
   auto fields = Fields::list();
   if (code.isNull()) return fields;
-  for (const LayoutLine& line : layoutOf(code).lines()) append(line, *fields);
+  for (const LayoutLine& line : layoutOf(code).lines()) append(line, fields);
   return fields;
 }
 
-OVRef<OVList<Fields>> OVAddressFormater::fieldFormaterLocal() {
+OVList<Fields> OVAddressFormater::fieldFormaterLocal() {
   return fieldFormaterByCountryCode(localCode());
 }
 
-OVRef<Fields> OVAddressFormater::fieldArrayLocal() { return fieldArrayByCountryCode(localCode()); }
+Fields OVAddressFormater::fieldArrayLocal() { return fieldArrayByCountryCode(localCode()); }

@@ -21,8 +21,8 @@ constexpr OVString kDefaultCountryKey(ov::detail::kConstant<"Default_Country_Key
 constexpr OVString kUnitedStates(ov::detail::kConstant<"us">);
 
 struct Countries {
-  OVRef<OVList<OVCountry>> list = OVList<OVCountry>::list();
-  OVRef<OVDictionary<OVCountry>> byCode = OVDictionary<OVCountry>::dictionary();
+  OVList<OVCountry> list = OVList<OVCountry>::list();
+  OVDictionary<OVCountry> byCode = OVDictionary<OVCountry>::dictionary();
   /// Upper case, those without a name included.
   std::unordered_set<OVString> platformCodes;
 };
@@ -37,28 +37,25 @@ void add(const Countries& countries, const OVString& code) {
   const ov::detail::CountryName row = nameRowOf(code);
   if (row.name.isNull()) return;
   const auto country = OVCountry::initWithCodeName(row.code, row.name);
-  countries.list->push_back(country);
-  countries.byCode->set(row.code, country);
+  countries.list.push_back(country);
+  countries.byCode.set(row.code, country);
 }
 
-// A missing name counts as "". The country keeps the text alive.
-std::string_view nameOf(const OVRef<OVObject>& item) {
-  const auto* country = dynamic_cast<const OVCountry*>(item.get());
-  return country == nullptr ? std::string_view() : country->name().view();
+// A missing name counts as "".
+bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
+  return a->name().view() < b->name().view();
 }
 
-void sortByName(const Countries& countries) {
-  std::ranges::stable_sort(countries.list->elements()->items, std::less<>(), nameOf);
-}
+void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
 Countries build() {
   Countries countries;
   const auto codes = OVLocale::currentLocale()->isoCountryCodes();
-  for (const OVString& code : *codes) {
+  for (const OVString& code : codes) {
     countries.platformCodes.insert(code);
     add(countries, code);
   }
-  sortByName(countries);
+  sortByName(countries.list);
   return countries;
 }
 
@@ -73,15 +70,15 @@ OVRef<OVCountry> OVCountry::initWithCodeName(OVString code, OVString name) {
   return ov::detail::Maker::make<OVCountry>(std::move(code), std::move(name));
 }
 
-OVRef<OVList<OVCountry>> OVCountry::allCountry() { return allCountries().list; }
+OVList<OVCountry> OVCountry::allCountry() { return allCountries().list; }
 
 OVRef<OVCountry> OVCountry::countryWithCode(const OVString& code) {
   const OVString wanted = code.isNull() ? localeCode() : code;
   const Countries& countries = allCountries();
-  if (auto country = (*countries.byCode)[wanted]) return country;
+  if (auto country = countries.byCode[wanted]) return country;
   const bool isPlatformCode =
       countries.platformCodes.contains(OVLocale::currentLocale()->uppercase(wanted));
-  return isPlatformCode ? (*countries.byCode)[kUnitedStates] : nullptr;
+  return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
 }
 
 OVString OVCountry::countryNameByCode(const OVString& code) { return nameRowOf(code).name; }
@@ -91,7 +88,7 @@ void OVCountry::addCountryByCode(const OVString& code) {
 }
 
 void OVCountry::sort() {
-  if (const Countries* countries = countriesOnce.peek()) sortByName(*countries);
+  if (const Countries* countries = countriesOnce.peek()) sortByName(countries->list);
 }
 
 OVString OVCountry::localeCode() {

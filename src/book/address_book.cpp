@@ -25,27 +25,23 @@ void OVAddressBook::loadWithData(const OVRef<OVData>& /*data*/) {}
 
 OVRef<OVData> OVAddressBook::saveData() { return nullptr; }
 
-OVRef<OVList<OVProperty>> OVAddressBook::supportProperty() const {
-  return OVList<OVProperty>::list();
-}
+OVList<OVProperty> OVAddressBook::supportProperty() const { return OVList<OVProperty>::list(); }
 
-OVRef<OVList<OVProperty>> OVAddressBook::commonProperty() const {
-  return OVList<OVProperty>::list();
-}
+OVList<OVProperty> OVAddressBook::commonProperty() const { return OVList<OVProperty>::list(); }
 
 std::uint64_t OVAddressBook::allPersonsCount() const { return 0; }
 
-OVRef<OVList<IOVPerson>> OVAddressBook::allPersons() const { return OVList<IOVPerson>::list(); }
+OVList<IOVPerson> OVAddressBook::allPersons() const { return OVList<IOVPerson>::list(); }
 
 std::uint64_t OVAddressBook::rootGroupsCount() const { return 0; }
 
-OVRef<OVList<IOVGroup>> OVAddressBook::rootGroups() const { return OVList<IOVGroup>::list(); }
+OVList<IOVGroup> OVAddressBook::rootGroups() const { return OVList<IOVGroup>::list(); }
 
 OVRef<IOVGroup> OVAddressBook::addGroupByName(const OVString& /*name*/) { return nullptr; }
 
 bool OVAddressBook::removeGroup(const OVRef<IOVGroup>& /*group*/) { return true; }
 
-void OVAddressBook::removePersons(const OVRef<OVList<IOVPerson>>& /*persons*/) {}
+void OVAddressBook::removePersons(const OVList<IOVPerson>& /*persons*/) {}
 
 OVRef<IOVPerson> OVAddressBook::newPerson() { return nullptr; }
 
@@ -57,8 +53,7 @@ OVRef<IOVPerson> OVAddressBook::addOneFromOtherPerson(const OVRef<IOVPerson>& /*
   return nullptr;
 }
 
-OVRef<OVList<IOVPerson>> OVAddressBook::personsForIDs(
-    const OVRef<OVList<OVString>>& /*personIDs*/) const {
+OVList<IOVPerson> OVAddressBook::personsForIDs(const OVList<OVString>& /*personIDs*/) const {
   return nullptr;
 }
 

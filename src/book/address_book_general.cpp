@@ -21,12 +21,12 @@ void requireID(const OVString& ID, const char* whose) {
 }
 
 template <class T>
-OVRef<OVList<OVString>> idsOf(const OVRef<OVList<T>>& members, const char* whose) {
+OVList<OVString> idsOf(const OVList<T>& members, const char* whose) {
   auto ids = OVList<OVString>::list();
   for (const OVRef<T> member : members) {
     const OVString ID = member == nullptr ? OVString() : member->ID();
     requireID(ID, whose);
-    ids->push_back(ID);
+    ids.push_back(ID);
   }
   return ids;
 }
@@ -53,7 +53,7 @@ void OVAddressBookGeneral::addPerson(const OVRef<IOVPerson>& person) {
   if (person == nullptr || personDic_ == nullptr) return;
   const auto general = generalPersonWithPerson(person);
   requireID(general->ID(), "the person to add");
-  personDic_->set(general->ID(), general);
+  personDic_.set(general->ID(), general);
 }
 
 void OVAddressBookGeneral::addGroup(const OVRef<IOVGroup>& group) {
@@ -61,7 +61,7 @@ void OVAddressBookGeneral::addGroup(const OVRef<IOVGroup>& group) {
   if (group == nullptr) throw std::invalid_argument("OVAddressBookGeneral: no group to add");
   const OVString ID = group->ID();
   requireID(ID, "the group to add");
-  groupDic_->set(ID, generalGroupByGroup(group));
+  groupDic_.set(ID, generalGroupByGroup(group));
 }
 
 OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(

@@ -55,7 +55,7 @@ OVRef<OVObject> OVPersonGeneral::valueOfMainValueForProPertyName(const OVString&
   return main == nullptr || main->type() == OVValueTypeMultiple ? nullptr : main->value();
 }
 
-OVRef<OVList<IOVGroup>> OVPersonGeneral::groups() const { return OVList<IOVGroup>::list(); }
+OVList<IOVGroup> OVPersonGeneral::groups() const { return OVList<IOVGroup>::list(); }
 
 void OVPersonGeneral::setIsOrganization(bool /*isOrganization*/) {}
 

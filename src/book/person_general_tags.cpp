@@ -1,23 +1,23 @@
 #include <OVAddressBookSDK/person_general.h>
 
-OVRef<OVList<OVString>> OVPersonGeneral::tagArray() const {
+OVList<OVString> OVPersonGeneral::tagArray() const {
   if (tags_ == nullptr) tags_ = OVList<OVString>::list();
   return tags_;
 }
 
 void OVPersonGeneral::addTag(const OVString& tag) {
   const auto tags = tagArray();
-  if (tags->contains(tag)) tags->push_back(tag);
+  if (tags.contains(tag)) tags.push_back(tag);
 }
 
-void OVPersonGeneral::removeTag(const OVString& tag) { tagArray()->remove(tag); }
+void OVPersonGeneral::removeTag(const OVString& tag) { tagArray().remove(tag); }
 
-void OVPersonGeneral::setTags(const OVRef<OVList<OVString>>& tags) {
+void OVPersonGeneral::setTags(const OVList<OVString>& tags) {
   if (tags == nullptr) return;
-  const auto given = tags->copy();  // it may be the very list that changes here
+  const auto given = tags.copy();  // it may be the very list that changes here
   const auto own = tagArray();
   for (const OVString tag : given) removeTag(tag);
   for (const OVString tag : given) {
-    if (!tag.isNull()) own->push_back(tag);
+    if (!tag.isNull()) own.push_back(tag);
   }
 }

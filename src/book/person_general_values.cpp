@@ -56,11 +56,11 @@ void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const 
   entries_.push_back({name, value});
 }
 
-OVRef<OVList<OVProperty>> OVPersonGeneral::notNullValueProperty() const {
+OVList<OVProperty> OVPersonGeneral::notNullValueProperty() const {
   auto properties = OVList<OVProperty>::list();
   for (const Entry& entry : entries_) {
     if (const auto property = OVProperty::propertyWithName(entry.name)) {
-      properties->push_back(property);
+      properties.push_back(property);
     }
   }
   return properties;

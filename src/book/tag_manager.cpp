@@ -18,31 +18,27 @@ constexpr std::string_view kPersonIDDicKey = "PersonDicKey";
 using Texts = OVList<OVString>;
 using TextsByText = OVDictionary<Texts>;
 
-OVRef<Texts> listUnder(const OVString& key, const OVRef<TextsByText>& dictionary) {
-  return dictionary == nullptr ? nullptr : (*dictionary)[key];
-}
-
 /// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
 class Addition {
  public:
-  Addition(OVString text, OVRef<Texts> list) : text_(std::move(text)), list_(std::move(list)) {
-    if (list_ == nullptr || list_->contains(text_)) return;
-    list_->push_back(text_);
+  Addition(OVString text, Texts list) : text_(std::move(text)), list_(std::move(list)) {
+    if (list_ == nullptr || list_.contains(text_)) return;
+    list_.push_back(text_);
     isAdded_ = true;
   }
   /// Makes the list when there is none under the key.
-  Addition(const OVString& text, const OVString& key, const OVRef<TextsByText>& dictionary)
-      : Addition(text, listUnder(key, dictionary)) {
+  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary)
+      : Addition(text, dictionary[key]) {
     if (list_ != nullptr || dictionary == nullptr) return;
-    dictionary->set(key, Texts::list({text}));
+    dictionary.set(key, Texts::list({text}));
     key_ = key;
     dictionary_ = dictionary;
   }
   Addition(const Addition&) = delete;
   Addition& operator=(const Addition&) = delete;
   ~Addition() {
-    if (isAdded_) list_->remove(text_);
-    if (dictionary_ != nullptr) dictionary_->erase(key_);
+    if (isAdded_) list_.remove(text_);
+    if (dictionary_ != nullptr) dictionary_.erase(key_);
   }
 
   void keep() {
@@ -52,26 +48,25 @@ class Addition {
 
  private:
   OVString text_;
-  OVRef<Texts> list_;
+  Texts list_;
   bool isAdded_ = false;
   OVString key_;
-  OVRef<TextsByText> dictionary_;  // null unless the list was made
+  TextsByText dictionary_;  // null unless the list was made
 };
 
-void remove(const OVString& text, const OVRef<Texts>& list) {
-  if (list != nullptr) list->remove(text);
+void remove(const OVString& text, const Texts& list) {
+  if (list != nullptr) list.remove(text);
 }
 
-void removeKey(const OVString& key, const OVRef<TextsByText>& dictionary) {
-  if (dictionary != nullptr) dictionary->erase(key);
+void removeKey(const OVString& key, const TextsByText& dictionary) {
+  if (dictionary != nullptr) dictionary.erase(key);
 }
 
 // True when a list without this text is left.
-bool removeFromList(const OVString& text, const OVString& key,
-                    const OVRef<TextsByText>& dictionary) {
-  const auto list = listUnder(key, dictionary);
+bool removeFromList(const OVString& text, const OVString& key, const TextsByText& dictionary) {
+  const auto list = dictionary[key];
   remove(text, list);
-  if (list != nullptr && !list->empty()) return true;
+  if (list != nullptr && !list.empty()) return true;
   removeKey(key, dictionary);
   return false;
 }
@@ -113,18 +108,16 @@ void OVTagManager::save() {
       OVKeyedArchiver::archivedDataWithRootObject(shared_from_this()), key);
 }
 
-std::uint64_t OVTagManager::count() const { return tags_ == nullptr ? 0 : tags_->size(); }
+std::uint64_t OVTagManager::count() const { return tags_.size(); }
 
 OVString OVTagManager::tagAtIndex(std::uint64_t index) const {
-  return index < count() ? (*tags_)[index] : OVString();
+  return index < count() ? tags_[index] : OVString();
 }
 
-OVRef<Texts> OVTagManager::personIDsByTag(const OVString& tag) const {
-  return listUnder(tag, tagKeyDic_);
-}
+Texts OVTagManager::personIDsByTag(const OVString& tag) const { return tagKeyDic_[tag]; }
 
-OVRef<Texts> OVTagManager::tagsByPersonID(const OVString& personID) const {
-  return listUnder(personID, personIDDic_);
+Texts OVTagManager::tagsByPersonID(const OVString& personID) const {
+  return personIDDic_[personID];
 }
 
 void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& tag) {
@@ -150,8 +143,8 @@ void OVTagManager::removeForPersonID(const OVString& personID) {
   if (personID.isNull()) return;
   // The removals change the person's list, so they walk a copy.
   if (const auto list = tagsByPersonID(personID)) {
-    const auto tags = list->copy();
-    for (const OVString& tag : *tags) removePersonIDFromTag(personID, tag);
+    const auto tags = list.copy();
+    for (const OVString& tag : tags) removePersonIDFromTag(personID, tag);
   }
   save();
 }
@@ -160,8 +153,8 @@ void OVTagManager::removeTag(const OVString& tag) {
   if (!tag.isNull()) {
     remove(tag, tags_);
     if (const auto list = personIDsByTag(tag)) {
-      const auto personIDs = list->copy();
-      for (const OVString& personID : *personIDs) remove(tag, tagsByPersonID(personID));
+      const auto personIDs = list.copy();
+      for (const OVString& personID : personIDs) remove(tag, tagsByPersonID(personID));
     }
     removeKey(tag, tagKeyDic_);
   }
@@ -169,23 +162,27 @@ void OVTagManager::removeTag(const OVString& tag) {
   save();
 }
 
-void OVTagManager::setTagsForPersonID(const OVRef<Texts>& tags, const OVString& personID) {
+void OVTagManager::setTagsForPersonID(const Texts& tags, const OVString& personID) {
   if (tags == nullptr || personID.isNull()) return;
   removeForPersonID(personID);
   // The caller's list may be one of ours, which the additions change.
-  const auto added = tags->copy();
-  for (const OVString& tag : *added) addPersonIDForTag(personID, tag);
+  const auto added = tags.copy();
+  for (const OVString& tag : added) addPersonIDForTag(personID, tag);
   save();
 }
 
 // Other programs must be able to change what they read, even where an immutable list got in.
 void OVTagManager::makeMutable() {
-  if (tags_ != nullptr) tags_->elements()->immutable = false;
+  const auto markMutable = [](const OVRef<OVObject>& object) {
+    if (auto* list = dynamic_cast<ov::detail::ListObject*>(object.get())) list->immutable = false;
+    if (auto* dictionary = dynamic_cast<ov::detail::DictionaryObject*>(object.get())) {
+      dictionary->immutable = false;
+    }
+  };
+  markMutable(tags_);
   for (const auto& dictionary : {tagKeyDic_, personIDDic_}) {
-    if (dictionary == nullptr) continue;
-    dictionary->entries()->immutable = false;
-    for (const auto& [key, list] : *dictionary)
-      if (list != nullptr) list->elements()->immutable = false;
+    markMutable(dictionary);
+    for (const auto& [key, list] : dictionary) markMutable(list);
   }
 }
 

@@ -34,9 +34,8 @@ constexpr std::array kRows{
 };
 
 struct Services {
-  OVRef<OVList<OVInstantMessageServer>> list = OVList<OVInstantMessageServer>::list();
-  OVRef<OVDictionary<OVInstantMessageServer>> byName =
-      OVDictionary<OVInstantMessageServer>::dictionary();
+  OVList<OVInstantMessageServer> list = OVList<OVInstantMessageServer>::list();
+  OVDictionary<OVInstantMessageServer> byName = OVDictionary<OVInstantMessageServer>::dictionary();
 };
 
 constinit ov::detail::BuiltOnce<Services> servicesOnce;
@@ -49,8 +48,8 @@ Services build() {
   Services services;
   for (const Row& row : kRows) {
     const auto server = make(OVString(*row.name), OVString(*row.displayName));
-    services.list->push_back(server);
-    services.byName->set(server->name(), server);
+    services.list.push_back(server);
+    services.byName.set(server->name(), server);
   }
   return services;
 }
@@ -60,16 +59,16 @@ Services build() {
 OVInstantMessageServer::OVInstantMessageServer(OVString name, OVString displayName)
     : name_(std::move(name)), displayName_(std::move(displayName)) {}
 
-OVRef<OVList<OVInstantMessageServer>> OVInstantMessageServer::supportServer() {
+OVList<const OVInstantMessageServer> OVInstantMessageServer::supportServer() {
   return servicesOnce.get(build).list;
 }
 
-OVRef<OVDictionary<OVInstantMessageServer>> OVInstantMessageServer::StandardServerDictionary() {
+OVDictionary<const OVInstantMessageServer> OVInstantMessageServer::StandardServerDictionary() {
   return servicesOnce.get(build).byName;
 }
 
 OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVString& name) {
-  auto server = (*StandardServerDictionary())[name];
+  auto server = StandardServerDictionary()[name];
   return server == nullptr ? make(name, name) : server;
 }
 
@@ -80,7 +79,7 @@ OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(
   if (services == nullptr) return make(displayName, displayName);
   const auto locale = OVLocale::currentLocale();
   const OVString wanted = locale->lowercase(displayName);
-  for (const auto& server : *services->list)
+  for (const auto& server : services->list)
     if (locale->lowercase(server->displayName()) == wanted) return server;
   return make(displayName, displayName);
 }

@@ -30,11 +30,11 @@ std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(
 
 }  // namespace
 
-DictionaryEntries::~DictionaryEntries() {
+DictionaryObject::~DictionaryObject() {
   for (Entry& entry : entries_) dispose(std::move(entry.value));
 }
 
-const DictionaryEntries::Entry* DictionaryEntries::find(std::string_view key) const {
+const DictionaryObject::Entry* DictionaryObject::find(std::string_view key) const {
   if (slots_.empty()) {
     for (const Entry& entry : entries_) {
       if (!entry.key.isNull() && entry.key.view() == key) return &entry;
@@ -46,7 +46,7 @@ const DictionaryEntries::Entry* DictionaryEntries::find(std::string_view key) co
 }
 
 /// The slot that holds `key`, or the empty one where it would go.
-std::size_t DictionaryEntries::slotOf(std::string_view key) const {
+std::size_t DictionaryObject::slotOf(std::string_view key) const {
   const std::size_t mask = slots_.size() - 1;
   std::size_t slot = hashOf(key) & mask;
   for (; slots_[slot] != 0; slot = (slot + 1) & mask) {
@@ -56,7 +56,7 @@ std::size_t DictionaryEntries::slotOf(std::string_view key) const {
   return slot;
 }
 
-void DictionaryEntries::set(const OVString& key, OVRef<OVObject> value) {
+void DictionaryObject::set(const OVString& key, OVRef<OVObject> value) {
   if (key.isNull()) throw std::invalid_argument("OVDictionary: a dictionary takes no null key");
   if (value == nullptr) {
     throw std::invalid_argument("OVDictionary: a dictionary takes no null value (key \"" +
@@ -69,15 +69,16 @@ void DictionaryEntries::set(const OVString& key, OVRef<OVObject> value) {
   }
 }
 
-void DictionaryEntries::add(const OVString& key, OVRef<OVObject> value) {
+void DictionaryObject::add(const OVString& key, OVRef<OVObject> value) {
   if (find(key) == nullptr) append(key, std::move(value));
 }
 
-void DictionaryEntries::assign(std::vector<Entry> entries) {
+void DictionaryObject::assign(std::vector<Entry> entries) {
   std::vector<std::uint32_t> slots(slotsFor(entries.size()));
   const std::vector<Entry> replaced = std::exchange(entries_, std::move(entries));
   slots_.swap(slots);
   live_ = 0;
+  ++changes_;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     Entry& entry = entries_[i];
     if (isFirst(i)) {
@@ -90,7 +91,7 @@ void DictionaryEntries::assign(std::vector<Entry> entries) {
 }
 
 /// Whether no earlier entry has the key; from then on it is found under it.
-bool DictionaryEntries::isFirst(std::size_t position) {
+bool DictionaryObject::isFirst(std::size_t position) {
   const OVString& key = entries_[position].key;
   if (slots_.empty()) {
     const auto earlier = std::span(entries_).first(position);
@@ -102,10 +103,11 @@ bool DictionaryEntries::isFirst(std::size_t position) {
   return true;
 }
 
-void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
+void DictionaryObject::append(const OVString& key, OVRef<OVObject> value) {
   if (entries_.size() >= kMost) throw std::length_error("OVDictionary: too many entries");
   entries_.push_back({key, std::move(value)});
   ++live_;
+  ++changes_;
   if (entries_.size() <= kSmall && slots_.empty()) return;
   if (entries_.size() * 4 <= slots_.size() * 3) {
     slots_[slotOf(key)] = static_cast<std::uint32_t>(entries_.size());
@@ -120,14 +122,15 @@ void DictionaryEntries::append(const OVString& key, OVRef<OVObject> value) {
   }
 }
 
-bool DictionaryEntries::erase(std::string_view key) {
+bool DictionaryObject::erase(std::string_view key) {
   const Entry* found = find(key);
   if (found == nullptr) return false;
   // The slot stays taken by an entry without a key, so that probing goes on past it.
   Entry& entry = entries_[static_cast<std::size_t>(found - entries_.data())];
   entry.key = nullptr;
-  dispose(std::exchange(entry.value, nullptr));
+  const OVRef<OVObject> removed = std::exchange(entry.value, nullptr);
   --live_;
+  ++changes_;
   if (live_ * 2 >= entries_.size() || entries_.size() <= kSmall) return true;
   try {
     rebuild();
@@ -136,14 +139,15 @@ bool DictionaryEntries::erase(std::string_view key) {
   return true;
 }
 
-void DictionaryEntries::clear() {
+void DictionaryObject::clear() {
   const std::vector<Entry> removed = std::exchange(entries_, {});
   slots_.clear();
   live_ = 0;
+  ++changes_;
 }
 
 /// Drops removed entries and lays the hash table out anew. Without memory for that nothing changes.
-void DictionaryEntries::rebuild() {
+void DictionaryObject::rebuild() {
   const std::size_t room = std::max(entries_.capacity(), entries_.size());
   std::vector<std::uint32_t> slots(slotsFor(room));
   std::erase_if(entries_, [](const Entry& entry) { return entry.key.isNull(); });
@@ -156,11 +160,5 @@ void DictionaryEntries::rebuild() {
     slots_[slot] = static_cast<std::uint32_t>(i + 1);
   }
 }
-
-bool AnyDictionary::contains(const OVString& key) const {
-  return !key.isNull() && entries_->find(key) != nullptr;
-}
-
-bool AnyDictionary::erase(const OVString& key) { return !key.isNull() && entries_->erase(key); }
 
 }  // namespace ov::detail

@@ -11,8 +11,8 @@
 namespace {
 
 struct Catalogue {
-  OVRef<OVList<OVProperty>> list = OVList<OVProperty>::list();
-  OVRef<OVDictionary<OVProperty>> dictionary = OVDictionary<OVProperty>::dictionary();
+  OVList<OVProperty> list = OVList<OVProperty>::list();
+  OVDictionary<OVProperty> dictionary = OVDictionary<OVProperty>::dictionary();
 };
 
 ov::detail::BuiltOnce<Catalogue> catalogue;
@@ -26,28 +26,28 @@ OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueTyp
       valueType_(valueType),
       subValueType_(subValueType) {}
 
-OVRef<OVList<OVProperty>> OVProperty::StandardPropertyArray() {
+OVList<const OVProperty> OVProperty::StandardPropertyArray() {
   const auto build = [] {
     Catalogue made;
     for (const ov::detail::StandardProperty& row : ov::detail::standardProperties()) {
       const auto property = ov::detail::Maker::make<OVProperty>(
           row.name, row.displayName == nullptr ? row.name : OVString(row.displayName),
           row.valueType, row.subValueType);
-      made.list->push_back(property);
-      made.dictionary->set(row.name, property);
+      made.list.push_back(property);
+      made.dictionary.set(row.name, property);
     }
     return made;
   };
   return catalogue.get(build).list;
 }
 
-OVRef<OVDictionary<OVProperty>> OVProperty::StandardPropertyDictionary() {
+OVDictionary<const OVProperty> OVProperty::StandardPropertyDictionary() {
   (void)StandardPropertyArray();
   return catalogue.peek()->dictionary;
 }
 
 OVRef<OVProperty> OVProperty::propertyWithName(const OVString& name) {
-  return (*StandardPropertyDictionary())[name];
+  return StandardPropertyDictionary()[name];
 }
 
 void OVProperty::testAddress() { OVLog::sharedLog()->log("aa"); }

@@ -22,11 +22,9 @@ std::uint64_t OVMultipleValue::indexOfValue(const OVRef<OVSingleValue>& /*value*
   return OVNotFound;
 }
 
-OVRef<OVList<OVLabel>> OVMultipleValue::allLabel() const {
-  return OVList<OVLabel>::immutableList();
-}
+OVList<const OVLabel> OVMultipleValue::allLabel() const { return OVList<OVLabel>::immutableList(); }
 
-OVRef<OVList<OVString>> OVMultipleValue::allLabelName() const { return OVList<OVString>::list(); }
+OVList<OVString> OVMultipleValue::allLabelName() const { return OVList<OVString>::list(); }
 
 OVRef<OVMutableMultipleValue> OVMultipleValue::mutableCopy() const {
   auto made = OVMutableMultipleValue::init();

@@ -63,7 +63,7 @@ std::uint64_t OVMutableMultipleValue::indexOfValue(const OVRef<OVSingleValue>& v
                                : static_cast<std::uint64_t>(std::distance(elements_.begin(), at));
 }
 
-OVRef<OVList<OVString>> OVMutableMultipleValue::allLabelName() const {
+OVList<OVString> OVMutableMultipleValue::allLabelName() const {
   auto names = OVList<OVString>::list();
   for (std::uint64_t i = 0; i < count(); ++i) {
     const auto element = valueAtIndex(i);
@@ -73,7 +73,7 @@ OVRef<OVList<OVString>> OVMutableMultipleValue::allLabelName() const {
       throw std::invalid_argument("OVMutableMultipleValue: element " + std::to_string(i) +
                                   " has no label with a display name");
     }
-    names->push_back(name);
+    names.push_back(name);
   }
   return names;
 }

@@ -48,9 +48,9 @@ TEST(AddressArchive, ValuesStandUnderTheStandardNames) {
   address->setStringValueForFieldName("Bayern", OVAddressFieldState);
   const auto values = ov::cast<Values>(ArchivedForm(address).object("valueDic"));
   ASSERT_NE(values, nullptr);
-  EXPECT_FALSE(values->isImmutable());
-  EXPECT_EQ(values->size(), 1U);
-  EXPECT_EQ((*values)["OVAddressFieldProvince"], "Bayern");
+  EXPECT_FALSE(values.isImmutable());
+  EXPECT_EQ(values.size(), 1U);
+  EXPECT_EQ(values["OVAddressFieldProvince"], "Bayern");
 }
 
 TEST(AddressArchive, OneReadBackTakesNewValues) {
@@ -97,22 +97,22 @@ TEST(AddressArchive, TheCountryCodeIsReadAsItStands) {
 
 TEST(AddressArchive, ForeignContentIsKeptAndWrittenBack) {
   const auto stored = OVDictionary<OVObject>::dictionary();
-  stored->set("OVAddressFieldCity", OVNumber::numberWithInteger(7));
-  stored->set("OVAddressFieldStreet", OVString(""));
-  stored->set("OVAddressFieldZIP", OVString("10115"));
+  stored.set("OVAddressFieldCity", OVNumber::numberWithInteger(7));
+  stored.set("OVAddressFieldStreet", OVString(""));
+  stored.set("OVAddressFieldZIP", OVString("10115"));
   const auto read = readFrom({{"valueDic", stored}});
   EXPECT_EQ(read->valueCount(), 3U);
   EXPECT_EQ(read->stringValueByFieldName(OVAddressFieldCity), nullptr);
   EXPECT_EQ(read->stringValueByFieldName(OVAddressFieldStreet), "");
   EXPECT_EQ(read->stringValueByFieldName(OVAddressFieldZIP), nullptr);
   const auto again = ov::cast<OVDictionary<OVObject>>(ArchivedForm(read).object("valueDic"));
-  EXPECT_EQ(ov::cast<OVNumber>((*again)["OVAddressFieldCity"])->integerValue(), 7);
-  EXPECT_EQ(again->size(), 3U);
+  EXPECT_EQ(ov::cast<OVNumber>(again["OVAddressFieldCity"])->integerValue(), 7);
+  EXPECT_EQ(again.size(), 3U);
 }
 
 TEST(AddressArchive, ForeignValuesAreEqualToThemselvesOnly) {
   const auto values = OVDictionary<OVObject>::dictionary();
-  values->set("OVAddressFieldCity", OVNumber::numberWithInteger(7));
+  values.set("OVAddressFieldCity", OVNumber::numberWithInteger(7));
   const auto address = readFrom({{"valueDic", values}, {"countryCode", OVString("de")}});
   EXPECT_TRUE(address->isequalToAddress(address));
   EXPECT_FALSE(address->isequalToAddress(restored<OVObjectAddress>(address)));
@@ -128,7 +128,7 @@ TEST(AddressArchive, FieldsOfAnotherKindReadAsNull) {
 
 TEST(AddressArchive, AnImmutableDictionaryCanBeWrittenTo) {
   const auto values = Values::dictionary({{"OVAddressFieldCity", "Berlin"}});
-  values->entries()->immutable = true;
+  static_cast<ov::detail::DictionaryObject&>(*values.object()).immutable = true;
   const auto read = readFrom({{"valueDic", values}});
   read->setStringValueForFieldName("10115", OVAddressFieldPostalCode);
   EXPECT_EQ(read->valueCount(), 2U);

@@ -28,7 +28,7 @@ Names expectedNames() {
   for (const auto& row : addressTable("countries")) vocabulary.emplace(row.at(0), row.at(1));
   Names expected;
   const auto codes = OVLocale::currentLocale()->isoCountryCodes();
-  for (const OVString& code : *codes)
+  for (const OVString& code : codes)
     if (const auto at = vocabulary.find(lowerCase(code.str())); at != vocabulary.end())
       expected.insert(*at);
   return expected;
@@ -37,7 +37,7 @@ Names expectedNames() {
 std::vector<std::string> listedNames() {
   std::vector<std::string> names;
   const auto countries = OVCountry::allCountry();
-  for (const auto& country : *countries) names.push_back(country->name().str());
+  for (const auto& country : countries) names.push_back(country->name().str());
   return names;
 }
 
@@ -49,7 +49,7 @@ TEST_P(CountryListIn, HoldsThePlatformsCodesThatHaveANameEachOnce) {
     ::setenv("LC_ALL", GetParam(), 1);
     Names listed;
     const auto countries = OVCountry::allCountry();
-    for (const auto& country : *countries)
+    for (const auto& country : countries)
       EXPECT_TRUE(listed.emplace(country->code(), country->name()).second) << country->code();
     EXPECT_EQ(listed, expectedNames());
     EXPECT_GT(listed.size(), 150U);

@@ -15,15 +15,15 @@ std::string wordOf(const OVAdressField& field) {
   return field.name().str().substr(std::string("OVAddressField").size());
 }
 
-std::string wordsOf(const OVRef<Fields>& fields) {
+std::string wordsOf(const Fields& fields) {
   std::string words;
-  for (const auto& field : *fields) words += (words.empty() ? "" : " + ") + wordOf(*field);
+  for (const auto& field : fields) words += (words.empty() ? "" : " + ") + wordOf(*field);
   return words;
 }
 
-std::string linesOf(const OVRef<OVList<Fields>>& layout) {
+std::string linesOf(const OVList<Fields>& layout) {
   std::string lines;
-  for (const auto& line : *layout) lines += (lines.empty() ? "" : " / ") + wordsOf(line);
+  for (const auto& line : layout) lines += (lines.empty() ? "" : " / ") + wordsOf(line);
   return lines;
 }
 
@@ -83,24 +83,24 @@ TEST(Layouts, EveryOtherCodeHasTheFirstLayout) {
 }
 
 TEST(Layouts, ANullCodeHasNoFields) {
-  EXPECT_TRUE(OVAddressFormater::fieldFormaterByCountryCode(nullptr)->empty());
-  EXPECT_TRUE(OVAddressFormater::fieldArrayByCountryCode(nullptr)->empty());
+  EXPECT_TRUE(OVAddressFormater::fieldFormaterByCountryCode(nullptr).empty());
+  EXPECT_TRUE(OVAddressFormater::fieldArrayByCountryCode(nullptr).empty());
 }
 
 TEST(Layouts, TheUnitedKingdomInOneList) {
   const auto fields = OVAddressFormater::fieldArrayByCountryCode("gb");
-  ASSERT_EQ(fields->size(), 5U);
-  EXPECT_EQ((*fields)[0]->name(), OVAddressFieldStreet);
-  EXPECT_EQ((*fields)[1]->name(), OVAddressFieldTownCity);
-  EXPECT_EQ((*fields)[2]->name(), OVAddressFieldcounty);
-  EXPECT_EQ((*fields)[3]->name(), OVAddressFieldPostcode);
-  EXPECT_EQ((*fields)[4]->name(), OVAddressFieldCountryOrArea);
+  ASSERT_EQ(fields.size(), 5U);
+  EXPECT_EQ(fields[0]->name(), OVAddressFieldStreet);
+  EXPECT_EQ(fields[1]->name(), OVAddressFieldTownCity);
+  EXPECT_EQ(fields[2]->name(), OVAddressFieldcounty);
+  EXPECT_EQ(fields[3]->name(), OVAddressFieldPostcode);
+  EXPECT_EQ(fields[4]->name(), OVAddressFieldCountryOrArea);
 }
 
 TEST(Layouts, FieldsAreThoseOfTheCatalogue) {
   for (const auto& [code, lines] : layouts()) {
     const auto fields = OVAddressFormater::fieldArrayByCountryCode(code);
-    for (const auto& field : *fields)
+    for (const auto& field : fields)
       EXPECT_EQ(field, OVAdressField::fieldWithName(field->name())) << code;
   }
 }
@@ -108,13 +108,13 @@ TEST(Layouts, FieldsAreThoseOfTheCatalogue) {
 TEST(Layouts, ListsAreTheCallersOwn) {
   const auto layout = OVAddressFormater::fieldFormaterByCountryCode("de");
   const auto fields = OVAddressFormater::fieldArrayByCountryCode("de");
-  layout->front()->clear();
-  layout->erase(1);
-  fields->clear();
+  layout.front().clear();
+  layout.erase(1);
+  fields.clear();
   const auto fresh = OVAddressFormater::fieldFormaterByCountryCode("de");
   EXPECT_NE(fresh, layout);
   EXPECT_EQ(linesOf(fresh), "Street / PostalCode + City / CountryOrArea");
-  EXPECT_EQ(OVAddressFormater::fieldArrayByCountryCode("de")->size(), 4U);
+  EXPECT_EQ(OVAddressFormater::fieldArrayByCountryCode("de").size(), 4U);
 }
 
 TEST(Layouts, TheLocalLayoutIsThatOfTheLocale) {
@@ -127,8 +127,8 @@ TEST(Layouts, TheLocalLayoutIsThatOfTheLocale) {
 
 TEST(Layouts, TheLocalLayoutIsEmptyWithoutALocalCountry) {
   const FakeLocale locale("en_US_POSIX");
-  EXPECT_TRUE(OVAddressFormater::fieldFormaterLocal()->empty());
-  EXPECT_TRUE(OVAddressFormater::fieldArrayLocal()->empty());
+  EXPECT_TRUE(OVAddressFormater::fieldFormaterLocal().empty());
+  EXPECT_TRUE(OVAddressFormater::fieldArrayLocal().empty());
 }
 
 TEST(Layouts, TheLocalLayoutNeedsALocaleWithAnUnderscore) {

@@ -22,7 +22,7 @@ std::string countryReport() {
     report << '\n';
   }
   const auto countries = OVCountry::allCountry();
-  for (const auto& country : *countries) report << country->name() << '\n';
+  for (const auto& country : countries) report << country->name() << '\n';
   return report.str();
 }
 

@@ -18,13 +18,13 @@ struct Row {
 OVRef<OVData> someData() { return OVData::dataWithText("data"); }
 
 template <class T>
-bool areNewAndEmpty(const OVRef<OVList<T>>& list, const OVRef<OVList<T>>& again) {
-  return list != nullptr && again != nullptr && list->empty() && again->empty() && list != again;
+bool areNewAndEmpty(const OVList<T>& list, const OVList<T>& again) {
+  return list != nullptr && again != nullptr && list.empty() && again.empty() && list != again;
 }
 
 /// True when the book looks as it did after a call that does nothing.
 bool isUntouched(const OVAddressBook& book) {
-  return book.allPersonsCount() == 0 && book.allPersons()->empty() && book.rootGroups()->empty() &&
+  return book.allPersonsCount() == 0 && book.allPersons().empty() && book.rootGroups().empty() &&
          book.thumbnail() == nullptr;
 }
 
@@ -167,7 +167,7 @@ TEST(HostBook, ShowsThePicturesThatItSet) {
 TEST(HostBook, OverridesOnlyWhatItSupports) {
   const OVRef<OVAddressBook> book = std::make_shared<PictureBook>();
   EXPECT_EQ(book->allPersonsCount(), 7U);
-  EXPECT_TRUE(book->allPersons()->empty());
+  EXPECT_TRUE(book->allPersons().empty());
   EXPECT_TRUE(book->canOprate());
 }
 

@@ -29,7 +29,7 @@ TEST(AtomicProperties, GroupIsWholeWhileItIsReplaced) {
   expectWholeWhileChanging(
       [&] {
         return !group->ID().empty() && !group->title().empty() &&
-               !group->subArray()->front().empty() && !group->persons()->front().empty() &&
+               !group->subArray().front().empty() && !group->persons().front().empty() &&
                !ov::cast<OVString>(group->extend()).empty();
       },
       fill);

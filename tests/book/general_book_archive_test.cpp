@@ -26,8 +26,8 @@ OVRef<OVAddressBookGeneral> smallBook() {
     book->addPerson(person);
   }
   const auto group = hostGroup("g", "Friends");
-  group->members->push_back(hostPerson("q"));
-  group->groupsInside->push_back(hostGroup("h"));
+  group->members.push_back(hostPerson("q"));
+  group->groupsInside.push_back(hostGroup("h"));
   book->addGroup(group);
   return book;
 }
@@ -37,8 +37,8 @@ TEST(GeneralBookArchive, NewBookComesBackWithTwoEmptyDictionaries) {
   ASSERT_NE(book, nullptr);
   ASSERT_NE(book->personsDic(), nullptr);
   ASSERT_NE(book->groupsDic(), nullptr);
-  EXPECT_TRUE(book->personsDic()->empty());
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->personsDic().empty());
+  EXPECT_TRUE(book->groupsDic().empty());
 }
 
 TEST(GeneralBookArchive, RootIsTheBookWithItsTwoDictionaries) {
@@ -47,47 +47,47 @@ TEST(GeneralBookArchive, RootIsTheBookWithItsTwoDictionaries) {
   EXPECT_EQ(form.classes(), (Keys{"OVAddressBookGeneral", "OVAddressBook", "NSObject"}));
   EXPECT_EQ(form.keys(), (Keys{"personDic", "groupDic"}));
   const auto persons = ov::cast<OVDictionary<OVOpaqueObject>>(form.object("personDic"));
-  ASSERT_EQ(persons->size(), 2U);
-  EXPECT_FALSE(persons->isImmutable());
-  EXPECT_EQ((*persons)["q"]->className(), "OVPersonGeneral");
+  ASSERT_EQ(persons.size(), 2U);
+  EXPECT_FALSE(persons.isImmutable());
+  EXPECT_EQ(persons["q"]->className(), "OVPersonGeneral");
   const auto groups = ov::cast<OVDictionary<OVOpaqueObject>>(form.object("groupDic"));
-  EXPECT_FALSE(groups->isImmutable());
-  EXPECT_EQ((*groups)["g"]->className(), "OVGroupGeneral");
+  EXPECT_FALSE(groups.isImmutable());
+  EXPECT_EQ(groups["g"]->className(), "OVGroupGeneral");
   EXPECT_EQ(book->saveToData()->text(), OVKeyedArchiver::archivedDataWithRootObject(book)->text());
 }
 
 TEST(GeneralBookArchive, PersonsAndGroupsComeBackUnderTheirIDs) {
   const auto book = reopened(smallBook());
-  ASSERT_EQ(book->personsDic()->size(), 2U);
-  const auto person = (*book->personsDic())["q"];
+  ASSERT_EQ(book->personsDic().size(), 2U);
+  const auto person = book->personsDic()["q"];
   ASSERT_NE(person, nullptr);
   EXPECT_EQ(person->ID(), "q");
   const auto note = ov::cast<OVSingleValue>(person->valueByPropertyName(OVProPertyNote));
   EXPECT_EQ(ov::cast<OVString>(note->value()), "q");
-  const auto group = (*book->groupsDic())["g"];
+  const auto group = book->groupsDic()["g"];
   ASSERT_NE(group, nullptr);
   EXPECT_EQ(group->ID(), nullptr);
   EXPECT_EQ(group->title(), "Friends");
-  EXPECT_EQ((*group->persons())[0], "q");
-  EXPECT_EQ((*group->subArray())[0], "h");
+  EXPECT_EQ(group->persons()[0], "q");
+  EXPECT_EQ(group->subArray()[0], "h");
 }
 
 TEST(GeneralBookArchive, RestoredBookTakesMorePersonsAndGroups) {
   const auto book = reopened(smallBook());
   book->addPerson(hostPerson("r"));
   book->addGroup(hostGroup("h"));
-  EXPECT_EQ(book->personsDic()->size(), 3U);
-  EXPECT_EQ(reopened(book)->groupsDic()->size(), 2U);
+  EXPECT_EQ(book->personsDic().size(), 3U);
+  EXPECT_EQ(reopened(book)->groupsDic().size(), 2U);
 }
 
 TEST(GeneralBookArchive, PersonInBothDictionariesIsOneObject) {
   const auto book = OVAddressBookGeneral::init();
   const auto person = OVPersonGeneral::initWithID("p");
-  book->personsDic()->set("p", person);
-  book->personsDic()->set("alias", person);
+  book->personsDic().set("p", person);
+  book->personsDic().set("alias", person);
   const auto again = reopened(book);
-  ASSERT_NE((*again->personsDic())["p"], nullptr);
-  EXPECT_EQ((*again->personsDic())["p"], (*again->personsDic())["alias"]);
+  ASSERT_NE(again->personsDic()["p"], nullptr);
+  EXPECT_EQ(again->personsDic()["p"], again->personsDic()["alias"]);
 }
 
 TEST(GeneralBookArchive, PersonInTwoDictionariesComesBackAsOne) {
@@ -96,9 +96,9 @@ TEST(GeneralBookArchive, PersonInTwoDictionariesComesBackAsOne) {
   const auto other = OVDictionary<OVPersonGeneral>::dictionary({{"q", person}});
   const auto both = restored<OVList<OVDictionary<OVPersonGeneral>>>(
       OVList<OVDictionary<OVPersonGeneral>>::list({one, other}));
-  const auto restoredPerson = (*(*both)[0])["p"];
+  const auto restoredPerson = (both[0])["p"];
   ASSERT_NE(restoredPerson, nullptr);
-  EXPECT_EQ(restoredPerson, (*(*both)[1])["q"]);
+  EXPECT_EQ(restoredPerson, (both[1])["q"]);
 }
 
 TEST(GeneralBookArchive, BookMayStandInItself) {
@@ -109,7 +109,7 @@ TEST(GeneralBookArchive, BookMayStandInItself) {
   book->addPerson(person);
   const auto again = reopened(book);
   const auto inner = ov::cast<OVMutableSingleValue>(
-      (*again->personsDic())["p"]->valueByPropertyName(OVProPertyOther));
+      again->personsDic()["p"]->valueByPropertyName(OVProPertyOther));
   EXPECT_EQ(inner->value(), again);
   value->setValue(nullptr);
   inner->setValue(nullptr);
@@ -125,7 +125,7 @@ TEST(GeneralBookArchive, LabelSharedByTwoPersonsComesBackAsOne) {
   }
   const auto again = reopened(book);
   const auto labelIn = [&](const char* ID) {
-    const auto person = (*again->personsDic())[ID];
+    const auto person = again->personsDic()[ID];
     return ov::cast<OVSingleValue>(person->valueByPropertyName(OVProPertyNote))->label();
   };
   ASSERT_NE(labelIn("p"), nullptr);
@@ -188,11 +188,11 @@ TEST(GeneralBookArchive, ObjectsOfOtherClassesInADictionaryReadAsNullAndAreWritt
       {{"p", OVPersonGeneral::initWithID("p")}, {"x", foreignObject()}});
   const auto book =
       restored<OVAddressBookGeneral>(archivedAs("OVAddressBookGeneral", {{"personDic", persons}}));
-  ASSERT_EQ(book->personsDic()->size(), 2U);
-  EXPECT_EQ((*book->personsDic())["x"], nullptr);
-  EXPECT_EQ((*book->personsDic())["p"]->ID(), "p");
+  ASSERT_EQ(book->personsDic().size(), 2U);
+  EXPECT_EQ(book->personsDic()["x"], nullptr);
+  EXPECT_EQ(book->personsDic()["p"]->ID(), "p");
   const auto written = ov::cast<OVDictionary<OVObject>>(ArchivedForm(book).object("personDic"));
-  EXPECT_TRUE(isForeignObject((*written)["x"]));
+  EXPECT_TRUE(isForeignObject(written["x"]));
 }
 
 TEST(GeneralBookArchive, RootOfAnotherClassIsGivenAsItIs) {

@@ -8,9 +8,7 @@
 
 namespace {
 
-std::vector<OVString> textsOf(const OVRef<OVList<OVString>>& list) {
-  return {list->begin(), list->end()};
-}
+std::vector<OVString> textsOf(const OVList<OVString>& list) { return {list.begin(), list.end()}; }
 
 class GeneralBookGroups : public testing::Test {
  protected:
@@ -34,29 +32,29 @@ TEST_F(GeneralBookGroups, ConversionRecordsIDsInOrder) {
 
 TEST_F(GeneralBookGroups, AddedGroupIsKeptUnderTheIDOfItsSource) {
   book->addGroup(source);
-  ASSERT_EQ(book->groupsDic()->size(), 1U);
-  EXPECT_EQ((*book->groupsDic())["g"]->title(), "Friends");
+  ASSERT_EQ(book->groupsDic().size(), 1U);
+  EXPECT_EQ(book->groupsDic()["g"]->title(), "Friends");
 }
 
 TEST_F(GeneralBookGroups, SubGroupsAndMembersAreNotAddedThemselves) {
   book->addGroup(source);
-  EXPECT_FALSE(book->groupsDic()->contains("a"));
-  EXPECT_TRUE(book->personsDic()->empty());
-  book->addGroup((*source->groupsInside)[1]);
-  EXPECT_TRUE(book->groupsDic()->contains("a"));
+  EXPECT_FALSE(book->groupsDic().contains("a"));
+  EXPECT_TRUE(book->personsDic().empty());
+  book->addGroup(source->groupsInside[1]);
+  EXPECT_TRUE(book->groupsDic().contains("a"));
 }
 
 TEST_F(GeneralBookGroups, SecondGroupOfAnIDReplacesTheFirst) {
   book->addGroup(source);
   book->addGroup(hostGroup("g", "Others"));
-  ASSERT_EQ(book->groupsDic()->size(), 1U);
-  EXPECT_EQ((*book->groupsDic())["g"]->title(), "Others");
+  ASSERT_EQ(book->groupsDic().size(), 1U);
+  EXPECT_EQ(book->groupsDic()["g"]->title(), "Others");
 }
 
 TEST_F(GeneralBookGroups, ListsAreNewAndEmptyWithoutMembers) {
   const auto group = book->generalGroupByGroup(hostGroup("g"));
-  EXPECT_TRUE(group->subArray()->empty());
-  EXPECT_TRUE(group->persons()->empty());
+  EXPECT_TRUE(group->subArray().empty());
+  EXPECT_TRUE(group->persons().empty());
   EXPECT_NE(group->subArray(), group->persons());
 }
 
@@ -64,8 +62,8 @@ TEST_F(GeneralBookGroups, NullListsCountAsEmpty) {
   source->groupsInside = nullptr;
   source->members = nullptr;
   const auto group = book->generalGroupByGroup(source);
-  EXPECT_TRUE(group->subArray()->empty());
-  EXPECT_TRUE(group->persons()->empty());
+  EXPECT_TRUE(group->subArray().empty());
+  EXPECT_TRUE(group->persons().empty());
 }
 
 TEST_F(GeneralBookGroups, NullTitleStaysNull) {
@@ -74,30 +72,30 @@ TEST_F(GeneralBookGroups, NullTitleStaysNull) {
 
 TEST_F(GeneralBookGroups, NullGroupIsRefused) {
   EXPECT_THROW(book->addGroup(nullptr), std::invalid_argument);
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->groupsDic().empty());
 }
 
 TEST_F(GeneralBookGroups, GroupWithoutIDIsRefused) {
   EXPECT_THROW(book->addGroup(hostGroup(nullptr)), std::invalid_argument);
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->groupsDic().empty());
   EXPECT_EQ(book->generalGroupByGroup(hostGroup(nullptr))->ID(), nullptr);
 }
 
 TEST_F(GeneralBookGroups, SubGroupWithoutIDIsRefused) {
-  source->groupsInside->push_back(hostGroup(nullptr));
+  source->groupsInside.push_back(hostGroup(nullptr));
   EXPECT_THROW(book->addGroup(source), std::invalid_argument);
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->groupsDic().empty());
 }
 
 TEST_F(GeneralBookGroups, MemberWithoutIDIsRefused) {
-  source->members->push_back(hostPerson(nullptr));
+  source->members.push_back(hostPerson(nullptr));
   EXPECT_THROW((void)book->generalGroupByGroup(source), std::invalid_argument);
 }
 
 TEST_F(GeneralBookGroups, MemberOfAnotherClassIsRefused) {
   source->members = restored<OVList<IOVPerson>>(OVList<OVObject>::list({foreignObject()}));
   EXPECT_THROW(book->addGroup(source), std::invalid_argument);
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->groupsDic().empty());
 }
 
 TEST_F(GeneralBookGroups, ConversionOfNullIsNull) {

@@ -14,21 +14,21 @@ class GeneralBookPersons : public testing::Test {
 };
 
 TEST_F(GeneralBookPersons, NewBookHasTwoEmptyDictionaries) {
-  EXPECT_TRUE(book->personsDic()->empty());
-  EXPECT_TRUE(book->groupsDic()->empty());
+  EXPECT_TRUE(book->personsDic().empty());
+  EXPECT_TRUE(book->groupsDic().empty());
 }
 
 TEST_F(GeneralBookPersons, DictionariesAreLive) {
   EXPECT_EQ(book->personsDic(), book->personsDic());
   EXPECT_EQ(book->groupsDic(), book->groupsDic());
-  book->personsDic()->set("x", OVPersonGeneral::initWithID("x"));
-  EXPECT_EQ(book->personsDic()->size(), 1U);
+  book->personsDic().set("x", OVPersonGeneral::initWithID("x"));
+  EXPECT_EQ(book->personsDic().size(), 1U);
 }
 
 TEST_F(GeneralBookPersons, AddedPersonIsKeptUnderItsID) {
   book->addPerson(hostPerson("p"));
-  ASSERT_EQ(book->personsDic()->size(), 1U);
-  EXPECT_EQ((*book->personsDic())["p"]->ID(), "p");
+  ASSERT_EQ(book->personsDic().size(), 1U);
+  EXPECT_EQ(book->personsDic()["p"]->ID(), "p");
 }
 
 TEST_F(GeneralBookPersons, SecondPersonOfAnIDReplacesTheFirst) {
@@ -38,24 +38,24 @@ TEST_F(GeneralBookPersons, SecondPersonOfAnIDReplacesTheFirst) {
   second->setValueByPropertyName(note, OVProPertyNote);
   book->addPerson(first);
   book->addPerson(second);
-  ASSERT_EQ(book->personsDic()->size(), 1U);
-  EXPECT_EQ((*book->personsDic())["p"]->valueByPropertyName("Note"), note);
+  ASSERT_EQ(book->personsDic().size(), 1U);
+  EXPECT_EQ(book->personsDic()["p"]->valueByPropertyName("Note"), note);
 }
 
 TEST_F(GeneralBookPersons, NullPersonIsIgnored) {
   book->addPerson(nullptr);
-  EXPECT_TRUE(book->personsDic()->empty());
+  EXPECT_TRUE(book->personsDic().empty());
 }
 
 TEST_F(GeneralBookPersons, PersonWithoutIDIsRefused) {
   book->addPerson(hostPerson("p"));
   EXPECT_THROW(book->addPerson(hostPerson(nullptr)), std::invalid_argument);
-  EXPECT_EQ(book->personsDic()->size(), 1U);
+  EXPECT_EQ(book->personsDic().size(), 1U);
 }
 
 TEST_F(GeneralBookPersons, EmptyIDIsAnIDLikeAnyOther) {
   book->addPerson(hostPerson(""));
-  EXPECT_NE((*book->personsDic())[""], nullptr);
+  EXPECT_NE(book->personsDic()[""], nullptr);
 }
 
 TEST_F(GeneralBookPersons, AskedAsABookItIsEmpty) {
@@ -65,8 +65,8 @@ TEST_F(GeneralBookPersons, AskedAsABookItIsEmpty) {
   EXPECT_EQ(asBook->ID(), nullptr);
   EXPECT_EQ(asBook->name(), nullptr);
   EXPECT_EQ(asBook->allPersonsCount(), 0U);
-  EXPECT_TRUE(asBook->allPersons()->empty());
-  EXPECT_TRUE(asBook->rootGroups()->empty());
+  EXPECT_TRUE(asBook->allPersons().empty());
+  EXPECT_TRUE(asBook->rootGroups().empty());
   EXPECT_EQ(asBook->groupByID("g"), nullptr);
   EXPECT_EQ(asBook->personsForIDs(OVList<OVString>::list({"p"})), nullptr);
   EXPECT_EQ(asBook->saveData(), nullptr);
@@ -76,11 +76,11 @@ TEST_F(GeneralBookPersons, AskedAsABookItIsEmpty) {
 TEST_F(GeneralBookPersons, ConversionSharesTheValueObjects) {
   const auto source = hostPerson("p");
   const auto catalogue = OVProperty::StandardPropertyArray();
-  for (const auto property : *catalogue) {
+  for (const auto property : catalogue) {
     source->setValueByProperty(textValue(property->name()), property);
   }
   const auto person = book->generalPersonWithPerson(source);
-  for (const auto property : *catalogue) {
+  for (const auto property : catalogue) {
     EXPECT_EQ(person->valueByProperty(property), source->valueByPropertyName(property->name()));
   }
 }
@@ -101,11 +101,11 @@ TEST_F(GeneralBookPersons, ConversionLeavesOtherValuesAndTagsBehind) {
   source->setValueByPropertyName(textValue("x"), OVProPertySocialProfile);
   source->addTag("Friend");
   book->addPerson(source);
-  const auto person = (*book->personsDic())["p"];
+  const auto person = book->personsDic()["p"];
   EXPECT_EQ(person->valueByPropertyName("Host Property"), nullptr);
   EXPECT_EQ(person->valueByPropertyName(OVProPertySocialProfile), nullptr);
-  EXPECT_TRUE(person->tagArray()->empty());
-  EXPECT_TRUE(person->notNullValueProperty()->empty());
+  EXPECT_TRUE(person->tagArray().empty());
+  EXPECT_TRUE(person->notNullValueProperty().empty());
 }
 
 TEST_F(GeneralBookPersons, ConversionOfAGeneralPersonIsANewPerson) {
@@ -118,7 +118,7 @@ TEST_F(GeneralBookPersons, ConversionOfAGeneralPersonIsANewPerson) {
   EXPECT_NE(person, source);
   EXPECT_TRUE(person->ID().isSame(source->ID()));
   EXPECT_EQ(person->valueByPropertyName(OVProPertyNote), value);
-  EXPECT_TRUE(person->tagArray()->empty());
+  EXPECT_TRUE(person->tagArray().empty());
   EXPECT_EQ(person->extend(), nullptr);
 }
 

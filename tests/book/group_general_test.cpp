@@ -35,8 +35,8 @@ TEST(GroupGeneral, SettersKeepTheObjectsGiven) {
   EXPECT_EQ(group->subArray(), subGroups);
   EXPECT_EQ(group->persons(), persons);
   EXPECT_EQ(group->extend(), extension);
-  subGroups->push_back("b");
-  EXPECT_EQ(group->subArray()->size(), 2U);
+  subGroups.push_back("b");
+  EXPECT_EQ(group->subArray().size(), 2U);
 }
 
 TEST(GroupGeneral, EverythingCanBeTakenAway) {
@@ -74,10 +74,10 @@ TEST(GroupGeneralArchive, HoldsTitleSubGroupsAndPersonsInThisOrder) {
   EXPECT_EQ(form.keys(), (Keys{"title", "subArray", "persons"}));
   const auto group = restored<OVGroupGeneral>(fullGroup());
   EXPECT_EQ(group->title(), "Friends");
-  ASSERT_EQ(group->subArray()->size(), 2U);
-  EXPECT_EQ((*group->subArray())[1], "b");
-  ASSERT_EQ(group->persons()->size(), 3U);
-  EXPECT_EQ((*group->persons())[2], "p");
+  ASSERT_EQ(group->subArray().size(), 2U);
+  EXPECT_EQ(group->subArray()[1], "b");
+  ASSERT_EQ(group->persons().size(), 3U);
+  EXPECT_EQ(group->persons()[2], "p");
 }
 
 TEST(GroupGeneralArchive, DoesNotHoldTheID) {
@@ -117,7 +117,7 @@ TEST(GroupGeneralArchive, EmptyListsAreNotNull) {
   EXPECT_EQ(ArchivedForm(group).keys(), (Keys{"subArray", "persons"}));
   const auto again = restored<OVGroupGeneral>(group);
   ASSERT_NE(again->subArray(), nullptr);
-  EXPECT_TRUE(again->subArray()->empty());
+  EXPECT_TRUE(again->subArray().empty());
 }
 
 TEST(GroupGeneralArchive, OneListInBothPlacesComesBackAsOne) {
@@ -126,8 +126,8 @@ TEST(GroupGeneralArchive, OneListInBothPlacesComesBackAsOne) {
   group->setSubArray(list);
   group->setPersons(list);
   const auto again = restored<OVGroupGeneral>(group);
-  again->persons()->push_back("b");
-  EXPECT_EQ(again->subArray()->size(), 2U);
+  again->persons().push_back("b");
+  EXPECT_EQ(again->subArray().size(), 2U);
 }
 
 TEST(GroupGeneralArchive, ObjectsOfOtherClassesReadAsNull) {
@@ -142,11 +142,11 @@ TEST(GroupGeneralArchive, ObjectsOfOtherClassesReadAsNull) {
 TEST(GroupGeneralArchive, StrangeElementsReadAsNullAndAreWrittenBack) {
   const auto persons = OVList<OVObject>::list({OVString("p"), foreignObject()});
   const auto group = restored<OVGroupGeneral>(archivedAs("OVGroupGeneral", {{"persons", persons}}));
-  ASSERT_EQ(group->persons()->size(), 2U);
-  EXPECT_EQ((*group->persons())[0], "p");
-  EXPECT_EQ((*group->persons())[1], nullptr);
+  ASSERT_EQ(group->persons().size(), 2U);
+  EXPECT_EQ(group->persons()[0], "p");
+  EXPECT_EQ(group->persons()[1], nullptr);
   const auto written = ov::cast<OVList<OVObject>>(ArchivedForm(group).object("persons"));
-  EXPECT_TRUE(isForeignObject((*written)[1]));
+  EXPECT_TRUE(isForeignObject(written[1]));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class HostPerson final : public IOVPerson {
 
   /// The names of the properties that were asked for, in order.
   mutable std::vector<OVString> asked;
-  const OVRef<OVList<OVString>> tags = OVList<OVString>::list();
+  const OVList<OVString> tags = OVList<OVString>::list();
 
   OVString ID() const override { return ID_; }
   OVString addressBookID() const override { return "host"; }
@@ -36,14 +36,12 @@ class HostPerson final : public IOVPerson {
   void setThumbnail(const OVRef<OVImage>& /*image*/) override {}
   OVRef<OVObjectPhone> mainPhone() const override { return nullptr; }
   OVRef<OVObjectEmail> mainEmail() const override { return nullptr; }
-  OVRef<OVList<IOVGroup>> groups() const override { return OVList<IOVGroup>::list(); }
-  OVRef<OVList<OVProperty>> notNullValueProperty() const override {
-    return OVList<OVProperty>::list();
-  }
-  OVRef<OVList<OVString>> tagArray() const override { return tags; }
-  void addTag(const OVString& tag) override { tags->push_back(tag); }
-  void removeTag(const OVString& tag) override { tags->remove(tag); }
-  void setTags(const OVRef<OVList<OVString>>& /*tags*/) override {}
+  OVList<IOVGroup> groups() const override { return OVList<IOVGroup>::list(); }
+  OVList<OVProperty> notNullValueProperty() const override { return OVList<OVProperty>::list(); }
+  OVList<OVString> tagArray() const override { return tags; }
+  void addTag(const OVString& tag) override { tags.push_back(tag); }
+  void removeTag(const OVString& tag) override { tags.remove(tag); }
+  void setTags(const OVList<OVString>& /*tags*/) override {}
   void setIsOrganization(bool /*isOrganization*/) override {}
   bool isOrganization() const override { return true; }
   OVString showName() const override { return "Shown"; }
@@ -61,13 +59,13 @@ class HostGroup final : public IOVGroup {
   HostGroup(OVString ID, OVString displayName)
       : ID_(std::move(ID)), displayName_(std::move(displayName)) {}
 
-  OVRef<OVList<IOVGroup>> groupsInside = OVList<IOVGroup>::list();
-  OVRef<OVList<IOVPerson>> members = OVList<IOVPerson>::list();
+  OVList<IOVGroup> groupsInside = OVList<IOVGroup>::list();
+  OVList<IOVPerson> members = OVList<IOVPerson>::list();
 
   OVString ID() const override { return ID_; }
   OVString displayName() const override { return displayName_; }
-  OVRef<OVList<IOVGroup>> subGroups() const override { return groupsInside; }
-  OVRef<OVList<IOVPerson>> persons() const override { return members; }
+  OVList<IOVGroup> subGroups() const override { return groupsInside; }
+  OVList<IOVPerson> persons() const override { return members; }
 
  private:
   OVString ID_;

@@ -15,16 +15,16 @@ class PersonTags : public testing::Test {
 
   Tags tags() const {
     const auto list = person->tagArray();
-    return {list->begin(), list->end()};
+    return {list.begin(), list.end()};
   }
-  static OVRef<OVList<OVString>> listOf(std::initializer_list<OVString> tags) {
+  static OVList<OVString> listOf(std::initializer_list<OVString> tags) {
     return OVList<OVString>::list(tags);
   }
 };
 
 TEST_F(PersonTags, ListIsLive) {
   const auto list = person->tagArray();
-  list->push_back("A");
+  list.push_back("A");
   EXPECT_EQ(person->tagArray(), list);
   EXPECT_EQ(tags(), Tags{"A"});
 }
@@ -32,7 +32,7 @@ TEST_F(PersonTags, ListIsLive) {
 TEST_F(PersonTags, ListTakenBeforeAnyChangeStaysLive) {
   const auto list = person->tagArray();
   person->setTags(listOf({"A"}));
-  EXPECT_EQ(list->size(), 1U);
+  EXPECT_EQ(list.size(), 1U);
 }
 
 TEST_F(PersonTags, AddOfATagThatThePersonDoesNotHaveDoesNothing) {
@@ -98,8 +98,8 @@ TEST_F(PersonTags, SetLeavesTheListGivenAlone) {
   const auto given = listOf({"A"});
   person->setTags(given);
   EXPECT_NE(person->tagArray(), given);
-  person->tagArray()->push_back("B");
-  EXPECT_EQ(given->size(), 1U);
+  person->tagArray().push_back("B");
+  EXPECT_EQ(given.size(), 1U);
 }
 
 TEST_F(PersonTags, SetOfThePersonsOwnListKeepsIt) {
@@ -118,9 +118,9 @@ TEST_F(PersonTags, SetSkipsElementsThatAreNoTexts) {
 TEST_F(PersonTags, AreNotArchived) {
   person->setTags(listOf({"A"}));
   const auto again = restored<OVPersonGeneral>(person);
-  EXPECT_TRUE(again->tagArray()->empty());
-  again->tagArray()->push_back("B");
-  EXPECT_EQ(again->tagArray()->size(), 1U);
+  EXPECT_TRUE(again->tagArray().empty());
+  again->tagArray().push_back("B");
+  EXPECT_EQ(again->tagArray().size(), 1U);
 }
 
 }  // namespace

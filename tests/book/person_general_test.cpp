@@ -21,10 +21,10 @@ TEST_F(PersonGeneral, NewOneIsEmpty) {
   EXPECT_EQ(person->thumbnail(), nullptr);
   EXPECT_EQ(person->mainPhone(), nullptr);
   EXPECT_EQ(person->mainEmail(), nullptr);
-  EXPECT_TRUE(person->groups()->empty());
-  EXPECT_TRUE(person->tagArray()->empty());
+  EXPECT_TRUE(person->groups().empty());
+  EXPECT_TRUE(person->tagArray().empty());
   EXPECT_EQ(person->addressBookID(), "");
-  EXPECT_TRUE(person->notNullValueProperty()->empty());
+  EXPECT_TRUE(person->notNullValueProperty().empty());
   EXPECT_EQ(person->extend(), nullptr);
 }
 

@@ -94,13 +94,13 @@ TEST_F(PersonValues, FilledPropertiesAreThoseOfTheCatalogue) {
 
 TEST_F(PersonValues, EveryPropertyHoldsItsOwnValueInWhateverOrderTheyAreSet) {
   const auto catalogue = OVProperty::StandardPropertyArray();
-  for (std::size_t i = 0; i < catalogue->size(); ++i) {
-    const auto property = (*catalogue)[i * 7 % catalogue->size()];
+  for (std::size_t i = 0; i < catalogue.size(); ++i) {
+    const auto property = catalogue[i * 7 % catalogue.size()];
     person->setValueByProperty(textValue(property->name()), property);
     person->setValueByPropertyName(textValue("host"), "Host " + property->name().str());
   }
-  EXPECT_EQ(person->notNullValueProperty()->size(), catalogue->size());
-  for (const auto property : *catalogue) {
+  EXPECT_EQ(person->notNullValueProperty().size(), catalogue.size());
+  for (const auto property : catalogue) {
     const auto value = ov::cast<OVSingleValue>(person->valueByProperty(property));
     EXPECT_EQ(ov::cast<OVString>(value->value()), property->name());
     EXPECT_NE(person->valueByPropertyName("Host " + property->name().str()), nullptr);

@@ -55,7 +55,7 @@ TEST_F(SharedServices, TheSystemsLocaleServesAllThreads) {
   EXPECT_TRUE(holdsOnEightThreads([] {
     const auto locale = OVLocale::currentLocale();
     return locale->lowercase("ÄÖ") == "äö" && locale->uppercase("straße") == "STRASSE" &&
-           locale->isoCountryCodes()->size() > 200 && !locale->currentLocaleIdentifier().empty();
+           locale->isoCountryCodes().size() > 200 && !locale->currentLocaleIdentifier().empty();
   }));
 }
 
@@ -94,7 +94,7 @@ TEST_F(SharedServices, ObjectsThatNeverChangeServeAllThreads) {
 TEST_F(SharedServices, BuiltCataloguesServeAllThreads) {
   EXPECT_TRUE(holdsOnEightThreads([] {
     return OVProperty::propertyWithName("Note")->name() == "Note" &&
-           OVProperty::StandardPropertyArray()->size() == 23 &&
+           OVProperty::StandardPropertyArray().size() == 23 &&
            OVInstantMessageServer::serverWithDisplayName("qq")->name().size() > 0 &&
            OVCountry::countryWithCode("de")->name() == "Germany" &&
            OVAdressField::fieldWithName(OVAddressFieldCity) != nullptr;

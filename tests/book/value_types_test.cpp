@@ -57,19 +57,19 @@ const Row kRows[] = {
      },
      [](auto& datum) {
        const auto tags = ov::cast<OVList<OVString>>(datum);
-       return tags->size() == 2 && tags->back() == "B";
+       return tags.size() == 2 && tags.back() == "B";
      }},
     {"Note", OVValueTypeNote, [] { return OVString("line\nline"); },
      [](auto& datum) { return ov::cast<OVString>(datum) == "line\nline"; }},
     {"InstantMessage", OVValueTypeInstantMessage,
      [] {
        return OVObjectInstantMessage::initWithUserNameServer(
-           "user", OVInstantMessageServer::supportServer()->front());
+           "user", OVInstantMessageServer::supportServer().front());
      },
      [](auto& datum) {
        const auto account = ov::cast<OVObjectInstantMessage>(datum);
        return account->userName() == "user" &&
-              account->server() == OVInstantMessageServer::supportServer()->front();
+              account->server() == OVInstantMessageServer::supportServer().front();
      }},
 };
 
@@ -82,7 +82,7 @@ class ValueTypeInABook : public testing::TestWithParam<Row> {
     book->addPerson(person);
     const auto again = ov::cast<OVAddressBookGeneral>(
         OVAddressBookGeneral::addressBookWithData(book->saveToData()));
-    return (*again->personsDic())["p"]->valueByPropertyName(GetParam().property);
+    return again->personsDic()["p"]->valueByPropertyName(GetParam().property);
   }
 
  private:

@@ -30,9 +30,9 @@ class Walk {
 
   void addContent(const OVRef<OVObject>& object) {
     if (const auto list = ov::cast<OVList<OVObject>>(object)) {
-      for (const OVRef<OVObject>& each : list->elements()->items) add(each);
+      for (const auto& each : list) add(each);
     } else if (const auto dictionary = ov::cast<OVDictionary<OVObject>>(object)) {
-      for (const auto& entry : *dictionary->entries()) add(entry.value);
+      for (const auto& [key, each] : dictionary) add(each);
     } else if (const auto opaque = ov::cast<OVOpaqueObject>(object)) {
       for (const OVOpaqueField& field : opaque->fields()) addValue(field.value);
     } else {

@@ -56,7 +56,7 @@ void use(const OVPersonGeneral& person) {
   tell(person.ID(), person.displayName(), person.showName(), person.companyName(),
        person.jobTitle(), person.isOrganization(), person.thumbnail(), person.mainPhone(),
        person.mainEmail(), person.groups(), person.notNullValueProperty(), person.tagArray());
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     tell(person.valueByProperty(property), person.mainValueForProPertyName(property->name()),
          person.valueOfMainValueForProPertyName(property->name()));
   }

@@ -21,9 +21,9 @@ using Reals = std::numeric_limits<double>;
 OVRef<OVObject> dates() {
   const auto list = Any::list();
   for (const double seconds : {0.0, -0.25, 1e9, -63114076800.0, 252455616000.0}) {
-    list->push_back(OVDate::dateWithTimeIntervalSinceReferenceDate(seconds));
+    list.push_back(OVDate::dateWithTimeIntervalSinceReferenceDate(seconds));
   }
-  list->push_back(OVDate::dateWithYearMonthDay(1969, 7, 20));
+  list.push_back(OVDate::dateWithYearMonthDay(1969, 7, 20));
   return list;
 }
 
@@ -32,7 +32,7 @@ OVRef<OVObject> integers() {
   for (const std::int64_t each :
        {0LL, 1LL, 255LL, 256LL, 65535LL, 65536LL, 4294967295LL, 4294967296LL, -1LL, -128LL,
         9223372036854775807LL, -9223372036854775807LL - 1}) {
-    list->push_back(OVNumber::numberWithInteger(each));
+    list.push_back(OVNumber::numberWithInteger(each));
   }
   return list;
 }
@@ -40,7 +40,7 @@ OVRef<OVObject> integers() {
 OVRef<OVObject> reals() {
   const auto list = Any::list();
   for (const double each : {0.0, 0.5, -1.25, 1e300, Reals::denorm_min(), Reals::infinity()}) {
-    list->push_back(OVNumber::numberWithDouble(each));
+    list.push_back(OVNumber::numberWithDouble(each));
   }
   return list;
 }

@@ -9,8 +9,7 @@ namespace {
 using Any = OVList<OVObject>;
 using Texts = OVList<OVString>;
 
-OVRef<OVGroupGeneral> group(const OVString& title, const OVRef<Texts>& subgroups,
-                            const OVRef<Texts>& persons) {
+OVRef<OVGroupGeneral> group(const OVString& title, const Texts& subgroups, const Texts& persons) {
   auto group = OVGroupGeneral::init();
   group->setID("an ID that is not archived");
   group->setTitle(title);
@@ -61,11 +60,11 @@ OVRef<OVObject> book() {
   odd->setValueByPropertyName(own, OVProPertyOther);
   odd->setValueByPropertyName(valueOf(OVValueTypeString, foreignObject()), OVProPertyCompany);
   for (const auto& [ID, person] : {std::pair{OVString("ada"), ada}, {"alias", ada}, {"twin", twin}})
-    book->personsDic()->set(ID, person);
-  book->personsDic()->set(odd->ID(), odd);
+    book->personsDic().set(ID, person);
+  book->personsDic().set(odd->ID(), odd);
   const auto members = Texts::list({"ada", "twin"});
-  book->groupsDic()->set("family", group("Family", Texts::list({"all"}), members));
-  book->groupsDic()->set("all", group("All", Texts::list(), members));
+  book->groupsDic().set("family", group("Family", Texts::list({"all"}), members));
+  book->groupsDic().set("all", group("All", Texts::list(), members));
   return book;
 }
 

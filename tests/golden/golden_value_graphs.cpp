@@ -24,7 +24,7 @@ OVRef<OVObject> labels() {
 /// More objects than UIDs of one byte can number.
 OVRef<OVObject> manyLabels() {
   const auto list = Any::list();
-  for (int i = 0; i < 150; ++i) list->push_back(labelOf(std::to_string(i)));
+  for (int i = 0; i < 150; ++i) list.push_back(labelOf(std::to_string(i)));
   return list;
 }
 

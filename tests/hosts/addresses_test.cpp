@@ -70,7 +70,7 @@ TEST(Addresses, OfTheMainEntryArePreferred) {
 }
 
 TEST(CountryCodes, EveryCountryIsKnownByCodeAndName) {
-  for (const OVRef<OVCountry> country : *OVCountry::allCountry()) {
+  for (const OVRef<OVCountry> country : OVCountry::allCountry()) {
     EXPECT_EQ(countryCodeOf(country->code()), country->code());
     EXPECT_EQ(countryCodeOf(country->name()), country->code());
   }

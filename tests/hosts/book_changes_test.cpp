@@ -21,23 +21,23 @@ TEST(VCardBook, MakesNewPersons) {
   const auto two = book->newPerson();
   EXPECT_EQ(one->ID().size(), 36U);
   EXPECT_NE(one->ID(), two->ID());
-  EXPECT_TRUE(one->notNullValueProperty()->empty());
+  EXPECT_TRUE(one->notNullValueProperty().empty());
   EXPECT_EQ(book->allPersonsCount(), 2U);
-  EXPECT_EQ(book->allPersons()->front(), one);
+  EXPECT_EQ(book->allPersons().front(), one);
 }
 
 TEST(VCardBook, RemovesPersons) {
   const auto book = bookOf(kTwo + card("UID:g\nKIND:group\nMEMBER:a\nMEMBER:b"));
-  const auto gone = book->allPersons()->front();
+  const auto gone = book->allPersons().front();
   const auto tags = book->tagManager();
   book->removePersons(OVList<IOVPerson>::list({gone, gone, person("UID:b\nFN:elsewhere")}));
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("b"));
   EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("b"));
   EXPECT_EQ(tags->count(), 0U);
-  EXPECT_TRUE(book->personsForIDs(OVList<OVString>::list({"a"}))->empty());
+  EXPECT_TRUE(book->personsForIDs(OVList<OVString>::list({"a"})).empty());
   EXPECT_EQ(gone->addressBookID(), "");
-  EXPECT_TRUE(gone->groups()->empty());
-  EXPECT_EQ(gone->tagArray()->front(), "x");
+  EXPECT_TRUE(gone->groups().empty());
+  EXPECT_EQ(gone->tagArray().front(), "x");
   book->removePersons(nullptr);
   EXPECT_EQ(book->allPersonsCount(), 1U);
 }
@@ -56,7 +56,7 @@ TEST(VCardBook, TakesPersonsOfOtherBooksOver) {
   const auto added = book->addOneFromOtherPerson(source);
   EXPECT_EQ(description(*added), description(*source));
   EXPECT_EQ(added->addressBookID(), book->ID());
-  EXPECT_EQ(book->allPersons()->front(), added);
+  EXPECT_EQ(book->allPersons().front(), added);
   EXPECT_EQ(book->addOneFromOtherPerson(nullptr), nullptr);
 }
 
@@ -83,7 +83,7 @@ TEST(VCardBook, GivesANewIDWhereTheOldOneIsTaken) {
 TEST(VCardBook, TakesTagsThatAreAValueOnly) {
   const auto general = OVAddressBookGeneral::init();
   general->addPerson(person("UID:p\nCATEGORIES:x,y"));
-  const auto added = OVVCardBook::init()->addOneFromOtherPerson((*general->personsDic())["p"]);
+  const auto added = OVVCardBook::init()->addOneFromOtherPerson(general->personsDic()["p"]);
   EXPECT_EQ(entry(*added, OVProPertyTags), "#x#y");
 }
 
@@ -107,7 +107,7 @@ TEST(VCardBook, MakesGroups) {
   EXPECT_EQ(group->displayName(), "Friends");
   EXPECT_EQ(group->ID().size(), 36U);
   EXPECT_EQ(book->groupByID(group->ID()), group);
-  EXPECT_EQ(book->rootGroups()->front(), group);
+  EXPECT_EQ(book->rootGroups().front(), group);
   EXPECT_EQ(book->addGroupByName(nullptr), nullptr);
   EXPECT_EQ(book->rootGroupsCount(), 1U);
 }

@@ -21,8 +21,8 @@ TEST(BookPerson, IsEmptyWhenNew) {
   EXPECT_EQ(one->thumbnail(), nullptr);
   EXPECT_EQ(one->mainPhone(), nullptr);
   EXPECT_EQ(one->mainEmail(), nullptr);
-  EXPECT_TRUE(one->groups()->empty());
-  EXPECT_TRUE(one->tagArray()->empty());
+  EXPECT_TRUE(one->groups().empty());
+  EXPECT_TRUE(one->tagArray().empty());
   EXPECT_FALSE(one->isOrganization());
   EXPECT_EQ(one->companyName(), nullptr);
   EXPECT_EQ(one->jobTitle(), nullptr);
@@ -38,7 +38,7 @@ TEST(BookPerson, OutlivesItsBook) {
   const FakePlatform platform;
   EXPECT_EQ(one->displayName(), "F L");
   EXPECT_EQ(one->addressBookID(), "");
-  EXPECT_TRUE(one->groups()->empty());
+  EXPECT_TRUE(one->groups().empty());
   one->addTag("y");
   EXPECT_EQ(entry(*one, OVProPertyTags), "#x#y");
 }
@@ -66,20 +66,20 @@ TEST(BookPerson, TakesAndLosesValues) {
   EXPECT_EQ(one->valueByPropertyName(OVProPertyNote), nullptr);
   one->setValueByPropertyName(note, nullptr);
   one->setValueByProperty(note, nullptr);
-  EXPECT_TRUE(one->notNullValueProperty()->empty());
+  EXPECT_TRUE(one->notNullValueProperty().empty());
 }
 
 TEST(BookPerson, KeepsValuesUnderNamesOfTheHost) {
   const auto one = OVVCardBook::init()->newPerson();
   one->setValueByPropertyName(textValue("x"), OVProPertySocialProfile);
   EXPECT_NE(one->valueByPropertyName(OVProPertySocialProfile), nullptr);
-  EXPECT_TRUE(one->notNullValueProperty()->empty());
+  EXPECT_TRUE(one->notNullValueProperty().empty());
 }
 
 TEST(BookPerson, TellsWhichPropertiesItHas) {
   std::vector<std::string> names;
   const auto properties = person("NOTE:x\nN:L\nCATEGORIES:a\nTEL:1")->notNullValueProperty();
-  for (const OVRef<OVProperty> property : *properties) names.push_back(property->name().str());
+  for (const OVRef<OVProperty> property : properties) names.push_back(property->name().str());
   EXPECT_THAT(names, ElementsAre("Name", "Tags", "Phone", "Note"));
 }
 

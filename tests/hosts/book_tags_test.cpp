@@ -13,9 +13,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::string> texts(const OVRef<OVList<OVString>>& list) {
+std::vector<std::string> texts(const OVList<OVString>& list) {
   std::vector<std::string> all;
-  for (const OVString text : *list) all.push_back(text.str());
+  for (const OVString text : list) all.push_back(text.str());
   return all;
 }
 
@@ -66,7 +66,7 @@ TEST_P(BookPersonTags, AreTheValueOfAProperty) {
 }
 
 TEST_P(BookPersonTags, AreHandedOutAsACopy) {
-  one->tagArray()->push_back("c");
+  one->tagArray().push_back("c");
   EXPECT_THAT(texts(one->tagArray()), ElementsAre("a", "b"));
 }
 
@@ -93,7 +93,7 @@ TEST(BookTags, OfALaterFileReachTheTagManager) {
   const auto manager = book->tagManager();
   book->loadWithData(OVData::dataWithText(card("UID:q\nCATEGORIES:a,b")));
   EXPECT_THAT(texts(manager->personIDsByTag("a")), ElementsAre("p", "q"));
-  EXPECT_THAT(texts(book->allPersons()->back()->tagArray()), ElementsAre("a", "b"));
+  EXPECT_THAT(texts(book->allPersons().back()->tagArray()), ElementsAre("a", "b"));
 }
 
 TEST(BookTags, TouchNoUserDefaults) {

@@ -18,9 +18,9 @@ const std::string kTwo = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B")
 TEST(VCardBook, IsEmptyWhenNew) {
   const auto book = OVVCardBook::init();
   EXPECT_EQ(book->allPersonsCount(), 0U);
-  EXPECT_TRUE(book->allPersons()->empty());
+  EXPECT_TRUE(book->allPersons().empty());
   EXPECT_EQ(book->rootGroupsCount(), 0U);
-  EXPECT_TRUE(book->rootGroups()->empty());
+  EXPECT_TRUE(book->rootGroups().empty());
   EXPECT_TRUE(book->problems().empty());
   EXPECT_FALSE(book->saveError());
 }
@@ -51,16 +51,16 @@ TEST(VCardBook, MayBeChanged) {
 TEST(VCardBook, SupportsTheWholeCatalogue) {
   const auto supported = OVVCardBook::init()->supportProperty();
   const auto standard = OVProperty::StandardPropertyArray();
-  ASSERT_EQ(supported->size(), standard->size());
-  for (std::size_t i = 0; i < supported->size(); ++i) EXPECT_EQ((*supported)[i], (*standard)[i]);
-  supported->clear();
-  EXPECT_EQ(standard->size(), 23U);
+  ASSERT_EQ(supported.size(), standard.size());
+  for (std::size_t i = 0; i < supported.size(); ++i) EXPECT_EQ(supported[i], standard[i]);
+  supported.clear();
+  EXPECT_EQ(standard.size(), 23U);
 }
 
 TEST(VCardBook, ShowsSomeOfThem) {
   std::vector<std::string> names;
   const auto common = OVVCardBook::init()->commonProperty();
-  for (const OVRef<OVProperty> property : *common) names.push_back(property->name().str());
+  for (const OVRef<OVProperty> property : common) names.push_back(property->name().str());
   EXPECT_THAT(names, ElementsAre("Thumbnail", "Name", "Company", "Phone", "Email", "Address",
                                  "Birthday", "Note"));
 }
@@ -71,7 +71,7 @@ TEST(VCardBook, LoadsData) {
   book->loadWithData(nullptr);
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("a", "b"));
   EXPECT_EQ(book->allPersonsCount(), 2U);
-  EXPECT_EQ(book->allPersons()->front()->addressBookID(), book->ID());
+  EXPECT_EQ(book->allPersons().front()->addressBookID(), book->ID());
 }
 
 TEST(VCardBook, IsAsBeforeWhenTheProgressThrows) {
@@ -105,7 +105,7 @@ TEST(VCardBook, FindsPersonsByID) {
   const auto book = bookOf(kTwo);
   EXPECT_THAT(idsOf(book->personsForIDs(OVList<OVString>::list({"b", "none", "a", "b"}))),
               ElementsAre("b", "a", "b"));
-  EXPECT_TRUE(book->personsForIDs(nullptr)->empty());
+  EXPECT_TRUE(book->personsForIDs(nullptr).empty());
 }
 
 TEST(VCardBook, HasNoPictures) {

@@ -42,12 +42,11 @@ std::string entryText(const OVSingleValue& entry, bool isMain) {
   return text + ": " + datumText(entry.value());
 }
 
-void describe(const OVRef<OVList<IOVGroup>>& groups, const std::string& indent,
-              std::ostream& stream) {
-  for (const OVRef<IOVGroup> group : *groups) {
+void describe(const OVList<IOVGroup>& groups, const std::string& indent, std::ostream& stream) {
+  for (const OVRef<IOVGroup> group : groups) {
     stream << indent << "group " << group->ID() << " " << group->displayName() << ":";
     const auto persons = group->persons();
-    for (const OVRef<IOVPerson> person : *persons) stream << " " << person->ID();
+    for (const OVRef<IOVPerson> person : persons) stream << " " << person->ID();
     stream << "\n";
     describe(group->subGroups(), indent + "  ", stream);
   }
@@ -69,7 +68,7 @@ OVRef<OVVCardBook> bookOf(std::string_view text) {
 
 OVRef<IOVPerson> onlyPerson(const OVVCardBook& book) {
   const auto persons = book.allPersons();
-  return persons->size() == 1 ? persons->front() : nullptr;
+  return persons.size() == 1 ? persons.front() : nullptr;
 }
 
 OVRef<IOVPerson> person(std::string_view lines, std::string_view version) {
@@ -79,9 +78,9 @@ OVRef<IOVPerson> person(std::string_view lines, std::string_view version) {
   return onlyPerson(*book);
 }
 
-std::vector<std::string> idsOf(const OVRef<OVList<IOVPerson>>& persons) {
+std::vector<std::string> idsOf(const OVList<IOVPerson>& persons) {
   std::vector<std::string> ids;
-  for (const OVRef<IOVPerson> person : *persons) ids.push_back(person->ID().str());
+  for (const OVRef<IOVPerson> person : persons) ids.push_back(person->ID().str());
   return ids;
 }
 
@@ -100,7 +99,7 @@ std::string datumText(const OVRef<OVObject>& datum) {
   }
   if (const auto tags = ov::cast<OVList<OVString>>(datum)) {
     std::string text;
-    for (const OVString tag : *tags) text += "#" + tag.str();
+    for (const OVString tag : tags) text += "#" + tag.str();
     return text;
   }
   return "?";
@@ -129,7 +128,7 @@ std::string entry(const IOVPerson& person, const OVString& property) {
 std::string description(const IOVPerson& person) {
   std::ostringstream stream;
   stream << person.ID() << "\n";
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     for (const std::string& text : entries(person, property->name())) {
       stream << "  " << property->name() << " " << text << "\n";
     }
@@ -140,7 +139,7 @@ std::string description(const IOVPerson& person) {
 std::string description(const OVAddressBook& book) {
   std::ostringstream stream;
   const auto persons = book.allPersons();
-  for (const OVRef<IOVPerson> person : *persons) stream << description(*person);
+  for (const OVRef<IOVPerson> person : persons) stream << description(*person);
   describe(book.rootGroups(), "", stream);
   return stream.str();
 }

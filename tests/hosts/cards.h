@@ -20,7 +20,7 @@ OVRef<IOVPerson> person(std::string_view lines, std::string_view version = "4.0"
 OVRef<IOVPerson> onlyPerson(const OVVCardBook& book);
 
 /// The IDs of persons, in order.
-std::vector<std::string> idsOf(const OVRef<OVList<IOVPerson>>& persons);
+std::vector<std::string> idsOf(const OVList<IOVPerson>& persons);
 
 /// What a property holds: "label name|display name: datum" of each entry, a "*" in front of the
 /// main one, or the datum alone of a single value.

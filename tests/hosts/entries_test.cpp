@@ -95,7 +95,7 @@ TEST(Entries, PassEmptyOnesOver) {
   const auto read = person(
       "FN:x\nTEL:\nEMAIL:\nURL:\nRELATED:\nIMPP:\nADR:;;;;;;\nANNIVERSARY:\n"
       "X-AIM:\nBDAY:");
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     if (property->name() == OVProPertyName) continue;
     EXPECT_EQ(read->valueByProperty(property), nullptr) << property->name();
   }

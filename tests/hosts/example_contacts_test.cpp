@@ -20,7 +20,7 @@ class ExampleContacts : public testing::Test {
   ExampleContacts() { EXPECT_FALSE(book->load()); }
 
   OVRef<IOVPerson> personWithID(const OVString& id) const {
-    return book->personsForIDs(OVList<OVString>::list({id}))->front();
+    return book->personsForIDs(OVList<OVString>::list({id})).front();
   }
 
   const FakePlatform platform;
@@ -34,10 +34,10 @@ TEST_F(ExampleContacts, AreReadWithoutAProblem) {
 }
 
 TEST_F(ExampleContacts, FillEveryProperty) {
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     int count = 0;
     const auto persons = book->allPersons();
-    for (const OVRef<IOVPerson> one : *persons) count += one->valueByProperty(property) != nullptr;
+    for (const OVRef<IOVPerson> one : persons) count += one->valueByProperty(property) != nullptr;
     EXPECT_GT(count, 0) << property->name();
   }
 }
@@ -88,10 +88,10 @@ TEST_F(ExampleContacts, HaveOneOfEverything) {
 TEST_F(ExampleContacts, HaveGroupsInGroups) {
   const auto harbour = book->groupByID("urn:uuid:90909090-0000-4000-8000-000000000002");
   EXPECT_EQ(harbour->displayName(), "Friends of the harbour");
-  EXPECT_EQ(harbour->persons()->size(), 2U);
-  EXPECT_EQ(harbour->subGroups()->size(), 2U);
-  EXPECT_EQ(book->groupByID("chess-club")->persons()->size(), 3U);
-  EXPECT_EQ(personWithID("kovacs-zoltan")->groups()->front()->ID(), "chess-club");
+  EXPECT_EQ(harbour->persons().size(), 2U);
+  EXPECT_EQ(harbour->subGroups().size(), 2U);
+  EXPECT_EQ(book->groupByID("chess-club")->persons().size(), 3U);
+  EXPECT_EQ(personWithID("kovacs-zoltan")->groups().front()->ID(), "chess-club");
 }
 
 TEST_F(ExampleContacts, ComeBackThroughSnapshotAndExport) {

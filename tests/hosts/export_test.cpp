@@ -44,16 +44,16 @@ TEST(Export, OfAnyBookIsReadBack) {
 class HostBook final : public OVAddressBook {
  public:
   HostBook() {
-    outer->members->push_back(one);
-    outer->groupsInside->push_back(inner);
-    inner->groupsInside->push_back(outer);
+    outer->members.push_back(one);
+    outer->groupsInside.push_back(inner);
+    inner->groupsInside.push_back(outer);
   }
-  ~HostBook() override { inner->groupsInside->clear(); }
+  ~HostBook() override { inner->groupsInside.clear(); }
 
-  [[nodiscard]] OVRef<OVList<IOVPerson>> allPersons() const override {
+  [[nodiscard]] OVList<IOVPerson> allPersons() const override {
     return OVList<IOVPerson>::list({one});
   }
-  [[nodiscard]] OVRef<OVList<IOVGroup>> rootGroups() const override {
+  [[nodiscard]] OVList<IOVGroup> rootGroups() const override {
     return OVList<IOVGroup>::list({outer});
   }
 

@@ -16,9 +16,9 @@ std::string groupCard(const std::string& id, const std::string& lines) {
   return card("UID:" + id + "\nKIND:group\n" + lines);
 }
 
-std::vector<std::string> groupIDs(const OVRef<OVList<IOVGroup>>& groups) {
+std::vector<std::string> groupIDs(const OVList<IOVGroup>& groups) {
   std::vector<std::string> ids;
-  for (const OVRef<IOVGroup> group : *groups) ids.push_back(group->ID().str());
+  for (const OVRef<IOVGroup> group : groups) ids.push_back(group->ID().str());
   return ids;
 }
 
@@ -32,7 +32,7 @@ TEST(Groups, HaveNameAndMembers) {
   EXPECT_EQ(group->ID(), "g");
   EXPECT_EQ(group->displayName(), "Friends");
   EXPECT_THAT(idsOf(group->persons()), ElementsAre("b", "a"));
-  EXPECT_THAT(groupIDs(book->allPersons()->front()->groups()), ElementsAre("g"));
+  EXPECT_THAT(groupIDs(book->allPersons().front()->groups()), ElementsAre("g"));
 }
 
 TEST(Groups, HaveOlderSpellings) {
@@ -130,12 +130,12 @@ TEST_F(GroupObjects, TakeAndReleasePersons) {
   EXPECT_FALSE(friends->addPerson(one));
   EXPECT_FALSE(friends->addPerson(nullptr));
   EXPECT_FALSE(friends->addPerson(person("FN:of another book")));
-  EXPECT_EQ(friends->persons()->size(), 1U);
-  EXPECT_EQ(one->groups()->front(), friends);
+  EXPECT_EQ(friends->persons().size(), 1U);
+  EXPECT_EQ(one->groups().front(), friends);
   EXPECT_TRUE(friends->removePerson(one));
   EXPECT_FALSE(friends->removePerson(one));
   EXPECT_FALSE(friends->removePerson(nullptr));
-  EXPECT_TRUE(one->groups()->empty());
+  EXPECT_TRUE(one->groups().empty());
 }
 
 TEST_F(GroupObjects, TakeAndReleaseSubGroups) {
@@ -174,9 +174,9 @@ TEST_F(GroupObjects, OutsideOfTheirBookTakeNothing) {
   EXPECT_TRUE(book->removeGroup(a));
   EXPECT_FALSE(a->addPerson(book->newPerson()));
   EXPECT_FALSE(b->addSubGroup(a));
-  EXPECT_TRUE(one->groups()->empty());
+  EXPECT_TRUE(one->groups().empty());
   EXPECT_THAT(groupIDs(book->rootGroups()), ElementsAre(b->ID().str()));
-  EXPECT_TRUE(a->subGroups()->empty());
+  EXPECT_TRUE(a->subGroups().empty());
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ const ServiceRow kServices[] = {
 };
 
 TEST(InstantMessages, KnowTheSupportedServices) {
-  ASSERT_EQ(std::size(kServices), OVInstantMessageServer::supportServer()->size());
+  ASSERT_EQ(std::size(kServices), OVInstantMessageServer::supportServer().size());
   for (const ServiceRow& row : kServices) {
     const std::string expected = std::string(row.server) + ":me";
     for (const std::string scheme : row.schemes) {

@@ -33,7 +33,7 @@ TEST(Problems, DoNotStopTheOtherCards) {
   const auto book =
       bookOf(card("UID:a\nFN:a") + card("") + card("no colon") +
              "BEGIN:VCARD\nVERSION:3.0\nUID:b\nFN:b\n" + card("UID:c\nFN:c") + "BEGIN:VCARD\n");
-  EXPECT_EQ(book->personsForIDs(OVList<OVString>::list({"a", "b", "c"}))->size(), 3U);
+  EXPECT_EQ(book->personsForIDs(OVList<OVString>::list({"a", "b", "c"})).size(), 3U);
   EXPECT_EQ(book->allPersonsCount(), 3U);
   EXPECT_THAT(problems(*book),
               ElementsAre("6: this card is empty", "11: this line is no property of a vCard",

@@ -8,10 +8,10 @@
 inline OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
   auto general = OVAddressBookGeneral::init();
   const auto persons = book.allPersons();
-  for (const OVRef<IOVPerson> one : *persons) general->addPerson(one);
+  for (const OVRef<IOVPerson> one : persons) general->addPerson(one);
   std::vector<OVRef<IOVGroup>> open;
-  const auto openAll = [&](const OVRef<OVList<IOVGroup>>& groups) {
-    for (std::size_t i = groups->size(); i-- > 0;) open.push_back((*groups)[i]);
+  const auto openAll = [&](const OVList<IOVGroup>& groups) {
+    for (std::size_t i = groups.size(); i-- > 0;) open.push_back(groups[i]);
   };
   openAll(book.rootGroups());
   while (!open.empty()) {

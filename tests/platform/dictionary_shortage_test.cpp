@@ -15,17 +15,17 @@ using Texts = OVDictionary<OVString>;
 OVString keyOf(int number) { return std::to_string(number); }
 
 /// A dictionary whose table has just become too small for another entry.
-OVRef<Texts> texts(int count) {
+Texts texts(int count) {
   auto dictionary = Texts::dictionary();
-  for (int i = 0; i < count; ++i) dictionary->set(keyOf(i), "text");
+  for (int i = 0; i < count; ++i) dictionary.set(keyOf(i), "text");
   return dictionary;
 }
 
-void expectKeys(const OVRef<Texts>& dictionary, int first, int end) {
-  EXPECT_EQ(dictionary->size(), static_cast<std::size_t>(end - first));
-  for (int i = first; i < end; ++i) EXPECT_TRUE(dictionary->contains(keyOf(i))) << i;
-  EXPECT_FALSE(dictionary->contains(keyOf(first - 1)));
-  EXPECT_FALSE(dictionary->contains(keyOf(end)));
+void expectKeys(const Texts& dictionary, int first, int end) {
+  EXPECT_EQ(dictionary.size(), static_cast<std::size_t>(end - first));
+  for (int i = first; i < end; ++i) EXPECT_TRUE(dictionary.contains(keyOf(i))) << i;
+  EXPECT_FALSE(dictionary.contains(keyOf(first - 1)));
+  EXPECT_FALSE(dictionary.contains(keyOf(end)));
 }
 
 TEST(DictionaryShortage, AnEntryIsSetOrTheDictionaryIsAsBefore) {
@@ -37,13 +37,13 @@ TEST(DictionaryShortage, AnEntryIsSetOrTheDictionaryIsAsBefore) {
       bool failed = false;
       try {
         const MemoryShortage shortage(MemoryShortage::Kind::lasting, failing);
-        dictionary->set(key, value);
+        dictionary.set(key, value);
       } catch (const std::bad_alloc&) {
         failed = true;
       }
       felt = failed ? 1 : 0;
       expectKeys(dictionary, 0, failed ? count : count + 1);
-      dictionary->set(key, value);
+      dictionary.set(key, value);
       expectKeys(dictionary, 0, count + 1);
     }
   }
@@ -56,7 +56,7 @@ TEST(DictionaryShortage, RemovingNeedsNoMemory) {
     const OVString key = keyOf(i);
     {
       const MemoryShortage shortage(MemoryShortage::Kind::lasting, 1);
-      EXPECT_TRUE(dictionary->erase(key));
+      EXPECT_TRUE(dictionary.erase(key));
     }
     expectKeys(dictionary, i + 1, kCount);
   }

@@ -15,12 +15,12 @@ TEST(DictionaryView, SharesItsEntriesWithTheDictionary) {
   const auto any = Any::dictionary({{"a", OVString("1")}});
   const auto texts = ov::cast<Texts>(any);
   ASSERT_NE(texts, nullptr);
-  texts->set("b", "2");
-  any->set("a", OVString("one"));
-  EXPECT_EQ(ov::cast<OVString>((*any)["b"]), "2");
-  EXPECT_EQ((*texts)["a"], "one");
-  texts->erase("a");
-  EXPECT_FALSE(any->contains("a"));
+  texts.set("b", "2");
+  any.set("a", OVString("one"));
+  EXPECT_EQ(ov::cast<OVString>(any["b"]), "2");
+  EXPECT_EQ(texts["a"], "one");
+  texts.erase("a");
+  EXPECT_FALSE(any.contains("a"));
 }
 
 TEST(DictionaryView, OfTheSameKindIsTheDictionaryItself) {
@@ -31,26 +31,26 @@ TEST(DictionaryView, OfTheSameKindIsTheDictionaryItself) {
 TEST(DictionaryView, OutlivesTheDictionary) {
   auto any = Any::dictionary({{"a", OVString("kept")}});
   const auto texts = ov::cast<Texts>(any);
-  any.reset();
-  EXPECT_EQ((*texts)["a"], "kept");
+  any = nullptr;
+  EXPECT_EQ(texts["a"], "kept");
 }
 
 TEST(DictionaryView, ReadsValuesOfAnotherClassAsNullAndKeepsThem) {
   const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(1);
   const auto any = Any::dictionary({{"text", OVString("a")}, {"date", date}});
   const auto texts = ov::cast<Texts>(any);
-  EXPECT_EQ(texts->size(), 2U);
-  EXPECT_TRUE(texts->contains("date"));
-  EXPECT_TRUE((*texts)["date"].isNull());
-  EXPECT_TRUE((*texts->find("date")).second.isNull());
-  EXPECT_EQ((*ov::cast<Dates>(texts))["date"], date);
+  EXPECT_EQ(texts.size(), 2U);
+  EXPECT_TRUE(texts.contains("date"));
+  EXPECT_TRUE(texts["date"].isNull());
+  EXPECT_TRUE((*texts.find("date")).second.isNull());
+  EXPECT_EQ(ov::cast<Dates>(texts)["date"], date);
 }
 
 TEST(DictionaryView, KeepsWhetherTheDictionaryIsImmutable) {
   const auto any = Any::dictionary();
-  EXPECT_FALSE(ov::cast<Texts>(any)->isImmutable());
-  any->entries()->immutable = true;
-  EXPECT_TRUE(ov::cast<Texts>(any)->isImmutable());
+  EXPECT_FALSE(ov::cast<Texts>(any).isImmutable());
+  static_cast<ov::detail::DictionaryObject&>(*any.object()).immutable = true;
+  EXPECT_TRUE(ov::cast<Texts>(any).isImmutable());
 }
 
 }  // namespace

@@ -34,25 +34,25 @@ TEST(Dispose, AChainOfAMillionValuesIsDestroyed) {
 
 TEST(Dispose, ALongChainOfListsIsDestroyed) {
   auto last = OVList<OVObject>::list();
-  const std::weak_ptr<OVObject> innermost = last;
+  const std::weak_ptr<OVObject> innermost = last.object();
   for (int i = 0; i < kLongEnough; ++i) {
     auto list = OVList<OVObject>::list();
-    list->push_back(std::exchange(last, nullptr));
+    list.push_back(std::exchange(last, nullptr));
     last = std::move(list);
   }
-  last->clear();
+  last.clear();
   EXPECT_TRUE(innermost.expired());
 }
 
 TEST(Dispose, ALongChainOfDictionariesIsDestroyed) {
   auto last = OVDictionary<OVObject>::dictionary();
-  const std::weak_ptr<OVObject> innermost = last;
+  const std::weak_ptr<OVObject> innermost = last.object();
   for (int i = 0; i < kLongEnough; ++i) {
     auto dictionary = OVDictionary<OVObject>::dictionary();
-    dictionary->set("next", std::exchange(last, nullptr));
+    dictionary.set("next", std::exchange(last, nullptr));
     last = std::move(dictionary);
   }
-  last->set("next", OVString("something else"));
+  last.set("next", OVString("something else"));
   EXPECT_TRUE(innermost.expired());
 }
 

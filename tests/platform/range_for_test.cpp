@@ -7,9 +7,9 @@
 
 namespace {
 
-OVRef<OVList<OVString>> newList() { return OVList<OVString>::list({"a", "b", "c"}); }
+OVList<OVString> newList() { return OVList<OVString>::list({"a", "b", "c"}); }
 
-OVRef<OVDictionary<OVString>> newDictionary() {
+OVDictionary<OVString> newDictionary() {
   return OVDictionary<OVString>::dictionary({{"x", "1"}, {"y", "2"}});
 }
 
@@ -30,15 +30,15 @@ TEST(RangeFor, KeepsATemporaryDictionaryAlive) {
 
 TEST(RangeFor, TakesNullAsEmpty) {
   int steps = 0;
-  for (const OVString text : OVRef<OVList<OVString>>()) steps += text.isNull() ? 1 : 2;
-  for (const auto& [key, value] : OVRef<OVDictionary<OVString>>()) steps += key == value ? 1 : 2;
+  for (const OVString text : OVList<OVString>()) steps += text.isNull() ? 1 : 2;
+  for (const auto& [key, value] : OVDictionary<OVString>()) steps += key == value ? 1 : 2;
   EXPECT_EQ(steps, 0);
 }
 
 TEST(RangeFor, StillGoesOverTheObjectItself) {
   const auto list = newList();
   std::size_t steps = 0;
-  for (const OVString text : *list) steps += text.size();
+  for (const OVString text : list) steps += text.size();
   EXPECT_EQ(steps, 3U);
 }
 

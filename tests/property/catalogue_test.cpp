@@ -48,7 +48,7 @@ const Row kRows[] = {
 
 class Catalogue : public testing::TestWithParam<Row> {
  protected:
-  const OVRef<OVProperty> property = (*OVProperty::StandardPropertyArray())[GetParam().index];
+  const OVRef<OVProperty> property = OVProperty::StandardPropertyArray()[GetParam().index];
 };
 
 TEST_P(Catalogue, HasTheNameAtItsPlace) { EXPECT_EQ(property->name(), GetParam().name); }
@@ -71,7 +71,7 @@ TEST_P(Catalogue, IsFoundByAnEqualName) {
   const OVString name = std::string(GetParam().name);
   EXPECT_FALSE(name.isSame(property->name()));
   EXPECT_EQ(OVProperty::propertyWithName(name), property);
-  EXPECT_EQ((*OVProperty::StandardPropertyDictionary())[name], property);
+  EXPECT_EQ(OVProperty::StandardPropertyDictionary()[name], property);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Catalogue, testing::ValuesIn(kRows), [](const auto& row) {
@@ -82,10 +82,10 @@ INSTANTIATE_TEST_SUITE_P(Table, Catalogue, testing::ValuesIn(kRows), [](const au
 
 TEST(StandardProperties, AreTwentyThreeFromThumbnailToNote) {
   const auto list = OVProperty::StandardPropertyArray();
-  EXPECT_EQ(list->size(), 23U);
-  EXPECT_EQ(list->size(), std::size(kRows));
-  EXPECT_EQ(list->front()->name(), "Thumbnail");
-  EXPECT_EQ(list->back()->name(), "Note");
+  EXPECT_EQ(list.size(), 23U);
+  EXPECT_EQ(list.size(), std::size(kRows));
+  EXPECT_EQ(list.front()->name(), "Thumbnail");
+  EXPECT_EQ(list.back()->name(), "Note");
 }
 
 TEST(StandardProperties, AreTheSameObjectsOnEveryCall) {
@@ -96,8 +96,8 @@ TEST(StandardProperties, AreTheSameObjectsOnEveryCall) {
 TEST(StandardProperties, DictionaryHoldsTheListsDescriptors) {
   const auto list = OVProperty::StandardPropertyArray();
   const auto dictionary = OVProperty::StandardPropertyDictionary();
-  EXPECT_EQ(dictionary->size(), list->size());
-  for (const auto property : *list) EXPECT_EQ((*dictionary)[property->name()], property);
+  EXPECT_EQ(dictionary.size(), list.size());
+  for (const auto property : list) EXPECT_EQ(dictionary[property->name()], property);
 }
 
 TEST(PropertyWithName, PrefixIsTheTitle) {
@@ -138,8 +138,8 @@ TEST(PropertyDescriptor, IsNotArchived) {
 TEST(FirstUse, OfTheDictionaryBuildsTheCatalogue) {
   expectInOwnProcess([] {
     const auto dictionary = OVProperty::StandardPropertyDictionary();
-    EXPECT_EQ(dictionary->size(), 23U);
-    EXPECT_EQ((*dictionary)["Note"], OVProperty::StandardPropertyArray()->back());
+    EXPECT_EQ(dictionary.size(), 23U);
+    EXPECT_EQ(dictionary["Note"], OVProperty::StandardPropertyArray().back());
   });
 }
 
@@ -147,7 +147,7 @@ TEST(FirstUse, OfALookUpBuildsTheCatalogue) {
   expectInOwnProcess([] {
     const auto note = OVProperty::propertyWithName("Note");
     EXPECT_NE(note, nullptr);
-    EXPECT_EQ(note, OVProperty::StandardPropertyArray()->back());
+    EXPECT_EQ(note, OVProperty::StandardPropertyArray().back());
   });
 }
 

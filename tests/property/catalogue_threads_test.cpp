@@ -10,7 +10,7 @@ namespace {
 TEST(CatalogueThreads, RacingFirstLookUpsGetOneFinishedCatalogue) {
   expectInOwnProcess([] {
     const auto notes = fromEightThreads([] { return OVProperty::propertyWithName("Note"); });
-    EXPECT_THAT(notes, testing::Each(OVProperty::StandardPropertyArray()->back()));
+    EXPECT_THAT(notes, testing::Each(OVProperty::StandardPropertyArray().back()));
   });
 }
 
@@ -18,7 +18,7 @@ TEST(CatalogueThreads, RacingFirstListsAreOneList) {
   expectInOwnProcess([] {
     const auto lists = fromEightThreads([] { return OVProperty::StandardPropertyArray(); });
     EXPECT_THAT(lists, testing::Each(lists.front()));
-    EXPECT_EQ(lists.front()->size(), 23U);
+    EXPECT_EQ(lists.front().size(), 23U);
   });
 }
 

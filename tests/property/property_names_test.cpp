@@ -51,10 +51,10 @@ TEST_P(PropertyName, StandsAtItsPlaceOfTheCatalogueOrNowhere) {
   const auto property = OVProperty::propertyWithName(GetParam().value);
   if (GetParam().position == 0) {
     EXPECT_EQ(property, nullptr);
-    EXPECT_FALSE(OVProperty::StandardPropertyDictionary()->contains(GetParam().value));
+    EXPECT_FALSE(OVProperty::StandardPropertyDictionary().contains(GetParam().value));
   } else {
     const auto index = static_cast<std::size_t>(GetParam().position - 1);
-    EXPECT_EQ(property, (*OVProperty::StandardPropertyArray())[index]);
+    EXPECT_EQ(property, OVProperty::StandardPropertyArray()[index]);
   }
 }
 

@@ -32,28 +32,19 @@ class Listing {
   std::string of(const OVRef<OVObject>& root) {
     text_ = "root = " + value(root) + '\n';
     for (; !waiting_.empty(); waiting_.pop_front()) {
-      number_ = numbers_.at(identity(waiting_.front()));
+      number_ = numbers_.at(waiting_.front().get());
       list(waiting_.front());
     }
     return text_;
   }
 
  private:
-  // The elements tell lists and dictionaries apart, whatever view shows them.
-  static const void* identity(const OVRef<OVObject>& object) {
-    if (const auto list = ov::cast<OVList<OVObject>>(object)) return list->elements().get();
-    if (const auto dictionary = ov::cast<OVDictionary<OVObject>>(object)) {
-      return dictionary->entries().get();
-    }
-    return object.get();
-  }
-
   std::string value(const OVRef<OVObject>& object) {
     if (object == nullptr) return "null";
     if (const auto text = ov::cast<OVString>(object)) return listedText(text);
     if (const auto number = ov::cast<OVNumber>(object)) return listedNumber(*number);
     if (const auto data = ov::cast<OVData>(object)) return listedData(*data);
-    const auto [at, isNew] = numbers_.try_emplace(identity(object), numbers_.size() + 1);
+    const auto [at, isNew] = numbers_.try_emplace(object.get(), numbers_.size() + 1);
     if (isNew) waiting_.push_back(object);
     return "#" + std::to_string(at->second);
   }
@@ -63,14 +54,14 @@ class Listing {
 
   void list(const OVRef<OVObject>& object) {
     if (const auto list = ov::cast<OVList<OVObject>>(object)) {
-      line(list->isImmutable() ? " : immutable list" : " : list");
+      line(list.isImmutable() ? " : immutable list" : " : list");
       std::size_t position = 0;
-      for (const OVRef<OVObject> each : *list) {
+      for (const OVRef<OVObject> each : list) {
         line("[" + std::to_string(position++) + "] = " + value(each));
       }
     } else if (const auto dictionary = ov::cast<OVDictionary<OVObject>>(object)) {
-      line(dictionary->isImmutable() ? " : immutable dictionary" : " : dictionary");
-      for (const auto& [key, each] : *dictionary) {
+      line(dictionary.isImmutable() ? " : immutable dictionary" : " : dictionary");
+      for (const auto& [key, each] : dictionary) {
         line("[" + listedText(key) + "] = " + value(each));
       }
     } else if (const auto date = ov::cast<OVDate>(object)) {

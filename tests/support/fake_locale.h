@@ -11,7 +11,7 @@ class FakeLocale {
   explicit FakeLocale(OVString identifier) {
     OVLocale::setCurrentLocale(OVLocale::withIdentifier(identifier));
   }
-  FakeLocale(OVString identifier, OVRef<OVList<OVString>> countryCodes) {
+  FakeLocale(OVString identifier, OVList<OVString> countryCodes) {
     OVLocale::setCurrentLocale(
         std::make_shared<Service>(std::move(identifier), std::move(countryCodes)));
   }
@@ -22,17 +22,17 @@ class FakeLocale {
  private:
   class Service final : public OVLocale {
    public:
-    Service(OVString identifier, OVRef<OVList<OVString>> countryCodes)
+    Service(OVString identifier, OVList<OVString> countryCodes)
         : identifier_(std::move(identifier)), countryCodes_(std::move(countryCodes)) {}
 
-    OVRef<OVList<OVString>> isoCountryCodes() const override { return countryCodes_; }
+    OVList<OVString> isoCountryCodes() const override { return countryCodes_; }
     OVString currentLocaleIdentifier() const override { return identifier_; }
     OVString lowercase(const OVString& text) const override { return mapping_->lowercase(text); }
     OVString uppercase(const OVString& text) const override { return mapping_->uppercase(text); }
 
    private:
     OVString identifier_;
-    OVRef<OVList<OVString>> countryCodes_;
+    OVList<OVString> countryCodes_;
     OVRef<OVLocale> mapping_ = OVLocale::withIdentifier("en_US");
   };
 };

@@ -21,8 +21,9 @@ std::string typeOf(const OVValue& value) {
 }
 
 /// A damaged archive may have no list there.
-Objects objectsOf(const OVRef<OVList<OVString>>& texts) {
-  return texts == nullptr ? Objects() : texts->elements()->items;
+Objects objectsOf(const OVList<OVString>& texts) {
+  const auto objects = ov::cast<OVList<OVObject>>(texts);
+  return {objects.begin(), objects.end()};
 }
 
 ListedFields fieldsOf(const OVLabel& label) {
@@ -86,7 +87,7 @@ ListedFields fieldsOf(const OVAddressBookGeneral& book) {
 
 ListedFields fieldsOf(const OVPersonGeneral& person) {
   ListedFields result{"OVPersonGeneral", {{"ID", person.ID()}}};
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     result.fields[property->name().str()] = person.valueByProperty(property);
   }
   return result;

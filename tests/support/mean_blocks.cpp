@@ -195,7 +195,7 @@ const MeanBlock kBlocks[] = {
      [](ArchiveBuilder& a, std::size_t many) {
        ArchiveBuilder::Fields fields;
        const Number value = a.to(a.addText(""));
-       for (const OVRef<OVProperty> each : *OVProperty::StandardPropertyArray()) {
+       for (const OVRef<OVProperty> each : OVProperty::StandardPropertyArray()) {
          fields.emplace_back(each->name().view(), value);
        }
        return copiesWith(a, many, "OVPersonGeneral", fields);

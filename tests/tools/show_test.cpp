@@ -23,13 +23,13 @@ class Show : public OvbookTest {
   /// A new person in the book, without values.
   OVRef<OVPersonGeneral> person(const OVString& ID = "p") {
     book_->addPerson(OVPersonGeneral::initWithID(ID));
-    return (*book_->personsDic())[ID];
+    return book_->personsDic()[ID];
   }
 
   OVRef<OVGroupGeneral> group(const OVString& ID, const OVString& title) {
     auto group = OVGroupGeneral::init();
     group->setTitle(title);
-    book_->groupsDic()->set(ID, group);
+    book_->groupsDic().set(ID, group);
     return group;
   }
 

@@ -35,9 +35,9 @@ TEST(MultipleValueArchive, HoldsTheElementsAndThePositionOfTheMainValue) {
   EXPECT_EQ(form.keys(), (Keys{"valueArray", "mainValueIndex"}));
   EXPECT_EQ(form.integer("mainValueIndex"), 1);
   const auto list = ov::cast<OVList<OVOpaqueObject>>(form.object("valueArray"));
-  ASSERT_EQ(list->size(), 3U);
-  EXPECT_FALSE(list->isImmutable());
-  EXPECT_EQ((*list)[0]->className(), "OVMutableSingleValue");
+  ASSERT_EQ(list.size(), 3U);
+  EXPECT_FALSE(list.isImmutable());
+  EXPECT_EQ(list[0]->className(), "OVMutableSingleValue");
 }
 
 TEST(MultipleValueArchive, ComesBackWithItsMainValue) {
@@ -144,9 +144,9 @@ TEST(MultipleValueArchive, ElementsOfOtherClassesReadAsNullAndAreWrittenBack) {
   const ArchivedForm form(multiple);
   EXPECT_EQ(form.integer("mainValueIndex"), 0);
   const auto written = ov::cast<OVList<OVObject>>(form.object("valueArray"));
-  ASSERT_EQ(written->size(), 3U);
-  EXPECT_TRUE(isForeignObject((*written)[0]));
-  EXPECT_EQ(ov::cast<OVString>((*written)[2]), "text");
+  ASSERT_EQ(written.size(), 3U);
+  EXPECT_TRUE(isForeignObject(written[0]));
+  EXPECT_EQ(ov::cast<OVString>(written[2]), "text");
 }
 
 TEST(MultipleValueArchive, ElementsOfOtherClassesAreLeftOutOfCopies) {

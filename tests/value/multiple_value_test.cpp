@@ -31,11 +31,11 @@ TEST(ReadOnlyMultipleValue, FindsNothing) {
 
 TEST(ReadOnlyMultipleValue, LabelListsAreNewAndEmpty) {
   const auto multiple = OVMultipleValue::init();
-  EXPECT_TRUE(multiple->allLabel()->empty());
-  EXPECT_TRUE(multiple->allLabel()->isImmutable());
+  EXPECT_TRUE(multiple->allLabel().empty());
+  EXPECT_TRUE(multiple->allLabel().isImmutable());
   EXPECT_NE(multiple->allLabel(), multiple->allLabel());
-  EXPECT_TRUE(multiple->allLabelName()->empty());
-  EXPECT_FALSE(multiple->allLabelName()->isImmutable());
+  EXPECT_TRUE(multiple->allLabelName().empty());
+  EXPECT_FALSE(multiple->allLabelName().isImmutable());
   EXPECT_NE(multiple->allLabelName(), multiple->allLabelName());
 }
 
@@ -93,13 +93,13 @@ TEST(MutableMultipleValue, IndexEqualToTheCountGivesNull) {
 TEST(MutableMultipleValue, AllLabelIsEmptyWhateverTheElements) {
   const auto multiple = OVMutableMultipleValue::init();
   multiple->addValue(valueOf(OVValueTypePhone, OVString("1"), labelOf("home")));
-  EXPECT_TRUE(multiple->allLabel()->empty());
-  EXPECT_TRUE(multiple->allLabel()->isImmutable());
+  EXPECT_TRUE(multiple->allLabel().empty());
+  EXPECT_TRUE(multiple->allLabel().isImmutable());
 }
 
 TEST(MutableMultipleValue, AllLabelNameListsDisplayNamesInOrder) {
   const auto multiple = OVMutableMultipleValue::init();
-  EXPECT_TRUE(multiple->allLabelName()->empty());
+  EXPECT_TRUE(multiple->allLabelName().empty());
   const auto home = labelOf("home");
   home->setDisplayName("Home");
   const auto work = OVLabel::init();
@@ -108,12 +108,12 @@ TEST(MutableMultipleValue, AllLabelNameListsDisplayNamesInOrder) {
     multiple->addValue(valueOf(OVValueTypePhone, OVString("1"), label));
   }
   const auto names = multiple->allLabelName();
-  ASSERT_EQ(names->size(), 3U);
-  EXPECT_EQ((*names)[0], "Home");
-  EXPECT_EQ((*names)[1], "Work");
-  EXPECT_EQ((*names)[2], "Home");
-  names->push_back("more");
-  EXPECT_EQ(multiple->allLabelName()->size(), 3U);
+  ASSERT_EQ(names.size(), 3U);
+  EXPECT_EQ(names[0], "Home");
+  EXPECT_EQ(names[1], "Work");
+  EXPECT_EQ(names[2], "Home");
+  names.push_back("more");
+  EXPECT_EQ(multiple->allLabelName().size(), 3U);
 }
 
 TEST(MutableMultipleValue, AllLabelNameRefusesAnElementWithoutLabel) {
@@ -130,7 +130,7 @@ TEST(MutableMultipleValue, AllLabelNameRefusesALabelWithoutDisplayName) {
   multiple->addValue(valueOf(OVValueTypePhone, OVString("1"), label));
   EXPECT_THROW((void)multiple->allLabelName(), std::invalid_argument);
   label->setDisplayName("");
-  EXPECT_EQ(multiple->allLabelName()->size(), 1U);
+  EXPECT_EQ(multiple->allLabelName().size(), 1U);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ TEST_F(MultipleValueWithoutList, IsEmpty) {
   EXPECT_EQ(multiple->subType(), 0);
   EXPECT_EQ(multiple->mainValue(), nullptr);
   EXPECT_EQ(multiple->valueAtIndex(0), nullptr);
-  EXPECT_TRUE(multiple->allLabelName()->empty());
+  EXPECT_TRUE(multiple->allLabelName().empty());
 }
 
 TEST_F(MultipleValueWithoutList, FindsEveryValueAtPositionZero) {

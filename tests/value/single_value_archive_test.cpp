@@ -66,9 +66,9 @@ TEST(SingleValueArchive, OneLabelInTwoValuesComesBackAsOne) {
   const auto list = OVList<OVSingleValue>::list({valueOf(OVValueTypePhone, OVString("1"), label),
                                                  valueOf(OVValueTypePhone, OVString("2"), label)});
   const auto again = restored<OVList<OVSingleValue>>(list);
-  ASSERT_EQ(again->size(), 2U);
-  ASSERT_NE((*again)[0]->label(), nullptr);
-  EXPECT_EQ((*again)[0]->label(), (*again)[1]->label());
+  ASSERT_EQ(again.size(), 2U);
+  ASSERT_NE(again[0]->label(), nullptr);
+  EXPECT_EQ(again[0]->label(), again[1]->label());
 }
 
 TEST(SingleValueArchive, EqualLabelsStayApart) {
@@ -76,7 +76,7 @@ TEST(SingleValueArchive, EqualLabelsStayApart) {
       OVList<OVSingleValue>::list({valueOf(OVValueTypePhone, OVString("1"), labelOf("home")),
                                    valueOf(OVValueTypePhone, OVString("2"), labelOf("home"))});
   const auto again = restored<OVList<OVSingleValue>>(list);
-  EXPECT_NE((*again)[0]->label(), (*again)[1]->label());
+  EXPECT_NE(again[0]->label(), again[1]->label());
 }
 
 TEST(SingleValueArchive, LabelMayBeTheDatumToo) {
@@ -111,7 +111,7 @@ TEST(SingleValueArchive, KeepsImages) {
 TEST(SingleValueArchive, KeepsTagsAndNumbers) {
   const auto tags = OVList<OVString>::list({"a", "b"});
   const auto restoredTags = restored<OVSingleValue>(valueOf(OVValueTypeTags, tags));
-  EXPECT_EQ((*ov::cast<OVList<OVString>>(restoredTags->value()))[1], "b");
+  EXPECT_EQ((ov::cast<OVList<OVString>>(restoredTags->value()))[1], "b");
   const auto number = OVNumber::numberWithInteger(-7);
   const auto restoredNumber = restored<OVSingleValue>(valueOf(OVValueTypeString, number));
   EXPECT_EQ(ov::cast<OVNumber>(restoredNumber->value())->integerValue(), -7);

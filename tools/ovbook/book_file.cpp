@@ -18,7 +18,7 @@ std::string classNameOf(const OVRef<OVObject>& object) {
 }
 
 template <class T>
-OVRef<OVDictionary<T>> orEmpty(OVRef<OVDictionary<T>> dictionary) {
+OVDictionary<T> orEmpty(OVDictionary<T> dictionary) {
   return dictionary == nullptr ? OVDictionary<T>::dictionary() : std::move(dictionary);
 }
 
@@ -38,11 +38,11 @@ OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
   return book;
 }
 
-OVRef<OVDictionary<OVPersonGeneral>> personsOf(const OVAddressBookGeneral& book) {
+OVDictionary<OVPersonGeneral> personsOf(const OVAddressBookGeneral& book) {
   return orEmpty(book.personsDic());
 }
 
-OVRef<OVDictionary<OVGroupGeneral>> groupsOf(const OVAddressBookGeneral& book) {
+OVDictionary<OVGroupGeneral> groupsOf(const OVAddressBookGeneral& book) {
   return orEmpty(book.groupsDic());
 }
 

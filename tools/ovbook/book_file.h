@@ -11,7 +11,7 @@ namespace ovbook {
 [[nodiscard]] OVRef<OVAddressBookGeneral> openBook(const std::string& path);
 
 /// The book's persons and groups by ID; never null.
-[[nodiscard]] OVRef<OVDictionary<OVPersonGeneral>> personsOf(const OVAddressBookGeneral& book);
-[[nodiscard]] OVRef<OVDictionary<OVGroupGeneral>> groupsOf(const OVAddressBookGeneral& book);
+[[nodiscard]] OVDictionary<OVPersonGeneral> personsOf(const OVAddressBookGeneral& book);
+[[nodiscard]] OVDictionary<OVGroupGeneral> groupsOf(const OVAddressBookGeneral& book);
 
 }  // namespace ovbook

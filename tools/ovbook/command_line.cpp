@@ -4,18 +4,16 @@
 #include <new>
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments.h"
 #include "commands/commands.h"
 #include "output/descriptor_buffer.h"
+#include "parser.h"
 #include "session.h"
 
 namespace ovbook {
 
 namespace {
 
-void addCommands(CLI::App& ovbook, Session& session) {
+void addCommands(const Command& ovbook, Session& session) {
   addImportCommand(ovbook, session);
   addExportCommand(ovbook, session);
   addListCommand(ovbook, session);
@@ -27,53 +25,14 @@ void addCommands(CLI::App& ovbook, Session& session) {
   addTagCommand(ovbook, session);
 }
 
-/// The innermost command that was named.
-const CLI::App& commandOf(const CLI::App& ovbook) {
-  const CLI::App* command = &ovbook;
-  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  return *command;
-}
-
-/// "ovbook tag add"
-std::string fullName(const CLI::App& command) {
-  const CLI::App* parent = command.get_parent();
-  return parent == nullptr ? command.get_name() : fullName(*parent) + " " + command.get_name();
-}
-
-/// What was wrong with the arguments.
-std::string complaint(const CLI::App& command, const CLI::ParseError& error) {
-  const std::vector<std::string> unknown = command.remaining();
-  const bool isAtCommand = !command.get_subcommands({}).empty();
-  if (isAtCommand && !unknown.empty()) return unknown.front() + ": no such command or option";
-  return error.what();
-}
-
-/// Prints help or the version, or else tells what was wrong with the arguments.
-int answer(const CLI::App& ovbook, const CLI::ParseError& request, Session& session) {
-  if (request.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-    return ovbook.exit(request, session.out(), session.err());
-  }
-  const CLI::App& command = commandOf(ovbook);
-  session.report(unprotected(complaint(command, request)) + " (" + fullName(command) +
-                 " --help tells more)");
-  return kFailed;
-}
-
 int parseAndRun(const std::vector<std::string>& arguments, Session& session) {
-  CLI::App ovbook("Keeps snapshots of address books.", "ovbook");
-  ovbook.set_help_flag("-h,--help", "Show this help and exit");
-  ovbook.set_version_flag("--version", "ovbook " OVBOOK_VERSION, "Show the version and exit");
-  ovbook.require_subcommand(1);
-  ovbook.footer(
+  const Parser parser;
+  const Command ovbook = parser.top();
+  ovbook.setFooter(
       "Exit status: 0 when all went well, 1 when something was left out that a line on\n"
       "standard error names, 2 when the command could not do its work.");
   addCommands(ovbook, session);
-  try {
-    ovbook.parse(protectedAndReversed(arguments));
-  } catch (const CLI::ParseError& request) {
-    return answer(ovbook, request, session);
-  }
-  return session.status();
+  return parser.run(arguments, session);
 }
 
 int reportFailures(const std::vector<std::string>& arguments, Session& session) {

@@ -14,7 +14,7 @@ OVRef<OVTagManager> openTagStore(const std::string& store) {
   }
 }
 
-OVRef<OVList<OVString>> tagsOf(const OVTagManager& tags, const OVString& personID) {
+OVList<OVString> tagsOf(const OVTagManager& tags, const OVString& personID) {
   const auto found = tags.tagsByPersonID(personID);
   return found == nullptr ? OVList<OVString>::list() : found;
 }

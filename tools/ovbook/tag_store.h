@@ -11,6 +11,6 @@ namespace ovbook {
 [[nodiscard]] OVRef<OVTagManager> openTagStore(const std::string& store);
 
 /// The person's tags, in order; empty when the person has none.
-[[nodiscard]] OVRef<OVList<OVString>> tagsOf(const OVTagManager& tags, const OVString& personID);
+[[nodiscard]] OVList<OVString> tagsOf(const OVTagManager& tags, const OVString& personID);
 
 }  // namespace ovbook

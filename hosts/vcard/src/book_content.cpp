@@ -24,8 +24,8 @@ void addTo(std::vector<T>& all, std::unordered_map<OVString, T>& byID, const OVS
 
 }  // namespace
 
-OVRef<Person> BookContent::addPerson(const OVString& personID, OVRef<Values> values,
-                                     OVRef<OVList<OVString>> tagList) {
+OVRef<Person> BookContent::addPerson(const OVString& personID, Values values,
+                                     OVList<OVString> tagList) {
   auto person =
       std::make_shared<Person>(personID, std::move(values), std::move(tagList), weak_from_this());
   addTo(persons, personsByID, personID, person);
@@ -47,7 +47,7 @@ void BookContent::removePersons(const std::unordered_set<const Person*>& leaving
   }
   for (const OVRef<Person>& person : persons) {
     if (!leaving.contains(person.get())) continue;
-    const OVRef<OVList<OVString>> carried = person->tagArray();
+    const OVList<OVString> carried = person->tagArray();
     if (tags != nullptr) tags->removeForPersonID(person->ID());
     person->leaveBook();
     person->setTags(carried);  // it keeps its tags, outside of the book
@@ -56,10 +56,10 @@ void BookContent::removePersons(const std::unordered_set<const Person*>& leaving
   std::erase_if(persons, [&](const auto& p) { return leaving.contains(p.get()); });
 }
 
-OVRef<OVList<IOVGroup>> BookContent::groupsOf(const Person& person) const {
+OVList<IOVGroup> BookContent::groupsOf(const Person& person) const {
   auto found = OVList<IOVGroup>::list();
   for (const OVRef<OVVCardGroup>& group : groups) {
-    if (recordOf(*group).personSet.contains(&person)) found->push_back(group);
+    if (recordOf(*group).personSet.contains(&person)) found.push_back(group);
   }
   return found;
 }
@@ -100,8 +100,8 @@ void BookContent::removeGroup(const OVRef<OVVCardGroup>& group) {
 void BookContent::makeTagManager() {
   const OVRef<OVTagManager> manager = OVTagManager::init();
   for (const OVRef<Person>& person : persons) {
-    const OVRef<OVList<OVString>> carried = person->tagArray();
-    for (const OVString tag : *carried) manager->addPersonIDForTag(person->ID(), tag);
+    const OVList<OVString> carried = person->tagArray();
+    for (const OVString tag : carried) manager->addPersonIDForTag(person->ID(), tag);
   }
   tags = manager;
 }

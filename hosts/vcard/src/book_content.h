@@ -63,12 +63,11 @@ struct BookContent : std::enable_shared_from_this<BookContent> {
     return personsByID.contains(anyID) || groupsByID.contains(anyID);
   }
 
-  OVRef<Person> addPerson(const OVString& personID, OVRef<Values> values,
-                          OVRef<OVList<OVString>> tagList);
+  OVRef<Person> addPerson(const OVString& personID, Values values, OVList<OVString> tagList);
   void removePersons(const std::unordered_set<const Person*>& leaving);
   /// Null when it is not in this book.
   [[nodiscard]] OVRef<Person> personOf(const OVRef<IOVPerson>& person) const;
-  [[nodiscard]] OVRef<OVList<IOVGroup>> groupsOf(const Person& person) const;
+  [[nodiscard]] OVList<IOVGroup> groupsOf(const Person& person) const;
 
   OVRef<OVVCardGroup> addGroup(const OVString& groupID, const OVString& name);
   void removeGroup(const OVRef<OVVCardGroup>& group);

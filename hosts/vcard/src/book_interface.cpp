@@ -20,23 +20,23 @@ constexpr std::array kCommon{
 };
 
 /// Values are copied, so that a change here does not show in the other book.
-OVRef<Values> copiedValues(const IOVPerson& person) {
-  OVRef<Values> values = Values::dictionary();
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
+Values copiedValues(const IOVPerson& person) {
+  Values values = Values::dictionary();
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     if (property->name() == OVProPertyTags) continue;
     if (const auto value = person.valueByProperty(property)) {
-      values->set(property->name(), value->mutableCopy());
+      values.set(property->name(), value->mutableCopy());
     }
   }
   return values;
 }
 
 /// The tags that a person answers, and those of a person that answers none but has a value of them.
-OVRef<OVList<OVString>> copiedTags(const IOVPerson& person) {
-  const OVRef<OVList<OVString>> tags = person.tagArray();
-  if (tags != nullptr && !tags->empty()) return tags->copy();
+OVList<OVString> copiedTags(const IOVPerson& person) {
+  const OVList<OVString> tags = person.tagArray();
+  if (tags != nullptr && !tags.empty()) return tags.copy();
   const auto value = ov::vcard::PersonValues(person).datum<OVList<OVString>>(OVProPertyTags);
-  return value == nullptr ? OVList<OVString>::list() : value->copy();
+  return value == nullptr ? OVList<OVString>::list() : value.copy();
 }
 
 }  // namespace
@@ -47,33 +47,32 @@ OVString OVVCardBook::name() const {
   return std::filesystem::path(content_->path.str()).stem().string();
 }
 
-OVRef<OVList<OVProperty>> OVVCardBook::supportProperty() const {
-  return OVProperty::StandardPropertyArray()->copy();
+OVList<OVProperty> OVVCardBook::supportProperty() const {
+  return OVProperty::StandardPropertyArray().copy();
 }
 
-OVRef<OVList<OVProperty>> OVVCardBook::commonProperty() const {
+OVList<OVProperty> OVVCardBook::commonProperty() const {
   auto properties = OVList<OVProperty>::list();
   for (const OVString* const name : kCommon) {
-    properties->push_back(OVProperty::propertyWithName(*name));
+    properties.push_back(OVProperty::propertyWithName(*name));
   }
   return properties;
 }
 
 std::uint64_t OVVCardBook::allPersonsCount() const { return content_->persons.size(); }
 
-OVRef<OVList<IOVPerson>> OVVCardBook::allPersons() const {
+OVList<IOVPerson> OVVCardBook::allPersons() const {
   auto persons = OVList<IOVPerson>::list();
-  for (const OVRef<Person>& person : content_->persons) persons->push_back(person);
+  for (const OVRef<Person>& person : content_->persons) persons.push_back(person);
   return persons;
 }
 
-OVRef<OVList<IOVPerson>> OVVCardBook::personsForIDs(
-    const OVRef<OVList<OVString>>& personIDs) const {
+OVList<IOVPerson> OVVCardBook::personsForIDs(const OVList<OVString>& personIDs) const {
   auto persons = OVList<IOVPerson>::list();
   if (personIDs == nullptr) return persons;
-  for (const OVString id : *personIDs) {
+  for (const OVString id : personIDs) {
     const auto at = content_->personsByID.find(id);
-    if (at != content_->personsByID.end()) persons->push_back(at->second);
+    if (at != content_->personsByID.end()) persons.push_back(at->second);
   }
   return persons;
 }
@@ -82,10 +81,10 @@ OVRef<IOVPerson> OVVCardBook::newPerson() {
   return content_->addPerson(ov::vcard::randomID(), Values::dictionary(), OVList<OVString>::list());
 }
 
-void OVVCardBook::removePersons(const OVRef<OVList<IOVPerson>>& persons) {
+void OVVCardBook::removePersons(const OVList<IOVPerson>& persons) {
   if (persons == nullptr) return;
   std::unordered_set<const Person*> leaving;
-  for (const OVRef<IOVPerson> person : *persons) {
+  for (const OVRef<IOVPerson> person : persons) {
     if (const auto ours = content_->personOf(person)) leaving.insert(ours.get());
   }
   content_->removePersons(leaving);
@@ -117,10 +116,10 @@ std::uint64_t OVVCardBook::rootGroupsCount() const {
                     [](const auto& group) { return BookContent::recordOf(*group).parents == 0; }));
 }
 
-OVRef<OVList<IOVGroup>> OVVCardBook::rootGroups() const {
+OVList<IOVGroup> OVVCardBook::rootGroups() const {
   auto groups = OVList<IOVGroup>::list();
   for (const OVRef<OVVCardGroup>& group : content_->groups) {
-    if (BookContent::recordOf(*group).parents == 0) groups->push_back(group);
+    if (BookContent::recordOf(*group).parents == 0) groups.push_back(group);
   }
   return groups;
 }

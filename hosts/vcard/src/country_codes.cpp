@@ -67,7 +67,7 @@ using Codes = std::unordered_map<std::string, OVString>;
 const Codes& codes() {
   static const Codes& built = *[] {
     auto* const made = new Codes;  // for the life of the process
-    for (const OVRef<OVCountry> country : *OVCountry::allCountry()) {
+    for (const OVRef<OVCountry> country : OVCountry::allCountry()) {
       made->emplace(lowerASCII(country->code()), country->code());
       made->emplace(lowerASCII(country->name()), country->code());
     }

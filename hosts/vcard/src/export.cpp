@@ -16,21 +16,21 @@ namespace ov::vcard {
 
 namespace {
 
-void appendIDs(const OVRef<OVList<OVString>>& ids, std::vector<OVString>& all) {
+void appendIDs(const OVList<OVString>& ids, std::vector<OVString>& all) {
   if (ids == nullptr) return;
-  for (const OVString id : *ids) {
+  for (const OVString id : ids) {
     if (!id.isNull()) all.push_back(id);
   }
 }
 
 void writeGeneralBook(const OVAddressBookGeneral& book, std::string& out) {
   if (const auto persons = book.personsDic()) {
-    for (const auto& [id, person] : *persons) {
+    for (const auto& [id, person] : persons) {
       if (person != nullptr) writePerson(*person, id, out);
     }
   }
   if (const auto groups = book.groupsDic()) {
-    for (const auto& [id, group] : *groups) {
+    for (const auto& [id, group] : groups) {
       if (group == nullptr) continue;
       std::vector<OVString> members;
       appendIDs(group->persons(), members);
@@ -43,23 +43,23 @@ void writeGeneralBook(const OVAddressBookGeneral& book, std::string& out) {
 void writeForeignGroup(const IOVGroup& group, std::string& out) {
   std::vector<OVString> members;
   if (const auto persons = group.persons()) {
-    for (const OVRef<IOVPerson> person : *persons) members.push_back(person->ID());
+    for (const OVRef<IOVPerson> person : persons) members.push_back(person->ID());
   }
   if (const auto subGroups = group.subGroups()) {
-    for (const OVRef<IOVGroup> subGroup : *subGroups) members.push_back(subGroup->ID());
+    for (const OVRef<IOVGroup> subGroup : subGroups) members.push_back(subGroup->ID());
   }
   writeGroup(group.ID(), group.displayName(), members, {}, out);
 }
 
 /// Each group once, also when it stands in several others or in itself.
-void writeGroups(const OVRef<OVList<IOVGroup>>& roots, std::string& out) {
+void writeGroups(const OVList<IOVGroup>& roots, std::string& out) {
   if (roots == nullptr) return;
   std::vector<OVRef<IOVGroup>> open;
   std::unordered_set<const IOVGroup*> seen;
   const auto push = [&](const OVList<IOVGroup>& groups) {
     for (std::size_t i = groups.size(); i-- > 0;) open.push_back(groups[i]);
   };
-  push(*roots);
+  push(roots);
   while (!open.empty()) {
     const OVRef<IOVGroup> group = open.back();
     open.pop_back();
@@ -69,13 +69,13 @@ void writeGroups(const OVRef<OVList<IOVGroup>>& roots, std::string& out) {
     } else {
       writeForeignGroup(*group, out);
     }
-    if (const auto subGroups = group->subGroups()) push(*subGroups);
+    if (const auto subGroups = group->subGroups()) push(subGroups);
   }
 }
 
 void writeBook(const OVAddressBook& book, std::string& out) {
   if (const auto persons = book.allPersons()) {
-    for (const OVRef<IOVPerson> person : *persons) {
+    for (const OVRef<IOVPerson> person : persons) {
       if (person != nullptr) writePerson(*person, person->ID(), out);
     }
   }

@@ -41,17 +41,17 @@ void OVVCardGroup::setDisplayName(const OVString& name) {
   record_->name = name.isNull() ? OVString("") : name;
 }
 
-OVRef<OVList<IOVGroup>> OVVCardGroup::subGroups() const {
+OVList<IOVGroup> OVVCardGroup::subGroups() const {
   auto groups = OVList<IOVGroup>::list();
   for (const auto& weak : record_->subGroups) {
-    if (const auto group = weak.lock()) groups->push_back(group);
+    if (const auto group = weak.lock()) groups.push_back(group);
   }
   return groups;
 }
 
-OVRef<OVList<IOVPerson>> OVVCardGroup::persons() const {
+OVList<IOVPerson> OVVCardGroup::persons() const {
   auto persons = OVList<IOVPerson>::list();
-  for (const OVRef<Person>& person : record_->persons) persons->push_back(person);
+  for (const OVRef<Person>& person : record_->persons) persons.push_back(person);
   return persons;
 }
 

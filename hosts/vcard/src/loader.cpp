@@ -40,7 +40,7 @@ class Loader {
       addGroup(id, readGroup(fields), card.number);
     } else {
       PersonDraft draft = readPerson(fields);
-      const OVRef<OVList<OVString>> tags = draft.tags();
+      const OVList<OVString> tags = draft.tags();
       book_.addPerson(id, draft.takeValues(), tags);
     }
   }

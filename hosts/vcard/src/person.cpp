@@ -11,8 +11,7 @@
 
 namespace ov::vcard {
 
-Person::Person(OVString id, OVRef<Values> values, OVRef<OVList<OVString>> tags,
-               std::weak_ptr<BookContent> book)
+Person::Person(OVString id, Values values, OVList<OVString> tags, std::weak_ptr<BookContent> book)
     : id_(std::move(id)),
       values_(std::move(values)),
       tags_(std::move(tags)),
@@ -33,9 +32,9 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
 }
 
 OVRef<OVValue> Person::valueByPropertyName(const OVString& name) const {
-  if (name != OVProPertyTags) return (*values_)[name];
-  const OVRef<OVList<OVString>> tags = tagArray();
-  if (tags->empty()) return nullptr;
+  if (name != OVProPertyTags) return values_[name];
+  const OVList<OVString> tags = tagArray();
+  if (tags.empty()) return nullptr;
   return OVPersonGeneral::singleValueByMacValueProperty(tags, OVProperty::propertyWithName(name));
 }
 
@@ -52,16 +51,15 @@ void Person::setValueByPropertyName(const OVRef<OVValue>& value, const OVString&
   }
   if (name == OVProPertyName) forgetFormattedName();
   if (value == nullptr) {
-    values_->erase(name);
+    values_.erase(name);
   } else {
-    values_->set(name, value);
+    values_.set(name, value);
   }
 }
 
 /// The formatted name of a card is another spelling of its name: a new name makes it wrong.
 void Person::forgetFormattedName() {
-  const auto others =
-      std::dynamic_pointer_cast<OVMutableMultipleValue>((*values_)[OVProPertyOther]);
+  const auto others = std::dynamic_pointer_cast<OVMutableMultipleValue>(values_[OVProPertyOther]);
   if (others == nullptr) return;
   for (std::uint64_t i = others->count(); i-- > 0;) {
     const OVRef<OVSingleValue> entry = others->valueAtIndex(i);
@@ -70,7 +68,7 @@ void Person::forgetFormattedName() {
       others->removeValueAtIndex(i);
     }
   }
-  if (others->count() == 0) values_->erase(OVProPertyOther);
+  if (others->count() == 0) values_.erase(OVProPertyOther);
 }
 
 OVRef<OVImage> Person::thumbnail() const {
@@ -95,15 +93,15 @@ OVRef<OVObjectEmail> Person::mainEmail() const {
   return ov::cast<OVObjectEmail>(mainDatum(OVProPertyEmail));
 }
 
-OVRef<OVList<IOVGroup>> Person::groups() const {
+OVList<IOVGroup> Person::groups() const {
   const auto book = book_.lock();
   return book == nullptr ? OVList<IOVGroup>::list() : book->groupsOf(*this);
 }
 
-OVRef<OVList<OVProperty>> Person::notNullValueProperty() const {
+OVList<OVProperty> Person::notNullValueProperty() const {
   auto properties = OVList<OVProperty>::list();
-  for (const OVRef<OVProperty> property : *OVProperty::StandardPropertyArray()) {
-    if (valueByProperty(property) != nullptr) properties->push_back(property);
+  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
+    if (valueByProperty(property) != nullptr) properties.push_back(property);
   }
   return properties;
 }

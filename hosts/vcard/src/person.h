@@ -17,8 +17,7 @@ struct BookContent;
 /// the book's tag manager shares once somebody has asked for it.
 class Person final : public IOVPerson {
  public:
-  Person(OVString id, OVRef<Values> values, OVRef<OVList<OVString>> tags,
-         std::weak_ptr<BookContent> book);
+  Person(OVString id, Values values, OVList<OVString> tags, std::weak_ptr<BookContent> book);
 
   [[nodiscard]] OVString ID() const override { return id_; }
   /// "" when the person has been taken out of its book.
@@ -40,17 +39,17 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVRef<OVObjectEmail> mainEmail() const override;
 
   /// The groups of the book that hold this person.
-  [[nodiscard]] OVRef<OVList<IOVGroup>> groups() const override;
+  [[nodiscard]] OVList<IOVGroup> groups() const override;
   /// In the order of the catalogue.
-  [[nodiscard]] OVRef<OVList<OVProperty>> notNullValueProperty() const override;
+  [[nodiscard]] OVList<OVProperty> notNullValueProperty() const override;
 
   /// A new list.
-  [[nodiscard]] OVRef<OVList<OVString>> tagArray() const override;
+  [[nodiscard]] OVList<OVString> tagArray() const override;
   /// Appends a tag that the person does not have yet. Null and "" do nothing.
   void addTag(const OVString& tag) override;
   void removeTag(const OVString& tag) override;
   /// These tags in place of all others; none for null.
-  void setTags(const OVRef<OVList<OVString>>& tags) override;
+  void setTags(const OVList<OVString>& tags) override;
 
   void setIsOrganization(bool isOrganization) override;
   [[nodiscard]] bool isOrganization() const override;
@@ -61,7 +60,7 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString jobTitle() const override;
 
   /// The tags that count while the book has no tag manager.
-  [[nodiscard]] const OVRef<OVList<OVString>>& ownTags() const { return tags_; }
+  [[nodiscard]] const OVList<OVString>& ownTags() const { return tags_; }
 
   /// The person belongs to no book any more.
   void leaveBook() { book_.reset(); }
@@ -73,8 +72,8 @@ class Person final : public IOVPerson {
   void forgetFormattedName();
 
   OVString id_;
-  OVRef<Values> values_;
-  OVRef<OVList<OVString>> tags_;  // while the book has no tag manager
+  Values values_;
+  OVList<OVString> tags_;  // while the book has no tag manager
   std::weak_ptr<BookContent> book_;
 };
 

@@ -11,7 +11,7 @@ namespace ov::vcard {
 bool PersonDraft::set(const OVString& property, const OVRef<OVObject>& datum) {
   if (has(property)) return false;
   const OVRef<OVProperty> descriptor = OVProperty::propertyWithName(property);
-  values_->set(property, OVPersonGeneral::singleValueByMacValueProperty(datum, descriptor));
+  values_.set(property, OVPersonGeneral::singleValueByMacValueProperty(datum, descriptor));
   return true;
 }
 
@@ -22,10 +22,10 @@ void PersonDraft::add(const OVString& property, const OVRef<OVObject>& datum,
       OVPersonGeneral::singleValueByMacValueLabelType(datum, label, descriptor->subValueType());
 
   OVRef<OVMutableMultipleValue> entries =
-      std::dynamic_pointer_cast<OVMutableMultipleValue>((*values_)[property]);
+      std::dynamic_pointer_cast<OVMutableMultipleValue>(values_[property]);
   if (entries == nullptr) {
     entries = OVMutableMultipleValue::init();
-    values_->set(property, entries);
+    values_.set(property, entries);
     bestPreferences_.emplace_back(property, preference);
   }
   entries->addValue(entry);
@@ -53,17 +53,17 @@ void PersonDraft::addOtherForFormattedName(const OVString& text, OVRef<OVLabel> 
 }
 
 void PersonDraft::addTag(const OVString& tag) {
-  if (!tag.empty() && !tags_->contains(tag)) tags_->push_back(tag);
+  if (!tag.empty() && !tags_.contains(tag)) tags_.push_back(tag);
 }
 
-bool PersonDraft::has(const OVString& property) const { return values_->contains(property); }
+bool PersonDraft::has(const OVString& property) const { return values_.contains(property); }
 
 OVRef<OVObject> PersonDraft::datum(const OVString& property) const {
-  const auto value = std::dynamic_pointer_cast<OVSingleValue>((*values_)[property]);
+  const auto value = std::dynamic_pointer_cast<OVSingleValue>(values_[property]);
   return value == nullptr ? nullptr : value->value();
 }
 
-OVRef<Values> PersonDraft::takeValues() {
+Values PersonDraft::takeValues() {
   for (const Other& other : others_) {
     add(OVProPertyOther, other.text, other.label, other.preference);
   }

@@ -42,8 +42,8 @@ class PersonDraft {
   [[nodiscard]] OVRef<OVObject> datum(const OVString& property) const;
 
   /// The values; the draft is not to be used afterwards.
-  [[nodiscard]] OVRef<Values> takeValues();
-  [[nodiscard]] const OVRef<OVList<OVString>>& tags() const { return tags_; }
+  [[nodiscard]] Values takeValues();
+  [[nodiscard]] const OVList<OVString>& tags() const { return tags_; }
 
  private:
   struct Other {
@@ -52,9 +52,9 @@ class PersonDraft {
     int preference;
   };
 
-  OVRef<Values> values_ = Values::dictionary();
+  Values values_ = Values::dictionary();
   std::vector<std::pair<OVString, int>> bestPreferences_;
-  OVRef<OVList<OVString>> tags_ = OVList<OVString>::list();
+  OVList<OVString> tags_ = OVList<OVString>::list();
   std::vector<Other> others_;
   const Field* formattedName_ = nullptr;
   std::size_t formattedNamePlace_ = 0;

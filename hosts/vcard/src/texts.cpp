@@ -77,7 +77,7 @@ void writeTags(const Binding& binding, const PersonValues& values, CardWriter& c
   const auto tags = values.datum<OVList<OVString>>(*binding.property);
   if (tags == nullptr) return;
   std::string value;
-  for (const OVString tag : *tags) {
+  for (const OVString tag : tags) {
     if (!tag.empty()) value.append(value.empty() ? "" : ",").append(escapeText(tag));
   }
   if (!value.empty()) card.line(binding.name, "", value);

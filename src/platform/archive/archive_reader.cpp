@@ -9,6 +9,7 @@
 
 #include "platform/archive/archive_keys.h"
 #include "platform/arena_text.h"
+#include "platform/maker.h"
 
 namespace ov::detail {
 
@@ -71,11 +72,11 @@ OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
     return objectAt(PlistReader::uid(*root));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
-  const auto entries = OVDictionary<OVObject>::dictionary();
+  const auto entries = Maker::make<DictionaryObject>();
   for (std::uint64_t i = 0; i < top.count; ++i) {
     const OVString key(keyText(top, i));
     const Item value = plist_.reference(top, top.count + i);
-    entries->entries()->add(key, objectOf(value));
+    entries->add(key, objectOf(value));
   }
   return entries;
 }

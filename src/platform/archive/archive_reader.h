@@ -87,7 +87,7 @@ class ArchiveReader {
   bool readElements(const ArchiveFields& fields, std::string_view key,
                     std::vector<OVRef<OVObject>>& elements);
   /// Reads the keys and values of a dictionary.
-  void readEntries(const ArchiveFields& fields, DictionaryEntries& entries);
+  void readEntries(const ArchiveFields& fields, DictionaryObject& dictionary);
   /// Reads the elements of a list object that the caller makes its own.
   bool readList(Item item, std::vector<OVRef<OVObject>>& elements);
   void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);

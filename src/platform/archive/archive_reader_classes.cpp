@@ -115,18 +115,14 @@ OVRef<OVObject> ArchiveReader::makeCollection(std::string_view className,
   const bool isDictionary = className == kDictionaryClass.name;
   if (isArray || className == kMutableArrayClass.name) {
     if (!form(fields, archive::kArrayObjects, Kind::array)) return nullptr;
-    auto elements = Maker::restore<ListElements>();
-    elements->immutable = isArray;
-    return Maker::restore<OVList<OVObject>>(std::move(elements));
+    return Maker::restore<ListObject>(isArray);
   }
   if (isDictionary || className == kMutableDictionaryClass.name) {
     const auto keys = form(fields, archive::kDictionaryKeys, Kind::array);
     if (!keys || !form(fields, archive::kArrayObjects, Kind::array) || !areTexts(*keys)) {
       return nullptr;
     }
-    auto entries = Maker::restore<DictionaryEntries>();
-    entries->immutable = isDictionary;
-    return Maker::restore<OVDictionary<OVObject>>(std::move(entries));
+    return Maker::restore<DictionaryObject>(isDictionary);
   }
   return nullptr;
 }

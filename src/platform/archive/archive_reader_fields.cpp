@@ -117,23 +117,23 @@ bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view k
   return true;
 }
 
-void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryEntries& entries) {
+void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& dictionary) {
   const PlistItem keys = form(fields, archive::kDictionaryKeys, Kind::array).value_or(PlistItem());
   const PlistItem values = form(fields, archive::kArrayObjects, Kind::array).value_or(PlistItem());
   if (keys.count != values.count) {
     throw OVInvalidArchive("a dictionary with " + std::to_string(keys.count) + " keys and " +
                            std::to_string(values.count) + " values");
   }
-  charge(keys.count * 3 * sizeof(DictionaryEntries::Entry));
+  charge(keys.count * 3 * sizeof(DictionaryObject::Entry));
   // The keys first: they mostly stand together.
-  std::vector<DictionaryEntries::Entry> read(static_cast<std::size_t>(keys.count));
+  std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
   std::uint64_t at = 0;
-  for (DictionaryEntries::Entry& entry : read) entry.key = textOf(plist_.reference(keys, at++));
+  for (DictionaryObject::Entry& entry : read) entry.key = textOf(plist_.reference(keys, at++));
   at = 0;
-  for (DictionaryEntries::Entry& entry : read) {
+  for (DictionaryObject::Entry& entry : read) {
     entry.value = objectAt(uidOf(plist_.reference(values, at++)));
   }
-  entries.assign(std::move(read));
+  dictionary.assign(std::move(read));
 }
 
 bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) {

@@ -96,25 +96,13 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object, lo
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
                                                      ClassEntry& entry, long holds) {
   if (countsReferences() && !entry.trusts(*object)) restart_ = true;
-  // Two references to a list or dictionary are the same when they share their elements.
-  const void* identity = object.get();
-  bool isShared = object.use_count() != holds;
-  if (entry.kind == Kind::list) {
-    const auto& elements = static_cast<const AnyList&>(*object).elements();
-    identity = elements.get();
-    isShared = isShared || elements.use_count() != 1;
-  } else if (entry.kind == Kind::dictionary) {
-    const auto& entries = static_cast<const AnyDictionary&>(*object).entries();
-    identity = entries.get();
-    isShared = isShared || entries.use_count() != 1;
-  }
-
+  const bool isShared = object.use_count() != holds;
   const auto uid = static_cast<std::uint32_t>(objects_.size());
   Number reference = 0;
   if (countsReferences() && !isShared) {
     reference = newReference(0);
   } else {
-    const auto [known, isNew] = met_.at(identity);
+    const auto [known, isNew] = met_.at(object.get());
     if (!isNew) return known.number;
     if (!countsReferences()) kept_.push_back(object);
     reference = known.number = newReference(0);
@@ -189,13 +177,13 @@ ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObje
   return array;
 }
 
-void ArchiveWriter::entryFields(const DictionaryEntries& entries) {
-  const std::size_t count = entries.size();
+void ArchiveWriter::entryFields(const DictionaryObject& dictionary) {
+  const std::size_t count = dictionary.size();
   const std::size_t keys = elements_.size();
   const std::size_t values = keys + count;
   elements_.extend(2 * count);
   std::size_t i = 0;
-  for (const DictionaryEntries::Entry& entry : entries) {
+  for (const DictionaryObject::Entry& entry : dictionary.entries()) {
     if (entry.key.isNull()) continue;
     elements_[keys + i] = reference(entry.key);
     elements_[values + i] = reference(entry.value);
@@ -209,8 +197,8 @@ void ArchiveWriter::entryFields(const DictionaryEntries& entries) {
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {
   if (writesHosts_) {
     // Where nobody knows the class, it comes back with a list, and is to be written like this.
-    const auto list = OVList<OVObject>::list();
-    list->elements()->items.assign(items.begin(), items.end());
+    const auto list = std::make_shared<ListObject>();
+    list->items.assign(items.begin(), items.end());
     return reference(list);
   }
   const std::size_t uid = objects_.size();

@@ -56,7 +56,7 @@ class ArchiveWriter {
   Number listReference(std::span<const OVRef<OVObject>> items);
   Number referenceArray(std::span<const OVRef<OVObject>> items);
   /// The fields of a dictionary object.
-  void entryFields(const DictionaryEntries& entries);
+  void entryFields(const DictionaryObject& dictionary);
   /// A value that stands in the object itself; equal ones are written once.
   Number inlineText(std::string_view text);
   Number inlineInteger(std::int64_t value);
@@ -66,7 +66,7 @@ class ArchiveWriter {
   Number opaqueValue(const OVOpaqueValue& value);
 
  private:
-  enum class Kind : std::uint8_t { text, number, data, date, opaque, list, dictionary, other };
+  enum class Kind : std::uint8_t { text, number, data, date, opaque, other };
   struct ClassEntry {
     const OVClass* objectClass = nullptr;
     Number record = 0;  // 0: not written yet

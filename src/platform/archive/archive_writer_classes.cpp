@@ -8,10 +8,6 @@ ArchiveWriter::Kind ArchiveWriter::kindOf(const OVClass& objectClass) {
   if (&objectClass == &kDataClass) return Kind::data;
   if (&objectClass == &kDateClass) return Kind::date;
   if (&objectClass == &kOpaqueClass) return Kind::opaque;
-  if (&objectClass == &kArrayClass || &objectClass == &kMutableArrayClass) return Kind::list;
-  if (&objectClass == &kDictionaryClass || &objectClass == &kMutableDictionaryClass) {
-    return Kind::dictionary;
-  }
   return Kind::other;
 }
 

@@ -26,31 +26,31 @@ constexpr OVClass kMutableDictionaryClass{"NSMutableDictionary", &kDictionaryCla
 
 const OVClass* TextObject::classForCoder() const { return &kTextClass; }
 
-const OVClass* AnyList::classForCoder() const {
-  return isImmutable() ? &kArrayClass : &kMutableArrayClass;
+const OVClass* ListObject::classForCoder() const {
+  return immutable ? &kArrayClass : &kMutableArrayClass;
 }
 
-void AnyList::encodeWithCoder(OVKeyedArchiver& coder) const {
+void ListObject::encodeWithCoder(OVKeyedArchiver& coder) const {
   ArchiveWriter& writer = coder.writer_;
-  writer.field(archive::kArrayObjects, writer.referenceArray(elements_->items));
+  writer.field(archive::kArrayObjects, writer.referenceArray(items));
 }
 
-void AnyList::initWithCoder(OVKeyedUnarchiver& coder) {
-  elements_->items.clear();
-  coder.reader_.readElements(coder.fields_, archive::kArrayObjects, elements_->items);
+void ListObject::initWithCoder(OVKeyedUnarchiver& coder) {
+  items.clear();
+  coder.reader_.readElements(coder.fields_, archive::kArrayObjects, items);
 }
 
-const OVClass* AnyDictionary::classForCoder() const {
-  return isImmutable() ? &kDictionaryClass : &kMutableDictionaryClass;
+const OVClass* DictionaryObject::classForCoder() const {
+  return immutable ? &kDictionaryClass : &kMutableDictionaryClass;
 }
 
-void AnyDictionary::encodeWithCoder(OVKeyedArchiver& coder) const {
-  coder.writer_.entryFields(*entries_);
+void DictionaryObject::encodeWithCoder(OVKeyedArchiver& coder) const {
+  coder.writer_.entryFields(*this);
 }
 
-void AnyDictionary::initWithCoder(OVKeyedUnarchiver& coder) {
-  entries_->clear();
-  coder.reader_.readEntries(coder.fields_, *entries_);
+void DictionaryObject::initWithCoder(OVKeyedUnarchiver& coder) {
+  clear();
+  coder.reader_.readEntries(coder.fields_, *this);
 }
 
 }  // namespace ov::detail

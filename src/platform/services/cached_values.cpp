@@ -54,10 +54,27 @@ void CachedValues::markSaved(const std::vector<DefaultsDatabase::Change>& change
     const auto at = unsaved_.find(change.key);
     if (at != unsaved_.end() && at->second == change.object) unsaved_.erase(at);
   }
+  ++saved_;
 }
 
 void CachedValues::refresh(DefaultsDatabase::Values values) {
   const std::lock_guard lock(mutex_);
+  replace(values);
+}
+
+bool CachedValues::refresh(DefaultsDatabase::Values values, std::uint64_t saved) {
+  const std::lock_guard lock(mutex_);
+  if (saved != saved_) return false;
+  replace(values);
+  return true;
+}
+
+std::uint64_t CachedValues::savedBefore() const {
+  const std::lock_guard lock(mutex_);
+  return saved_;
+}
+
+void CachedValues::replace(DefaultsDatabase::Values& values) {
   for (const auto& [key, object] : unsaved_) apply(values, key, object);
   values_.swap(values);
 }

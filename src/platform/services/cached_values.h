@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -27,12 +28,20 @@ class CachedValues {
 
   /// Takes what the database holds in the place of what was known.
   void refresh(DefaultsDatabase::Values values);
+  /// The same with values that were read after `savedBefore()` gave this number: false, and nothing
+  /// happens, when changes have been saved since, which the values may lack.
+  [[nodiscard]] bool refresh(DefaultsDatabase::Values values, std::uint64_t saved);
+  /// How often changes have been saved.
+  [[nodiscard]] std::uint64_t savedBefore() const;
 
  private:
+  void replace(DefaultsDatabase::Values& values);
+
   mutable std::mutex mutex_;
   ForkGuard guard_{mutex_};
   DefaultsDatabase::Values values_;
   std::map<OVString, OVRef<OVObject>> unsaved_;
+  std::uint64_t saved_ = 0;
 };
 
 }  // namespace ov

@@ -12,9 +12,8 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
-using Connection = std::unique_ptr<DefaultsFile::Connection>;
 
-// Every opening reads the whole log.
+// The first to open the database reads the whole log.
 constexpr int kLongestLogInPages = 256;
 
 DefaultsDatabase::Values readAll(Database& database) {
@@ -47,11 +46,28 @@ void writeAll(Database& database, const std::vector<DefaultsDatabase::Change>& c
 template <class Work>
 void DefaultsDatabase::work(Deadline& deadline, Work work) {
   try {
-    work(file_.open(deadline));
+    workWithoutMending(deadline, work);
   } catch (const sqlite::Error& error) {
     if (!error.isInFile()) throw;
     noteMoved(file_.moveAside(deadline));
-    work(file_.open(deadline));
+    workWithoutMending(deadline, work);
+  }
+}
+
+template <class Work>
+void DefaultsDatabase::workWithoutMending(Deadline& deadline, Work work) {
+  try {
+    if (connection_ == nullptr || !file_.resume(*connection_, deadline)) {
+      connection_.reset();
+      connection_ = file_.open(deadline);
+      versionRead_.reset();
+    }
+    work(connection_);
+    if (connection_ != nullptr) file_.rest(*connection_);
+  } catch (...) {
+    // What was begun ends with the connection.
+    connection_.reset();
+    throw;
   }
 }
 
@@ -67,8 +83,23 @@ DefaultsDatabase::Values DefaultsDatabase::read(Deadline& deadline) {
   return values;
 }
 
+std::optional<DefaultsDatabase::Values> DefaultsDatabase::readIfChanged(Deadline& deadline) {
+  std::optional<Values> values;
+  workWithoutMending(deadline, [&](const Connection& connection) {
+    if (connection == nullptr) {
+      values.emplace();
+      return;
+    }
+    const std::int64_t version = connection->database->dataVersion();
+    if (versionRead_ == version) return;
+    values = readAll(*connection->database);
+    versionRead_ = version;
+  });
+  return values;
+}
+
 void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadline) {
-  work(deadline, [&](Connection connection) {
+  work(deadline, [&](Connection& connection) {
     if (connection == nullptr) {
       noteMoved(file_.create(deadline));
       connection = file_.open(deadline);

@@ -47,6 +47,18 @@ Entry entryAt(const std::string& path) {
   return Entry::kNone;
 }
 
+/// Which files these are, and, of the database itself, that nobody has changed it since. It changes
+/// when the log is copied into it, which opening it once more does no harm after.
+DefaultsFile::Identity identityOf(const std::string& path) {
+  struct stat file = {};
+  struct stat log = {};
+  if (lstat(path.c_str(), &file) != 0 || lstat((path + "-wal").c_str(), &log) != 0) return {};
+  const auto number = [](auto value) { return static_cast<std::uint64_t>(value); };
+  return {{1, number(file.st_dev), number(file.st_ino), number(file.st_size),
+           number(file.st_mtim.tv_sec), number(file.st_mtim.tv_nsec), number(log.st_dev),
+           number(log.st_ino)}};
+}
+
 std::unique_ptr<Database> connect(const std::string& path, Deadline& deadline) {
   for (const char* suffix : kSuffixes) {
     if (entryAt(path + suffix) == Entry::kOther) throw Error::notADatabase();
@@ -126,6 +138,19 @@ std::unique_ptr<DefaultsFile::Connection> DefaultsFile::open(Deadline& deadline)
   if (entryAt(folder + kName) == Entry::kNone) return nullptr;
   connection->database = connect(folder + kName, deadline);
   return connection;
+}
+
+void DefaultsFile::rest(Connection& connection) const {
+  connection.identity = identityOf(directory_ + kName);
+  connection.folder.unlock();
+}
+
+bool DefaultsFile::resume(Connection& connection, Deadline& deadline) const {
+  if (connection.identity == Identity()) return false;
+  connection.folder.lockShared(deadline);
+  if (identityOf(directory_ + kName) != connection.identity) return false;
+  connection.database->waitUntil(deadline);
+  return true;
 }
 
 std::vector<std::string> DefaultsFile::create(Deadline& deadline) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,11 +20,19 @@ namespace ov {
 /// or moves files has it alone.
 class DefaultsFile {
  public:
+  /// Tells files apart that have stood under one name.
+  struct Identity {
+    std::array<std::uint64_t, 8> numbers{};
+    bool operator==(const Identity&) const = default;
+  };
+
+  /// Between two uses the folder is not locked, and the files may go.
   struct Connection {
     explicit Connection(const std::string& path) : folder(path) {}
 
     Directory folder;
     std::unique_ptr<sqlite::Database> database;  // closed before the folder's lock goes
+    Identity identity;
   };
 
   /// The folder need not exist; "" stands for no folder at all.
@@ -31,6 +41,12 @@ class DefaultsFile {
   /// A connection that commits without waiting for the disk; null when there is no file. The error
   /// is "in the file" when something else is in its place.
   [[nodiscard]] std::unique_ptr<Connection> open(Deadline& deadline) const;
+
+  /// Ends a use of the connection, which others may then get in the way of.
+  void rest(Connection& connection) const;
+  /// Begins another use; false when the files are not those any more that the connection has open,
+  /// or somebody has written into them past SQLite.
+  [[nodiscard]] bool resume(Connection& connection, Deadline& deadline) const;
 
   /// Makes the database unless there is one by now, its folders too. A file appears under its name
   /// only when it is complete, and may be read by its owner alone. Gives the new names of what was

@@ -39,6 +39,8 @@ void Directory::lock(Deadline& deadline, bool shared) const {
   }
 }
 
+void Directory::unlock() const noexcept { flock(descriptor_.number(), LOCK_UN); }
+
 void Directory::flush() const {
   // Some file systems have no such operation for folders.
   if (fsync(descriptor_.number()) != 0 && errno != EINVAL) fail(path_);

@@ -12,10 +12,11 @@ class Directory {
  public:
   explicit Directory(const std::string& path);
 
-  /// Locks the folder for as long as this object lives: against all other locks, or, shared, only
-  /// against those that are not. Fails when another keeps its lock beyond the deadline.
+  /// Locks the folder until it is unlocked or this object goes: against all other locks, or,
+  /// shared, only against those that are not. Fails when another keeps its lock beyond the deadline.
   void lock(Deadline& deadline) const { lock(deadline, false); }
   void lockShared(Deadline& deadline) const { lock(deadline, true); }
+  void unlock() const noexcept;
 
   /// Puts what was created, renamed and removed in the folder safely on the disk.
   void flush() const;

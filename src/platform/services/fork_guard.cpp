@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstddef>
 #include <system_error>
+#include <utility>
 
 namespace ov {
 
@@ -55,7 +56,10 @@ class ForkGuards {
       if (held_[i] != nullptr) held_[i]->lock();
     }
     mutex_.lock();
-    for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) at->mutex_.lock();
+    for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) {
+      at->mutex_.lock();
+      if (at->beforeFork_) at->beforeFork_();
+    }
   }
 
   static void release() {
@@ -82,7 +86,10 @@ constinit std::array<std::mutex*, kMostForever> ForkGuards::held_{};
 constinit std::mutex ForkGuards::mutex_;
 constinit ForkGuard* ForkGuards::newest_ = nullptr;
 
-ForkGuard::ForkGuard(std::mutex& mutex) : mutex_(mutex) { ForkGuards::add(*this); }
+ForkGuard::ForkGuard(std::mutex& mutex, std::function<void()> beforeFork)
+    : mutex_(mutex), beforeFork_(std::move(beforeFork)) {
+  ForkGuards::add(*this);
+}
 
 ForkGuard::~ForkGuard() { ForkGuards::remove(*this); }
 

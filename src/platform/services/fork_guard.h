@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <mutex>
 
 namespace ov {
@@ -11,7 +12,8 @@ namespace ov {
 /// While one thread holds two of them, the later guard's has been locked first.
 class ForkGuard {
  public:
-  explicit ForkGuard(std::mutex& mutex);
+  /// `beforeFork` is called before each fork, with the mutex held. It must not throw.
+  explicit ForkGuard(std::mutex& mutex, std::function<void()> beforeFork = {});
   ForkGuard(const ForkGuard&) = delete;
   ForkGuard& operator=(const ForkGuard&) = delete;
   ~ForkGuard();
@@ -25,6 +27,7 @@ class ForkGuard {
   friend class ForkGuards;
 
   std::mutex& mutex_;
+  const std::function<void()> beforeFork_;
   ForkGuard* older_ = nullptr;
   ForkGuard* newer_ = nullptr;
 };

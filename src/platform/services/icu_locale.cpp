@@ -34,19 +34,19 @@ OVString mapped(const OVString& text, Mapping mapping) {
   return result == text.view() ? text : OVString(result);
 }
 
-OVRef<OVList<OVString>> makeCountryCodes() {
+OVList<OVString> makeCountryCodes() {
   auto codes = OVList<OVString>::list();
   for (const char* const* code = uloc_getISOCountries(); *code != nullptr; ++code) {
-    codes->push_back(*code);
+    codes.push_back(*code);
   }
   return codes;
 }
 
 }  // namespace
 
-OVRef<OVList<OVString>> IcuLocale::isoCountryCodes() const {
-  static detail::BuiltOnce<OVRef<OVList<OVString>>> codes;
-  return codes.get(&makeCountryCodes)->copy();
+OVList<OVString> IcuLocale::isoCountryCodes() const {
+  static detail::BuiltOnce<OVList<OVString>> codes;
+  return codes.get(&makeCountryCodes).copy();
 }
 
 OVString IcuLocale::currentLocaleIdentifier() const {

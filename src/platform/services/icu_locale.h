@@ -10,7 +10,7 @@ class IcuLocale final : public OVLocale {
   /// A null identifier stands for that of the environment.
   explicit IcuLocale(OVString identifier) : identifier_(std::move(identifier)) {}
 
-  [[nodiscard]] OVRef<OVList<OVString>> isoCountryCodes() const override;
+  [[nodiscard]] OVList<OVString> isoCountryCodes() const override;
   [[nodiscard]] OVString currentLocaleIdentifier() const override;
   [[nodiscard]] OVString lowercase(const OVString& text) const override;
   [[nodiscard]] OVString uppercase(const OVString& text) const override;

@@ -56,6 +56,6 @@ OVNotificationObserver OVNotificationCenter::addObserver(const OVString& name, C
 }
 
 void OVNotificationCenter::postNotificationName(const OVString& name, const OVRef<OVObject>& object,
-                                                const OVRef<OVDictionary<OVObject>>& userInfo) {
+                                                const OVDictionary<OVObject>& userInfo) {
   if (!name.isNull()) post({name, object, userInfo});
 }

@@ -1,9 +1,13 @@
 #include "platform/services/persistent_defaults.h"
 
+#include <ctime>
+
 #include <atomic>
+#include <cstdint>
 #include <exception>
 #include <mutex>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include <OVAddressBookSDK/log.h>
@@ -18,20 +22,41 @@ namespace ov {
 class PersistentDefaults::State {
  public:
   State(const std::string& directory, std::chrono::milliseconds longestWait)
-      : directory_(directory), longestWait_(longestWait), database_(directory) {}
+      : directory_(directory),
+        longestWait_(longestWait),
+        database_(directory),
+        databaseToRead_(directory) {}
 
   CachedValues values;
 
-  void readOnce() {
-    if (wasRead_) return;
-    withDatabase([this](Deadline& deadline) {
-      const bool done = wasRead_ || attempt([&] { read(deadline); });
-      // Once is enough even when it fails: the next save tries again, where a wait is expected.
-      wasRead_ = done || !lacksMemory_;
+  /// Knows what has been committed by now. What cannot be read for want of memory must not pass for
+  /// absent: that throws.
+  void look() {
+    Deadline deadline(longestWait_);
+    ForkGuard::letForksPass();
+    {
+      const std::lock_guard lock(readMutex_);
+      if (readIfChanged(deadline)) return;
+    }
+    // The other way moves aside what is no database, and says what is wrong.
+    bool lacksMemory = false;
+    withDatabase([&](Deadline&) {
+      const bool done = attempt([&] { read(deadline); });
+      lacksMemory = lacksMemory_;
       return done;
     });
-    // What cannot be read now must not pass for absent.
-    if (!wasRead_) throw std::bad_alloc();
+    if (lacksMemory) throw std::bad_alloc();
+    wasRead_ = true;
+  }
+
+  /// Knows what was committed some milliseconds ago, unless that would mean to wait.
+  void glance() {
+    if (!wasRead_) return look();
+    if (milliseconds() - lastLook_.load(std::memory_order_relaxed) < kLatest) return;
+    const std::unique_lock lock(readMutex_, std::try_to_lock);
+    if (!lock) return;
+    Deadline none(std::chrono::milliseconds(0));
+    static_cast<void>(readIfChanged(none));
   }
 
   void save() {
@@ -53,9 +78,38 @@ class PersistentDefaults::State {
   }
 
  private:
+  static constexpr std::int64_t kLatest = 4;
+
+  /// The clock that costs the least to look at.
+  static std::int64_t milliseconds() {
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
+  }
+
   void read(Deadline& deadline) {
     values.refresh(database_.read(deadline));
     isKnown_ = true;
+  }
+
+  /// Called with the mutex for reading held. False when it fails.
+  [[nodiscard]] bool readIfChanged(Deadline& deadline) {
+    lastLook_.store(milliseconds(), std::memory_order_relaxed);
+    try {
+      bool isCurrent = false;
+      while (!isCurrent) {
+        const std::uint64_t saved = values.savedBefore();
+        auto changed = databaseToRead_.readIfChanged(deadline);
+        isCurrent = !changed || values.refresh(std::move(*changed), saved);
+        if (!isCurrent) databaseToRead_.close();
+      }
+      isKnown_ = true;
+      wasRead_ = true;
+      return true;
+    } catch (const std::exception&) {
+      databaseToRead_.close();
+      return false;
+    }
   }
 
   void write(Deadline& deadline) {
@@ -127,13 +181,20 @@ class PersistentDefaults::State {
   const std::string directory_;
   const std::chrono::milliseconds longestWait_;
   std::mutex mutex_;  // of what follows
-  ForkGuard guard_{mutex_};
+  ForkGuard guard_{mutex_, [this] { database_.close(); }};
   DefaultsDatabase database_;
   std::string failure_;
   bool lacksMemory_ = false;  // that was the last failure
   bool failing_ = false;
-  std::atomic<bool> wasRead_ = false;  // read by anyone; true when reading has been tried
-  bool isKnown_ = false;               // the values have been read
+
+  // Another connection, so that no reader waits for a writer that waits for another process.
+  std::mutex readMutex_;
+  ForkGuard readGuard_{readMutex_, [this] { databaseToRead_.close(); }};
+  DefaultsDatabase databaseToRead_;
+
+  std::atomic<std::int64_t> lastLook_ = 0;
+  std::atomic<bool> wasRead_ = false;  // true when reading has been tried
+  std::atomic<bool> isKnown_ = false;  // the values have been read
 };
 
 PersistentDefaults::PersistentDefaults(const std::string& directory,
@@ -143,7 +204,12 @@ PersistentDefaults::PersistentDefaults(const std::string& directory,
 PersistentDefaults::~PersistentDefaults() = default;
 
 OVRef<OVObject> PersistentDefaults::load(const OVString& key) const {
-  state_->readOnce();
+  state_->look();
+  return state_->values.get(key);
+}
+
+OVRef<OVObject> PersistentDefaults::loadPreference(const OVString& key) const {
+  state_->glance();
   return state_->values.get(key);
 }
 

@@ -8,7 +8,8 @@
 
 namespace ov {
 
-/// The preferences of one application, kept in its database and read from memory.
+/// The preferences of one application, kept in its database. Reads come from memory, after
+/// a look whether the database has changed.
 class PersistentDefaults final : public OVUserDefaults {
  public:
   /// The database's folder need not exist; "" when there is no home to put it into. No call waits
@@ -21,6 +22,7 @@ class PersistentDefaults final : public OVUserDefaults {
   class State;
 
   [[nodiscard]] OVRef<OVObject> load(const OVString& key) const override;
+  [[nodiscard]] OVRef<OVObject> loadPreference(const OVString& key) const override;
   void store(const OVRef<OVObject>& object, const OVString& key) override;
   bool writeThrough() override;
 

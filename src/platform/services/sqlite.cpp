@@ -43,19 +43,36 @@ bool Error::isInFile() const {
 
 void Database::Close::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
 
-Database::Database(const std::string& path, Deadline& deadline) : deadline_(deadline) {
+Database::Database(const std::string& path, Deadline& deadline) {
   constexpr int kFlags =
       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
   sqlite3* opened = nullptr;
   const int code = sqlite3_open_v2(path.c_str(), &opened, kFlags, nullptr);
   connection_.reset(opened);
   check(code, opened);
-  check(sqlite3_busy_handler(opened, &waitForLock, &deadline), opened);
+  waitUntil(deadline);
   sqlite3_wal_hook(opened, &noteLogPages, &logPages_);
+}
+
+Database::~Database() = default;
+
+void Database::waitUntil(Deadline& deadline) {
+  deadline_ = &deadline;
+  check(sqlite3_busy_handler(connection_.get(), &waitForLock, deadline_), connection_.get());
 }
 
 void Database::execute(const char* sql) {
   check(sqlite3_exec(connection_.get(), sql, nullptr, nullptr, nullptr), connection_.get());
+}
+
+std::int64_t Database::dataVersion() {
+  if (dataVersion_ == nullptr) {
+    dataVersion_ = std::make_unique<Statement>(*this, "PRAGMA data_version");
+  }
+  dataVersion_->step();
+  const std::int64_t version = dataVersion_->integer(0);
+  dataVersion_->reset();
+  return version;
 }
 
 void Database::keepLogOnClose() {
@@ -69,7 +86,7 @@ void Database::checkpoint() {
     code = sqlite3_wal_checkpoint_v2(connection_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
                                      nullptr, nullptr);
     // While another process does the same, SQLite gives up at once.
-  } while ((code & 0xFF) == SQLITE_BUSY && deadline_.pause());
+  } while ((code & 0xFF) == SQLITE_BUSY && deadline_->pause());
   check(code, connection_.get());
 }
 

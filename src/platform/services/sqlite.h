@@ -16,6 +16,8 @@ struct sqlite3_stmt;
 /// when memory runs out.
 namespace ov::sqlite {
 
+class Statement;
+
 class Error : public std::runtime_error {
  public:
   Error(int code, const std::string& message) : std::runtime_error(message), code_(code) {}
@@ -32,13 +34,18 @@ class Error : public std::runtime_error {
 class Database {
  public:
   /// Opens an existing file that is no symbolic link; nor may a folder above it be one. Waits for
-  /// locks of others until `deadline`, which must outlive the connection.
+  /// locks of others until `deadline`, which must live as long as the connection waits for it.
   Database(const std::string& path, Deadline& deadline);
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
-  ~Database() = default;
+  ~Database();
+
+  /// Waits for locks of others until another moment from here on.
+  void waitUntil(Deadline& deadline);
 
   void execute(const char* sql);
+  /// A number that changes with every commit of another connection.
+  [[nodiscard]] std::int64_t dataVersion();
 
   /// Leaves the write-ahead log beside the file when the connection closes, instead of copying it
   /// into the file and waiting for the disk.
@@ -54,8 +61,9 @@ class Database {
   struct Close {
     void operator()(sqlite3* connection) const;
   };
-  Deadline& deadline_;
+  Deadline* deadline_ = nullptr;
   std::unique_ptr<sqlite3, Close> connection_;
+  std::unique_ptr<Statement> dataVersion_;
   int logPages_ = 0;
 };
 

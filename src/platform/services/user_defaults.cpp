@@ -91,9 +91,13 @@ void OVUserDefaults::setApplicationIdentifier(const OVString& identifier) {
 OVRef<OVUserDefaults> OVUserDefaults::inMemory() { return std::make_shared<ov::MemoryDefaults>(); }
 
 bool OVUserDefaults::boolForKey(const OVString& key) const {
-  const OVRef<OVObject> object = objectForKey(key);
+  const OVRef<OVObject> object = key.isNull() ? nullptr : loadPreference(key);
   if (const auto number = ov::cast<OVNumber>(object)) return number->boolValue();
   return truthOf(ov::cast<OVString>(object).view());
+}
+
+OVString OVUserDefaults::stringForKey(const OVString& key) const {
+  return key.isNull() ? OVString() : ov::cast<OVString>(loadPreference(key));
 }
 
 void OVUserDefaults::setBoolForKey(bool flag, const OVString& key) {
@@ -113,5 +117,7 @@ void OVUserDefaults::setObjectForKey(const OVRef<OVObject>& object, const OVStri
   }
   store(object, key);
 }
+
+OVRef<OVObject> OVUserDefaults::loadPreference(const OVString& key) const { return load(key); }
 
 bool OVUserDefaults::synchronize() { return writeThrough(); }

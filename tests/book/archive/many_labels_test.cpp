@@ -10,13 +10,13 @@
 namespace {
 
 /// Two of them at a time have equal names, each a text of its own.
-OVRef<OVList<OVLabel>> manyLabels() {
+OVList<OVLabel> manyLabels() {
   auto labels = OVList<OVLabel>::list();
   for (int i = 0; i < 60000; ++i) {
     const auto label = OVLabel::init();
     label->setName("Street " + std::to_string(i / 2));
     label->setDisplayName(std::to_string(i));
-    labels->push_back(label);
+    labels.push_back(label);
   }
   return labels;
 }

@@ -9,7 +9,7 @@ namespace {
 /// That many labels, each an object and a text.
 OVRef<OVObject> labels(int count) {
   const auto list = OVList<OVObject>::list();
-  for (int i = 0; i < count; ++i) list->push_back(labelOf(std::to_string(i)));
+  for (int i = 0; i < count; ++i) list.push_back(labelOf(std::to_string(i)));
   return list;
 }
 

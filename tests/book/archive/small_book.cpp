@@ -79,11 +79,11 @@ OVRef<OVGroupGeneral> group() {
 OVRef<OVAddressBookGeneral> smallBook() {
   auto book = OVAddressBookGeneral::init();
   const auto person = zoe();
-  book->personsDic()->set("zoë", person);
-  book->personsDic()->set("again", person);
-  book->personsDic()->set("b", other());
-  book->groupsDic()->set("g", group());
-  book->groupsDic()->set("empty", OVGroupGeneral::init());
+  book->personsDic().set("zoë", person);
+  book->personsDic().set("again", person);
+  book->personsDic().set("b", other());
+  book->groupsDic().set("g", group());
+  book->groupsDic().set("empty", OVGroupGeneral::init());
   return book;
 }
 

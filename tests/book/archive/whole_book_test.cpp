@@ -20,7 +20,7 @@ namespace {
 
 class WholeBook : public testing::Test {
  protected:
-  OVRef<OVPersonGeneral> person(const OVString& ID) const { return (*book_->personsDic())[ID]; }
+  OVRef<OVPersonGeneral> person(const OVString& ID) const { return book_->personsDic()[ID]; }
   OVRef<OVMultipleValue> all(const OVString& name) const {
     return ov::cast<OVMultipleValue>(person("zoë")->valueByPropertyName(name));
   }
@@ -95,7 +95,7 @@ TEST(RestoredObject, OutlivesTheRestOfItsBookOnAnyThread) {
   OVRef<OVValue> kept;
   {
     const OVRef<OVAddressBookGeneral> book = bookIn(smallBook()->saveToData());
-    kept = (*book->personsDic())["zoë"]->valueByPropertyName(OVProPertyNote);
+    kept = book->personsDic()["zoë"]->valueByPropertyName(OVProPertyNote);
   }
   std::thread([value = std::move(kept)]() mutable {
     EXPECT_EQ(ov::cast<OVString>(ov::cast<OVSingleValue>(value)->value()), "😀 note");
@@ -109,8 +109,8 @@ TEST(WholeBookSharing, OnePersonInTwoDictionariesComesBackAsOne) {
       OVList<OVObject>::list({OVDictionary<OVPersonGeneral>::dictionary({{"p", person}}),
                               OVDictionary<OVObject>::dictionary({{"other", person}})});
   const auto read = restored<OVList<OVDictionary<OVPersonGeneral>>>(both);
-  ASSERT_NE((*(*read)[0])["p"], nullptr);
-  EXPECT_EQ((*(*read)[0])["p"], (*(*read)[1])["other"]);
+  ASSERT_NE((read[0])["p"], nullptr);
+  EXPECT_EQ((read[0])["p"], (read[1])["other"]);
 }
 
 TEST_F(WholeBook, NullFieldsComeBackAsNull) {
@@ -119,7 +119,7 @@ TEST_F(WholeBook, NullFieldsComeBackAsNull) {
   EXPECT_EQ(datumOf(person("b"), OVProPertyDate), nullptr);
   EXPECT_EQ(ov::cast<OVSingleValue>(person("b")->valueByPropertyName(OVProPertyDate))->label(),
             nullptr);
-  const auto empty = (*book_->groupsDic())["empty"];
+  const auto empty = book_->groupsDic()["empty"];
   EXPECT_TRUE(empty->title().isNull());
   EXPECT_EQ(empty->subArray(), nullptr);
   EXPECT_EQ(empty->persons(), nullptr);
@@ -131,10 +131,10 @@ TEST_F(WholeBook, AnUnknownClassIsKept) {
 
 TEST_F(WholeBook, OrdersComeBack) {
   std::vector<OVString> IDs;
-  for (const auto& [ID, each] : *book_->personsDic()) IDs.push_back(ID);
+  for (const auto& [ID, each] : book_->personsDic()) IDs.push_back(ID);
   EXPECT_EQ(IDs, (std::vector<OVString>{"zoë", "again", "b"}));
-  const auto members = (*book_->groupsDic())["g"]->persons();
-  EXPECT_EQ((std::vector<OVString>{members->begin(), members->end()}),
+  const auto members = book_->groupsDic()["g"]->persons();
+  EXPECT_EQ((std::vector<OVString>{members.begin(), members.end()}),
             (std::vector<OVString>{"zoë", "b"}));
 }
 

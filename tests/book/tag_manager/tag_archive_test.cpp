@@ -78,13 +78,13 @@ TEST_F(TagArchive, HoldsItsThreeCollectionsAsMutableOnes) {
   const auto tags = ov::cast<TextList>(form().object("TagsKey"));
   const auto personsOfTags = ov::cast<TextLists>(form().object("TagsDicKey"));
   const auto tagsOfPersons = ov::cast<TextLists>(form().object("PersonDicKey"));
-  EXPECT_FALSE(tags->isImmutable());
-  EXPECT_FALSE(personsOfTags->isImmutable());
-  EXPECT_FALSE(tagsOfPersons->isImmutable());
-  EXPECT_FALSE((*personsOfTags)["W"]->isImmutable());
+  EXPECT_FALSE(tags.isImmutable());
+  EXPECT_FALSE(personsOfTags.isImmutable());
+  EXPECT_FALSE(tagsOfPersons.isImmutable());
+  EXPECT_FALSE(personsOfTags["W"].isImmutable());
   EXPECT_THAT(texts(tags), ElementsAre("W"));
-  EXPECT_THAT(texts((*personsOfTags)["W"]), ElementsAre("P"));
-  EXPECT_THAT(texts((*tagsOfPersons)["P"]), ElementsAre("W"));
+  EXPECT_THAT(texts(personsOfTags["W"]), ElementsAre("P"));
+  EXPECT_THAT(texts(tagsOfPersons["P"]), ElementsAre("W"));
 }
 
 TEST_F(TagArchive, KeepsAnEmptyListOnlyWhereATagWasRemoved) {
@@ -95,26 +95,26 @@ TEST_F(TagArchive, KeepsAnEmptyListOnlyWhereATagWasRemoved) {
   manager->removeTag("W");
   const auto personsOfTags = ov::cast<TextLists>(form().object("TagsDicKey"));
   const auto tagsOfPersons = ov::cast<TextLists>(form().object("PersonDicKey"));
-  EXPECT_TRUE(personsOfTags->empty());
-  EXPECT_EQ(tagsOfPersons->size(), 1U);
-  EXPECT_TRUE(tagsOfPersons->contains("P"));
+  EXPECT_TRUE(personsOfTags.empty());
+  EXPECT_EQ(tagsOfPersons.size(), 1U);
+  EXPECT_TRUE(tagsOfPersons.contains("P"));
 }
 
 TEST_F(TagArchive, CollectionsThatWereImmutableAreWrittenMutable) {
   const auto tags = TextList::immutableList();
-  tags->push_back("W");
+  tags.push_back("W");
   const auto persons = TextList::immutableList();
-  persons->push_back("P");
+  persons.push_back("P");
   const auto lists = TextLists::dictionary({{"W", persons}});
-  lists->entries()->immutable = true;
+  static_cast<ov::detail::DictionaryObject&>(*lists.object()).immutable = true;
   const auto manager = storedAs({{"TagsKey", tags},
                                  {"TagsDicKey", lists},
                                  {"PersonDicKey", TextLists::dictionary({{"P", tags}})}});
   manager->save();
-  EXPECT_FALSE(ov::cast<TextList>(form().object("TagsKey"))->isImmutable());
+  EXPECT_FALSE(ov::cast<TextList>(form().object("TagsKey")).isImmutable());
   const auto personsOfTags = ov::cast<TextLists>(form().object("TagsDicKey"));
-  EXPECT_FALSE(personsOfTags->isImmutable());
-  EXPECT_FALSE((*personsOfTags)["W"]->isImmutable());
+  EXPECT_FALSE(personsOfTags.isImmutable());
+  EXPECT_FALSE(personsOfTags["W"].isImmutable());
 }
 
 TEST_F(TagArchive, TheLastOfTwoManagersToSaveWins) {
@@ -221,8 +221,8 @@ TEST_F(TagArchive, ElementsOfAnotherKindReadAsNullAndAreWrittenBack) {
   const auto number = OVNumber::numberWithInteger(7);
   const auto mixed = OVList<OVObject>::list({number, OVString("W")});
   const auto lists = OVDictionary<OVObject>::dictionary();
-  lists->set("W", OVList<OVObject>::list({number, OVString("P")}));
-  lists->set("odd", number);
+  lists.set("W", OVList<OVObject>::list({number, OVString("P")}));
+  lists.set("odd", number);
   const auto manager =
       storedAs({{"TagsKey", mixed},
                 {"TagsDicKey", lists},
@@ -235,7 +235,7 @@ TEST_F(TagArchive, ElementsOfAnotherKindReadAsNullAndAreWrittenBack) {
   manager->addPersonIDForTag("P", "W");
   EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("W"));
   const auto tags = ov::cast<OVList<OVObject>>(form().object("TagsKey"));
-  EXPECT_EQ(ov::cast<OVNumber>(tags->front())->integerValue(), 7);
+  EXPECT_EQ(ov::cast<OVNumber>(tags.front())->integerValue(), 7);
   manager->setTagsForPersonID(manager->personIDsByTag("W"), "Q");
   manager->removeTag("W");
   EXPECT_EQ(manager->personIDsByTag("W"), nullptr);

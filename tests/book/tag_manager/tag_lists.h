@@ -9,10 +9,10 @@
 using Texts = std::vector<OVString>;
 
 /// The elements; nothing for a null list.
-inline Texts texts(const OVRef<OVList<OVString>>& list) {
+inline Texts texts(const OVList<OVString>& list) {
   Texts found;
   if (list == nullptr) return found;
-  for (const OVString& text : *list) found.push_back(text);
+  for (const OVString& text : list) found.push_back(text);
   return found;
 }
 
@@ -22,8 +22,8 @@ inline Texts tagsOf(const OVTagManager& manager) {
   return tags;
 }
 
-inline OVRef<OVList<OVString>> listOf(const Texts& elements) {
+inline OVList<OVString> listOf(const Texts& elements) {
   const auto list = OVList<OVString>::list();
-  for (const OVString& element : elements) list->push_back(element);
+  for (const OVString& element : elements) list.push_back(element);
   return list;
 }

@@ -110,7 +110,7 @@ TEST_F(TagManager, ListsAreLive) {
   manager->addPersonIDForTag("P", "V");
   EXPECT_THAT(texts(persons), ElementsAre("P", "Q"));
   EXPECT_THAT(texts(tags), ElementsAre("W", "V"));
-  persons->push_back("R");
+  persons.push_back("R");
   EXPECT_THAT(texts(manager->personIDsByTag("W")), ElementsAre("P", "Q", "R"));
 }
 

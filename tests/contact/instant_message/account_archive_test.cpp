@@ -26,7 +26,7 @@ OVRef<Account> readFrom(std::vector<ArchivedField> fields) {
 
 TEST(InstantMessageArchive, EverySupportedServiceComesBackAsTheSharedOne) {
   const auto servers = Server::supportServer();
-  for (const auto& server : *servers) {
+  for (const auto& server : servers) {
     const auto read = restored<Account>(account("me", server));
     EXPECT_EQ(read->userName(), "me");
     EXPECT_EQ(read->server(), server);

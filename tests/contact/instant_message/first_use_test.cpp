@@ -10,7 +10,7 @@ TEST(InstantMessageServices, MayBeFirstReachedFromManyThreads) {
   expectInOwnProcess([] {
     const auto lists = fromEightThreads([] { return OVInstantMessageServer::supportServer(); });
     EXPECT_THAT(lists, testing::Each(lists.front()));
-    EXPECT_EQ(lists.front()->size(), 10U);
+    EXPECT_EQ(lists.front().size(), 10U);
   });
 }
 
@@ -18,7 +18,7 @@ TEST(InstantMessageServices, MayBeFirstReachedByNameFromManyThreads) {
   expectInOwnProcess([] {
     const auto found =
         fromEightThreads([] { return OVInstantMessageServer::serverWithName("QQInstant"); });
-    EXPECT_THAT(found, testing::Each((*OVInstantMessageServer::supportServer())[7]));
+    EXPECT_THAT(found, testing::Each(OVInstantMessageServer::supportServer()[7]));
   });
 }
 
@@ -30,7 +30,7 @@ TEST(InstantMessageServices, MayBeBuiltWhileOthersLookForDisplayNames) {
       (void)OVInstantMessageServer::supportServer();
       return OVInstantMessageServer::serverWithDisplayName("qq");
     });
-    EXPECT_THAT(found, testing::Each((*OVInstantMessageServer::supportServer())[7]));
+    EXPECT_THAT(found, testing::Each(OVInstantMessageServer::supportServer()[7]));
   });
 }
 

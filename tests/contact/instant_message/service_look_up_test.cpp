@@ -14,13 +14,13 @@ namespace {
 
 using Server = OVInstantMessageServer;
 
-OVRef<Server> supported(std::size_t position) { return (*Server::supportServer())[position - 1]; }
+OVRef<Server> supported(std::size_t position) { return Server::supportServer()[position - 1]; }
 
 void expectNewServer(const OVRef<Server>& server, const OVString& text) {
   ASSERT_NE(server, nullptr);
   EXPECT_EQ(server->name(), text);
   EXPECT_EQ(server->displayName(), text);
-  EXPECT_FALSE(Server::supportServer()->contains(server));
+  EXPECT_FALSE(Server::supportServer().contains(server));
 }
 
 TEST(InstantMessageLookUp, EveryKeyGivesTheSharedService) {
@@ -42,8 +42,8 @@ TEST(InstantMessageLookUp, ANullKeyGivesANewServiceWithoutNames) {
 TEST(InstantMessageLookUp, AnUnknownKeyIsNotRemembered) {
   const auto first = Server::serverWithName("Other Chat");
   EXPECT_NE(Server::serverWithName("Other Chat"), first);
-  EXPECT_EQ(Server::supportServer()->size(), 10U);
-  EXPECT_EQ(Server::StandardServerDictionary()->size(), 10U);
+  EXPECT_EQ(Server::supportServer().size(), 10U);
+  EXPECT_EQ(Server::StandardServerDictionary().size(), 10U);
 }
 
 TEST(InstantMessageLookUp, EveryDisplayNameGivesTheSharedService) {
@@ -89,14 +89,14 @@ TEST(InstantMessageLookUp, ADisplayNameAskedFirstGivesANewService) {
     EXPECT_EQ(early->name(), "AIM");
     EXPECT_EQ(Server::serverWithDisplayName("AIM")->name(), "AIM");
     const auto servers = Server::supportServer();
-    EXPECT_FALSE(servers->contains(early));
-    EXPECT_EQ(Server::serverWithDisplayName("AIM"), servers->front());
+    EXPECT_FALSE(servers.contains(early));
+    EXPECT_EQ(Server::serverWithDisplayName("AIM"), servers.front());
   });
 }
 
 TEST(InstantMessageLookUp, TheDictionaryBringsDisplayNamesIntoReach) {
   expectInOwnProcess([] {
-    EXPECT_EQ(Server::StandardServerDictionary()->size(), 10U);
+    EXPECT_EQ(Server::StandardServerDictionary().size(), 10U);
     EXPECT_EQ(Server::serverWithDisplayName("aim")->name(), "AIMInstant");
   });
 }

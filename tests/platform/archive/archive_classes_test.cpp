@@ -96,8 +96,8 @@ TEST(ArchiveClasses, NoClassIsKnownWhereAllIsToBeOpaque) {
   const auto read = ov::cast<OVList<OVOpaqueObject>>(
       OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(archive.archive(root)));
   ASSERT_NE(read, nullptr);
-  EXPECT_EQ((*read)[0]->className(), "OVLabel");
-  EXPECT_EQ((*read)[1]->className(), "HostNode");
+  EXPECT_EQ(read[0]->className(), "OVLabel");
+  EXPECT_EQ(read[1]->className(), "HostNode");
 }
 
 // What an archive may build is written down in one place.

@@ -43,7 +43,7 @@ TEST(ArchiveDepth, AChainOfAHundredThousandListsIsWrittenAndRead) {
   const auto data = archiveOf(chain);
   auto read = unarchived(data);
   int depth = 0;
-  for (; const auto list = ov::cast<Any>(read); ++depth) read = (*list)[0];
+  for (; const auto list = ov::cast<Any>(read); ++depth) read = list[0];
   EXPECT_EQ(depth, kDeep);
   EXPECT_EQ(ov::cast<OVString>(read), "end");
 }

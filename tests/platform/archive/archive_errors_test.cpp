@@ -110,10 +110,10 @@ TEST_P(ArchiveErrorsWhileReading, ReachTheCallerAndLeaveNothingBehind) {
   const auto node = HostNode::node("node");
   // Rings through classes of the library, which are undone.
   const auto list = Any::list({node, raising});
-  list->push_back(list);
+  list.push_back(list);
   raising->next = Any::list({raising, list});
   const auto data = archiveOf(list);
-  list->clear();
+  list.clear();
   raising->next = nullptr;
 
   const int before = HostNode::living();

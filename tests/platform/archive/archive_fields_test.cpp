@@ -189,7 +189,7 @@ TEST(ArchiveFields, ObjectsMayAskForTheirKeysInOrdersOfTheirOwnFromOneBuffer) {
     coder.encodeIntegerForKey(2, "b");
   };
   const auto list = OVList<OVObject>::list();
-  for (int i = 0; i < 4; ++i) list->push_back(std::make_shared<Scripted>());
+  for (int i = 0; i < 4; ++i) list.push_back(std::make_shared<Scripted>());
   const auto block = archiveOf(list);
   std::vector<std::int64_t> read;
   std::string order = "ab";

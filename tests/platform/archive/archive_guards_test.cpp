@@ -46,9 +46,9 @@ TEST(ArchiveGuards, ARingOfArchivedObjectsIsLegal) {
                 archive.fields({{"NS.objects", archive.toAll({dictionary, list})},
                                 {"$class", archive.to(archive.classNamed("NSMutableArray"))}}));
   const auto read = unarchived<Any>(archive.archive(list));
-  EXPECT_EQ((*read)[1], read);
-  EXPECT_EQ((*ov::cast<OVDictionary<OVObject>>((*read)[0]))["list"], read);
-  read->clear();
+  EXPECT_EQ(read[1], read.object());
+  EXPECT_EQ(ov::cast<OVDictionary<OVObject>>(read[0])["list"], read.object());
+  read.clear();
 }
 
 TEST(ArchiveGuards, PlainContainersInsideEachOtherAreRefusedPastABound) {
@@ -78,9 +78,9 @@ TEST(ArchiveGuards, AnArchivedContainerSharedOverAndOverIsReadOnce) {
   for (int i = 0; i < 100; ++i) doubled = archive.arrayOf("NSArray", {doubled, doubled});
   auto read = unarchived<Any>(archive.archive(doubled));
   int depth = 0;
-  for (; !read->empty(); ++depth) {
-    EXPECT_EQ((*read)[0], (*read)[1]);
-    read = ov::cast<Any>((*read)[0]);
+  for (; !read.empty(); ++depth) {
+    EXPECT_EQ(read[0], read[1]);
+    read = ov::cast<Any>(read[0]);
   }
   EXPECT_EQ(depth, 100);
 }
@@ -106,8 +106,8 @@ TEST(ArchiveGuards, OfAKeyTwiceTheFirstCounts) {
       "NSDictionary", {key, key, archive.addText("key")},
       {archive.addText("first"), archive.addText("second"), archive.addText("third")});
   const auto read = unarchived<OVDictionary<OVString>>(archive.archive(dictionary));
-  EXPECT_EQ(read->size(), 1U);
-  EXPECT_EQ((*read)["key"], "first");
+  EXPECT_EQ(read.size(), 1U);
+  EXPECT_EQ(read["key"], "first");
 }
 
 }  // namespace

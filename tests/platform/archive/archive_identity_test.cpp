@@ -19,8 +19,8 @@ OVRef<OVDate> newDate() { return OVDate::dateWithTimeIntervalSinceReferenceDate(
 TEST(ArchiveIdentity, ASharedObjectComesBackAsOne) {
   const auto date = newDate();
   const auto list = unarchived<Any>(archiveOf(Any::list({date, newDate(), date})));
-  EXPECT_EQ((*list)[0], (*list)[2]);
-  EXPECT_NE((*list)[0], (*list)[1]);
+  EXPECT_EQ(list[0], list[2]);
+  EXPECT_NE(list[0], list[1]);
 }
 
 TEST(ArchiveIdentity, AnObjectThatOnlyTheGraphHoldsIsSharedToo) {
@@ -30,20 +30,20 @@ TEST(ArchiveIdentity, AnObjectThatOnlyTheGraphHoldsIsSharedToo) {
     for (int i = 0; i < 3; ++i) {
       auto value = OVMutableSingleValue::init();
       value->setLabel(label);
-      list->push_back(std::move(value));
+      list.push_back(std::move(value));
     }
   }
   const auto read = unarchived<OVList<OVSingleValue>>(archiveOf(list));
-  ASSERT_NE((*read)[0]->label(), nullptr);
-  EXPECT_EQ((*read)[0]->label(), (*read)[1]->label());
-  EXPECT_EQ((*read)[0]->label(), (*read)[2]->label());
+  ASSERT_NE(read[0]->label(), nullptr);
+  EXPECT_EQ(read[0]->label(), read[1]->label());
+  EXPECT_EQ(read[0]->label(), read[2]->label());
 }
 
 TEST(ArchiveIdentity, TextsShareTheirCharacters) {
   const auto list = unarchived<OVList<OVString>>(
       archiveOf(Any::list({OVString("equal"), OVString("equal"), OVString("other")})));
-  EXPECT_TRUE((*list)[0].isSame((*list)[1]));
-  EXPECT_FALSE((*list)[0].isSame((*list)[2]));
+  EXPECT_TRUE(list[0].isSame(list[1]));
+  EXPECT_FALSE(list[0].isSame(list[2]));
 }
 
 TEST(ArchiveIdentity, ATextReadInTwoWaysIsOneObject) {
@@ -57,30 +57,30 @@ TEST(ArchiveIdentity, TwoViewsOfOneListAreOneList) {
   const auto any = Any::list({OVString("a")});
   const auto texts = ov::cast<OVList<OVString>>(any);
   const auto read = unarchived<Any>(archiveOf(Any::list({any, texts})));
-  EXPECT_EQ((*read)[0], (*read)[1]);
+  EXPECT_EQ(read[0], read[1]);
 }
 
 TEST(ArchiveIdentity, TwoViewsOfOneListAreOneListWhenOnlyTheGraphHoldsThem) {
   const auto holder = Any::list();
   {
     const auto any = Any::list({OVString("a")});
-    holder->push_back(any);
-    holder->push_back(ov::cast<OVList<OVString>>(any));
+    holder.push_back(any);
+    holder.push_back(ov::cast<OVList<OVString>>(any));
   }
   const auto read = unarchived<Any>(archiveOf(holder));
-  EXPECT_EQ((*read)[0], (*read)[1]);
+  EXPECT_EQ(read[0], read[1]);
 }
 
 TEST(ArchiveIdentity, TwoViewsOfOneDictionaryAreOneDictionary) {
   const auto any = OVDictionary<OVObject>::dictionary({{"a", OVString("1")}});
   const auto texts = ov::cast<OVDictionary<OVString>>(any);
   const auto read = unarchived<Any>(archiveOf(Any::list({texts, any})));
-  EXPECT_EQ((*read)[0], (*read)[1]);
+  EXPECT_EQ(read[0], read[1]);
 }
 
 TEST(ArchiveIdentity, EqualListsMadeApartStayApart) {
   const auto read = unarchived<Any>(archiveOf(Any::list({Any::list(), Any::list()})));
-  EXPECT_NE((*read)[0], (*read)[1]);
+  EXPECT_NE(read[0], read[1]);
 }
 
 TEST(ArchiveIdentity, ARingThroughAHostClassSurvives) {
@@ -111,11 +111,11 @@ TEST(ArchiveIdentity, AnObjectMayReferToItself) {
 
 TEST(ArchiveIdentity, AListMayHoldItself) {
   const auto list = Any::list();
-  list->push_back(list);
+  list.push_back(list);
   const auto read = unarchived<Any>(archiveOf(list));
-  EXPECT_EQ((*read)[0], read);
-  list->clear();
-  read->clear();
+  EXPECT_EQ(read[0], read.object());
+  list.clear();
+  read.clear();
 }
 
 /// Hands out an object that nobody else refers to, more than once.
@@ -143,7 +143,7 @@ TEST(ArchiveIdentity, AHostMayHandOutItsOnlyReferenceTwice) {
   };
   ASSERT_NE(objectAt(0), nullptr);
   EXPECT_EQ(objectAt(0), objectAt(1));
-  EXPECT_EQ((*ov::cast<Any>(objectAt(2)))[0], objectAt(0));
+  EXPECT_EQ((ov::cast<Any>(objectAt(2)))[0], objectAt(0));
 }
 
 /// Archives as the class that it derives from, with an object made for the purpose.
@@ -163,10 +163,10 @@ class HostValue : public OVMutableSingleValue {
 
 TEST(ArchiveIdentity, AHostMayDeriveFromAClassOfTheLibrary) {
   const auto data = archiveOf(Any::list({std::make_shared<HostValue>()}));
-  const auto value = (*unarchived<OVList<OVSingleValue>>(data))[0];
+  const auto value = (unarchived<OVList<OVSingleValue>>(data))[0];
   EXPECT_EQ(value->label()->name(), "made for the purpose");
   const auto fields =
-      (*ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(data)))[0]
+      (ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(data)))[0]
           ->fields();
   ASSERT_EQ(fields.size(), 3U);
   EXPECT_EQ(std::get<OVOpaqueValue::Reference>(fields[1].value.content).object,

@@ -60,7 +60,7 @@ TEST(ArchiveLayout, DictionariesAreKeysAndObjects) {
                   "\"one\"", "\"1\"", "\"two\"", "\"2\"", "\"again\"",
                   "{$classname: \"NSMutableDictionary\", "
                   "$classes: [\"NSMutableDictionary\", \"NSDictionary\", \"NSObject\"]}"));
-  dictionary->entries()->immutable = true;
+  static_cast<ov::detail::DictionaryObject&>(*dictionary.object()).immutable = true;
   EXPECT_EQ(objectsOf(dictionary).back(),
             "{$classname: \"NSDictionary\", $classes: [\"NSDictionary\", \"NSObject\"]}");
 }

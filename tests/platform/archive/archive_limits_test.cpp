@@ -114,13 +114,13 @@ class Parcel : public OVObject {
 TEST(ArchiveLimits, ManyUnknownObjectsWithTheSameBytesAreRead) {
   const std::vector<std::byte> bytes(50000, std::byte{1});
   const auto list = OVList<OVObject>::list();
-  for (int i = 0; i < 2000; ++i) list->push_back(std::make_shared<Parcel>(bytes));
+  for (int i = 0; i < 2000; ++i) list.push_back(std::make_shared<Parcel>(bytes));
   const auto data = archiveOf(list);
   EXPECT_LT(data->size(), 200000U);
   const auto read = unarchived<OVList<OVOpaqueObject>>(data);
-  ASSERT_EQ(read->size(), 2000U);
+  ASSERT_EQ(read.size(), 2000U);
   const auto bytesOf = [&](std::size_t i) {
-    return std::get<OVOpaqueValue::Inline>((*read)[i]->fields()[0].value.content).object;
+    return std::get<OVOpaqueValue::Inline>(read[i]->fields()[0].value.content).object;
   };
   EXPECT_EQ(bytesOf(0), bytesOf(1999));
   EXPECT_TRUE(archiveOf(read)->text() == data->text());

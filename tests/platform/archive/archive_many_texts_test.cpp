@@ -25,12 +25,12 @@ std::string textAt(int list, int place) {
   return std::to_string(list) + "/" + std::to_string(place);
 }
 
-OVRef<OVList<OVObject>> manyTexts() {
+OVList<OVObject> manyTexts() {
   auto lists = OVList<OVObject>::list();
   for (int list = 0; list < kLists; ++list) {
     const auto texts = OVList<OVString>::list();
-    for (int place = 0; place < kTexts; ++place) texts->push_back(OVString(textAt(list, place)));
-    lists->push_back(texts);
+    for (int place = 0; place < kTexts; ++place) texts.push_back(OVString(textAt(list, place)));
+    lists.push_back(texts);
   }
   return lists;
 }
@@ -38,12 +38,12 @@ OVRef<OVList<OVObject>> manyTexts() {
 TEST(ArchiveOfManyTexts, EveryTextComesBackInItsPlace) {
   const auto data = OVKeyedArchiver::archivedDataWithRootObject(manyTexts());
   const auto read = ov::cast<OVList<OVObject>>(OVKeyedUnarchiver::unarchiveObjectWithData(data));
-  ASSERT_EQ(read->size(), std::size_t{kLists});
+  ASSERT_EQ(read.size(), std::size_t{kLists});
   for (int list = 0; list < kLists; ++list) {
-    const auto texts = ov::cast<OVList<OVString>>((*read)[static_cast<std::size_t>(list)]);
-    ASSERT_EQ(texts->size(), std::size_t{kTexts});
+    const auto texts = ov::cast<OVList<OVString>>(read[static_cast<std::size_t>(list)]);
+    ASSERT_EQ(texts.size(), std::size_t{kTexts});
     for (int place = 0; place < kTexts; ++place) {
-      ASSERT_EQ((*texts)[static_cast<std::size_t>(place)], textAt(list, place));
+      ASSERT_EQ(texts[static_cast<std::size_t>(place)], textAt(list, place));
     }
   }
 }

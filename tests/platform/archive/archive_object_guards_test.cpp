@@ -113,12 +113,12 @@ TEST(ArchiveGuards, DatesThatAreNoDatesAreKeptAsNumbers) {
   }
   const auto data = archive.archive(archive.arrayOf("NSArray", dates));
   const auto read = unarchived<OVList<OVDate>>(data);
-  ASSERT_EQ(read->size(), 8U);
-  for (const OVRef<OVDate> date : *read) EXPECT_EQ(date->day(), (OVDate::Day{0, 0, 0}));
-  EXPECT_TRUE(std::isnan((*read)[0]->timeIntervalSinceReferenceDate()));
-  EXPECT_TRUE(std::isnan((*read)[1]->timeIntervalSinceReferenceDate()));
-  EXPECT_EQ((*read)[2]->timeIntervalSinceReferenceDate(), Limits::infinity());
-  EXPECT_EQ((*read)[7]->timeIntervalSinceReferenceDate(), 1e300);
+  ASSERT_EQ(read.size(), 8U);
+  for (const OVRef<OVDate> date : read) EXPECT_EQ(date->day(), (OVDate::Day{0, 0, 0}));
+  EXPECT_TRUE(std::isnan(read[0]->timeIntervalSinceReferenceDate()));
+  EXPECT_TRUE(std::isnan(read[1]->timeIntervalSinceReferenceDate()));
+  EXPECT_EQ(read[2]->timeIntervalSinceReferenceDate(), Limits::infinity());
+  EXPECT_EQ(read[7]->timeIntervalSinceReferenceDate(), 1e300);
   EXPECT_EQ(archiveOf(read)->text(), archiveOf(unarchived(archiveOf(read)))->text());
 }
 

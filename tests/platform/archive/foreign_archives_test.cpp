@@ -104,11 +104,11 @@ TEST(ForeignArchives, WithoutARootTheTopIsADictionaryOfItsEntries) {
                                                            {"nothing", archive.to(0)}}));
   const auto read = unarchived<OVDictionary<OVObject>>(data);
   ASSERT_NE(read, nullptr);
-  EXPECT_EQ(read->size(), 4U);
-  EXPECT_EQ(ov::cast<OVLabel>((*read)["label"])->name(), "Home");
-  EXPECT_EQ((*read)["again"], (*read)["label"]);
-  EXPECT_NE((*read)["number"], nullptr);
-  EXPECT_EQ((*read)["nothing"], nullptr);
+  EXPECT_EQ(read.size(), 4U);
+  EXPECT_EQ(ov::cast<OVLabel>(read["label"])->name(), "Home");
+  EXPECT_EQ(read["again"], read["label"]);
+  EXPECT_NE(read["number"], nullptr);
+  EXPECT_EQ(read["nothing"], nullptr);
   EXPECT_THAT(refusal(archive.archiveWithTop(archive.fields({}))), HasSubstr("no root"));
 }
 
@@ -144,7 +144,7 @@ TEST(ForeignArchives, UidsMayBeOfAnyWidth) {
         {{"NS.objects", list}, {"$class", archive.uid(archive.classNamed("NSArray"), width)}}));
     const auto read = unarchived<OVList<OVString>>(
         archive.archiveWithTop(archive.fields({{"root", archive.uid(root, width)}})));
-    EXPECT_EQ((*read)[0], "text") << width;
+    EXPECT_EQ(read[0], "text") << width;
   }
 }
 
@@ -154,7 +154,7 @@ TEST(ForeignArchives, SizesMayBeWiderThanNeeded) {
     archive.offsetSize = offsetSize;
     archive.referenceSize = 10 - offsetSize;
     const auto list = archive.arrayOf("NSArray", {archive.addText("text")});
-    EXPECT_EQ(unarchived<OVList<OVString>>(archive.archive(list))->front(), "text") << offsetSize;
+    EXPECT_EQ(unarchived<OVList<OVString>>(archive.archive(list)).front(), "text") << offsetSize;
   }
 }
 

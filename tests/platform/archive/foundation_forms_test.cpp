@@ -59,7 +59,7 @@ TEST_F(FoundationForms, DataObjects) {
 TEST_F(FoundationForms, ATextObjectSharedByTwoIsOneText) {
   const Uid shared = archive_.object("NSMutableString", {{"NS.string", archive_.ascii("text")}});
   const auto texts = read<OVList<OVString>>(archive_.arrayOf("NSArray", {shared, shared}));
-  EXPECT_TRUE((*texts)[0].isSame((*texts)[1]));
+  EXPECT_TRUE(texts[0].isSame(texts[1]));
 }
 
 TEST_F(FoundationForms, Arrays) {
@@ -67,9 +67,9 @@ TEST_F(FoundationForms, Arrays) {
     const auto list =
         read<Any>(archive_.arrayOf(isMutable ? "NSMutableArray" : "NSArray", {text("a"), 0}));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->isImmutable(), !isMutable);
-    EXPECT_EQ(list->size(), 2U);
-    EXPECT_EQ((*list)[1], nullptr);
+    EXPECT_EQ(list.isImmutable(), !isMutable);
+    EXPECT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[1], nullptr);
   }
   EXPECT_EQ(opaqueClassOf(archive_.object("NSArray", {})), "NSArray");
   EXPECT_EQ(opaqueClassOf(archive_.object("NSArray", {{"NS.object.0", archive_.to(text("a"))}})),
@@ -82,10 +82,10 @@ TEST_F(FoundationForms, Dictionaries) {
         archive_.dictionaryOf(isMutable ? "NSMutableDictionary" : "NSDictionary",
                               {text("k"), text("null")}, {text("v"), 0}));
     ASSERT_NE(dictionary, nullptr);
-    EXPECT_EQ(dictionary->isImmutable(), !isMutable);
-    EXPECT_EQ(ov::cast<OVString>((*dictionary)["k"]), "v");
-    EXPECT_TRUE(dictionary->contains("null"));
-    EXPECT_EQ((*dictionary)["null"], nullptr);
+    EXPECT_EQ(dictionary.isImmutable(), !isMutable);
+    EXPECT_EQ(ov::cast<OVString>(dictionary["k"]), "v");
+    EXPECT_TRUE(dictionary.contains("null"));
+    EXPECT_EQ(dictionary["null"], nullptr);
   }
   EXPECT_EQ(opaqueClassOf(archive_.object("NSDictionary", {})), "NSDictionary");
 }
@@ -95,7 +95,7 @@ TEST_F(FoundationForms, ADictionaryMayHaveTextObjectsAsKeys) {
   const auto dictionary =
       read<OVDictionary<OVString>>(archive_.dictionaryOf("NSDictionary", {key}, {text("value")}));
   ASSERT_NE(dictionary, nullptr);
-  EXPECT_EQ((*dictionary)["key"], "value");
+  EXPECT_EQ(dictionary["key"], "value");
 }
 
 TEST_F(FoundationForms, ADictionaryWithOtherKeysIsKeptAsItIs) {
@@ -140,8 +140,8 @@ TEST_F(FoundationForms, WhatThisSystemHasNoClassForIsKeptAsItIs) {
   const auto data =
       archive_.archive(archive_.arrayOf("NSArray", {url, uuid, set, orderedSet, null, attributed}));
   const auto list = unarchived<OVList<OVOpaqueObject>>(data);
-  ASSERT_EQ(list->size(), 6U);
-  for (const OVRef<OVOpaqueObject> each : *list) EXPECT_NE(each, nullptr);
+  ASSERT_EQ(list.size(), 6U);
+  for (const OVRef<OVOpaqueObject> each : list) EXPECT_NE(each, nullptr);
   const auto written = archivedObjects(archiveOf(list));
   for (const char* expected :
        {"{NS.base: #0, NS.relative: #", "{NS.uuidbytes: <11111111111111111111111111111111>",

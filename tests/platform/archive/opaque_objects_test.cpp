@@ -98,10 +98,9 @@ TEST(OpaqueObjects, KeepWhatTheyShareWithOthers) {
   const Uid unknown = archive.object("XY", {{"date", archive.to(date)}});
   const auto read = unarchived<OVList<OVObject>>(
       passedThrough(archive.archive(archive.arrayOf("NSArray", {date, unknown, unknown}))));
-  const auto opaque = ov::cast<OVOpaqueObject>((*read)[1]);
-  EXPECT_EQ((*read)[2], opaque);
-  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(opaque->fields()[0].value.content).object,
-            (*read)[0]);
+  const auto opaque = ov::cast<OVOpaqueObject>(read[1]);
+  EXPECT_EQ(read[2], opaque);
+  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(opaque->fields()[0].value.content).object, read[0]);
 }
 
 // Nothing can untie a ring of opaque objects.
@@ -127,8 +126,8 @@ TEST(OpaqueObjects, KeepClassHintsAndNameOnlyRecords) {
   const Uid second = archive.add(archive.fields({{"$class", archive.to(named)}}));
   const auto data = archive.archive(archive.arrayOf("NSArray", {first, second}));
   const auto read = unarchived<OVList<OVOpaqueObject>>(data);
-  EXPECT_THAT((*read)[0]->classHints(), ElementsAre("XYOld"));
-  EXPECT_TRUE((*read)[1]->classes().empty());
+  EXPECT_THAT(read[0]->classHints(), ElementsAre("XYOld"));
+  EXPECT_TRUE(read[1]->classes().empty());
   const auto written = archivedObjects(archiveOf(read));
   EXPECT_THAT(written, testing::Contains("{$classname: \"XYNew\", $classes: [\"XYNew\", "
                                          "\"NSObject\"], $classhints: [\"XYOld\"]}"));

@@ -168,7 +168,7 @@ TEST_F(TypedReads, AListThatIsReadTwiceHoldsTheSameObjects) {
     ASSERT_TRUE(coder.decodeListForKey(items, "key"));
     const auto list = coder.decodeObjectForKey<OVList<OVDate>>("key");
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->front(), items.front());
+    EXPECT_EQ(list.front(), items.front());
     EXPECT_EQ(coder.decodeObjectForKey("key"), coder.decodeObjectForKey("key"));
   });
 }

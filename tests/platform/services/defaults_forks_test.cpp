@@ -62,6 +62,20 @@ TEST_F(DefaultsForks, AChildSetsWhileItsParentsThreadReads) {
                         10);
 }
 
+TEST_F(DefaultsForks, ParentAndChildBothReadWhatOthersSetAfterwards) {
+  const auto defaults = openStore();
+  setInteger(*defaults, 1, key_);
+  EXPECT_EQ(integer(*defaults, key_), 1);
+  for (std::int64_t value = 2; value < 20; ++value) {
+    Pipe isSet;
+    ChildProcess child([&] { return isSet.read() == "set" && integer(*defaults, key_) == value; });
+    setInteger(*openStore(), value, key_);
+    isSet.write("set");
+    EXPECT_TRUE(child.succeeded());
+    EXPECT_EQ(integer(*defaults, key_), value);
+  }
+}
+
 TEST_F(DefaultsForks, AChildUsesAStoreThatAThreadOfItsParentIsWaitingIn) {
   const auto defaults = openHurriedStore();
   const OVRef<OVObject> value = OVNumber::numberWithInteger(1);

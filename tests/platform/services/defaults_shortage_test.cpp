@@ -53,7 +53,7 @@ class DefaultsShortage : public StoredDefaults {
       bool wasFelt = true;
       for (long failing = 1; wasFelt && !HasFailure(); failing += 1 + failing / 50) {
         SCOPED_TRACE(failing);
-        const auto defaults = openStore();
+        auto defaults = openStore();
         prepare(*defaults);
         bool isGivenUp = false;
         try {
@@ -63,10 +63,11 @@ class DefaultsShortage : public StoredDefaults {
           isGivenUp = true;
         }
         wasFelt = MemoryShortage::wasFelt();
-        EXPECT_EQ(sqlite3_memory_used(), 0);
         check(*defaults, isGivenUp);
         EXPECT_EQ(integer(*defaults, "kept"), 7);
         EXPECT_EQ(ov::cast<OVString>(defaults->objectForKey("long")), kLong);
+        defaults = nullptr;
+        EXPECT_EQ(sqlite3_memory_used(), 0);
       }
     }
     for (const OVString& line : log_->lines()) {

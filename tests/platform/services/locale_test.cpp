@@ -24,29 +24,29 @@ class Locale : public testing::Test {
 TEST_F(Locale, CountryCodesAreDistinctPairsOfCapitals) {
   const auto codes = locale_->isoCountryCodes();
   std::set<std::string> distinct;
-  for (const OVString& code : *codes) {
+  for (const OVString& code : codes) {
     const std::string text = code.str();
     EXPECT_EQ(text.size(), 2U) << text;
     EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; }))
         << text;
     distinct.insert(text);
   }
-  EXPECT_EQ(distinct.size(), codes->size());
-  EXPECT_GE(codes->size(), 240U);
+  EXPECT_EQ(distinct.size(), codes.size());
+  EXPECT_GE(codes.size(), 240U);
 }
 
 TEST_F(Locale, CountryCodesHoldTheWorld) {
   const auto codes = locale_->isoCountryCodes();
   for (const char* code : {"AF", "CN", "DE", "GB", "JP", "TR", "US", "ZW"}) {
-    EXPECT_TRUE(codes->contains(code)) << code;
+    EXPECT_TRUE(codes.contains(code)) << code;
   }
-  for (const char* code : {"XX", "ZZ", "us", "EU"}) EXPECT_FALSE(codes->contains(code)) << code;
+  for (const char* code : {"XX", "ZZ", "us", "EU"}) EXPECT_FALSE(codes.contains(code)) << code;
 }
 
 TEST_F(Locale, TheListOfCountryCodesIsTheCallersOwn) {
-  const auto before = locale_->isoCountryCodes()->size();
-  locale_->isoCountryCodes()->clear();
-  EXPECT_EQ(locale_->isoCountryCodes()->size(), before);
+  const auto before = locale_->isoCountryCodes().size();
+  locale_->isoCountryCodes().clear();
+  EXPECT_EQ(locale_->isoCountryCodes().size(), before);
 }
 
 TEST_F(Locale, TheIdentifierIsReadFromTheEnvironmentOnEachCall) {

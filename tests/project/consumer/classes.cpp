@@ -31,10 +31,7 @@ int main(int count, char** paths) {
   for (int i = 1; i < count; ++i) {
     const OVRef<OVObject> root = objectIn(paths[i]);
     addClass(names, root);
-    const auto list = ov::cast<OVList<OVObject>>(root);
-    for (std::size_t at = 0; list != nullptr && at < list->size(); ++at) {
-      addClass(names, (*list)[at]);
-    }
+    for (const auto& each : ov::cast<OVList<OVObject>>(root)) addClass(names, each);
   }
   for (const std::string& name : names) std::cout << name << "\n";
 }

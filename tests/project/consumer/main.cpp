@@ -14,6 +14,6 @@ int main() {
 
   auto object = OVAddressBookGeneral::addressBookWithData(book->saveToData());
   auto restored = ov::cast<OVAddressBookGeneral>(object)->personsDic();
-  std::printf("%s, %.1f, %s\n", (*restored)["1"]->mainPhone()->phoneNumber().c_str(),
+  std::printf("%s, %.1f, %s\n", restored["1"]->mainPhone()->phoneNumber().c_str(),
               OVAddressBookSDKVersionNumber, OVAddressBookSDKVersionString);
 }

@@ -1,14 +1,12 @@
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
 #include <OVAddressBookSDK/address_formater.h>
 
-#include "arguments.h"
 #include "commands/commands.h"
 #include "field_words.h"
 #include "output/escape.h"
 #include "output/lines.h"
+#include "parser.h"
 #include "session.h"
 
 namespace ovbook {
@@ -17,9 +15,9 @@ namespace {
 
 void printLayout(const std::string& code, std::ostream& out) {
   const auto layout = OVAddressFormater::fieldFormaterByCountryCode(code);
-  for (const auto& line : *layout) {
+  for (const auto& line : layout) {
     const char* separator = "";
-    for (const auto& field : *line) {
+    for (const auto& field : line) {
       out << separator << wordOfField(field->name());
       separator = " + ";
     }
@@ -53,24 +51,24 @@ void printLines(const OVString& text, std::ostream& out) {
 
 }  // namespace
 
-void addAddressCommands(CLI::App& ovbook, Session& session) {
-  CLI::App* layout = ovbook.add_subcommand("layout", "Show a country's address layout");
-  layout->footer(
+void addAddressCommands(const Command& ovbook, Session& session) {
+  const Command layout = ovbook.addCommand("layout", "Show a country's address layout");
+  layout.setFooter(
       "One line for each line of an address: its fields, joined by \" + \". Codes are lower case;\n"
       "every other code has the layout of the United States.");
-  const auto* layoutCode = addArgument(*layout, "CODE", "A country's code")->required();
-  layout->callback([=, &session] { printLayout(textOf(*layoutCode), session.out()); });
+  const Argument layoutCode = layout.addArgument("CODE", "A country's code").required();
+  layout.setAction([=, &session] { printLayout(layoutCode.text(), session.out()); });
 
-  CLI::App* format = ovbook.add_subcommand("format", "Lay out an address");
-  format->footer("Fields have the names that \"ovbook layout\" shows, such as City=Uppsala.");
-  const auto* code =
-      addOption(*format, "--country", "CODE", "The country whose layout is used")->required();
-  const auto* oneLine = addFlag(*format, "--one-line", "All on one line");
-  const auto* values = addArguments(*format, "FIELD=VALUE", "The values of the address", 0);
-  format->callback([=, &session] {
-    const auto formater = formaterOf(textsOf(*values));
-    const OVString country = textOf(*code);
-    if (oneLine->count() > 0) {
+  const Command format = ovbook.addCommand("format", "Lay out an address");
+  format.setFooter("Fields have the names that \"ovbook layout\" shows, such as City=Uppsala.");
+  const Argument code =
+      format.addOption("--country", "CODE", "The country whose layout is used").required();
+  const Argument oneLine = format.addFlag("--one-line", "All on one line");
+  const Argument values = format.addArguments("FIELD=VALUE", "The values of the address", 0);
+  format.setAction([=, &session] {
+    const auto formater = formaterOf(values.texts());
+    const OVString country = code.text();
+    if (oneLine.isGiven()) {
       session.out() << printable(formater->stringByCountryCode(country)) << '\n';
     } else {
       printLines(formater->formatStringByCountryCode(country), session.out());

@@ -1,13 +1,11 @@
 #include <ostream>
 #include <stdexcept>
 
-#include <CLI/CLI.hpp>
-
 #include <OVAddressBookSDK/country.h>
 
-#include "arguments.h"
 #include "commands/commands.h"
 #include "output/escape.h"
+#include "parser.h"
 #include "preferences.h"
 #include "session.h"
 
@@ -44,20 +42,20 @@ OVRef<OVCountry> countryOf(const std::string& code) {
 
 }  // namespace
 
-void addCountryCommands(CLI::App& ovbook, Session& session) {
-  CLI::App* countries = ovbook.add_subcommand("countries", "List the countries");
-  countries->footer("One line a country, ordered by name: its code, a tab, its name.");
-  countries->callback([&session] {
+void addCountryCommands(const Command& ovbook, Session& session) {
+  const Command countries = ovbook.addCommand("countries", "List the countries");
+  countries.setFooter("One line a country, ordered by name: its code, a tab, its name.");
+  countries.setAction([&session] {
     const auto all = OVCountry::allCountry();
-    for (const auto& country : *all) printCountry(*country, session.out());
+    for (const auto& country : all) printCountry(*country, session.out());
   });
 
-  CLI::App* command = ovbook.add_subcommand("country", "Show or choose the default country");
-  const auto* code = addArgument(*command, "CODE",
-                                 "A code in lower case; shows the present country when left out");
-  command->callback([=, &session] {
-    if (code->count() == 0) return showDefaultCountry(session);
-    OVCountry::setDefaultCountry(countryOf(textOf(*code)));
+  const Command command = ovbook.addCommand("country", "Show or choose the default country");
+  const Argument code =
+      command.addArgument("CODE", "A code in lower case; shows the present country when left out");
+  command.setAction([=, &session] {
+    if (!code.isGiven()) return showDefaultCountry(session);
+    OVCountry::setDefaultCountry(countryOf(code.text()));
     requireStoredPreferences("the default country");
   });
 }

@@ -8,16 +8,14 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
-#include "arguments.h"
 #include "commands/commands.h"
 #include "files.h"
 #include "output/escape.h"
 #include "output/progress_bar.h"
+#include "parser.h"
 #include "preferences.h"
 #include "session.h"
 #include "tag_store.h"
@@ -78,9 +76,9 @@ void reportProblems(const OVVCardBook& book, Session& session) {
 /// Every group once, each before its sub-groups.
 void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
   std::vector<OVRef<IOVGroup>> waiting;
-  const auto waitInOrder = [&](const OVRef<OVList<IOVGroup>>& groups) {
+  const auto waitInOrder = [&](const OVList<IOVGroup>& groups) {
     if (groups == nullptr) return;
-    for (std::size_t i = groups->size(); i > 0; --i) waiting.push_back((*groups)[i - 1]);
+    for (std::size_t i = groups.size(); i > 0; --i) waiting.push_back(groups[i - 1]);
   };
   std::unordered_set<OVString> added;
   waitInOrder(book.rootGroups());
@@ -96,7 +94,7 @@ void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
 OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
   auto snapshot = OVAddressBookGeneral::init();
   const auto persons = book.allPersons();
-  for (const auto& person : *persons) snapshot->addPerson(person);
+  for (const auto& person : persons) snapshot->addPerson(person);
   addGroups(*snapshot, book);
   return snapshot;
 }
@@ -107,9 +105,9 @@ OVRef<OVTagManager> tagsOfCards(const OVAddressBook& book, const std::string& st
   auto tags = openTagStore(store);
   tags->setTagID(nullptr);  // or each of many changes would save the whole store
   const auto persons = book.allPersons();
-  for (const auto& person : *persons) {
+  for (const auto& person : persons) {
     const auto tagArray = person->tagArray();
-    if (tagArray != nullptr && !tagArray->empty()) {
+    if (tagArray != nullptr && !tagArray.empty()) {
       tags->setTagsForPersonID(tagArray, person->ID());
     }
   }
@@ -143,27 +141,27 @@ struct Import {
     const auto data = book->saveToData();
     writeFile(target, data);
     if (tags != nullptr) saveTags(*tags);
-    session.out() << printable(target) << ": " << counted(book->personsDic()->size(), "person")
-                  << ", " << counted(book->groupsDic()->size(), "group") << ", "
+    session.out() << printable(target) << ": " << counted(book->personsDic().size(), "person")
+                  << ", " << counted(book->groupsDic().size(), "group") << ", "
                   << counted(data->size(), "byte") << '\n';
   }
 };
 
 }  // namespace
 
-void addImportCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command = ovbook.add_subcommand("import", "Make a book from vCard files");
-  command->footer(
+void addImportCommand(const Command& ovbook, Session& session) {
+  const Command command = ovbook.addCommand("import", "Make a book from vCard files");
+  command.setFooter(
       "The book is written whole or not at all. Cards that cannot be read are named with file and\n"
       "line and left out; the exit status is 1 then.");
-  const auto* files = addArguments(*command, "FILE", "The vCard files to read", 1);
-  const auto* target =
-      addOption(*command, "-o,--output", "BOOK", "The book to write; replaced if there is one")
-          ->required();
-  const auto* store = addOption(*command, "--tags", "STORE",
-                                "Also give the persons their categories as tags in this store");
-  command->callback([=, &session] {
-    const Import import{textsOf(*files), textOf(*target), textOf(*store)};
+  const Argument files = command.addArguments("FILE", "The vCard files to read", 1);
+  const Argument target =
+      command.addOption("-o,--output", "BOOK", "The book to write; replaced if there is one")
+          .required();
+  const Argument store = command.addOption(
+      "--tags", "STORE", "Also give the persons their categories as tags in this store");
+  command.setAction([=, &session] {
+    const Import import{files.texts(), target.text(), store.text()};
     import.run(session);
   });
 }

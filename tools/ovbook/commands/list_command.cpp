@@ -1,12 +1,10 @@
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments.h"
 #include "book_file.h"
 #include "commands/commands.h"
 #include "output/escape.h"
 #include "output/table.h"
+#include "parser.h"
 #include "session.h"
 
 namespace ovbook {
@@ -25,7 +23,7 @@ std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>&
 
 void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
   const auto persons = personsOf(book);
-  for (const auto& [ID, person] : *persons) {
+  for (const auto& [ID, person] : persons) {
     const char* separator = "";
     for (const std::string& field : rowOf(ID, person)) {
       out << separator << tsvField(field);
@@ -38,7 +36,7 @@ void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
 void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
   Table table;
   const auto persons = personsOf(book);
-  for (const auto& [ID, person] : *persons) {
+  for (const auto& [ID, person] : persons) {
     std::vector<std::string> row = rowOf(ID, person);
     for (std::string& cell : row) cell = printable(cell);
     table.add(std::move(row));
@@ -48,19 +46,18 @@ void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
 
 }  // namespace
 
-void addListCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command = ovbook.add_subcommand("list", "List the persons of a book");
-  command->footer(
+void addListCommand(const Command& ovbook, Session& session) {
+  const Command command = ovbook.addCommand("list", "List the persons of a book");
+  command.setFooter(
       "One line a person, in the book's order: ID, display name, main phone number, main e-mail\n"
       "address. With --tsv, tabs, line breaks and other control characters inside a field stand "
       "as\n"
       "\\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
-  const auto* book = addArgument(*command, "BOOK", "The book to list")->required();
-  const auto* tsv = addFlag(*command, "--tsv", "Fields apart by one tab, for programs");
-  command->callback([=, &session] {
-    const auto opened = openBook(textOf(*book));
-    tsv->count() > 0 ? listForPrograms(*opened, session.out())
-                     : listForPeople(*opened, session.out());
+  const Argument book = command.addArgument("BOOK", "The book to list").required();
+  const Argument tsv = command.addFlag("--tsv", "Fields apart by one tab, for programs");
+  command.setAction([=, &session] {
+    const auto opened = openBook(book.text());
+    tsv.isGiven() ? listForPrograms(*opened, session.out()) : listForPeople(*opened, session.out());
   });
 }
 

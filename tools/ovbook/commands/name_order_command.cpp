@@ -1,11 +1,9 @@
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
 #include <OVAddressBookSDK/address_book.h>
 
-#include "arguments.h"
 #include "commands/commands.h"
+#include "parser.h"
 #include "preferences.h"
 #include "session.h"
 
@@ -18,16 +16,16 @@ constexpr const char* kLast = "last";
 
 }  // namespace
 
-void addNameOrderCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command =
-      ovbook.add_subcommand("name-order", "Show or choose which name stands in front");
-  const auto* order = addArgument(*command, "ORDER", "The name in front; shows it when left out")
-                          ->check(CLI::IsMember({kFirst, kLast}));
-  command->callback([=, &session] {
-    if (order->count() == 0) {
+void addNameOrderCommand(const Command& ovbook, Session& session) {
+  const Command command =
+      ovbook.addCommand("name-order", "Show or choose which name stands in front");
+  const Argument order = command.addArgument("ORDER", "The name in front; shows it when left out")
+                             .oneOf({kFirst, kLast});
+  command.setAction([=, &session] {
+    if (!order.isGiven()) {
       session.out() << (OVAddressBook::lastNameInFront() ? kLast : kFirst) << '\n';
     } else {
-      OVAddressBook::setlastNameInFront(textOf(*order) == kLast);
+      OVAddressBook::setlastNameInFront(order.text() == kLast);
       requireStoredPreferences("the name order");
     }
   });

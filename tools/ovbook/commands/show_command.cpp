@@ -1,10 +1,8 @@
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments.h"
 #include "book_file.h"
 #include "commands/commands.h"
+#include "parser.h"
 #include "session.h"
 #include "show/group_sheet.h"
 #include "show/person_sheet.h"
@@ -24,17 +22,17 @@ class Sheets {
   void showAll() {
     const auto persons = personsOf(*book_);
     const auto groups = groupsOf(*book_);
-    for (const auto& [ID, person] : *persons) showPerson(ID, person);
-    for (const auto& [ID, group] : *groups) showGroup(ID, group);
+    for (const auto& [ID, person] : persons) showPerson(ID, person);
+    for (const auto& [ID, group] : groups) showGroup(ID, group);
   }
 
   /// The person and the group of this ID.
   void show(const OVString& ID) {
     const auto persons = personsOf(*book_);
     const auto groups = groupsOf(*book_);
-    if (persons->contains(ID)) showPerson(ID, (*persons)[ID]);
-    if (groups->contains(ID)) showGroup(ID, (*groups)[ID]);
-    if (!persons->contains(ID) && !groups->contains(ID)) {
+    if (persons.contains(ID)) showPerson(ID, persons[ID]);
+    if (groups.contains(ID)) showGroup(ID, groups[ID]);
+    if (!persons.contains(ID) && !groups.contains(ID)) {
       session_.complain(ID.str() + ": the book holds no person and no group of this ID");
     }
   }
@@ -60,20 +58,20 @@ class Sheets {
 
 }  // namespace
 
-void addShowCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command = ovbook.add_subcommand("show", "Show all that a book holds");
-  command->footer(
+void addShowCommand(const Command& ovbook, Session& session) {
+  const Command command = ovbook.addCommand("show", "Show all that a book holds");
+  command.setFooter(
       "Persons first, then groups, each in the book's order; with IDs, those persons and groups\n"
       "only. A star marks the main one of several entries. Brackets hold what belongs to a datum\n"
       "without being its text.");
-  const auto* path = addArgument(*command, "BOOK", "The book to read")->required();
-  const auto* IDs = addArguments(*command, "ID", "Persons and groups to show", 0);
-  const auto* store = addOption(*command, "--tags", "STORE", "Also show the tags of this store");
-  command->callback([=, &session] {
-    const auto book = openBook(textOf(*path));
-    Sheets sheets(book, store->count() > 0 ? openTagStore(textOf(*store)) : nullptr, session);
-    if (IDs->count() == 0) return sheets.showAll();
-    for (const std::string& ID : textsOf(*IDs)) sheets.show(ID);
+  const Argument path = command.addArgument("BOOK", "The book to read").required();
+  const Argument IDs = command.addArguments("ID", "Persons and groups to show", 0);
+  const Argument store = command.addOption("--tags", "STORE", "Also show the tags of this store");
+  command.setAction([=, &session] {
+    const auto book = openBook(path.text());
+    Sheets sheets(book, store.isGiven() ? openTagStore(store.text()) : nullptr, session);
+    if (!IDs.isGiven()) return sheets.showAll();
+    for (const std::string& ID : IDs.texts()) sheets.show(ID);
   });
 }
 

@@ -1,11 +1,9 @@
 #include <functional>
 #include <ostream>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments.h"
 #include "commands/commands.h"
 #include "output/escape.h"
+#include "parser.h"
 #include "preferences.h"
 #include "session.h"
 #include "tag_store.h"
@@ -16,15 +14,15 @@ namespace {
 
 /// The parts of the command line that the actions are made of.
 struct TagCommand {
-  CLI::App& app;
-  const CLI::Option& store;
+  Command app;
+  Argument store;
   Session& session;
 };
 
 using Change = std::function<void(OVTagManager& tags)>;
 
-void changeStore(const CLI::Option& store, const Change& change) {
-  const auto tags = openTagStore(textOf(store));
+void changeStore(const Argument& store, const Change& change) {
+  const auto tags = openTagStore(store.text());
   change(*tags);
   requireStoredPreferences("the tags");
 }
@@ -34,84 +32,80 @@ void printTags(const OVTagManager& tags, std::ostream& out) {
     const OVString tag = tags.tagAtIndex(i);
     out << tsvField(tag);
     if (const auto personIDs = tags.personIDsByTag(tag)) {
-      for (const OVString& personID : *personIDs) out << '\t' << tsvField(personID);
+      for (const OVString& personID : personIDs) out << '\t' << tsvField(personID);
     }
     out << '\n';
   }
 }
 
 void addListAction(const TagCommand& tag) {
-  CLI::App* action = tag.app.add_subcommand("list", "List the tags and who carries them");
-  action->footer(
+  const Command action = tag.app.addCommand("list", "List the tags and who carries them");
+  action.setFooter(
       "One line a tag, in the order of first use: the tag and the IDs of its persons, apart by\n"
       "tabs. Tabs, line breaks and other control characters stand as \\t, \\n, \\r or \\uXXXX, and "
       "a\n"
       "backslash as \\\\.");
-  action->callback([store = &tag.store, session = &tag.session] {
-    printTags(*openTagStore(textOf(*store)), session->out());
+  action.setAction([store = tag.store, session = &tag.session] {
+    printTags(*openTagStore(store.text()), session->out());
   });
 }
 
 void addAddAction(const TagCommand& tag) {
-  CLI::App* action = tag.app.add_subcommand("add", "Give a person a tag");
-  const auto* person = addArgument(*action, "PERSON", "The person's ID")->required();
-  const auto* name = addArgument(*action, "TAG", "The tag")->required();
-  action->callback([=, store = &tag.store] {
-    changeStore(*store, [=](OVTagManager& tags) {
-      tags.addPersonIDForTag(textOf(*person), textOf(*name));
-    });
+  const Command action = tag.app.addCommand("add", "Give a person a tag");
+  const Argument person = action.addArgument("PERSON", "The person's ID").required();
+  const Argument name = action.addArgument("TAG", "The tag").required();
+  action.setAction([=, store = tag.store] {
+    changeStore(store,
+                [=](OVTagManager& tags) { tags.addPersonIDForTag(person.text(), name.text()); });
   });
 }
 
 void addRemoveAction(const TagCommand& tag) {
-  CLI::App* action = tag.app.add_subcommand("remove", "Take a tag from a person");
-  const auto* person = addArgument(*action, "PERSON", "The person's ID")->required();
-  const auto* name = addArgument(*action, "TAG", "The tag")->required();
-  action->callback([=, store = &tag.store] {
-    changeStore(*store, [=](OVTagManager& tags) {
-      tags.removePersonIDFromTag(textOf(*person), textOf(*name));
-    });
+  const Command action = tag.app.addCommand("remove", "Take a tag from a person");
+  const Argument person = action.addArgument("PERSON", "The person's ID").required();
+  const Argument name = action.addArgument("TAG", "The tag").required();
+  action.setAction([=, store = tag.store] {
+    changeStore(
+        store, [=](OVTagManager& tags) { tags.removePersonIDFromTag(person.text(), name.text()); });
   });
 }
 
 void addDropAction(const TagCommand& tag) {
-  CLI::App* action = tag.app.add_subcommand("drop", "Take a tag from everybody");
-  const auto* name = addArgument(*action, "TAG", "The tag")->required();
-  action->callback([=, store = &tag.store] {
-    changeStore(*store, [=](OVTagManager& tags) { tags.removeTag(textOf(*name)); });
+  const Command action = tag.app.addCommand("drop", "Take a tag from everybody");
+  const Argument name = action.addArgument("TAG", "The tag").required();
+  action.setAction([=, store = tag.store] {
+    changeStore(store, [=](OVTagManager& tags) { tags.removeTag(name.text()); });
   });
 }
 
 void addClearAction(const TagCommand& tag) {
-  CLI::App* action = tag.app.add_subcommand("clear", "Take all tags from a person");
-  const auto* person = addArgument(*action, "PERSON", "The person's ID")->required();
-  action->callback([=, store = &tag.store] {
-    changeStore(*store, [=](OVTagManager& tags) { tags.removeForPersonID(textOf(*person)); });
+  const Command action = tag.app.addCommand("clear", "Take all tags from a person");
+  const Argument person = action.addArgument("PERSON", "The person's ID").required();
+  action.setAction([=, store = tag.store] {
+    changeStore(store, [=](OVTagManager& tags) { tags.removeForPersonID(person.text()); });
   });
 }
 
 void addSetAction(const TagCommand& tag) {
-  CLI::App* action =
-      tag.app.add_subcommand("set", "Give a person these tags in place of all others");
-  const auto* person = addArgument(*action, "PERSON", "The person's ID")->required();
-  const auto* names = addArguments(*action, "TAG", "The tags", 1);
-  action->callback([=, store = &tag.store] {
+  const Command action =
+      tag.app.addCommand("set", "Give a person these tags in place of all others");
+  const Argument person = action.addArgument("PERSON", "The person's ID").required();
+  const Argument names = action.addArguments("TAG", "The tags", 1);
+  action.setAction([=, store = tag.store] {
     const auto list = OVList<OVString>::list();
-    for (const std::string& name : textsOf(*names)) list->push_back(name);
-    changeStore(*store,
-                [=](OVTagManager& tags) { tags.setTagsForPersonID(list, textOf(*person)); });
+    for (const std::string& name : names.texts()) list.push_back(name);
+    changeStore(store, [=](OVTagManager& tags) { tags.setTagsForPersonID(list, person.text()); });
   });
 }
 
 }  // namespace
 
-void addTagCommand(CLI::App& ovbook, Session& session) {
-  CLI::App* command = ovbook.add_subcommand("tag", "Look at or change a store of tags");
-  command->require_subcommand(1);
-  command->footer("The store comes before the action: ovbook tag STORE add PERSON TAG.");
-  const auto* store =
-      addArgument(*command, "STORE", "The store's name; the first change makes it")->required();
-  const TagCommand tag{*command, *store, session};
+void addTagCommand(const Command& ovbook, Session& session) {
+  const Command command = ovbook.addCommand("tag", "Look at or change a store of tags");
+  command.setFooter("The store comes before the action: ovbook tag STORE add PERSON TAG.");
+  const Argument store =
+      command.addArgument("STORE", "The store's name; the first change makes it").required();
+  const TagCommand tag{command, store, session};
   addListAction(tag);
   addAddAction(tag);
   addRemoveAction(tag);

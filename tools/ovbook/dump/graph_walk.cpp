@@ -86,15 +86,15 @@ class Walk {
     }
     const std::string_view className = object->classForCoder()->name;
     if (const auto list = ov::cast<OVList<OVObject>>(object)) {
-      const GraphNode node{GraphNodeKind::list, className, list->size(), number, nullptr};
+      const GraphNode node{GraphNodeKind::list, className, list.size(), number, nullptr};
       sink_.open(node);
-      for (const auto& item : *list) show(item, depth + 1);
+      for (const auto& item : list) show(item, depth + 1);
       return sink_.close(node);
     }
     const auto dictionary = ov::cast<OVDictionary<OVObject>>(object);
-    const GraphNode node{GraphNodeKind::dictionary, className, dictionary->size(), number, nullptr};
+    const GraphNode node{GraphNodeKind::dictionary, className, dictionary.size(), number, nullptr};
     sink_.open(node);
-    for (const auto& [key, value] : *dictionary) {
+    for (const auto& [key, value] : dictionary) {
       sink_.name(node, key);
       show(value, depth + 1);
     }

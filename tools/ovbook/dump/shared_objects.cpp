@@ -26,8 +26,8 @@ class Finder {
   std::unordered_set<const OVObject*> take() { return std::move(shared_); }
 
  private:
-  using Array = OVRef<OVList<OVObject>>;
-  using Dictionary = OVRef<OVDictionary<OVObject>>;
+  using Array = OVList<OVObject>;
+  using Dictionary = OVDictionary<OVObject>;
   using Opaque = OVRef<OVOpaqueObject>;
   using Waiting = std::variant<Array, Dictionary, Opaque, const OVOpaqueValue*>;
 
@@ -48,10 +48,10 @@ class Finder {
   }
 
   void enter(const Array& list) {
-    for (const auto& item : *list) meet(item);
+    for (const auto& item : list) meet(item);
   }
   void enter(const Dictionary& dictionary) {
-    for (const auto& [key, value] : *dictionary) meet(value);
+    for (const auto& [key, value] : dictionary) meet(value);
   }
   void enter(const Opaque& object) { enterFields(object->fields()); }
 

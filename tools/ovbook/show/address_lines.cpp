@@ -29,7 +29,7 @@ OVString codeOfUser() {
 std::unordered_set<OVString> fieldsOfLayout(const OVString& code) {
   std::unordered_set<OVString> fields;
   const auto layout = OVAddressFormater::fieldArrayByCountryCode(code);
-  for (const auto& field : *layout) {
+  for (const auto& field : layout) {
     fields.insert(OVObjectAddress::standFieldName(field->name()));
   }
   return fields;

@@ -98,7 +98,7 @@ Lines rawLines(const OVRef<OVObject>& datum) {
   if (const auto image = ov::cast<OVImage>(datum)) return imageLines(*image);
   if (const auto number = ov::cast<OVNumber>(datum)) return {numberText(*number)};
   if (const auto data = ov::cast<OVData>(datum)) return {"[" + sizeText(*data) + "]"};
-  if (const auto list = ov::cast<OVList<OVString>>(datum)) return listLines(*list);
+  if (const auto list = ov::cast<OVList<OVString>>(datum)) return listLines(list);
   return linesOfOther(datum);
 }
 

@@ -13,11 +13,11 @@ namespace {
 
 using NameOf = std::function<OVString(const OVString& ID)>;
 
-void addMembers(Table& table, const char* heading, const OVRef<OVList<OVString>>& IDs,
+void addMembers(Table& table, const char* heading, const OVList<OVString>& IDs,
                 const NameOf& nameOf) {
   if (IDs == nullptr) return;
   std::vector<Entry> entries;
-  for (const OVString& ID : *IDs) entries.push_back({printable(ID), {printable(nameOf(ID))}});
+  for (const OVString& ID : IDs) entries.push_back({printable(ID), {printable(nameOf(ID))}});
   addEntries(table, heading, entries);
 }
 
@@ -32,11 +32,11 @@ void printGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group,
   Table table;
   table.add({"ID", printable(ID)});
   addMembers(table, "Groups", group->subArray(), [&](const OVString& subID) -> OVString {
-    const auto subGroup = (*groupsOf(book))[subID];
+    const auto subGroup = groupsOf(book)[subID];
     return subGroup == nullptr ? nullptr : subGroup->title();
   });
   addMembers(table, "Persons", group->persons(), [&](const OVString& personID) -> OVString {
-    const auto person = (*personsOf(book))[personID];
+    const auto person = personsOf(book)[personID];
     return person == nullptr ? nullptr : person->displayName();
   });
   const OVString title = group->title();

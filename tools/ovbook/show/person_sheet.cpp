@@ -80,7 +80,7 @@ OVString headingOf(const OVString& ID, const OVPersonGeneral& person) {
 }  // namespace
 
 void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
-                 const OVRef<OVList<OVString>>& tags, std::ostream& out) {
+                 const OVList<OVString>& tags, std::ostream& out) {
   if (person == nullptr) {
     out << printable(ID) << " [no person]\n";
     return;
@@ -88,11 +88,11 @@ void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
   Table table;
   table.add({"ID", printable(ID)});
   const auto properties = OVProperty::StandardPropertyArray();
-  for (const auto& property : *properties) {
+  for (const auto& property : properties) {
     const auto value = person->valueByProperty(property);
     if (value != nullptr) addValue(table, value, *property);
   }
-  if (tags != nullptr && !tags->empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
+  if (tags != nullptr && !tags.empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
   out << printable(headingOf(ID, *person)) << '\n';
   table.print(out, "  ");
 }

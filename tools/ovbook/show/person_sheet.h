@@ -12,6 +12,6 @@ namespace ovbook {
 /// `person` is null when the book holds something else under the ID. `tags` are those of the tag
 /// store, null when none was asked for.
 void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
-                 const OVRef<OVList<OVString>>& tags, std::ostream& out);
+                 const OVList<OVString>& tags, std::ostream& out);
 
 }  // namespace ovbook

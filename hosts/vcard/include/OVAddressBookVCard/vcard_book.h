@@ -89,21 +89,20 @@ class OVVCardBook final : public OVAddressBook {
   [[nodiscard]] std::error_code saveError() const;
 
   /// The whole standard catalogue.
-  [[nodiscard]] OVRef<OVList<OVProperty>> supportProperty() const override;
+  [[nodiscard]] OVList<OVProperty> supportProperty() const override;
   /// What most cards fill.
-  [[nodiscard]] OVRef<OVList<OVProperty>> commonProperty() const override;
+  [[nodiscard]] OVList<OVProperty> commonProperty() const override;
 
   [[nodiscard]] std::uint64_t allPersonsCount() const override;
   /// A new list, in the order in which the persons came in.
-  [[nodiscard]] OVRef<OVList<IOVPerson>> allPersons() const override;
+  [[nodiscard]] OVList<IOVPerson> allPersons() const override;
   /// The persons with these IDs, in the order of the IDs; unknown ones are passed over. Empty for
   /// null.
-  [[nodiscard]] OVRef<OVList<IOVPerson>> personsForIDs(
-      const OVRef<OVList<OVString>>& personIDs) const override;
+  [[nodiscard]] OVList<IOVPerson> personsForIDs(const OVList<OVString>& personIDs) const override;
 
   /// Root groups are those that stand inside no other; objects are of class `OVVCardGroup`.
   [[nodiscard]] std::uint64_t rootGroupsCount() const override;
-  [[nodiscard]] OVRef<OVList<IOVGroup>> rootGroups() const override;
+  [[nodiscard]] OVList<IOVGroup> rootGroups() const override;
   [[nodiscard]] OVRef<IOVGroup> groupByID(const OVString& groupID) const override;
   /// A new, empty root group with a random UUID; null for a null name.
   OVRef<IOVGroup> addGroupByName(const OVString& name) override;
@@ -115,7 +114,7 @@ class OVVCardBook final : public OVAddressBook {
   OVRef<IOVPerson> newPerson() override;
   /// Takes the persons out of the book and of its groups and tags. Persons that are not in the book
   /// are passed over; null does nothing.
-  void removePersons(const OVRef<OVList<IOVPerson>>& persons) override;
+  void removePersons(const OVList<IOVPerson>& persons) override;
   /// A new person in this book with copies of the values that `person` has for the properties of
   /// the standard catalogue (labels and data are shared), with its tags, and with its ID where that
   /// is still free, else a random UUID. Null for null.

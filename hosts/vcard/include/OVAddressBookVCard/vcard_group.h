@@ -22,8 +22,8 @@ class OVVCardGroup final : public IOVGroup {
   void setDisplayName(const OVString& name);
 
   /// New lists, in the order in which the members were added.
-  [[nodiscard]] OVRef<OVList<IOVGroup>> subGroups() const override;
-  [[nodiscard]] OVRef<OVList<IOVPerson>> persons() const override;
+  [[nodiscard]] OVList<IOVGroup> subGroups() const override;
+  [[nodiscard]] OVList<IOVPerson> persons() const override;
 
   /// False, changing nothing, when the person is null, belongs to another book or is a member
   /// already.
