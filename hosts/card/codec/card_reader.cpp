@@ -87,7 +87,7 @@ void CardReader::readLines() {
     Line& line = card.lines.emplace_back();
     const bool isProperty = lineReader_.read(line, notes);
     const bool isPlain = isUTF8(line.source());
-    open_ += notes.openCards;
+    open_ += line.openCards_;
     if (isProperty && line.name() != "VERSION") {
       const bool hasNUL = hasNUL_ && line.source().find('\0') != std::string_view::npos;
       const bool isEncoded = line.encoding_ == Encoding::QuotedPrintable ||

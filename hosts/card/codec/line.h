@@ -101,6 +101,7 @@ class Line {
   Encoding encoding_ = Encoding::None;
   bool isFolded_ = false;
   bool holdsCard_ = false;
+  std::uint32_t openCards_ = 0;  // inside this line
 };
 
 }  // namespace ov::card

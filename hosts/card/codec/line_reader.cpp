@@ -58,7 +58,6 @@ bool LineReader::read(Line& line, Notes& notes) {
   notes.charset = header.charset;
 
   const char* const value = begin + size + 1;
-  const std::size_t first = last_.number;
   if (header.encoding == Encoding::QuotedPrintable) {
     takeQuotedPrintable();
   } else {
@@ -66,9 +65,9 @@ bool LineReader::read(Line& line, Notes& notes) {
   }
   // Some cards say so of an address, too.
   if (line.isBase64() && !takeBase64(value)) line.encoding_ = Encoding::None;
-  line.isFolded_ = last_.number != first;
+  line.isFolded_ = value < last_.text.data();
   if (line.name_ == "AGENT" && line.encoding_ == Encoding::None && !line.isFolded_) {
-    line.holdsCard_ = takeCard(trim(textFrom(value)), notes);
+    takeCard(line, trim(textFrom(value)));
   }
   line.raw_ = textFrom(value);
   line.source_ = {begin, textFrom(begin).size() + last_.end.size()};
@@ -126,13 +125,13 @@ bool LineReader::takeBase64(const char* value) {
   return is;
 }
 
-/// Takes the card behind AGENT, with those inside it. False when there is none.
-bool LineReader::takeCard(std::string_view value, Notes& notes) {
+/// Takes the card behind AGENT, with those inside it, if there is one.
+void LineReader::takeCard(Line& line, std::string_view value) {
   const bool follows = value.empty() && cursor_.marker() == Marker::Begin;
-  if (!follows && markerOf(value) != Marker::Begin) return false;
+  if (!follows && markerOf(value) != Marker::Begin) return;
   if (follows) take();
   bool isExpected = false;
-  std::size_t open = 1;
+  std::uint32_t open = 1;
   while (open > 0 && !cursor_.atEnd()) {
     if (cursor_.marker() == Marker::Begin && !isExpected) break;
     const Marker marker = cursor_.marker();
@@ -142,8 +141,8 @@ bool LineReader::takeCard(std::string_view value, Notes& notes) {
     if (marker == Marker::End) --open;
     if (marker == Marker::Begin || (agent.cardBegins && !cursor_.isContinuation())) ++open;
   }
-  notes.openCards = open;
-  return true;
+  line.holdsCard_ = true;
+  line.openCards_ = open;
 }
 
 void LineReader::take() {

@@ -22,8 +22,6 @@ class LineReader {
     std::string_view charset;
     /// Whether the header came as UTF-8.
     bool hasPlainHeader = true;
-    /// How many cards in this line lack their END:VCARD.
-    std::size_t openCards = 0;
   };
 
   /// Reads the property that begins at the cursor, which stands at no marker. False, behind a
@@ -36,7 +34,7 @@ class LineReader {
   void takeContinuations();
   void takeQuotedPrintable();
   [[nodiscard]] bool takeBase64(const char* value);
-  bool takeCard(std::string_view value, Notes& notes);
+  void takeCard(Line& line, std::string_view value);
   void take();
   /// From `begin` to the end of the line taken last, without its end.
   [[nodiscard]] std::string_view textFrom(const char* begin) const;
