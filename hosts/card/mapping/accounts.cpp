@@ -63,11 +63,11 @@ std::string lettersOf(std::string_view text) {
 /// The supported service of this name, blanks and hyphens apart; else one that is made of it.
 OVRef<OVInstantMessageServer> serverOfType(std::string_view type) {
   const std::string letters = lettersOf(type);
-  const OVRef<OVList<OVInstantMessageServer>> supported = OVInstantMessageServer::supportServer();
-  const auto at = std::find_if(supported->begin(), supported->end(), [&](const auto& server) {
+  const OVList<const OVInstantMessageServer> supported = OVInstantMessageServer::supportServer();
+  const auto at = std::find_if(supported.begin(), supported.end(), [&](const auto& server) {
     return !letters.empty() && lettersOf(server->displayName()) == letters;
   });
-  return at == supported->end() ? OVInstantMessageServer::serverWithName(type) : *at;
+  return at == supported.end() ? OVInstantMessageServer::serverWithName(type) : *at;
 }
 
 bool isServiceType(std::string_view parameter) {

@@ -86,7 +86,7 @@ std::string folded(std::string_view text) {
 const Codes& commonCodes() {
   static const Codes& built = *[] {
     auto* const made = new Codes;  // for the life of the process
-    for (const OVRef<OVCountry> country : *OVCountry::allCountry()) {
+    for (const OVRef<OVCountry> country : OVCountry::allCountry()) {
       made->emplace(folded(country->code()), country->code());
       made->emplace(folded(country->name()), country->code());
     }
@@ -104,7 +104,7 @@ const Codes& commonCodes() {
 const Codes& foreignNames() {
   static const Codes& built = *[] {
     auto* const made = new Codes;  // for the life of the process
-    for (const OVRef<OVCountry> country : *OVCountry::allCountry()) {
+    for (const OVRef<OVCountry> country : OVCountry::allCountry()) {
       const std::string region = upperASCII(country->code().view());
       const icu::Locale place("und", region.c_str());
       const auto add = [&](const icu::Locale& language) {

@@ -123,14 +123,14 @@ OtherLines::OtherLines(const Entries& others, const PersonValues& values, bool h
   const Lines& together = cards_.front()->lines();
   auto next = together.begin();
   for (std::size_t i = 0; i < candidates.size(); ++i) {
-    const auto& [place, text] = candidates[i];
+    const auto& [place, alone] = candidates[i];
     while (next != together.end() && next->number() < kFirstLine + i) ++next;
     const Line* line = next != together.end() && next->number() == kFirstLine + i ? &*next : nullptr;
     if (line == nullptr || lineNameOf(*line) != others[place]->label()->name()) {
       // It may have been taken for a part of the line before.
-      cards_.push_back(std::make_unique<CardText>(std::string(kBegin) + text + std::string(kEnd)));
-      const Lines& alone = cards_.back()->lines();
-      line = alone.size() == 1 ? &alone.front() : nullptr;
+      cards_.push_back(std::make_unique<CardText>(std::string(kBegin) + alone + std::string(kEnd)));
+      const Lines& lines = cards_.back()->lines();
+      line = lines.size() == 1 ? &lines.front() : nullptr;
     }
     if (line != nullptr && isLineOf(*line, *others[place])) lines_[place] = line;
   }

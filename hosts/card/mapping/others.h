@@ -20,6 +20,8 @@ namespace ov::card {
 class CardText {
  public:
   explicit CardText(std::string text);
+  /// Null when there is none.
+  [[nodiscard]] const Card* card() const { return card_; }
   [[nodiscard]] const Lines& lines() const;
 
  private:

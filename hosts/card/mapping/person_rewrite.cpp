@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <map>
 #include <unordered_set>
 
 #include "codec/escapes.h"
 #include "others.h"
+#include "patch.h"
 #include "person_card.h"
 #include "plan.h"
 #include "properties.h"
@@ -21,7 +21,7 @@ class ChangedCard {
         values_(person),
         plan_(card.lines, reading, values_),
         sink_(written_, card.version, card.lineEnd),
-        isKept_(card.lines.size(), true) {
+        patch_(card) {
     for (const Line& line : card.lines) sink_.reserveGroup(line.group());
   }
 
@@ -32,22 +32,18 @@ class ChangedCard {
     }
     dropCompanions();
     planID(id);
-    assemble(out);
+    patch_.write(out);
   }
 
  private:
-  /// What has been written stands in front of that line of the card, or behind all of them.
   void insertAt(std::size_t line) {
-    inserted_[line] += written_;
+    patch_.insert(line, written_);
     written_.clear();
-  }
-  [[nodiscard]] bool isChanged() const {
-    return !inserted_.empty() || std::find(isKept_.begin(), isKept_.end(), false) != isKept_.end();
   }
   [[nodiscard]] const std::vector<Claim>& claims() const { return plan_.claims(); }
 
   void planOne(const Binding& binding) {
-    std::size_t place = isKept_.size();
+    std::size_t place = patch_.end();
     bool isLost = plan_.isChanged(*binding.property);
     for (const OVString* const property : binding.beside) {
       isLost |= property != nullptr && plan_.isChanged(*property);
@@ -60,7 +56,7 @@ class ChangedCard {
       }
       isLost = true;
       if (!Plan::belongsTo(claim, binding)) continue;
-      isKept_[i] = false;
+      patch_.drop(i);
       place = std::min(place, i);
     }
     if (!isLost || plan_.isSaid(binding)) return;
@@ -75,7 +71,6 @@ class ChangedCard {
                   const LineGroup* group);
   void dropCompanions();
   void planID(const OVString& id);
-  void assemble(std::string& out) const;
 
   const Card& card_;
   const PersonReading& reading_;
@@ -83,8 +78,7 @@ class ChangedCard {
   Plan plan_;
   std::string written_;
   LineSink sink_;
-  std::vector<bool> isKept_;
-  std::map<std::size_t, std::string> inserted_;
+  Patch patch_;
   std::unordered_set<const LineGroup*> reusedGroups_;
 };
 
@@ -113,14 +107,14 @@ void ChangedCard::planEntries(const Binding& binding) {
     });
   }
   const std::vector<std::size_t> lost = lostLines(claims(), binding, entries);
-  for (const std::size_t line : lost) isKept_[line] = false;
+  for (const std::size_t line : lost) patch_.drop(line);
 
   Entries all;
   for (const EntryLine& each : entries) all.push_back(each.entry);
   const OtherLines others(isOther ? all : Entries(), values_, true);
   const Entries before = reading_.entries(*binding.property);
 
-  std::size_t next = isKept_.size();  // where an entry is written that has no line
+  std::size_t next = patch_.end();  // where an entry is written that has no line
   if (!lost.empty()) next = lost.front();
   for (const EntryLine& each : entries) {
     if (each.claim != nullptr) {
@@ -149,7 +143,7 @@ void ChangedCard::planEntries(const Binding& binding) {
       floor = next = line + 1;
       continue;
     }
-    isKept_[line] = false;
+    patch_.drop(line);
     if (isInOrder) floor = next = line + 1;
     if (each.preference == Preference::AsItStands) {
       written_ += each.line->source();
@@ -181,51 +175,26 @@ void ChangedCard::writeEntry(const Binding& binding, const EntryLine& entry, con
 void ChangedCard::dropCompanions() {
   std::unordered_set<const LineGroup*> alive = reusedGroups_;
   for (std::size_t i = 0; i < claims().size(); ++i) {
-    if (isKept_[i] && claims()[i].role == Claim::Role::Value) alive.insert(claims()[i].group);
+    if (patch_.keeps(i) && claims()[i].role == Claim::Role::Value) alive.insert(claims()[i].group);
   }
   for (std::size_t i = 0; i < claims().size(); ++i) {
     if (claims()[i].role != Claim::Role::Companion) continue;
-    if (!alive.contains(claims()[i].group)) isKept_[i] = false;
+    if (!alive.contains(claims()[i].group)) patch_.drop(i);
   }
 }
 
 /// A card without an ID has one that is made from what it says: it has to keep that when it says
 /// something else.
 void ChangedCard::planID(const OVString& id) {
-  if (id.empty() || reading_.id() == id || (reading_.id().isNull() && !isChanged())) return;
+  if (id.empty() || reading_.id() == id || (reading_.id().isNull() && patch_.isEmpty())) return;
   std::size_t place = 0;
   for (std::size_t i = 0; i < claims().size(); ++i) {
     if (claims()[i].role != Claim::Role::ID) continue;
-    isKept_[i] = false;
+    patch_.drop(i);
     place = i;
   }
   sink_.line({{}, "UID", {}}, escapeText(id));
   insertAt(place);
-}
-
-void ChangedCard::assemble(std::string& out) const {
-  std::size_t from = 0;
-  const auto insert = [&](std::size_t line) {
-    const auto at = inserted_.find(line);
-    if (at != inserted_.end()) out += at->second;
-  };
-  for (std::size_t i = 0; i < isKept_.size(); ++i) {
-    const std::string_view line = card_.lines[i].source();
-    const auto begin = static_cast<std::size_t>(line.data() - card_.source.data());
-    out += card_.source.substr(from, begin - from);
-    insert(i);
-    if (isKept_[i]) out += line;
-    from = begin + line.size();
-  }
-  std::string_view rest = card_.rest;
-  if (inserted_.contains(isKept_.size()) && rest.starts_with(card_.lineEnd) &&
-      from == card_.source.size()) {
-    out += card_.lineEnd;
-    rest.remove_prefix(card_.lineEnd.size());
-  }
-  insert(isKept_.size());
-  out += card_.source.substr(from);
-  out += rest;
 }
 
 }  // namespace

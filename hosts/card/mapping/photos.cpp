@@ -34,6 +34,13 @@ std::string_view typeIn(const std::array<Beginning, N>& beginnings, std::string_
   return at == beginnings.end() ? std::string_view() : at->mediaType;
 }
 
+/// Whether the value begins as a data URI does. Photos are large: the value is not asked for.
+bool isDataURI(const Line& line) {
+  constexpr std::size_t kLongestHeader = 4096;
+  const std::string_view source = line.source().substr(0, kLongestHeader);
+  return lowerASCII(source).find("data:") != std::string::npos;
+}
+
 /// Whether the type that a card names is the one that the bytes tell.
 bool isTypeOf(std::string_view given, std::string_view mediaType) {
   if (given.empty() || sameWord(given, mediaType)) return true;
@@ -54,13 +61,17 @@ std::string_view mediaTypeOf(std::string_view bytes) {
 }
 
 Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading) {
-  if (line.value().empty()) return Fit::Nothing;
+  if (!line.isBase64() && !isDataURI(line)) {
+    return line.value().empty() ? Fit::Nothing : Fit::Other;
+  }
   if (reading.has(*binding.property)) return Fit::Other;
   if (const auto known = reading.knownPhoto()) {
     return reading.set(*binding.property, known) ? Fit::Usual : Fit::Other;
   }
   auto binary = line.binary();
-  if (!binary || binary->bytes.empty()) return Fit::Other;
+  if (!binary || binary->bytes.empty()) {
+    return line.isBase64() && line.value().empty() ? Fit::Nothing : Fit::Other;
+  }
   const std::string_view mediaType = mediaTypeOf(binary->bytes);
   const bool isUsual = isTypeOf(binary->mediaType, mediaType) &&
                        isTypeOf(line.parameterValue("TYPE"), mediaType) &&

@@ -145,7 +145,7 @@ void PersonReading::add(const Binding& binding, const OVRef<OVObject>& datum,
 
 bool PersonReading::has(const OVString& property) const {
   if (isProbe_) return present_ != nullptr && present_->value(property) != nullptr;
-  return property == OVProPertyTags ? !tags_->empty() : values_.find(property) != nullptr;
+  return property == OVProPertyTags ? !tags_.empty() : values_.find(property) != nullptr;
 }
 
 bool PersonReading::set(const OVString& property, const OVRef<OVObject>& datum) {
@@ -160,7 +160,7 @@ void PersonReading::addTag(std::string_view tag) {
   if (tag.empty() || seenTags_.contains(tag) || isProbe_) return;
   const OVString text(tag);
   seenTags_.insert(text.view());
-  tags_->push_back(text);
+  tags_.push_back(text);
 }
 
 bool PersonReading::hasLine(std::string_view name) {
@@ -173,7 +173,7 @@ bool PersonReading::hasLine(std::string_view name) {
 
 OVRef<OVObject> PersonReading::datum(const OVString& property) const {
   if (isProbe_) return present_ == nullptr ? nullptr : present_->datum<OVObject>(property);
-  if (property == OVProPertyTags) return tags_->empty() ? nullptr : tags_;
+  if (property == OVProPertyTags) return tags_.empty() ? OVRef<OVObject>() : tags_.object();
   const auto value = ov::cast<OVSingleValue>(values_.find(property));
   return value == nullptr ? nullptr : value->value();
 }

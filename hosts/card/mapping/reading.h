@@ -64,7 +64,7 @@ class PersonReading {
   /// The UID; null when there is none.
   [[nodiscard]] const OVString& id() const { return id_; }
   [[nodiscard]] ValueTable takeValues() { return std::move(values_); }
-  [[nodiscard]] const OVRef<OVList<OVString>>& tags() const { return tags_; }
+  [[nodiscard]] const OVList<OVString>& tags() const { return tags_; }
   /// One for each line.
   [[nodiscard]] const std::vector<Claim>& claims() const { return claims_; }
   [[nodiscard]] Entries entries(const OVString& property) const;
@@ -118,7 +118,7 @@ class PersonReading {
   OVString id_;
   ValueTable values_;
   std::vector<Several> several_;
-  OVRef<OVList<OVString>> tags_ = OVList<OVString>::list();
+  OVList<OVString> tags_ = OVList<OVString>::list();
   std::unordered_set<std::string_view, KeyedHash> seenTags_;
   std::map<std::string, LineGroup, std::less<>> groups_;
   std::vector<Claim> claims_;

@@ -110,7 +110,7 @@ bool spellTags(const Binding& binding, const PersonValues& values, const OVSingl
                Spelling& spelling) {
   const auto tags = values.datum<OVList<OVString>>(*binding.property);
   if (tags == nullptr) return false;
-  for (const OVString tag : *tags) {
+  for (const OVString tag : tags) {
     if (tag.empty()) continue;
     spelling.value.append(spelling.value.empty() ? "" : ",").append(escapeText(tag));
   }

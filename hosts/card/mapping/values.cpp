@@ -67,7 +67,11 @@ bool both(const OVRef<OVObject>& a, const OVRef<OVObject>& b, bool& areSame) {
   const auto first = ov::cast<T>(a);
   const auto second = ov::cast<T>(b);
   if (first == nullptr || second == nullptr) return false;
-  areSame = same(*first, *second);
+  if constexpr (std::is_same_v<T, OVList<OVString>>) {
+    areSame = same(first, second);
+  } else {
+    areSame = same(*first, *second);
+  }
   return true;
 }
 
