@@ -229,9 +229,14 @@ void PersonReading::judgeGroups() {
 /// Lines that say one thing together are odd together.
 void PersonReading::judgeLinesOfOneProperty() {
   std::vector<const OVString*> odd;
+  bool hasUsualFormattedName = false;
+  for (std::size_t i = 0; i < claims_.size(); ++i) {
+    hasUsualFormattedName |= &(*lines_)[i] == formatted_ && claims_[i].fit == Fit::Usual;
+  }
   for (std::size_t i = 0; i < claims_.size(); ++i) {
     const Claim& claim = claims_[i];
-    const bool isSecondName = claim.binding == &otherBinding() && (*lines_)[i].name() == "FN";
+    const bool isSecondName =
+        hasUsualFormattedName && claim.binding == &otherBinding() && (*lines_)[i].name() == "FN";
     if (!claim.isOdd && !isSecondName) continue;
     const Binding* const binding =
         claim.binding == &otherBinding() ? bindingOf((*lines_)[i]) : claim.binding;

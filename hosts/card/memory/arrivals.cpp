@@ -21,8 +21,7 @@ std::string contentOf(const Store::Entry& entry) {
   return contentID(CardText(std::string(source.card)).lines());
 }
 
-void addOddLines(const Lines& lines, const PersonReading& reading, ValueTable& values) {
-  const OVString odd = oddLinesOf(lines, reading);
+void addOddLines(const OVString& odd, ValueTable& values) {
   if (odd.isNull()) return;
   auto others = ov::cast<OVMutableMultipleValue>(values.find(OVProPertyOther));
   if (others == nullptr) {
@@ -49,6 +48,7 @@ Arrivals::~Arrivals() {
     const Wish& wish = wishes_.back();
     wish.wanted->lastNumber = wish.lastNumber;
     wish.wanted->idsByContent.erase(wish.content);
+    if (wish.isFirst) book_.wantedIDs.erase(wish.id);
     wishes_.pop_back();
   }
 }
@@ -69,13 +69,15 @@ void Arrivals::add(const Card& card) {
 }
 
 Store::WantedID& Arrivals::wishFor(const OVString& id) {
-  const auto [at, isNew] = book_.wantedIDs.try_emplace(id.str());
-  Store::WantedID& wanted = at->second;
-  if (isNew) {
-    if (std::string content = contentOf(*find(id)); !content.empty()) {
-      wishes_.push_back({&wanted, wanted.lastNumber, content});
-      wanted.idsByContent.emplace(std::move(content), id);
-    }
+  const auto known = book_.wantedIDs.find(id.view());
+  if (known != book_.wantedIDs.end()) return known->second;
+  Wish wish{nullptr, 1, contentOf(*find(id)), id.str(), true};
+  wishes_.reserve(wishes_.size() + 1);
+  Store::WantedID& wanted = book_.wantedIDs[wish.id];
+  wish.wanted = &wanted;
+  wishes_.push_back(std::move(wish));
+  if (const std::string& content = wishes_.back().content; !content.empty()) {
+    wanted.idsByContent.emplace(content, id);
   }
   return wanted;
 }
@@ -90,7 +92,7 @@ OVString Arrivals::idFor(const Card& card, const OVString& given) {
     problems_.warning(card.number, "this card repeats another, and was left out");
     return nullptr;
   }
-  wishes_.push_back({&wanted, wanted.lastNumber, content});
+  wishes_.push_back({&wanted, wanted.lastNumber, content, {}, false});
   std::string numbered;
   do {
     numbered = id.str() + "-" + std::to_string(++wanted.lastNumber);
@@ -113,8 +115,9 @@ void Arrivals::addPerson(const Card& card) {
   PersonReading reading(card.lines, labels_);
   const OVString id = idFor(card, reading.id());
   if (id.isNull()) return;
+  const OVString odd = oddLinesOf(card.lines, reading);
   ValueTable values = reading.takeValues();
-  addOddLines(card.lines, reading, values);
+  addOddLines(odd, values);
   const auto person = std::make_shared<Person>(id, std::move(values), reading.tags(),
                                                book_.weak_from_this());
   person->setSource(sourceOf(card), reading.id());

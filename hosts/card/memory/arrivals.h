@@ -44,6 +44,8 @@ class Arrivals {
     Store::WantedID* wanted;
     std::size_t lastNumber;
     std::string content;
+    std::string id;
+    bool isFirst;  // no card wanted it before
   };
 
   [[nodiscard]] const Store::Entry* find(std::string_view id) const;

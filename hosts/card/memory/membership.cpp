@@ -109,7 +109,7 @@ const Store::Entry* Membership::resolve(const OVString& member) {
   }
   indexReferences();
   const std::string key = referenceKey(member);
-  for (const Store::References* references : {&arrived_, &std::as_const(book_.references)}) {
+  for (const Store::References* references : {&std::as_const(arrived_), &std::as_const(book_.references)}) {
     const auto at = references->find(key);
     if (at == references->end()) continue;
     if (const Store::Entry* const entry = arrivals_.find(at->second)) return entry;
@@ -168,7 +168,7 @@ void Membership::cutCycles() {
     --sub->parents;
     arrivals_.rings_.push_back(sub->place);
   };
-  for (const auto* const places : {&book_.groups, &std::as_const(arrivals_.groups_)}) {
+  for (const auto* const places : {&std::as_const(book_.groups), &std::as_const(arrivals_.groups_)}) {
     for (const Store::GroupPlace& place : *places) cutter.walkFrom(place.group, cut);
   }
 }

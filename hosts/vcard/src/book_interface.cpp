@@ -51,8 +51,8 @@ OVList<IOVPerson> OVVCardBook::personsForIDs(const OVList<OVString>& personIDs) 
   auto persons = OVList<IOVPerson>::list();
   if (personIDs == nullptr) return persons;
   for (const OVString id : personIDs) {
-    const auto at = content_->store->personsByID.find(id);
-    if (at != content_->store->personsByID.end()) persons.push_back(at->second);
+    const Store::Entry* const entry = content_->store->find(id);
+    if (entry != nullptr && entry->person != nullptr) persons.push_back(entry->person);
   }
   return persons;
 }
