@@ -32,6 +32,15 @@ namespace ov::card {
   return isDigit(c) || (lowerASCII(c) >= 'a' && lowerASCII(c) <= 'z');
 }
 
+inline constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+
+/// 16 for a character that is no hexadecimal digit.
+[[nodiscard]] constexpr unsigned hexValue(char c) {
+  if (isDigit(c)) return static_cast<unsigned>(c - '0');
+  const char upper = upperASCII(c);
+  return upper >= 'A' && upper <= 'F' ? static_cast<unsigned>(upper - 'A' + 10) : 16;
+}
+
 [[nodiscard]] constexpr bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 /// Equality of words in which the case of A to Z does not matter.

@@ -7,6 +7,8 @@ namespace ov::card {
 
 namespace {
 
+constexpr std::string_view kGuessed = "bytes that are no UTF-8 text were read as Windows-1252";
+
 Version versionOf(const Line& line) {
   const std::string_view text = trim(line.text());
   if (text.starts_with('2') || text.starts_with('1')) return Version::V2_1;
@@ -92,7 +94,8 @@ void CardReader::readLines() {
       const bool hasNUL = hasNUL_ && line.source().find('\0') != std::string_view::npos;
       const bool isEncoded = line.encoding_ == Encoding::QuotedPrintable ||
                              !(notes.charset.empty() || isUTF8Name(notes.charset));
-      if (isEncoded || !isPlain || hasNUL) encoded_.push_back({&line, notes, {}});
+      if (isEncoded || !isPlain || hasNUL)
+        encoded_.push_back({&line, notes.charset, notes.hasPlainHeader});
       continue;
     }
     if (isProperty && !isVersionKnown) {
@@ -115,30 +118,22 @@ void CardReader::endCard() {
 
 void CardReader::decode(Encoded& encoded) {
   Line& line = *encoded.line;
-  std::string_view charset = encoded.notes.charset;
   if (!line.isBase64()) {
     std::string bytes = line.holdsCard_ ? line.nestedCard() : line.bytes();
     if (bytes.find('\0') != std::string::npos) {
       problems_.warning(line.number_, "NUL characters were replaced");
     }
-    const std::string text = inUTF8(std::move(bytes), charset, line.number_);
+    const std::string text = inUTF8(std::move(bytes), encoded.charset, line.number_);
     line.decoded().plain = context_.arena.copy(text);
   }
   if (isUTF8(line.source_)) return;
   const std::size_t blanks = context_.version == Version::V2_1 ? 0 : 1;
-  const bool hasPlainValue = isUTF8(line.raw_) || isUTF8(unfolded(line.raw_, blanks));
-  if (hasPlainValue && encoded.notes.hasPlainHeader) return;  // a fold cuts a character in two
-  isSpelledAnew_ = true;
-  if (hasPlainValue && context_.version != Version::V2_1) {
-    problems_.warning(line.number_, "bytes that are no UTF-8 text were read as Windows-1252");
-  }
-  std::string& spelling = encoded.spelling;
-  if (hasPlainValue) {
-    if (!line.group_.empty()) spelling.append(line.group_).append(".");
-    spelling.append(line.name_).append(line.parametersAsTheyStand_).append(":").append(line.raw_);
-    spelling += between(endOf(line.raw_), endOf(line.source_));
-  } else {
-    LineWriter(spelling, context_.version, card_->lineEnd).lineLike(line, line.value());
+  encoded.hasPlainValue = isUTF8(line.raw_) || isUTF8(unfolded(line.raw_, blanks));
+  // Otherwise a fold cuts a character in two.
+  encoded.isSpelledAnew = !encoded.hasPlainHeader || !encoded.hasPlainValue;
+  isSpelledAnew_ = isSpelledAnew_ || encoded.isSpelledAnew;
+  if (encoded.isSpelledAnew && encoded.hasPlainValue && context_.version != Version::V2_1) {
+    problems_.warning(line.number_, kGuessed);
   }
 }
 
@@ -156,36 +151,51 @@ std::string CardReader::inUTF8(std::string bytes, std::string_view charset, std:
   }
   if (isUTF8(bytes)) return bytes;
   if (context_.version != Version::V2_1 || isUTF8Name(charset)) {
-    problems_.warning(line, "bytes that are no UTF-8 text were read as Windows-1252");
+    problems_.warning(line, kGuessed);
   }
   return guessedUTF8(bytes);
 }
 
+/// Makes a source in UTF-8 of what stands in the text.
 void CardReader::spellAnew() {
   Card& card = *card_;
   source_.clear();
-  std::vector<std::size_t> starts;
+  std::vector<std::size_t> places;  // where each line begins and ends
   auto encoded = encoded_.begin();
   const char* at = card.source.data();
-  const auto takeGap = [&](const char* end) { source_ += guessedUTF8(between(at, end)); };
   for (Line& line : card.lines) {
-    takeGap(line.source_.data());
+    source_ += guessedUTF8(between(at, line.source_.data()));
     at = endOf(line.source_);
-    starts.push_back(source_.size());
-    while (encoded != encoded_.end() && encoded->line->number_ < line.number_) ++encoded;
-    const bool isSpelled =
-        encoded != encoded_.end() && encoded->line == &line && !encoded->spelling.empty();
-    source_ += isSpelled ? std::string_view(encoded->spelling) : line.source_;
-    starts.push_back(source_.size());
+    places.push_back(source_.size());
+    const bool isEncoded = encoded != encoded_.end() && encoded->line == &line;
+    if (isEncoded && encoded->isSpelledAnew) {
+      spellAnew(*encoded);
+    } else {
+      source_ += line.source_;
+    }
+    if (isEncoded) ++encoded;
+    places.push_back(source_.size());
   }
-  takeGap(endOf(card.source));
+  source_ += guessedUTF8(between(at, endOf(card.source)));
+
   card.source = source_;
   card.isSpelledAnew = true;
-  auto start = starts.begin();
+  auto place = places.begin();
   for (Line& line : card.lines) {
-    const std::size_t begin = *start++;
-    line.source_ = card.source.substr(begin, *start++ - begin);
+    line.source_ = between(source_.data() + place[0], source_.data() + place[1]);
+    place += 2;
   }
+}
+
+void CardReader::spellAnew(const Encoded& encoded) {
+  const Line& line = *encoded.line;
+  if (!encoded.hasPlainValue) {
+    LineWriter(source_, context_.version, card_->lineEnd).lineLike(line, line.value());
+    return;
+  }
+  if (!line.group_.empty()) source_.append(line.group_).append(".");
+  source_.append(line.name_).append(line.parametersAsTheyStand_).append(":");
+  source_ += between(line.raw_.data(), endOf(line.source_));
 }
 
 }  // namespace ov::card

@@ -37,8 +37,10 @@ class CardReader {
   /// A line that is not just ASCII or UTF-8.
   struct Encoded {
     Line* line;
-    LineReader::Notes notes;
-    std::string spelling;  // in UTF-8; empty when the source is
+    std::string_view charset;
+    bool hasPlainHeader;
+    bool hasPlainValue = true;
+    bool isSpelledAnew = false;
   };
 
   bool findBegin();
@@ -47,7 +49,7 @@ class CardReader {
   void endCard();
   void decode(Encoded& encoded);
   [[nodiscard]] std::string inUTF8(std::string bytes, std::string_view charset, std::size_t line);
-  [[nodiscard]] std::string spelled(const Encoded& encoded) const;
+  void spellAnew(const Encoded& encoded);
   void spellAnew();
 
   std::string_view text_;

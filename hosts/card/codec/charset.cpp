@@ -7,73 +7,13 @@
 #include <bit>
 #include <cerrno>
 #include <cstdint>
-#include <cstring>
 
 #include "ascii.h"
+#include "utf8.h"
 
 namespace ov::card {
 
 namespace {
-
-constexpr std::size_t kMostConverters = 32;
-
-/// What Windows-1252 has for 0x80 to 0x9F; zero where it has nothing.
-constexpr std::array<char16_t, 32> kWindows1252{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-void append(char32_t c, std::string& text) {
-  const auto tail = [&](unsigned shift) {
-    text += static_cast<char>(0x80U | ((c >> shift) & 0x3FU));
-  };
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-  } else if (c < 0x800) {
-    text += static_cast<char>(0xC0U | (c >> 6U));
-    tail(0);
-  } else if (c < 0x10000) {
-    text += static_cast<char>(0xE0U | (c >> 12U));
-    tail(6);
-    tail(0);
-  } else {
-    text += static_cast<char>(0xF0U | (c >> 18U));
-    tail(12);
-    tail(6);
-    tail(0);
-  }
-}
-
-/// How many bytes the character in front takes; 0 when there is none.
-std::size_t characterSize(std::string_view bytes) {
-  const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-  const unsigned first = at(0);
-  if (first < 0x80) return 1;
-  const std::size_t size = first < 0xC2   ? 0
-                           : first < 0xE0 ? 2
-                           : first < 0xF0 ? 3
-                           : first < 0xF5 ? 4
-                                          : 0;
-  if (size == 0 || bytes.size() < size) return 0;
-  // Overlong forms, surrogates, and what lies beyond U+10FFFF show in the second byte.
-  const unsigned low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-  const unsigned high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-  if (at(1) < low || at(1) > high) return 0;
-  for (std::size_t i = 2; i < size; ++i) {
-    if ((at(i) & 0xC0U) != 0x80) return 0;
-  }
-  return size;
-}
-
-/// How many bytes in front are ASCII, in steps of eight.
-std::size_t asciiSize(std::string_view bytes) {
-  std::size_t size = 0;
-  for (std::uint64_t word = 0; size + sizeof word <= bytes.size(); size += sizeof word) {
-    std::memcpy(&word, bytes.data() + size, sizeof word);
-    if ((word & 0x8080808080808080U) != 0) break;
-  }
-  return size;
-}
 
 /// iconv gives a meaning of its own to slashes and commas in names.
 bool isCharsetName(std::string_view name) {
@@ -89,28 +29,13 @@ bool isNearlyWindows1252(std::string_view name) {
                      [&](std::string_view known) { return sameWord(known, name); });
 }
 
-std::string windows1252ToUTF8(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size() + bytes.size() / 8);
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool isSpecial = byte >= 0x80 && byte < 0xA0 && kWindows1252[byte - 0x80U] != 0;
-    append(isSpecial ? kWindows1252[byte - 0x80U] : byte, text);
-  }
-  return text;
-}
-
-struct CloseConverter {
-  void operator()(void* converter) const { iconv_close(converter); }
-};
-using Converter = std::unique_ptr<void, CloseConverter>;
-
-Converter open(std::string_view charset) {
+/// Null when there is no such character set.
+void* openConverter(std::string_view charset) {
   if (!isCharsetName(charset)) return nullptr;
   // What iconv_open returns when it fails: (iconv_t)-1.
   static auto* const kFailed = std::bit_cast<void*>(std::intptr_t{-1});
   void* const converter = iconv_open("UTF-8", std::string(charset).c_str());
-  return Converter(converter == kFailed ? nullptr : converter);
+  return converter == kFailed ? nullptr : converter;
 }
 
 Converted convert(iconv_t converter, std::string_view bytes) {
@@ -140,87 +65,25 @@ Converted convert(iconv_t converter, std::string_view bytes) {
 
 }  // namespace
 
-bool isASCII(std::string_view bytes) {
-  bytes.remove_prefix(asciiSize(bytes));
-  return std::all_of(bytes.begin(), bytes.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-bool isUTF8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    bytes.remove_prefix(asciiSize(bytes));
-    if (bytes.empty()) break;
-    const std::size_t size = characterSize(bytes);
-    if (size == 0) return false;
-    bytes.remove_prefix(size);
+void* Charsets::converterFor(std::string_view charset) {
+  std::string name = upperASCII(charset);
+  auto at = converters_.find(name);
+  if (at == converters_.end()) {
+    Converter converter(openConverter(charset));
+    if (converter == nullptr) return nullptr;
+    at = converters_.emplace(std::move(name), std::move(converter)).first;
   }
-  return true;
+  return at->second.get();
 }
 
-std::string guessedUTF8(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size() + bytes.size() / 8);
-  while (!bytes.empty()) {
-    const std::size_t size = characterSize(bytes);
-    if (size == 0) {
-      text += windows1252ToUTF8(bytes.substr(0, 1));
-    } else {
-      text += bytes.substr(0, size);
-    }
-    bytes.remove_prefix(std::max<std::size_t>(size, 1));
-  }
-  return text;
-}
-
-Converted utf16ToUTF8(std::string_view bytes, bool bigEndian) {
-  Converted result;
-  result.text.reserve(bytes.size() / 2 + bytes.size() / 8);
-  const auto unit = [&](std::size_t at) -> char32_t {
-    const auto first = static_cast<unsigned char>(bytes[at]);
-    const auto second = static_cast<unsigned char>(bytes[at + 1]);
-    return bigEndian ? first * 256U + second : second * 256U + first;
-  };
-  for (std::size_t at = 0; at < bytes.size(); at += 2) {
-    char32_t c = at + 1 < bytes.size() ? unit(at) : 0xDC00;
-    const bool isHigh = c >= 0xD800 && c < 0xDC00;
-    const char32_t low = isHigh && at + 3 < bytes.size() ? unit(at + 2) : 0;
-    if (low >= 0xDC00 && low < 0xE000) {
-      c = 0x10000 + ((c - 0xD800) << 10U) + (low - 0xDC00);
-      at += 2;
-    } else if (c >= 0xD800 && c < 0xE000) {
-      c = 0xFFFD;
-      result.exact = false;
-    }
-    append(c, result.text);
-  }
-  return result;
-}
-
-struct Charsets::Entry {
-  std::string name;
-  Converter converter;  // null where there is no such character set
-};
-
-Charsets::Charsets() = default;
-Charsets::~Charsets() = default;
-
-Charsets::Entry& Charsets::entryOf(std::string_view charset) {
-  auto at = std::find_if(entries_.begin(), entries_.end(),
-                         [&](const Entry& entry) { return sameWord(entry.name, charset); });
-  if (at == entries_.end()) {
-    if (entries_.size() == kMostConverters) entries_.pop_back();
-    at = entries_.insert(entries_.end(), {std::string(charset), open(charset)});
-  }
-  std::rotate(entries_.begin(), at, at + 1);
-  return entries_.front();
-}
+void Charsets::Close::operator()(void* converter) const { iconv_close(converter); }
 
 std::optional<Converted> Charsets::toUTF8(std::string_view bytes, std::string_view charset) {
   if (sameWord(charset, "UTF-8") && isUTF8(bytes)) return Converted{std::string(bytes), true};
   if (isNearlyWindows1252(charset)) return Converted{windows1252ToUTF8(bytes), true};
-  const Entry& entry = entryOf(charset);
-  if (entry.converter == nullptr) return std::nullopt;
-  return convert(entry.converter.get(), bytes);
+  void* const converter = converterFor(charset);
+  if (converter == nullptr) return std::nullopt;
+  return convert(converter, bytes);
 }
 
 }  // namespace ov::card

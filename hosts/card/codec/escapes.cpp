@@ -67,6 +67,32 @@ std::string canonicalValue(std::string_view value, Escaping escaping, bool listC
   return canonical;
 }
 
+std::string valueOf21(std::string_view value, bool listCommas) {
+  constexpr std::string_view kQuotable = "\\;,:";
+  std::string old;
+  bool isBackslashOpen = false;  // a literal one, so far on its own
+  const auto put = [&](char c) {
+    if (isBackslashOpen && kQuotable.find(c) != std::string_view::npos) old += '\\';
+    isBackslashOpen = false;
+    old += c;
+  };
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    const bool isEscaped = value[i] == '\\' && i + 1 < value.size();
+    const char c = isEscaped ? value[++i] : value[i];
+    if (isEscaped && c == 'n') {
+      put('\r');
+      put('\n');
+    } else if (c == '\\') {
+      put(c);
+      isBackslashOpen = true;
+    } else {
+      if (isEscaped && (c == ';' || listCommas)) put('\\');
+      put(c);
+    }
+  }
+  return old;
+}
+
 std::string escapeText(std::string_view text) { return escape(text, ",;"); }
 
 std::string escapeURI(std::string_view text) { return escape(text, ""); }

@@ -20,6 +20,10 @@ enum class Escaping {
 [[nodiscard]] std::string canonicalValue(std::string_view value, Escaping escaping,
                                          bool listCommas = false);
 
+/// The canonical value as vCard 2.1 spells it, with line breaks, and with no more backslashes than
+/// it needs. The way back is `canonicalValue`.
+[[nodiscard]] std::string valueOf21(std::string_view value, bool listCommas = false);
+
 /// The text as one canonical value.
 [[nodiscard]] std::string escapeText(std::string_view text);
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "charset.h"
+#include "utf8.h"
 
 namespace ov::card {
 

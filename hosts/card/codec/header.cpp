@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 #include "ascii.h"
+#include "quoted_printable.h"
+#include "utf8.h"
 
 namespace ov::card {
 
@@ -12,24 +15,17 @@ namespace {
 /// Up to this number it is faster to look at each.
 constexpr std::size_t kFew = 16;
 
-/// Hands over the parts of the text between separators that stand outside quotes.
-template <class Use>
-void forEachPart(std::string_view text, char separator, Use use) {
-  bool inQuotes = false;
-  std::size_t start = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '"') inQuotes = !inQuotes;
-    if (text[i] != separator || inQuotes) continue;
-    use(text.substr(start, i - start));
-    start = i + 1;
-  }
-  use(text.substr(start));
-}
-
 Encoding encodingOf(std::string_view word) {
   if (sameWord(word, "QUOTED-PRINTABLE")) return Encoding::QuotedPrintable;
   if (sameWord(word, "BASE64")) return Encoding::Base64;
   return Encoding::None;
+}
+
+/// True when the word speaks of the encoding, which it then sets.
+bool takeEncoding(std::string_view word, Header& header) {
+  if (!isEncodingWord(word)) return false;
+  if (encodingOf(word) != Encoding::None) header.encoding = encodingOf(word);
+  return true;
 }
 
 std::string withoutQuotes(std::string_view text) {
@@ -49,89 +45,61 @@ std::string circumflexDecoded(std::string_view value) {
   return decoded;
 }
 
-/// Values cannot hold quotes and line breaks themselves.
-void appendEncoded(std::string& text, std::string_view value) {
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const char c = value[i];
-    if (c == '^') {
-      text += "^^";
-    } else if (c == '"') {
-      text += "^'";
-    } else if (c == '\n' || c == '\r') {
-      text += "^n";
-      if (value.substr(i).starts_with("\r\n")) ++i;
-    } else if (c != '\0') {
-      text += c;
-    }
-  }
-}
-
-bool isSimple(std::string_view value) {
-  return !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
-    return isAlphanumeric(c) || std::string_view("-_./+").find(c) != std::string_view::npos;
-  });
-}
-
-void appendValue(std::string& parameters, std::string_view value) {
-  const std::string_view quote = isSimple(value) ? "" : "\"";
-  parameters += quote;
-  appendEncoded(parameters, value);
-  parameters += quote;
-}
-
-std::string_view nameOf(std::string_view parameter) {
-  return trim(parameter.substr(0, parameter.find('=')));
+/// The label in "X-CUSTOM(label)", which may be encoded:
+/// "X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=4C=61)". Phones write it for a type.
+std::optional<std::string> customLabel(std::string_view parameter) {
+  constexpr std::string_view kStart = "X-CUSTOM(";
+  constexpr std::string_view kEncoded = "CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,";
+  if (!startsWithWord(parameter, kStart) || !parameter.ends_with(')')) return std::nullopt;
+  const std::string_view label =
+      parameter.substr(kStart.size(), parameter.size() - kStart.size() - 1);
+  if (!startsWithWord(label, kEncoded)) return std::string(label);
+  return guessedUTF8(decodeQuotedPrintable(label.substr(kEncoded.size())));
 }
 
 }  // namespace
 
 bool HeaderParser::parse(std::string_view text, Header& header) {
   header = {};
-  values_.clear();
-  bool isFirst = true;
-  forEachPart(text, ';', [&](std::string_view part) {
-    if (isFirst) {
-      header.parametersAsTheyStand = text.substr(part.size());
-      part = trim(part);
-      if (const std::size_t dot = part.rfind('.'); dot != std::string_view::npos) {
-        header.group = part.substr(0, dot);
-        part.remove_prefix(dot + 1);
-      }
-      header.name = part;
-      isFirst = false;
-    } else if (part = trim(part); !part.empty()) {
-      takeParameter(part, header);
-    }
-  });
+  const std::size_t end = std::min(text.find(';'), text.size());
+  header.name = trim(text.substr(0, end));
+  header.parametersAsTheyStand = text.substr(end);
+  if (const std::size_t dot = header.name.rfind('.'); dot != std::string_view::npos) {
+    header.group = header.name.substr(0, dot);
+    header.name.remove_prefix(dot + 1);
+  }
   if (!isPropertyName(header.name)) return false;
   header.name = arena_.upper(header.name);
   if (header.name == "BEGIN" || header.name == "END") return false;
+  if (end == text.size()) return true;
+
+  values_.clear();
+  runs_.clear();
+  forEachPart(text.substr(end + 1), ';', [&](std::string_view part) {
+    if (!trim(part).empty()) takeParameter(trim(part), header);
+  });
   joinParameters(header);
   return true;
 }
 
 void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
-  const std::size_t equals = parameter.find('=');
-  if (equals == std::string_view::npos) {
-    if (!isEncodingWord(parameter)) {
-      takeValues("TYPE", parameter);
-    } else if (encodingOf(parameter) != Encoding::None) {
-      header.encoding = encodingOf(parameter);
-    }
+  if (const auto label = customLabel(parameter)) {
+    takeValue("X-CUSTOM", arena_.copy(*label));
     return;
   }
-  const std::string_view name = nameOf(parameter);
+  const std::size_t equals = parameter.find('=');
+  if (equals == std::string_view::npos) {
+    if (!takeEncoding(parameter, header)) takeValues("TYPE", parameter);
+    return;
+  }
+  const std::string_view name = trim(parameter.substr(0, equals));
   const std::string_view value = parameter.substr(equals + 1);
   if (sameWord(name, "CHARSET")) {
     header.charset = arena_.copy(withoutQuotes(trim(value)));
   } else if (sameWord(name, "ENCODING")) {
     const std::string plain = withoutQuotes(trim(value));
-    if (sameWord(plain, "B")) {
-      header.encoding = Encoding::Base64;
-    } else if (!isEncodingWord(plain)) {
+    if (!takeEncoding(sameWord(plain, "B") ? "BASE64" : plain, header)) {
       takeValues("X-ENCODING", value);
-    } else if (encodingOf(plain) != Encoding::None) {
-      header.encoding = encodingOf(plain);
     }
   } else if (isToken(name)) {
     takeValues(arena_.upper(name), value);
@@ -140,10 +108,14 @@ void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
   }
 }
 
+void HeaderParser::takeValue(std::string_view name, std::string_view value) {
+  if (runs_.empty() || runs_.back().name != name) runs_.push_back({name, values_.size()});
+  values_.push_back(value);
+  runs_.back().end = values_.size();
+}
+
 void HeaderParser::takeValues(std::string_view name, std::string_view values) {
-  forEachPart(values, ',', [&](std::string_view value) {
-    values_.push_back({name, decoded(value)});
-  });
+  forEachPart(values, ',', [&](std::string_view value) { takeValue(name, decoded(value)); });
 }
 
 std::string_view HeaderParser::decoded(std::string_view value) {
@@ -157,71 +129,58 @@ std::string_view HeaderParser::decoded(std::string_view value) {
 
 /// Values of one name come together, where the first of them stands.
 void HeaderParser::joinParameters(Header& header) {
-  if (values_.empty()) return;
+  if (runs_.empty()) return;
+  bool isJoined = true;
   std::map<std::string_view, std::size_t> places;
-  for (std::size_t i = 0; i < values_.size(); ++i) {
-    Value& value = values_[i];
-    if (values_.size() > kFew) {
-      value.place = places.try_emplace(value.name, i).first->second;
+  for (std::size_t i = 0; i < runs_.size(); ++i) {
+    Run& run = runs_[i];
+    if (runs_.size() > kFew) {
+      run.place = places.try_emplace(run.name, i).first->second;
     } else {
-      const auto first = std::find_if(values_.begin(), values_.end(),
-                                      [&](const Value& v) { return v.name == value.name; });
-      value.place = static_cast<std::size_t>(first - values_.begin());
+      const auto first = std::find_if(runs_.begin(), runs_.end(),
+                                      [&](const Run& other) { return other.name == run.name; });
+      run.place = static_cast<std::size_t>(first - runs_.begin());
     }
+    isJoined = isJoined && run.place == i;
   }
-  const auto isBefore = [](const Value& a, const Value& b) { return a.place < b.place; };
-  if (!std::is_sorted(values_.begin(), values_.end(), isBefore)) {
-    std::stable_sort(values_.begin(), values_.end(), isBefore);
-  }
+  if (!isJoined) joinRuns();
 
-  texts_.clear();
-  for (const Value& value : values_) texts_.push_back(value.text);
-  const auto texts = arena_.copy(std::span<const std::string_view>(texts_));
+  const auto values = arena_.copy(std::span<const std::string_view>(values_));
   parameters_.clear();
-  for (std::size_t i = 0, end = 0; i < values_.size(); i = end) {
-    while (end < values_.size() && values_[end].place == values_[i].place) ++end;
-    parameters_.push_back({values_[i].name, texts.subspan(i, end - i)});
+  for (const Run& run : runs_) {
+    parameters_.push_back({run.name, values.subspan(run.begin, run.end - run.begin)});
   }
   header.parameters = arena_.copy(std::span<const Parameter>(parameters_));
 }
 
-std::size_t findColon(std::string_view line, bool& inQuotes) {
+void HeaderParser::joinRuns() {
+  std::stable_sort(runs_.begin(), runs_.end(),
+                   [](const Run& a, const Run& b) { return a.place < b.place; });
+  std::vector<std::string_view> values;
+  std::vector<Run> joined;
+  for (const Run& run : runs_) {
+    if (joined.empty() || joined.back().place != run.place) {
+      joined.push_back({run.name, values.size(), 0, run.place});
+    }
+    for (std::size_t i = run.begin; i < run.end; ++i) values.push_back(values_[i]);
+    joined.back().end = values.size();
+  }
+  values_ = std::move(values);
+  runs_ = std::move(joined);
+}
+
+std::size_t ColonFinder::find(std::string_view line) {
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == '"') inQuotes = !inQuotes;
-    if (line[i] == ':' && !inQuotes) return i;
+    const auto c = static_cast<unsigned char>(line[i]);
+    if (c == ':' && !inQuotes_) return i;
+    if (c == '"') inQuotes_ = !inQuotes_;
+    if (c == 0 || c >= 0x80) sawPlainText_ = false;
   }
   return std::string_view::npos;
 }
 
-std::string withoutEncoding(std::string_view parametersAsTheyStand) {
-  std::string parameters;
-  forEachPart(parametersAsTheyStand, ';', [&](std::string_view part) {
-    const bool isNamed = part.find('=') != std::string_view::npos;
-    const std::string_view name = nameOf(part);
-    const bool isDropped = isNamed ? sameWord(name, "CHARSET") || sameWord(name, "ENCODING")
-                                   : name.empty() || isEncodingWord(name);
-    if (!isDropped) parameters.append(";").append(part);
-  });
-  return parameters;
-}
-
 bool isEncodingWord(std::string_view word) {
   return encodingOf(word) != Encoding::None || sameWord(word, "7BIT") || sameWord(word, "8BIT");
-}
-
-void appendParameter(std::string& parameters, std::string_view name,
-                     std::initializer_list<std::string_view> values) {
-  appendParameter(parameters, {name, {values.begin(), values.size()}});
-}
-
-void appendParameter(std::string& parameters, const Parameter& parameter) {
-  parameters.append(";").append(parameter.name).append("=");
-  bool isFirst = true;
-  for (const std::string_view value : parameter.values) {
-    if (!isFirst) parameters += ',';
-    appendValue(parameters, value);
-    isFirst = false;
-  }
 }
 
 }  // namespace ov::card

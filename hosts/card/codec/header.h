@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,36 +46,56 @@ class HeaderParser {
   bool parse(std::string_view text, Header& header);
 
  private:
-  struct Value {
+  /// Values of one name that stand together.
+  struct Run {
     std::string_view name;
-    std::string_view text;
-    std::size_t place = 0;  // of the first value of that name
+    std::size_t begin;
+    std::size_t end = 0;
+    std::size_t place = 0;  // of the first run of that name
   };
 
   void takeParameter(std::string_view parameter, Header& header);
   void takeValues(std::string_view name, std::string_view values);
+  void takeValue(std::string_view name, std::string_view value);
   [[nodiscard]] std::string_view decoded(std::string_view value);
   void joinParameters(Header& header);
+  void joinRuns();
 
   Arena& arena_;
-  std::vector<Value> values_;
+  std::vector<std::string_view> values_;
+  std::vector<Run> runs_;
   std::vector<Parameter> parameters_;
-  std::vector<std::string_view> texts_;
 };
 
-/// The end of the header in front of `line`; `npos` where only a colon in quotes, or none, is left.
-/// `inQuotes` tells how the text before it ended, and then how this one does.
-[[nodiscard]] std::size_t findColon(std::string_view line, bool& inQuotes);
+/// Hands over the parts of a header between separators that stand outside quotes.
+template <class Use>
+void forEachPart(std::string_view text, char separator, Use use) {
+  bool inQuotes = false;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '"') inQuotes = !inQuotes;
+    if (text[i] != separator || inQuotes) continue;
+    use(text.substr(start, i - start));
+    start = i + 1;
+  }
+  use(text.substr(start));
+}
 
-/// The parameters as they stand without those that tell encoding and character set.
-[[nodiscard]] std::string withoutEncoding(std::string_view parametersAsTheyStand);
+/// Looks for the colon that ends a header.
+class ColonFinder {
+ public:
+  /// Goes on with the next line of a folded header; `npos` where it holds no colon outside quotes.
+  [[nodiscard]] std::size_t find(std::string_view line);
+
+  /// Whether all that was passed over is ASCII without NUL.
+  [[nodiscard]] bool sawPlainText() const { return sawPlainText_; }
+
+ private:
+  bool inQuotes_ = false;
+  bool sawPlainText_ = true;
+};
 
 /// True for words that say something of the encoding wherever they stand alone.
 [[nodiscard]] bool isEncodingWord(std::string_view word);
-
-/// Appends a parameter with a semicolon in front, its values encoded, and quoted where need be.
-void appendParameter(std::string& parameters, std::string_view name,
-                     std::initializer_list<std::string_view> values);
-void appendParameter(std::string& parameters, const Parameter& parameter);
 
 }  // namespace ov::card

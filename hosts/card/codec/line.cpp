@@ -98,10 +98,9 @@ std::string_view Line::value() const {
   const std::string_view text = plain();
   if (holdsCard_) return decoded().value.emplace(context_->arena.copy(escapeText(text)));
   const bool isOld = context_->version == Version::V2_1;
-  const std::string_view special =
-      isOld ? std::string_view("\\\r\n\0,", 5) : std::string_view("\\\r\n\0", 4);
-  const bool isPlain = std::none_of(
-      text.begin(), text.end(), [&](char c) { return special.find(c) != std::string_view::npos; });
+  const bool isPlain = std::none_of(text.begin(), text.end(), [&](char c) {
+    return c == '\\' || c == '\r' || c == '\n' || c == '\0' || (isOld && c == ',');
+  });
   if (isPlain) return text;
   return decoded().value.emplace(context_->arena.copy(
       canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES")));

@@ -4,7 +4,7 @@
 
 #include "ascii.h"
 #include "base64.h"
-#include "charset.h"
+#include "utf8.h"
 
 namespace ov::card {
 
@@ -42,9 +42,8 @@ bool LineReader::read(Line& line, Notes& notes) {
   line.context_ = &context_;
   line.number_ = cursor_.line().number;
   const char* const begin = cursor_.line().text.data();
-  const std::size_t size = readHeader();
   Header header;
-  if (size == std::string_view::npos || !parseHeader({begin, size}, line.number_, header, notes)) {
+  if (!readHeader(header, notes)) {
     takeContinuations();
     line.source_ = textFrom(begin);
     problems_.error(line.number_, "this line is no property of a vCard");
@@ -56,50 +55,62 @@ bool LineReader::read(Line& line, Notes& notes) {
   line.parameters_ = header.parameters;
   line.encoding_ = header.encoding;
   notes.charset = header.charset;
+  takeValue(line);
+  line.raw_ = textFrom(value_);
+  line.source_ = {begin, textFrom(begin).size() + last_.end.size()};
+  return true;
+}
 
-  const char* const value = begin + size + 1;
-  if (header.encoding == Encoding::QuotedPrintable) {
+/// Takes the lines of the header.
+bool LineReader::readHeader(Header& header, Notes& notes) {
+  const TextLine first = cursor_.line();
+  const char* const begin = first.text.data();
+  ColonFinder finder;
+  std::size_t colon = 0;
+  do {
+    take();
+    colon = finder.find(last_.text);
+  } while (colon == std::string_view::npos && cursor_.isContinuation());
+  const bool quotesPair = colon != std::string_view::npos;
+  if (quotesPair) {
+    colon += textFrom(begin).size() - last_.text.size();
+  } else {
+    colon = textFrom(begin).find(':');
+    if (colon == std::string_view::npos) return false;
+  }
+
+  value_ = begin + colon + 1;
+  std::string_view text(begin, colon);
+  if (colon > first.text.size()) text = context_.arena.copy(unfolded(text, 1));
+  if (quotesPair && finder.sawPlainText()) return parser_.parse(text, header);
+  return parseMended(first, text, quotesPair, header, notes);
+}
+
+/// Parses what is more than plain ASCII.
+bool LineReader::parseMended(const TextLine& first, std::string_view text, bool quotesPair,
+                             Header& header, Notes& notes) {
+  notes.hasPlainHeader = isUTF8(text);
+  std::string mended = notes.hasPlainHeader ? std::string(text) : guessedUTF8(text);
+  std::size_t erased = std::erase(mended, '\0');
+  if (!quotesPair) erased += std::erase(mended, '"');
+  if (!parser_.parse(context_.arena.copy(mended), header)) return false;
+  if (erased > 0)
+    problems_.warning(first.number, "quotes without a partner, or NUL, were left out");
+  return true;
+}
+
+void LineReader::takeValue(Line& line) {
+  if (line.encoding_ == Encoding::QuotedPrintable) {
     takeQuotedPrintable();
   } else {
     takeContinuations();
   }
   // Some cards say so of an address, too.
-  if (line.isBase64() && !takeBase64(value)) line.encoding_ = Encoding::None;
-  line.isFolded_ = value < last_.text.data();
+  if (line.isBase64() && !takeBase64()) line.encoding_ = Encoding::None;
+  line.isFolded_ = value_ < last_.text.data();
   if (line.name_ == "AGENT" && line.encoding_ == Encoding::None && !line.isFolded_) {
-    takeCard(line, trim(textFrom(value)));
+    takeCard(line);
   }
-  line.raw_ = textFrom(value);
-  line.source_ = {begin, textFrom(begin).size() + last_.end.size()};
-  return true;
-}
-
-/// Takes the lines of the header. Its size, up to the colon; `npos` when there is no colon.
-std::size_t LineReader::readHeader() {
-  const char* const begin = cursor_.line().text.data();
-  bool inQuotes = false;
-  do {
-    take();
-    const std::size_t colon = findColon(last_.text, inQuotes);
-    if (colon != std::string_view::npos) return textFrom(begin).size() - last_.text.size() + colon;
-  } while (cursor_.isContinuation());
-  return textFrom(begin).find(':');  // the quotes do not pair
-}
-
-bool LineReader::parseHeader(std::string_view text, std::size_t line, Header& header,
-                             Notes& notes) {
-  if (last_.number != line) text = context_.arena.copy(unfolded(text, 1));
-  const bool isCommon = isASCII(text) && text.find('\0') == std::string_view::npos;
-  const auto quotes = std::count(text.begin(), text.end(), '"');
-  if (isCommon && quotes % 2 == 0) return parser_.parse(text, header);
-
-  notes.hasPlainHeader = isUTF8(text);
-  std::string mended = notes.hasPlainHeader ? std::string(text) : guessedUTF8(text);
-  const std::size_t erased =
-      std::erase(mended, '\0') + (quotes % 2 == 0 ? 0 : std::erase(mended, '"'));
-  if (!parser_.parse(context_.arena.copy(mended), header)) return false;
-  if (erased > 0) problems_.warning(line, "quotes without a partner, or NUL, were left out");
-  return true;
 }
 
 void LineReader::takeContinuations() {
@@ -116,8 +127,8 @@ void LineReader::takeQuotedPrintable() {
 }
 
 /// False when the value is no base64. In old cards its lines are not folded.
-bool LineReader::takeBase64(const char* value) {
-  const std::string_view text = textFrom(value);
+bool LineReader::takeBase64() {
+  const std::string_view text = textFrom(value_);
   const bool is = std::all_of(text.begin(), text.end(), [](char c) {
     return isBase64Digit(c) || isBlank(c) || c == '\r' || c == '\n';
   });
@@ -126,7 +137,8 @@ bool LineReader::takeBase64(const char* value) {
 }
 
 /// Takes the card behind AGENT, with those inside it, if there is one.
-void LineReader::takeCard(Line& line, std::string_view value) {
+void LineReader::takeCard(Line& line) {
+  const std::string_view value = trim(textFrom(value_));
   const bool follows = value.empty() && cursor_.marker() == Marker::Begin;
   if (!follows && markerOf(value) != Marker::Begin) return;
   if (follows) take();

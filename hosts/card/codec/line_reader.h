@@ -29,12 +29,14 @@ class LineReader {
   bool read(Line& line, Notes& notes);
 
  private:
-  [[nodiscard]] std::size_t readHeader();
-  bool parseHeader(std::string_view text, std::size_t line, Header& header, Notes& notes);
+  bool readHeader(Header& header, Notes& notes);
+  bool parseMended(const TextLine& first, std::string_view text, bool quotesPair, Header& header,
+                   Notes& notes);
+  void takeValue(Line& line);
   void takeContinuations();
   void takeQuotedPrintable();
-  [[nodiscard]] bool takeBase64(const char* value);
-  void takeCard(Line& line, std::string_view value);
+  [[nodiscard]] bool takeBase64();
+  void takeCard(Line& line);
   void take();
   /// From `begin` to the end of the line taken last, without its end.
   [[nodiscard]] std::string_view textFrom(const char* begin) const;
@@ -43,7 +45,8 @@ class LineReader {
   CardContext& context_;
   Problems& problems_;
   HeaderParser parser_;
-  TextLine last_;  // the line taken last
+  TextLine last_;                // the line taken last
+  const char* value_ = nullptr;  // what stands behind the colon of the header read last
 };
 
 }  // namespace ov::card

@@ -4,8 +4,11 @@
 
 #include "ascii.h"
 #include "base64.h"
-#include "charset.h"
 #include "escapes.h"
+#include "parameters.h"
+#include "quoted_printable.h"
+#include "text_lines.h"
+#include "utf8.h"
 
 namespace ov::card {
 
@@ -13,7 +16,6 @@ namespace {
 
 constexpr std::size_t kLongestLine = 75;
 constexpr std::size_t kBytesPerStep = 3072;  // whole groups of three
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 /// How many bytes of the text fit into a line without cutting a character in two.
 std::size_t fitting(std::string_view text, std::size_t room) {
@@ -21,34 +23,6 @@ std::size_t fitting(std::string_view text, std::size_t room) {
   std::size_t end = room;
   while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
   return end;
-}
-
-/// A canonical value as vCard 2.1 spells it, with line breaks. The backslash quotes no more than it
-/// has to.
-std::string oldValue(std::string_view value, bool listCommas) {
-  constexpr std::string_view kQuotable = "\\;,:";
-  std::string old;
-  bool isBackslashOpen = false;  // a literal one, so far on its own
-  const auto put = [&](char c) {
-    if (isBackslashOpen && kQuotable.find(c) != std::string_view::npos) old += '\\';
-    isBackslashOpen = false;
-    old += c;
-  };
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const bool isEscaped = value[i] == '\\' && i + 1 < value.size();
-    const char c = isEscaped ? value[++i] : value[i];
-    if (isEscaped && c == 'n') {
-      put('\r');
-      put('\n');
-    } else if (c == '\\') {
-      put(c);
-      isBackslashOpen = true;
-    } else {
-      if (isEscaped && (c == ';' || listCommas)) put('\\');
-      put(c);
-    }
-  }
-  return old;
 }
 
 /// Whether vCard 2.1 can hold the text only encoded.
@@ -59,11 +33,6 @@ bool needsEncoding(std::string_view text) {
   });
 }
 
-bool standsAsItIs(char c) { return c >= ' ' && c <= '~' && c != '='; }
-
-/// Behind a soft line break nothing may look like a blank that folds or like END:VCARD.
-bool mayBeginLine(char c) { return c != ' ' && upperASCII(c) != 'B' && upperASCII(c) != 'E'; }
-
 /// "PNG" for "image/png"; nothing for types that say nothing.
 std::string typeOf(std::string_view mediaType) {
   const std::size_t slash = mediaType.find('/');
@@ -71,22 +40,7 @@ std::string typeOf(std::string_view mediaType) {
   return upperASCII(mediaType.substr(slash + 1));
 }
 
-/// vCard 2.1 names no types, but for those that would mean something else alone.
-void appendOldType(std::string& parameters, std::string_view type) {
-  if (isToken(type) && !isEncodingWord(type)) {
-    parameters.append(";").append(upperASCII(type));
-  } else {
-    appendParameter(parameters, "TYPE", {type});
-  }
-}
-
 }  // namespace
-
-std::string canonicalParameters(const Line& line) {
-  std::string parameters;
-  for (const Parameter& parameter : line.parameters()) appendParameter(parameters, parameter);
-  return parameters;
-}
 
 void LineWriter::begin() {
   const std::string_view version = version_ == Version::V2_1   ? "2.1"
@@ -138,51 +92,28 @@ void LineWriter::start(const LineHeader& header) {
     put(".");
   }
   put(header.name);
-  put(version_ == Version::V4_0 ? header.parameters : spelled(header.parameters));
+  put(version_ == Version::V4_0 ? header.parameters
+                                : spelledParameters(header.parameters, version_));
 }
 
 void LineWriter::finish(std::string_view name, std::string_view value) {
+  // Unless it is folded or encoded, it would be the beginning of a card.
+  const bool isMarker = sameWord(name, "AGENT") && markerOf(trim(value)) == Marker::Begin;
   if (version_ != Version::V2_1) {
     put(":");
+    if (isMarker) column_ = kLongestLine;
     put(value);
     endLine();
     return;
   }
-  const std::string old = oldValue(value, sameWord(name, "CATEGORIES"));
-  if (needsEncoding(old)) {
-    quotedPrintable(old);
+  const std::string old = valueOf21(value, sameWord(name, "CATEGORIES"));
+  if (isMarker || needsEncoding(old)) {
+    if (!isASCII(old)) put(";CHARSET=UTF-8");
+    put(";ENCODING=QUOTED-PRINTABLE:");
+    appendQuotedPrintable(out_, old, column_, lineEnd_);
   } else {
     put(":");
     put(old);
-    endLine();
-  }
-}
-
-void LineWriter::quotedPrintable(std::string_view text) {
-  if (!isASCII(text)) put(";CHARSET=UTF-8");
-  put(";ENCODING=QUOTED-PRINTABLE:");
-  bool isLineStart = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    const bool isLast = i + 1 == text.size();
-    if (column_ + 3 > kLongestLine) {
-      out_.append("=").append(lineEnd_);
-      column_ = 0;
-      isLineStart = true;
-    }
-    const bool isPlain =
-        standsAsItIs(c) && !(isLineStart && !mayBeginLine(c)) && !(isLast && c == ' ');
-    if (isPlain) {
-      out_ += c;
-      ++column_;
-    } else {
-      const auto byte = static_cast<unsigned char>(c);
-      out_ += '=';
-      out_ += kHexDigits[byte / 16];
-      out_ += kHexDigits[byte % 16];
-      column_ += 3;
-    }
-    isLineStart = false;
   }
   endLine();
 }
@@ -210,30 +141,6 @@ void LineWriter::fold(std::string_view text) {
 void LineWriter::endLine() {
   out_ += lineEnd_;
   column_ = 0;
-}
-
-/// Canonical parameters as this version, which is an older one, spells them.
-std::string LineWriter::spelled(std::string_view parameters) const {
-  if (parameters.empty()) return {};
-  Arena arena;
-  Header header;
-  const std::string text = "X" + std::string(parameters);
-  HeaderParser(arena).parse(text, header);
-  const bool isOld = version_ == Version::V2_1;
-  std::string spelled;
-  bool isPreferred = false;
-  for (const Parameter& parameter : header.parameters) {
-    if (parameter.name == "PREF" && parameter.values.front() == "1") {
-      isPreferred = true;
-    } else if (parameter.name == "TYPE" && isOld) {
-      for (const std::string_view type : parameter.values) appendOldType(spelled, type);
-    } else {
-      appendParameter(spelled, parameter);
-    }
-  }
-  if (isPreferred) spelled += isOld ? ";PREF" : ";TYPE=pref";
-  if (header.encoding == Encoding::Base64) spelled += isOld ? ";ENCODING=BASE64" : ";ENCODING=b";
-  return spelled;
 }
 
 }  // namespace ov::card

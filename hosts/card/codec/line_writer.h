@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "header.h"
 #include "line.h"
 #include "version.h"
 
@@ -14,12 +13,9 @@ namespace ov::card {
 struct LineHeader {
   std::string_view group = {};
   std::string_view name;
-  /// As `appendParameter` spells them, encoding and character set left out.
+  /// Canonical (see parameters.h), encoding and character set left out.
   std::string_view parameters = {};
 };
-
-/// All parameters of a line, as `LineHeader` takes them.
-[[nodiscard]] std::string canonicalParameters(const Line& line);
 
 /// Writes lines as a version of vCard spells them, folded at 75 bytes.
 ///
@@ -50,11 +46,9 @@ class LineWriter {
   void start(const LineHeader& header);
   /// A value behind a header that is spelled for this version.
   void finish(std::string_view name, std::string_view value);
-  void quotedPrintable(std::string_view text);
   void put(std::string_view text);
   void fold(std::string_view text);
   void endLine();
-  [[nodiscard]] std::string spelled(std::string_view parameters) const;
 
   std::string& out_;
   Version version_;

@@ -1,13 +1,11 @@
 #include "percent.h"
 
 #include "ascii.h"
-#include "charset.h"
+#include "utf8.h"
 
 namespace ov::card {
 
 namespace {
-
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 bool standsAsItIs(char c) {
   return isAlphanumeric(c) || std::string_view("-._~@+/=!$&'()*").find(c) != std::string_view::npos;
@@ -38,9 +36,9 @@ std::string percentDecoded(std::string_view text) {
       continue;
     }
     if (i + 2 >= text.size()) return std::string(text);
-    const std::size_t high = kHexDigits.find(upperASCII(text[i + 1]));
-    const std::size_t low = kHexDigits.find(upperASCII(text[i + 2]));
-    if (high == std::string_view::npos || low == std::string_view::npos) return std::string(text);
+    const unsigned high = hexValue(text[i + 1]);
+    const unsigned low = hexValue(text[i + 2]);
+    if (high > 15 || low > 15) return std::string(text);
     decoded += static_cast<char>(high * 16 + low);
     i += 2;
   }

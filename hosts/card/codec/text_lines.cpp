@@ -6,19 +6,14 @@
 
 namespace ov::card {
 
-std::size_t TextLines::findEnd() {
-  // Most texts have no CR but before LF, a few no LF at all: neither is looked for twice.
-  if (!lineFeedIsKnown_ || lineFeed_ < offset_) {
-    lineFeed_ = std::min(text_.find('\n', offset_), text_.size());
-    lineFeedIsKnown_ = true;
-  }
-  return offset_ +
-         std::min(text_.substr(offset_, lineFeed_ - offset_).find('\r'), lineFeed_ - offset_);
+std::size_t TextLines::Next::find(std::string_view text, std::size_t from) {
+  if (!place || *place < from) place = std::min(text.find(c, from), text.size());
+  return *place;
 }
 
 bool TextLines::next(TextLine& line) {
   if (offset_ >= text_.size()) return false;
-  const std::size_t end = findEnd();
+  const std::size_t end = std::min(lineFeed_.find(text_, offset_), return_.find(text_, offset_));
   const std::string_view rest = text_.substr(end);
   std::size_t size = rest.empty() ? 0 : 1;
   if (rest.starts_with("\r\n")) size = 2;

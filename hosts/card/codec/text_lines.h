@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,13 +31,19 @@ class TextLines {
   [[nodiscard]] std::size_t offset() const { return offset_; }
 
  private:
-  [[nodiscard]] std::size_t findEnd();
+  /// Where a character comes next: many texts have no CR, some no LF, and are searched once.
+  struct Next {
+    std::size_t find(std::string_view text, std::size_t from);
+
+    char c;
+    std::optional<std::size_t> place;
+  };
 
   std::string_view text_;
   std::size_t offset_ = 0;
   std::size_t number_ = 0;
-  std::size_t lineFeed_ = 0;  // the next one, once it has been looked for
-  bool lineFeedIsKnown_ = false;
+  Next lineFeed_{'\n', {}};
+  Next return_{'\r', {}};
 };
 
 /// The text with each continuation line joined to the one before it. `blanks` is how many blanks

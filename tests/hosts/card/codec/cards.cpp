@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "codec/line_writer.h"
+#include "codec/parameters.h"
 
 namespace ov::card {
 

@@ -6,6 +6,7 @@
 #include "codec/percent.h"
 #include "codec/quoted_printable.h"
 #include "codec/text_lines.h"
+#include "codec/utf8.h"
 #include "hosts/card/codec/cards.h"
 
 namespace ov::card {

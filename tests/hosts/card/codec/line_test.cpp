@@ -63,6 +63,26 @@ TEST(Parameters, WhoseNamesAreNoneAreKept) {
   EXPECT_EQ(headerOf("TEL;A B=c;=d:1"), "TEL;X-INVALID=\"A B=c\",\"=d\"");
 }
 
+TEST(Parameters, HoldTheLabelsOfPhones) {
+  const std::string encoded = "X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=4D=C3=BC=2C=3B)";
+  readLine(
+      "TEL;" + encoded + ":1=",
+      [](const Line& line) {
+        EXPECT_EQ(described(line), "TEL;X-CUSTOM=\"M\u00FC,;\":1=");
+        EXPECT_EQ(line.parameterValue("X-CUSTOM"), "M\u00FC,;");
+      },
+      "2.1");
+  EXPECT_EQ(headerOf("TEL;X-Custom(Ski hut, left);PREF:1", "2.1"),
+            "TEL;X-CUSTOM=\"Ski hut, left\";PREF=1");
+}
+
+TEST(Parameters, TellThePreferenceInOneWay) {
+  EXPECT_EQ(headerOf("TEL;TYPE=home,pref;type=CELL:1", "3.0"), "TEL;TYPE=home,CELL;PREF=1");
+  EXPECT_EQ(headerOf("TEL;TYPE=\"home,pref\":1"), "TEL;TYPE=home;PREF=1");
+  EXPECT_EQ(headerOf("TEL;PREF:1", "2.1"), "TEL;PREF=1");
+  EXPECT_EQ(headerOf("TEL;TYPE=pref;PREF=2:1"), "TEL;TYPE=pref;PREF=2");
+}
+
 TEST(Parameters, StandAsTheyStand) {
   readLine("item1.tel;type=Home;Encoding=8bit;type=pref : 1", [](const Line& line) {
     EXPECT_EQ(line.group(), "item1");

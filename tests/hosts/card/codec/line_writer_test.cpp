@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "codec/escapes.h"
+#include "codec/parameters.h"
 #include "codec/text_lines.h"
+#include "codec/utf8.h"
 #include "hosts/card/codec/cards.h"
 
 namespace ov::card {
