@@ -3,7 +3,7 @@
 BUILD_JOBS ?= $(shell nproc)
 TEST_JOBS ?= $(shell nproc)
 
-# Debug builds of the same file in several folders share one entry, also below ctest, which changes
+# Builds of the same file in several folders share one entry, also below ctest, which changes
 # the locale; precompiled headers are cached.
 export CCACHE_NOHASHDIR := 1
 export CCACHE_SLOPPINESS := pch_defines,time_macros,locale
@@ -40,8 +40,10 @@ build: setup ## Build with g++, for debugging
 	cmake --preset dev
 	$(call build_preset,dev)
 
-test: build ## Build with g++ and run every test
-	$(call test_preset,dev)
+test: setup ## Build with g++, optimised as it ships, and run every test
+	cmake --preset optimised
+	$(call build_preset,optimised)
+	$(call test_preset,optimised)
 
 asan: setup ## Run the tests with clang, AddressSanitizer, UndefinedBehaviorSanitizer and counters
 	cmake --preset asan-ubsan
@@ -96,8 +98,10 @@ consumers: setup ## Use the library as a subfolder with each compiler and standa
 	cmake --preset dev -B build/consumers -DOV_TEST_EVERY_CONSUMER=ON
 	ctest --test-dir build/consumers -R consumer.add_subdirectory_ -j $(TEST_JOBS) --output-on-failure
 
-symbols: build ## Write abi/symbols.txt, the list of what the shared library exports, anew
-	scripts/symbols --update build/dev/src/libOVAddressBookSDK.so
+symbols: setup ## Write abi/symbols.txt, the list of what the shared library exports, anew
+	cmake --preset optimised
+	$(call build_preset,optimised) --target OVAddressBookSDK
+	scripts/symbols --update build/optimised/src/libOVAddressBookSDK.so
 
 abi: ## Compare the binary interface of the shared library with the stored one
 	scripts/setup abi

@@ -2,8 +2,11 @@
 add_library(ov_options INTERFACE)
 target_compile_features(ov_options INTERFACE cxx_std_20)
 target_compile_options(
-  ov_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
-                       -Woverloaded-virtual $<$<BOOL:${OV_WARNINGS_AS_ERRORS}>:-Werror>)
+  ov_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+                       $<$<BOOL:${OV_WARNINGS_AS_ERRORS}>:-Werror>)
+# Files that are compiled together see each other's names.
+target_compile_options(
+  ov_options INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>)
 # g++ 12 sees overlapping copies inside std::string where there are none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(ov_options INTERFACE -Wno-restrict)

@@ -34,8 +34,6 @@ class OVAtomic {
     const std::lock_guard lock(ov::detail::stripeOf(this));
     std::swap(value_, value);
   }
-  /// The value without the lock: for a caller that knows that no other thread stores.
-  [[nodiscard]] const T& peek() const { return value_; }
   /// Stores without the lock: for an owner that no other thread knows yet.
   void place(T value) { value_ = std::move(value); }
   /// Takes the value out without the lock: for an owner that no other thread knows any more.

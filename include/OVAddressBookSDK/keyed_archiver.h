@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/data.h>
 #include <OVAddressBookSDK/dictionary.h>
@@ -36,6 +37,9 @@ class OV_EXPORT OVKeyedArchiver {
 
   /// Null is written as a null object: the key is present and reads as null.
   void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
+  /// The same for a copy of the owner's reference, such as one that an `OVAtomic` gives: the object
+  /// lives until it is written, even when the owner lets go of it meanwhile.
+  void encodeObjectForKey(OVRef<OVObject>&& object, std::string_view key);
   /// The same for a text. Equal texts are written once.
   void encodeObjectForKey(const OVString& text, std::string_view key);
   /// The same for a list or a dictionary.
@@ -45,6 +49,10 @@ class OV_EXPORT OVKeyedArchiver {
     encodeObjectForKey(list.object(), key);
   }
   template <class T>
+  void encodeObjectForKey(OVList<T>&& list, std::string_view key) {
+    encodeObjectForKey(std::move(list).object(), key);
+  }
+  template <class T>
   void encodeObjectForKey(const OVDictionary<T>& dictionary, std::string_view key) {
     encodeObjectForKey(dictionary.object(), key);
   }
@@ -52,7 +60,7 @@ class OV_EXPORT OVKeyedArchiver {
   /// The same for a reference of another type.
   template <class T>
   void encodeObjectForKey(const OVRef<T>& object, std::string_view key) {
-    encodeCopyForKey(object, key);
+    encodeObjectForKey(OVRef<OVObject>(object), key);
   }
   /// An array as one object of the class "NSMutableArray".
   void encodeListForKey(std::span<const OVRef<OVObject>> items, std::string_view key);
@@ -71,9 +79,6 @@ class OV_EXPORT OVKeyedArchiver {
   friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveWriter;
   explicit OVKeyedArchiver(ov::detail::ArchiveWriter& writer) : writer_(writer) {}
-
-  /// For a reference that its owner holds with another type.
-  void encodeCopyForKey(const OVRef<OVObject>& copy, std::string_view key);
 
   ov::detail::ArchiveWriter& writer_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -27,6 +28,8 @@ class OV_EXPORT ListObject final : public OVObject {
   void set(std::size_t index, OVRef<OVObject> item);
   void erase(std::size_t index);
   void clear();
+  /// The position of the first equal text; past the end when there is none, and for null.
+  [[nodiscard]] std::size_t positionOf(const OVString& text) const;
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
@@ -174,6 +177,9 @@ class OVList<const T> : public ov::detail::ListHandle {
     return isNull() ? const_iterator() : const_iterator(array(), index);
   }
   [[nodiscard]] std::size_t positionOf(const value_type& value) const {
+    if constexpr (std::same_as<T, OVString>) {
+      return this->isNull() ? 0 : this->array().positionOf(value);
+    }
     std::size_t position = 0;
     while (position < size() && !ov::detail::sameElement((*this)[position], value)) ++position;
     return position;

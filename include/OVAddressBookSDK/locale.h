@@ -4,9 +4,12 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
-/// What the library asks of the platform's languages and countries. Any thread may call it.
+/// What the library asks of the platform's languages and countries. Any thread may call it, and the
+/// library holds no lock meanwhile.
 ///
-/// A host that lets the user choose a locale of its own can install one with that identifier:
+/// A host installs its locale before it uses the library: the country codes are read once, by the
+/// first call that needs the countries (see `OVCountry`). The identifier is read again on each
+/// call. A host that lets the user choose a locale of its own can install one with that identifier:
 ///
 ///     OVLocale::setCurrentLocale(OVLocale::withIdentifier("fr_CH"));
 ///
@@ -34,21 +37,31 @@ class OV_EXPORT OVLocale {
   /// gives "en_US_POSIX".
   [[nodiscard]] static OVRef<OVLocale> withIdentifier(const OVString& identifier);
 
-  /// The ISO 3166-1 alpha-2 codes, upper case, in the platform's order. A new list, the caller's to
-  /// change; never null.
+  /// The country codes that the platform knows: two upper-case letters of ASCII each, in the
+  /// platform's order. A new list, the caller's to change; null reads as empty.
+  ///
+  /// The platform's default gives ICU's list: the alpha-2 codes of ISO 3166-1 and some that are not
+  /// among them, such as "XK" for Kosovo. A host may give another list. It must not ask for a
+  /// country on the way: countries are made of these codes.
   [[nodiscard]] virtual OVList<OVString> isoCountryCodes() const = 0;
 
-  /// The user's locale: language, script where it matters, region and variant, joined by "_"
-  /// ("de_DE", "sr_Latn_RS", "ca_ES_VALENCIA"); never null. The platform's default reads the first
-  /// of the environment variables LC_ALL, LC_MESSAGES and LANG that is not empty, anew on each
-  /// call; without any, and for "C", "POSIX" and what names no locale, it is "en_US_POSIX".
+  /// The user's locale: a language, "_" and a region ("de_DE"). The country is what follows the
+  /// first
+  /// "_", so a script is put before it with "-" ("sr-Latn_RS"). Never null.
+  ///
+  /// The platform's default reads the first of the environment variables LC_ALL, LC_MESSAGES and
+  /// LANG that is not empty, again on each call; a variant is left out ("ca_ES@valencia" gives
+  /// "ca_ES"). Without any of them, and for "C", "POSIX" and what names no locale, it is
+  /// "en_US_POSIX". A language alone ("de") has no "_", and no country.
   [[nodiscard]] virtual OVString currentLocaleIdentifier() const = 0;
 
-  /// The full Unicode mappings, the same in every locale: U+0130 becomes "i" and U+0307 everywhere.
-  /// Null gives null.
+  /// The text in lower or upper case; null for null. The platform's default maps all of Unicode,
+  /// the same in every locale: an "I" becomes an "i" in Turkish too. The library compares the
+  /// display names of services with it. Codes of countries do not depend on it.
+  /// @{
   [[nodiscard]] virtual OVString lowercase(const OVString& text) const = 0;
-  /// The text in upper case by the rules of this locale; null for null.
   [[nodiscard]] virtual OVString uppercase(const OVString& text) const = 0;
+  /// @}
 
  protected:
   OVLocale() = default;

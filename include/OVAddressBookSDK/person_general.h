@@ -93,7 +93,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
  protected:
   friend struct ov::detail::Maker;
-  OVPersonGeneral() = default;
+  OVPersonGeneral();
 
  private:
   struct Entry {
@@ -104,6 +104,6 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   OVString ID_;
   std::vector<Entry> entries_;
-  mutable OVList<OVString> tags_;  // made when first asked for
+  OVList<OVString> tags_;
   OVAtomic<OVRef<OVObject>> extend_;
 };

@@ -13,14 +13,43 @@
 /// The user's tags on the persons of one address book, kept in the user defaults under an ID that
 /// the host chooses.
 ///
-/// Every change writes the whole store at once, without waiting for the disk. Two managers of one
-/// ID know nothing of each other: the last to save wins. Used from one thread; only `tagID` may be
-/// read beside its setter.
+/// Every change writes the whole store at once, without waiting for the disk. What has been written
+/// is what any process gets that opens a manager afterwards; managers that are open already, in
+/// this process or another, know nothing of each other: the last to save wins. Used from one
+/// thread; only `tagID` may be read beside its setter.
+///
+/// Many changes are quicker in a batch, at the end of which they are saved together:
+///
+///     const OVTagManager::Batch batch(tags);
+///     for (const auto& person : book->allPersons()) tags->addPersonIDForTag(person->ID(),
+///     "Friends");
 ///
 /// Lists are handed out live: a change made through one shows in the manager, but is written only
-/// with the next save.
+/// with the next save. A program that changes the manager while it walks through such a list walks
+/// through a copy:
+///
+///     for (const auto& tag : tags->tagsByPersonID(id).copy()) tags->removePersonIDFromTag(id,
+///     tag);
 class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_this<OVTagManager> {
  public:
+  /// While one of these lives, its manager saves nothing, `save` included. When the last one ends,
+  /// also by an exception, the manager is saved once if it was to be saved meanwhile.
+  class OV_EXPORT Batch {
+   public:
+    /// A null manager makes a batch that does nothing.
+    explicit Batch(OVRef<OVTagManager> manager);
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    /// Ends the batch. What fails then goes to the log, and the tags stay in memory.
+    ~Batch();
+    /// Ends the batch here, so that the caller gets the exception when saving fails. Does nothing
+    /// the second time.
+    void end();
+
+   private:
+    OVRef<OVTagManager> manager_;
+  };
+
   /// The manager stored under the ID, or a new, empty one when nothing is stored there or the
   /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive` when
   /// what is stored is no archive, and leaves it as it is.
@@ -56,7 +85,9 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   /// of a person without tags. Saves. Does nothing, not even save, when an argument is null.
   void removePersonIDFromTag(const OVString& personID, const OVString& tag);
 
-  /// Takes all tags from a person. Saves after each and once at the end. Does nothing for null.
+  /// Takes all tags from a person, whose list goes with the last, as `removePersonIDFromTag` does;
+  /// an empty list that `removeTag` has left stays. Saves after each and once at the end. Does
+  /// nothing for null.
   void removeForPersonID(const OVString& personID);
 
   /// Takes a tag from all persons and drops it. A person whose last tag it was keeps an empty list,
@@ -89,5 +120,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   OVList<OVString> tags_;
   ListsByText tagKeyDic_;
   ListsByText personIDDic_;
+  unsigned batches_ = 0;
+  bool isSaveDue_ = false;  // when the last batch ends
   OVAtomic<OVString> tagID_;
 };

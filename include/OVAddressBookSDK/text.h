@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 #include <OVAddressBookSDK/object.h>
@@ -43,6 +44,9 @@ class OV_EXPORT TextObject : public OVObject {
   [[nodiscard]] bool isShared() const { return references_.load(std::memory_order_relaxed) != 1; }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
+
+  /// The object as a text; null when it is null or something else.
+  [[nodiscard]] static inline const TextObject* of(const OVObject* object);
 
   /// A new text with one reference. `wellFormed` is not checked.
   static TextObject* make(std::string_view wellFormed);
@@ -84,6 +88,13 @@ struct Literal {
 
 template <Literal L>
 inline constexpr TextConstant kConstant{std::string_view(L.characters, sizeof(L.characters) - 1)};
+
+inline const TextObject* TextObject::of(const OVObject* object) {
+  if (object == nullptr) return nullptr;
+  // Most texts are of exactly this class, and to compare is quicker than to cast.
+  if (typeid(*object) == typeid(TextObject)) return static_cast<const TextObject*>(object);
+  return dynamic_cast<const TextObject*>(object);
+}
 
 inline const char* TextObject::data() const {
   return isConstant() ? static_cast<const TextConstant*>(this)->characters_

@@ -11,10 +11,10 @@
 /// are in.
 ///
 /// The platform's default keeps one SQLite database for each application. A value is visible at
-/// once and survives the death of the process as soon as the call that sets it has returned. Where
-/// nothing can be written (no home, read-only, disk full, a lock that another process does not give
-/// up) values live in memory, one line goes to the log, and every later set and `synchronize` tries
-/// again; nothing is thrown.
+/// once, to other processes too, and survives the death of the process as soon as the call that
+/// sets it has returned. Where nothing can be written (no home, read-only, disk full, a lock that
+/// another process does not give up) values live in memory, one line goes to the log, and every
+/// later set and `synchronize` tries again; nothing is thrown.
 ///
 /// A host that has a store of its own derives from this class and installs it:
 ///
@@ -49,9 +49,9 @@ class OV_EXPORT OVUserDefaults {
   [[nodiscard]] static OVRef<OVUserDefaults> inMemory();
 
   /// The truth value under `key`, a preference that may be asked for again and again: what another
-  /// process has set shows some milliseconds late. A number is true when it is not zero; a text when, after blanks,
-  /// a sign and zeros, it begins with a digit from 1 to 9 or one of "YyTt". False when the entry is
-  /// absent or of another kind, and for a null key.
+  /// process has set shows some milliseconds late. A number is true when it is not zero; a text
+  /// when, after blanks, a sign and zeros, it begins with a digit from 1 to 9 or one of "YyTt".
+  /// False when the entry is absent or of another kind, and for a null key.
   [[nodiscard]] bool boolForKey(const OVString& key) const;
   /// The text under `key`, a preference like the above; null when the entry is absent or of another
   /// kind, and for a null key.
@@ -66,8 +66,8 @@ class OV_EXPORT OVUserDefaults {
   /// for an object of a class that is not one of those above.
   void setObjectForKey(const OVRef<OVObject>& object, const OVString& key);
 
-  /// Makes what was set survive a loss of power, and picks up what other processes have set. False
-  /// when some value is not safely stored; it is kept, and the next call tries again.
+  /// Makes what was set survive a loss of power. False when some value is not safely stored; it is
+  /// kept, and the next call tries again.
   bool synchronize();
 
  protected:

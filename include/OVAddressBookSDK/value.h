@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/value_type.h>
 
@@ -33,8 +35,8 @@ class OV_EXPORT OVValue : public OVObject {
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
   /// Sets what `type` gives.
-  void storeType(OVValueType type) { type_ = type; }
+  void storeType(OVValueType type) { type_.store(type, std::memory_order_relaxed); }
 
  private:
-  OVValueType type_ = OVValueTypeString;
+  std::atomic<OVValueType> type_ = OVValueTypeString;
 };

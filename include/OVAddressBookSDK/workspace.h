@@ -6,8 +6,8 @@
 /// The desktop, as far as the library needs it: it opens URLs. Any thread may call it.
 ///
 /// The platform's default runs `xdg-open` with the URL, detached from this process: it waits for
-/// nothing and leaves nothing behind. `xdg-open` is looked for in the folders that `PATH` names in
-/// full; the current folder is never searched.
+/// nothing and leaves nothing behind, however much memory this process has. `xdg-open` is looked
+/// for in the folders that `PATH` names in full; the current folder is never searched.
 ///
 /// A host that has its own way to open a URL derives from this class and installs it:
 ///

@@ -93,7 +93,7 @@ const OVClass* OVObjectAddress::classForCoder() const { return &archivedClass();
 
 void OVObjectAddress::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (valueDic_ != nullptr) coder.encodeObjectForKey(valueDic_, kValueDicKey);
-  if (countryCode_.peek()) coder.encodeObjectForKey(countryCode_.peek(), kCountryCodeKey);
+  if (const OVString code = countryCode_.load()) coder.encodeObjectForKey(code, kCountryCodeKey);
 }
 
 void OVObjectAddress::initWithCoder(OVKeyedUnarchiver& coder) {

@@ -34,17 +34,17 @@ constexpr OVString OVAddressFieldFurtherDivisions(kConstant<"OVAddressFieldFurth
 
 namespace {
 
-using Catalogue = std::array<OVRef<OVAdressField>, kFieldTable.size()>;
+using AllFields = std::array<OVRef<OVAdressField>, kFieldTable.size()>;
 
-constinit ov::detail::BuiltOnce<Catalogue> catalogueOnce;
+constinit ov::detail::BuiltOnce<AllFields> fieldsOnce;
 
-Catalogue build() {
-  Catalogue catalogue;
-  for (std::size_t i = 0; i < catalogue.size(); ++i) {
-    catalogue[i] = OVAdressField::initWithNameDisplayName(OVString(*kFieldTable[i].name),
-                                                          OVString(*kFieldTable[i].displayName));
+AllFields buildFields() {
+  AllFields fields;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    fields[i] = OVAdressField::initWithNameDisplayName(OVString(*kFieldTable[i].name),
+                                                       OVString(*kFieldTable[i].displayName));
   }
-  return catalogue;
+  return fields;
 }
 
 }  // namespace
@@ -56,9 +56,9 @@ OVRef<OVAdressField> OVAdressField::initWithNameDisplayName(OVString name, OVStr
   return ov::detail::Maker::make<OVAdressField>(std::move(name), std::move(displayName));
 }
 
-void OVAdressField::checkInitField() { catalogueOnce.get(build); }
+void OVAdressField::checkInitField() { fieldsOnce.get(buildFields); }
 
 OVRef<OVAdressField> OVAdressField::fieldWithName(const OVString& name) {
   const auto field = ov::detail::kFieldNames.find(name);
-  return field ? catalogueOnce.get(build)[*field] : nullptr;
+  return field ? fieldsOnce.get(buildFields)[*field] : nullptr;
 }

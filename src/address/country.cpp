@@ -1,7 +1,8 @@
 #include <OVAddressBookSDK/country.h>
 
 #include <algorithm>
-#include <functional>
+#include <array>
+#include <atomic>
 #include <stdexcept>
 #include <string_view>
 #include <unordered_set>
@@ -12,6 +13,7 @@
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include "address/country_names.h"
+#include "platform/ascii_case.h"
 #include "platform/built_once.h"
 #include "platform/maker.h"
 
@@ -30,7 +32,10 @@ struct Countries {
 constinit ov::detail::BuiltOnce<Countries> countriesOnce;
 
 ov::detail::CountryName nameRowOf(const OVString& code) {
-  return ov::detail::countryNameOf(OVLocale::currentLocale()->lowercase(code));
+  const std::string_view given = code.view();
+  if (given.size() != 2) return {};
+  const std::array lower{ov::asciiLower(given[0]), ov::asciiLower(given[1])};
+  return ov::detail::countryNameOf({lower.data(), lower.size()});
 }
 
 void add(const Countries& countries, const OVString& code) {
@@ -38,19 +43,54 @@ void add(const Countries& countries, const OVString& code) {
   if (row.name.isNull()) return;
   const auto country = OVCountry::initWithCodeName(row.code, row.name);
   countries.list.push_back(country);
-  countries.byCode.set(row.code, country);
+  try {
+    countries.byCode.set(row.code, country);
+  } catch (...) {
+    countries.list.erase(countries.list.size() - 1);
+    throw;
+  }
 }
 
-// A missing name counts as "".
+// A missing name counts as "", and so does a foreign object in the list.
+OVString nameOf(const OVRef<OVCountry>& country) {
+  return country == nullptr ? OVString() : country->name();
+}
+
 bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
-  return a->name().view() < b->name().view();
+  return nameOf(a).view() < nameOf(b).view();
 }
 
 void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
-Countries build() {
+/// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is
+/// held. What it cannot do is ask for a country on the way, however many threads it passes through.
+OVList<OVString> platformCodes() {
+  static thread_local bool isAsking = false;
+  static constinit std::atomic<int> asking = 0;
+  constexpr int kMostThreads = 1000;
+  if (isAsking || asking > kMostThreads) {
+    throw std::logic_error(
+        "OVCountry: a locale that is asked for its country codes asked for a country; the "
+        "countries are made of these codes");
+  }
+  struct Asking {
+    Asking() {
+      isAsking = true;
+      ++asking;
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+    ~Asking() {
+      isAsking = false;
+      --asking;
+    }
+  };
+  const Asking now;
+  return OVLocale::currentLocale()->isoCountryCodes();
+}
+
+Countries buildCountries(const OVList<OVString>& codes) {
   Countries countries;
-  const auto codes = OVLocale::currentLocale()->isoCountryCodes();
   for (const OVString& code : codes) {
     countries.platformCodes.insert(code);
     add(countries, code);
@@ -59,7 +99,11 @@ Countries build() {
   return countries;
 }
 
-const Countries& allCountries() { return countriesOnce.get(build); }
+const Countries& allCountries() {
+  if (const Countries* countries = countriesOnce.peek()) return *countries;
+  const auto codes = platformCodes();
+  return countriesOnce.get([&] { return buildCountries(codes); });
+}
 
 }  // namespace
 
@@ -76,8 +120,7 @@ OVRef<OVCountry> OVCountry::countryWithCode(const OVString& code) {
   const OVString wanted = code.isNull() ? localeCode() : code;
   const Countries& countries = allCountries();
   if (auto country = countries.byCode[wanted]) return country;
-  const bool isPlatformCode =
-      countries.platformCodes.contains(OVLocale::currentLocale()->uppercase(wanted));
+  const bool isPlatformCode = countries.platformCodes.contains(ov::asciiUpper(wanted.view()));
   return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
 }
 
@@ -106,12 +149,12 @@ OVString OVCountry::standCode(const OVString& localeIdentifier) {
                             "\" names no country: a language, an underscore and a region are "
                             "needed, as in \"en_US\"");
   }
-  return OVLocale::currentLocale()->lowercase(identifier.substr(underscore + 1));
+  return ov::asciiLower(identifier.substr(underscore + 1));
 }
 
 OVRef<OVCountry> OVCountry::defaultCountry() {
   const auto defaults = OVUserDefaults::standardUserDefaults();
-  const auto chosen = ov::cast<OVString>(defaults->objectForKey(kDefaultCountryKey));
+  const OVString chosen = defaults->stringForKey(kDefaultCountryKey);
   if (!chosen.isNull())
     if (auto country = countryWithCode(chosen)) return country;
   return local();

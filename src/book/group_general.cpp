@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/group_general.h>
 
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::string_view kTitleKey = "title";
 constexpr std::string_view kSubGroupsKey = "subArray";
-constexpr std::string_view kPersonsKey = "persons";
+constexpr std::string_view kPersonIDsKey = "persons";
 
 }  // namespace
 
@@ -29,14 +30,14 @@ const OVClass& OVGroupGeneral::archivedClass() {
 const OVClass* OVGroupGeneral::classForCoder() const { return &archivedClass(); }
 
 void OVGroupGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!title_.peek().isNull()) coder.encodeObjectForKey(title_.peek(), kTitleKey);
-  if (subArray_.peek() != nullptr) coder.encodeObjectForKey(subArray_.peek(), kSubGroupsKey);
-  if (persons_.peek() != nullptr) coder.encodeObjectForKey(persons_.peek(), kPersonsKey);
+  if (const OVString text = title_.load()) coder.encodeObjectForKey(text, kTitleKey);
+  if (auto list = subArray_.load()) coder.encodeObjectForKey(std::move(list), kSubGroupsKey);
+  if (auto list = persons_.load()) coder.encodeObjectForKey(std::move(list), kPersonIDsKey);
 }
 
 void OVGroupGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
   setTitle(coder.decodeStringForKey(kTitleKey));
   setSubArray(coder.decodeObjectForKey<OVList<OVString>>(kSubGroupsKey));
-  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonsKey));
+  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonIDsKey));
   setExtend(nullptr);
 }

@@ -1,9 +1,11 @@
 #include <OVAddressBookSDK/person_general.h>
 
-OVList<OVString> OVPersonGeneral::tagArray() const {
-  if (tags_ == nullptr) tags_ = OVList<OVString>::list();
-  return tags_;
-}
+#include "platform/maker.h"
+
+OVPersonGeneral::OVPersonGeneral()
+    : tags_(ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>())) {}
+
+OVList<OVString> OVPersonGeneral::tagArray() const { return tags_; }
 
 void OVPersonGeneral::addTag(const OVString& tag) {
   const auto tags = tagArray();

@@ -1,10 +1,13 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
+#include <exception>
+#include <new>
 #include <string_view>
 #include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/log.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include "platform/maker.h"
@@ -102,10 +105,36 @@ OVRef<OVTagManager> OVTagManager::init() {
 }
 
 void OVTagManager::save() {
+  if (batches_ != 0) {
+    isSaveDue_ = true;
+    return;
+  }
   const OVString key = tagID();
   if (key.isNull()) return;
   OVUserDefaults::standardUserDefaults()->setObjectForKey(
       OVKeyedArchiver::archivedDataWithRootObject(shared_from_this()), key);
+}
+
+OVTagManager::Batch::Batch(OVRef<OVTagManager> manager) : manager_(std::move(manager)) {
+  if (manager_ != nullptr) ++manager_->batches_;
+}
+
+OVTagManager::Batch::~Batch() {
+  const OVString tagID = manager_ == nullptr ? OVString() : manager_->tagID();
+  try {
+    end();
+  } catch (const std::exception& error) {
+    try {
+      OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + error.what());
+    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
+    }
+  }
+}
+
+void OVTagManager::Batch::end() {
+  const auto manager = std::exchange(manager_, nullptr);
+  if (manager == nullptr || --manager->batches_ != 0) return;
+  if (std::exchange(manager->isSaveDue_, false)) manager->save();
 }
 
 std::uint64_t OVTagManager::count() const { return tags_.size(); }

@@ -1,7 +1,10 @@
 #include <OVAddressBookSDK/list.h>
 
+#include <algorithm>
+#include <cstring>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/dispose.h"
@@ -53,6 +56,20 @@ void ListObject::erase(std::size_t index) {
 void ListObject::clear() {
   const std::vector<OVRef<OVObject>> removed = std::exchange(items, {});
   ++changes;
+}
+
+std::size_t ListObject::positionOf(const OVString& text) const {
+  if (text.isNull()) return items.size();
+  const std::string_view wanted = text.view();
+  const auto isEqual = [wanted](const OVRef<OVObject>& item) {
+    const TextObject* found = TextObject::of(item.get());
+    if (found == nullptr || found->size() != wanted.size()) return false;
+    if (wanted.empty()) return true;
+    // Identifiers in particular have much in common in front.
+    return found->data()[wanted.size() - 1] == wanted.back() &&
+           std::memcmp(found->data(), wanted.data(), wanted.size()) == 0;
+  };
+  return static_cast<std::size_t>(std::ranges::find_if(items, isEqual) - items.begin());
 }
 
 }  // namespace ov::detail

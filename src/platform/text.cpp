@@ -45,7 +45,7 @@ void TextObject::destroy() const {
 }
 
 OVString Cast<OVString>::from(const OVRef<OVObject>& object) {
-  const auto* text = dynamic_cast<const TextObject*>(object.get());
+  const TextObject* text = TextObject::of(object.get());
   if (text != nullptr) text->retain();
   return OVString(text);
 }

@@ -24,8 +24,8 @@ const OVClass& OVLabel::archivedClass() {
 const OVClass* OVLabel::classForCoder() const { return &archivedClass(); }
 
 void OVLabel::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!name_.peek().isNull()) coder.encodeObjectForKey(name_.peek(), kNameKey);
-  if (!displayName_.peek().isNull()) coder.encodeObjectForKey(displayName_.peek(), kDisplayNameKey);
+  if (const OVString text = name_.load()) coder.encodeObjectForKey(text, kNameKey);
+  if (const OVString text = displayName_.load()) coder.encodeObjectForKey(text, kDisplayNameKey);
 }
 
 void OVLabel::initWithCoder(OVKeyedUnarchiver& coder) {

@@ -110,7 +110,7 @@ void OVMutableMultipleValue::removeValue(const OVRef<OVSingleValue>& value) {
 }
 
 bool OVMutableMultipleValue::isMain(const OVRef<OVObject>& element) const {
-  return element != nullptr && element == mainValue_.peek();
+  return element != nullptr && element == mainValue_.load();
 }
 
 void OVMutableMultipleValue::removeValueAtIndex(std::uint64_t index) {
@@ -128,11 +128,9 @@ const OVClass* OVMutableMultipleValue::classForCoder() const { return &archivedC
 void OVMutableMultipleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (elements_.empty()) return;
   coder.encodeListForKey(elements_, kElementsKey);
-  for (std::size_t i = 0; i < elements_.size(); ++i) {
-    if (!isMain(elements_[i])) continue;
-    coder.encodeIntegerForKey(static_cast<std::int64_t>(i), kMainIndexKey);
-    break;
-  }
+  const auto main = std::ranges::find(elements_, mainValue_.load());
+  if (main == elements_.end() || *main == nullptr) return;
+  coder.encodeIntegerForKey(main - elements_.begin(), kMainIndexKey);
 }
 
 void OVMutableMultipleValue::initWithCoder(OVKeyedUnarchiver& coder) {

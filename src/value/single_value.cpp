@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/single_value.h>
 
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
@@ -54,8 +55,8 @@ const OVClass* OVMutableSingleValue::classForCoder() const { return &archivedCla
 
 void OVMutableSingleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
   OVSingleValue::encodeWithCoder(coder);
-  if (label_.peek() != nullptr) coder.encodeObjectForKey(label_.peek(), kLabelKey);
-  if (value_.peek() != nullptr) coder.encodeObjectForKey(value_.peek(), kValueKey);
+  if (auto label = label_.load()) coder.encodeObjectForKey(std::move(label), kLabelKey);
+  if (auto value = value_.load()) coder.encodeObjectForKey(std::move(value), kValueKey);
 }
 
 void OVMutableSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {

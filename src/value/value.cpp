@@ -25,7 +25,7 @@ class RootValue final : public OVValue, public std::enable_shared_from_this<Root
 
 OVRef<OVValue> OVValue::init() { return ov::detail::Maker::make<RootValue>(); }
 
-OVValueType OVValue::type() const { return type_; }
+OVValueType OVValue::type() const { return type_.load(std::memory_order_relaxed); }
 
 const OVClass& OVValue::archivedClass() {
   static constexpr OVClass record{"OVValue", nullptr, &ov::detail::Maker::empty<RootValue>};
@@ -39,5 +39,6 @@ void OVValue::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVValue::initWithCoder(OVKeyedUnarchiver& coder) {
-  type_ = static_cast<OVValueType>(static_cast<std::uint32_t>(coder.decodeIntegerForKey(kTypeKey)));
+  storeType(
+      static_cast<OVValueType>(static_cast<std::uint32_t>(coder.decodeIntegerForKey(kTypeKey))));
 }

@@ -98,6 +98,24 @@ TEST(CountryList, AMissingNameIsSortedAsTheEmptyOne) {
   });
 }
 
+TEST(CountryList, WhatIsDoneToTheListDoesNotChangeWhatCodesGive) {
+  expectInOwnProcess([] {
+    const FakeLocale locale("en_US", threeCodes());
+    const auto countries = OVCountry::allCountry();
+    const auto germany = OVCountry::countryWithCode("de");
+    countries.push_back(OVCountry::initWithCodeName("fr", "France"));
+    EXPECT_EQ(OVCountry::countryWithCode("fr"), nullptr);
+    countries.remove(germany);
+    EXPECT_EQ(OVCountry::countryWithCode("de"), germany);
+    countries.clear();
+    EXPECT_EQ(OVCountry::countryWithCode("DE"), OVCountry::countryWithCode("us"));
+    OVCountry::sort();
+    OVCountry::addCountryByCode("ao");
+    EXPECT_THAT(codesOf(OVCountry::allCountry()), ElementsAre("ao"));
+    EXPECT_EQ(OVCountry::countryWithCode("ao"), countries.front());
+  });
+}
+
 TEST(CountryList, SurvivesForeignObjectsInTheSharedList) {
   expectInOwnProcess([] {
     const FakeLocale locale("en_US", threeCodes());

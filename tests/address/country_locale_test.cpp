@@ -1,8 +1,11 @@
 #include <OVAddressBookSDK/country.h>
 
+#include <cstdlib>
 #include <stdexcept>
+#include <utility>
 
 #include "support/fake_locale.h"
+#include "support/own_process.h"
 #include "support/printers.h"
 #include "support/recording_defaults.h"
 
@@ -23,9 +26,32 @@ TEST(LocaleCountry, StandCodeMayBeEmpty) {
   EXPECT_EQ(OVCountry::standCode("__"), "_");
 }
 
-TEST(LocaleCountry, StandCodeIsLowerCasedAsUnicodeDoes) {
+TEST(LocaleCountry, StandCodeLowersTheLettersOfAscii) {
   EXPECT_EQ(OVCountry::standCode("tr_I"), "i");
-  EXPECT_EQ(OVCountry::standCode("tr_\u0130"), "i\u0307");
+  EXPECT_EQ(OVCountry::standCode("x_AZ@[`{"), "az@[`{");
+  EXPECT_EQ(OVCountry::standCode("tr_\u0130"), "\u0130");
+}
+
+TEST(LocaleCountry, IsThatOfTheEnvironmentAlsoWithAScriptOrAVariant) {
+  expectInOwnProcess([] {
+    const RecordedDefaults defaults;
+    const std::pair<const char*, const char*> expected[] = {
+        {"sr_RS@latin", "rs"}, {"uz_UZ.UTF-8@cyrillic", "uz"}, {"ca_ES@valencia", "es"},
+        {"zh_Hant_TW", "tw"},  {"de_CH.UTF-8@euro", "ch"},     {"C.UTF-8", "us_posix"}};
+    for (const auto& [name, code] : expected) {
+      ::setenv("LC_ALL", name, 1);
+      EXPECT_EQ(OVCountry::localeCode(), code) << name;
+    }
+    ::setenv("LC_ALL", "uz_UZ@cyrillic", 1);
+    EXPECT_EQ(OVCountry::local()->name(), "Uzbekistan");
+    ::setenv("LC_ALL", "ca_ES@valencia", 1);
+    EXPECT_EQ(OVCountry::defaultCountry()->name(), "Spain");
+    // A code without a name is that of the United States, as everywhere.
+    ::setenv("LC_ALL", "sr_RS@latin", 1);
+    EXPECT_EQ(OVCountry::local(), OVCountry::countryWithCode("us"));
+    ::setenv("LC_ALL", "C", 1);
+    EXPECT_EQ(OVCountry::local(), nullptr);
+  });
 }
 
 TEST(LocaleCountry, StandCodeOfNullIsNull) { EXPECT_EQ(OVCountry::standCode(nullptr), nullptr); }

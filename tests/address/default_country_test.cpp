@@ -1,10 +1,16 @@
 #include <OVAddressBookSDK/country.h>
 
+#include <chrono>
+#include <cstdlib>
+
 #include <OVAddressBookSDK/number.h>
 
+#include "platform/services/deadline.h"
+#include "support/child_process.h"
 #include "support/fake_locale.h"
 #include "support/printers.h"
 #include "support/recording_defaults.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -78,6 +84,37 @@ TEST_F(DefaultCountry, IsTakenBackByANullCode) {
   OVCountry::setDefaultCountry(OVCountry::countryWithCode("fr"));
   OVCountry::setDefaultCountry(OVCountry::initWithCodeName(nullptr, "Nowhere"));
   EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
+}
+
+/// The default country in the user defaults on the disk, in one process after another.
+TEST(StoredDefaultCountry, IsThatOfTheLastProcessThatChose) {
+  const TemporaryFolder folder;
+  ::setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
+  Pipe isAsked;
+  Pipe isChosen;
+  ChildProcess other([&] {
+    const FakeLocale german("de_DE");
+    EXPECT_EQ(OVCountry::defaultCountry()->code(), "de");
+    isAsked.write("x");
+    (void)isChosen.read();
+    ov::Deadline deadline(std::chrono::minutes(1));
+    while (OVCountry::defaultCountry()->code() != "fr" && deadline.pause()) {
+    }
+    EXPECT_EQ(OVCountry::defaultCountry()->code(), "fr");
+    OVCountry::setDefaultCountry(OVCountry::countryWithCode("it"));
+    return !testing::Test::HasFailure();
+  });
+  (void)isAsked.read();
+  ChildProcess choosing([] {
+    OVCountry::setDefaultCountry(OVCountry::countryWithCode("fr"));
+    return OVCountry::defaultCountry()->code() == "fr";
+  });
+  EXPECT_TRUE(choosing.succeeded());
+  isChosen.write("x");
+  EXPECT_TRUE(other.succeeded());
+  ChildProcess last([] { return OVCountry::defaultCountry()->code() == "it"; });
+  EXPECT_TRUE(last.succeeded());
+  ::unsetenv("XDG_CONFIG_HOME");
 }
 
 }  // namespace

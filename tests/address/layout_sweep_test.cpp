@@ -9,7 +9,7 @@
 
 namespace {
 
-using Values = std::map<std::string, std::string>;
+using FieldValues = std::map<std::string, std::string>;
 
 const std::array<std::pair<const char*, const char*>, 5> kValues{{
     {"OVAddressFieldCountryOrArea", "Neverland"},
@@ -34,7 +34,7 @@ class Reference {
 
   [[nodiscard]] const std::map<std::string, std::string>& layouts() const { return layouts_; }
 
-  [[nodiscard]] std::string onLines(const std::string& layout, const Values& values) const {
+  [[nodiscard]] std::string onLines(const std::string& layout, const FieldValues& values) const {
     std::vector<std::string> lines{""};
     for (const std::string& item : items(layout)) {
       if (item == "/") lines.emplace_back();
@@ -46,7 +46,7 @@ class Reference {
     return text;
   }
 
-  [[nodiscard]] std::string onOneLine(const std::string& layout, const Values& values) const {
+  [[nodiscard]] std::string onOneLine(const std::string& layout, const FieldValues& values) const {
     std::string text;
     for (const std::string& item : items(layout)) addTo(text, item, values);
     return text;
@@ -60,7 +60,7 @@ class Reference {
     return found;
   }
 
-  void addTo(std::string& text, const std::string& word, const Values& values) const {
+  void addTo(std::string& text, const std::string& word, const FieldValues& values) const {
     if (word == "/" || word == "+") return;
     const auto value = values.find(storedAs_.at("OVAddressField" + word));
     if (value != values.end()) text += (text.empty() ? "" : " ") + value->second;
@@ -78,7 +78,7 @@ TEST(LayoutSweep, EverySubsetOfValuesPrintsAsTheReferenceDoesForEveryCode) {
   for (const auto& [code, layout] : layouts)
     for (unsigned subset = 0; subset < 1U << kValues.size(); ++subset) {
       const auto address = OVObjectAddress::init();
-      Values values;
+      FieldValues values;
       for (std::size_t i = 0; i < kValues.size(); ++i)
         if ((subset >> i & 1U) != 0) {
           address->setStringValueForFieldName(kValues[i].second, kValues[i].first);

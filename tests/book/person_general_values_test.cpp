@@ -109,21 +109,21 @@ TEST_F(PersonValues, EveryPropertyHoldsItsOwnValueInWhateverOrderTheyAreSet) {
 
 using PersonThumbnail = PersonValues;
 
-OVRef<OVImage> imageOf(const char* bytes) {
+OVRef<OVImage> thumbnailOf(const char* bytes) {
   return OVImage::imageWithData(OVData::dataWithText(bytes));
 }
 
 TEST_F(PersonThumbnail, IsTheImageSet) {
-  const auto image = imageOf("first");
+  const auto image = thumbnailOf("first");
   person->setThumbnail(image);
   EXPECT_EQ(person->thumbnail(), image);
-  const auto other = imageOf("second");
+  const auto other = thumbnailOf("second");
   person->setThumbnail(other);
   EXPECT_EQ(person->thumbnail(), other);
 }
 
 TEST_F(PersonThumbnail, IsWrappedWithTypeAndLabelOfItsProperty) {
-  person->setThumbnail(imageOf("first"));
+  person->setThumbnail(thumbnailOf("first"));
   const auto value = ov::cast<OVMutableSingleValue>(person->valueByPropertyName("Thumbnail"));
   ASSERT_NE(value, nullptr);
   EXPECT_EQ(value->type(), OVValueTypeImage);
@@ -132,7 +132,7 @@ TEST_F(PersonThumbnail, IsWrappedWithTypeAndLabelOfItsProperty) {
 }
 
 TEST_F(PersonThumbnail, NullKeepsTheOldImage) {
-  const auto image = imageOf("first");
+  const auto image = thumbnailOf("first");
   person->setThumbnail(image);
   person->setThumbnail(nullptr);
   EXPECT_EQ(person->thumbnail(), image);

@@ -17,14 +17,14 @@
 namespace {
 
 /// A datum of one value type, and what is to be seen of it after a way through an archive.
-struct Row {
+struct TypeRow {
   const char* property;
   OVValueType type;
   std::function<OVRef<OVObject>()> make;
   std::function<bool(const OVRef<OVObject>&)> isIntact;
 };
 
-const Row kRows[] = {
+const TypeRow kTypeRows[] = {
     {"Company", OVValueTypeString, [] { return OVString("Łódź \U0001F600"); },
      [](auto& datum) { return ov::cast<OVString>(datum) == "Łódź \U0001F600"; }},
     {"Birthday", OVValueTypeDate, [] { return OVDate::dateWithYearMonthDay(1970, 2, 28); },
@@ -73,7 +73,7 @@ const Row kRows[] = {
      }},
 };
 
-class ValueTypeInABook : public testing::TestWithParam<Row> {
+class ValueTypeInABook : public testing::TestWithParam<TypeRow> {
  protected:
   static OVRef<OVValue> restoredInABook(const OVRef<OVValue>& value) {
     const auto person = OVPersonGeneral::initWithID("p");
@@ -119,7 +119,7 @@ TEST_P(ValueTypeInABook, ComesBackWithoutDatum) {
   EXPECT_EQ(value->value(), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ValueTypeInABook, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(All, ValueTypeInABook, testing::ValuesIn(kTypeRows),
                          [](const auto& row) { return std::string(row.param.property); });
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string kTwo = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B");
+const std::string kTwoCards = card("UID:a\nFN:A\nCATEGORIES:x") + card("UID:b\nFN:B");
 
 TEST(VCardBook, IsEmptyWhenNew) {
   const auto book = OVVCardBook::init();
@@ -67,7 +67,7 @@ TEST(VCardBook, ShowsSomeOfThem) {
 
 TEST(VCardBook, LoadsData) {
   const auto book = OVVCardBook::init();
-  book->loadWithData(OVData::dataWithText(kTwo));
+  book->loadWithData(OVData::dataWithText(kTwoCards));
   book->loadWithData(nullptr);
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("a", "b"));
   EXPECT_EQ(book->allPersonsCount(), 2U);
@@ -77,7 +77,7 @@ TEST(VCardBook, LoadsData) {
 TEST(VCardBook, IsAsBeforeWhenTheProgressThrows) {
   std::string text = card("UID:g\nKIND:group\nMEMBER:1");
   for (int i = 0; i < 100; ++i) text += card("UID:" + std::to_string(i) + "\nCATEGORIES:a");
-  const auto book = bookOf(kTwo);
+  const auto book = bookOf(kTwoCards);
   const auto manager = book->tagManager();
   const std::string before = description(*book);
   EXPECT_THROW(book->loadWithDataProgressBlock(OVData::dataWithText(text),
@@ -95,14 +95,14 @@ TEST(VCardBook, ReportsProgressWhileItLoads) {
   int calls = 0;
   book->loadWithDataProgressBlock(OVData::dataWithText(text), [&] { ++calls; });
   EXPECT_GT(calls, 1);
-  book->loadWithDataProgressBlock(OVData::dataWithText(kTwo), {});
+  book->loadWithDataProgressBlock(OVData::dataWithText(kTwoCards), {});
   book->loadWithDataProgressBlock(nullptr, [&] { calls = -1; });
   EXPECT_GT(calls, 1);
   EXPECT_EQ(book->allPersonsCount(), 1002U);
 }
 
 TEST(VCardBook, FindsPersonsByID) {
-  const auto book = bookOf(kTwo);
+  const auto book = bookOf(kTwoCards);
   EXPECT_THAT(idsOf(book->personsForIDs(OVList<OVString>::list({"b", "none", "a", "b"}))),
               ElementsAre("b", "a", "b"));
   EXPECT_TRUE(book->personsForIDs(nullptr).empty());

@@ -92,9 +92,9 @@ TEST(Atomic, TheOldValueIsReleasedAfterTheLock) {
 TEST(Atomic, AnOwnerAloneNeedsNoLock) {
   OVAtomic<OVString> field;
   field.place("placed");
-  EXPECT_EQ(field.peek(), "placed");
+  EXPECT_EQ(field.load(), "placed");
   EXPECT_EQ(field.take(), "placed");
-  EXPECT_TRUE(field.peek().isNull());
+  EXPECT_TRUE(field.load().isNull());
 }
 
 }  // namespace

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::string_view kWithNul("a\0b", 3);
+constexpr std::string_view kBytesWithNul("a\0b", 3);
 
 TEST(Text, IsNullUnlessGivenSomething) {
   EXPECT_TRUE(OVString().isNull());
@@ -56,9 +56,9 @@ TEST(Text, IsMadeOfWhateverHoldsCharacters) {
 }
 
 TEST(Text, MayHoldANul) {
-  const OVString text(kWithNul);
+  const OVString text(kBytesWithNul);
   EXPECT_EQ(text.size(), 3U);
-  EXPECT_EQ(text.view(), kWithNul);
+  EXPECT_EQ(text.view(), kBytesWithNul);
   EXPECT_NE(text, "a");
   EXPECT_EQ(std::strlen(text.c_str()), 1U);
 }
@@ -160,7 +160,7 @@ TEST(Text, EqualTextsHashAlike) {
 
 TEST(Text, PrintsItsCharactersAndNothingForNull) {
   std::ostringstream stream;
-  stream << '[' << OVString() << OVString("") << OVString("Zoë") << OVString(kWithNul) << ']';
+  stream << '[' << OVString() << OVString("") << OVString("Zoë") << OVString(kBytesWithNul) << ']';
   EXPECT_EQ(stream.str(), std::string("[Zoëa\0b]", 9));
 }
 

@@ -15,7 +15,8 @@ function(ov_consumer_test name linkage)
       --build-generator ${CMAKE_GENERATOR} --build-target consumer
       --build-options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
                       "-DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}"
-                      -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} ${ARGN}
+                      -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
+                      "-DCMAKE_CXX_FLAGS_RELEASE=${CMAKE_CXX_FLAGS_RELEASE}" ${ARGN}
       --test-command ${CMAKE_CURRENT_SOURCE_DIR}/run_consumer.sh ${folder}/consumer ${linkage}
                      ${PROJECT_VERSION})
   set_tests_properties(project.consumer.${name} PROPERTIES TIMEOUT 600)
@@ -62,7 +63,7 @@ if(OV_BUILD_VCARD)
   set_tests_properties(project.consumer.vcard_shared project.consumer.vcard_static
                        PROPERTIES FIXTURES_REQUIRED installed)
 endif()
-# With the warnings of the main build, so that the compiler cache knows the files already.
+# With the flags of the main build, so that the compiler cache knows the files already.
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})

@@ -8,14 +8,14 @@
 
 namespace {
 
-struct Row {
+struct NameRow {
   const char* constant;
   const OVString& value;
   const char* text;
   int position;  // in the catalogue, from 1; 0 when it is not there
 };
 
-const Row kRows[] = {
+const NameRow kNameRows[] = {
     {"Thumbnail", OVProPertyThumbnail, "Thumbnail", 1},
     {"Name", OVProPertyName, "Name", 2},
     {"Tags", OVProPertyTags, "Tags", 6},
@@ -43,7 +43,7 @@ const Row kRows[] = {
     {"IsOrganization", OVProPertyIsOrganization, "Is Organization", 4},
 };
 
-class PropertyName : public testing::TestWithParam<Row> {};
+class PropertyName : public testing::TestWithParam<NameRow> {};
 
 TEST_P(PropertyName, HasItsText) { EXPECT_EQ(GetParam().value, GetParam().text); }
 
@@ -58,10 +58,10 @@ TEST_P(PropertyName, StandsAtItsPlaceOfTheCatalogueOrNowhere) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, PropertyName, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Table, PropertyName, testing::ValuesIn(kNameRows),
                          [](const auto& row) { return std::string(row.param.constant); });
 
-TEST(PropertyNames, AreTwentyFive) { EXPECT_EQ(std::size(kRows), 25U); }
+TEST(PropertyNames, AreTwentyFive) { EXPECT_EQ(std::size(kNameRows), 25U); }
 
 const OVString& copyMadeBeforeMain() {
   static const OVString copy = OVProPertyPhone;

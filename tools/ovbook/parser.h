@@ -22,9 +22,9 @@ class Argument {
   explicit Argument(CLI::Option& option) : option_(&option) {}
 
   /// The command is not understood without it.
-  Argument required() const;
+  [[nodiscard]] Argument required() const;
   /// The command is not understood when it is given another value.
-  Argument oneOf(std::initializer_list<std::string> values) const;
+  [[nodiscard]] Argument oneOf(std::initializer_list<std::string> values) const;
 
   [[nodiscard]] bool isGiven() const;
   /// What it was given; "" when it was not.

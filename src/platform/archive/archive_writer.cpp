@@ -34,12 +34,12 @@ ArchiveWriter::ArchiveWriter(Sharing sharing)
 OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   const Number rootReference = reference(root);
   while (!restart_ && !waiting_.empty()) {
-    const Waiting next = waiting_.back();
+    const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
-    const std::size_t others = waiting_.size();
+    const auto others = static_cast<std::ptrdiff_t>(waiting_.size());
     writeWaiting(next);
     // What was met first is to be written first.
-    std::reverse(waiting_.data() + others, waiting_.data() + waiting_.size());
+    std::reverse(waiting_.begin() + others, waiting_.end());
   }
   keepPromises();
   return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
@@ -76,7 +76,16 @@ ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
       std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects}});
 }
 
-ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object, long holds) {
+ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
+  return leafOrObjectReference(object, nullptr);
+}
+
+ArchiveWriter::Number ArchiveWriter::reference(OVRef<OVObject>&& copy) {
+  return leafOrObjectReference(copy, &copy);
+}
+
+ArchiveWriter::Number ArchiveWriter::leafOrObjectReference(const OVRef<OVObject>& object,
+                                                           OVRef<OVObject>* copy) {
   if (object == nullptr) return nullReference_;
   const OVClass* objectClass = object->classForCoder();
   if (objectClass == nullptr) refuse(*object);
@@ -89,14 +98,14 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object, lo
       writeLeaf(*object, entry.kind);
       return leafReference(leaves_.addLast());
     default:
-      return objectReference(object, entry, holds);
+      return objectReference(object, entry, copy);
   }
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
-                                                     ClassEntry& entry, long holds) {
+                                                     ClassEntry& entry, OVRef<OVObject>* copy) {
   if (countsReferences() && !entry.trusts(*object)) restart_ = true;
-  const bool isShared = object.use_count() != holds;
+  const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
   const auto uid = static_cast<std::uint32_t>(objects_.size());
   Number reference = 0;
   if (countsReferences() && !isShared) {
@@ -104,10 +113,10 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
   } else {
     const auto [known, isNew] = met_.at(object.get());
     if (!isNew) return known.number;
-    if (!countsReferences()) kept_.push_back(object);
+    if (!countsReferences() || copy != nullptr) kept_.push_back(object);
     reference = known.number = newReference(0);
   }
-  waiting_.push_back({object.get(), &entry, uid});
+  waiting_.push_back({object.get(), &entry, uid, copy == nullptr ? nullptr : std::move(*copy)});
   return reference;
 }
 
@@ -121,8 +130,8 @@ ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
   const bool waits = mayWait && textsSincePromises_++ < PlistWriter::kPromises;
   if (countsReferences() && text.isShared()) {
     const RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    if (recent[0].text == &text) return recent[0].reference;
-    if (recent[1].text == &text) return recent[1].reference;
+    if (recent[0].text.text_ == &text) return recent[0].reference;
+    if (recent[1].text.text_ == &text) return recent[1].reference;
   }
   const LeafTable::Hash hash = hashOf(text);
   return waits ? promiseText(text, hash) : writeText(text, hash);
@@ -137,8 +146,8 @@ ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable
   const Number reference = leafReference(leaves_.addLast(hash));
   if (countsReferences() && text.isShared()) {
     RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    recent[1] = recent[0];
-    recent[0] = {&text, reference};
+    recent[1] = std::move(recent[0]);
+    recent[0] = {held(text), reference};
   }
   return reference;
 }
@@ -147,7 +156,7 @@ ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable
 /// They are then written some at a time, after the objects that hold them, and wait together.
 ArchiveWriter::Number ArchiveWriter::promiseText(const TextObject& text, LeafTable::Hash hash) {
   leaves_.touchTag(hash);
-  promised_[promisedCount_] = {&text, hash};
+  promised_[promisedCount_] = {held(text), hash};
   return PlistWriter::promise(promisedCount_++);
 }
 
@@ -158,7 +167,7 @@ void ArchiveWriter::keepPromises() {
   for (const PromisedText& each : promised) leaves_.touchBytes(each.hash);
   for (Number i = 0; i < promisedCount_; ++i) {
     const auto& [text, hash] = promised_[i];
-    plist_.fulfil(PlistWriter::promise(i), writeText(*text, hash));
+    plist_.fulfil(PlistWriter::promise(i), writeText(*text.text_, hash));
   }
   promisedCount_ = 0;
   textsSincePromises_ = 0;

@@ -48,9 +48,10 @@ class ArchiveWriter {
   /// A field whose key is written as it stands.
   void rawField(std::string_view key, Number value);
 
-  /// The UID of an object, for a field or an array. `holds`: how many references to it its owner
-  /// and the caller have.
-  Number reference(const OVRef<OVObject>& object, long holds = 1);
+  /// The UID of an object, for a field or an array.
+  Number reference(const OVRef<OVObject>& object);
+  /// The same for a copy of the owner's reference: another thread may replace that meanwhile.
+  Number reference(OVRef<OVObject>&& copy);
   Number reference(const OVString& text);
   /// An array as an object of its own.
   Number listReference(std::span<const OVRef<OVObject>> items);
@@ -84,13 +85,14 @@ class ArchiveWriter {
     const OVObject* object;
     ClassEntry* entry;
     std::uint32_t uid;
+    OVRef<OVObject> keeper;  // null when the object's owner keeps it
   };
   struct PromisedText {
-    const TextObject* text;
+    OVString text;
     LeafTable::Hash hash;
   };
   struct RecentText {
-    const TextObject* text;
+    OVString text;  // so that its address is used for no other
     Number reference;
   };
 
@@ -106,10 +108,16 @@ class ArchiveWriter {
   Number writeTop(Number root);
   void writeWaiting(const Waiting& waiting);
   Number newReference(Number object);
-  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, long holds);
+  Number leafOrObjectReference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
+  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, OVRef<OVObject>* copy);
   Number textReference(const TextObject& text);
   void writeLeaf(const OVObject& object, Kind kind);
   [[nodiscard]] LeafTable::Hash hashOf(const TextObject& text) const;
+  /// A handle that keeps the text.
+  static OVString held(const TextObject& text) {
+    text.retain();
+    return OVString(&text);
+  }
   Number writeText(const TextObject& text, LeafTable::Hash hash);
   Number promiseText(const TextObject& text, LeafTable::Hash hash);
   void keepPromises();
@@ -146,7 +154,7 @@ class ArchiveWriter {
   Number classKey_ = 0;  // 0: not written yet
   PointerMap met_;
   std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
-  GrowingArray<Waiting> waiting_;
+  std::vector<Waiting> waiting_;
   KeySequence::Walk nextKey_;
   GrowingArray<PlistWriter::Entry> fields_;
   GrowingArray<Number> elements_;

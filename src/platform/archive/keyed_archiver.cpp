@@ -1,5 +1,7 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 
+#include <utility>
+
 #include "platform/archive/archive_writer.h"
 
 using ov::detail::ArchiveWriter;
@@ -15,8 +17,8 @@ void OVKeyedArchiver::encodeObjectForKey(const OVRef<OVObject>& object, std::str
   writer_.field(key, writer_.reference(object));
 }
 
-void OVKeyedArchiver::encodeCopyForKey(const OVRef<OVObject>& copy, std::string_view key) {
-  writer_.field(key, writer_.reference(copy, 2));
+void OVKeyedArchiver::encodeObjectForKey(OVRef<OVObject>&& object, std::string_view key) {
+  writer_.field(key, writer_.reference(std::move(object)));
 }
 
 void OVKeyedArchiver::encodeObjectForKey(const OVString& text, std::string_view key) {

@@ -11,14 +11,14 @@ namespace ov::detail {
 
 namespace {
 
-constexpr std::size_t kPage = 2 << 20;  // a large one
-constexpr std::size_t kLarge = 2 * kPage;
+constexpr std::size_t kLargePage = 2 << 20;  // a large one
+constexpr std::size_t kLarge = 2 * kLargePage;
 
 bool isLarge(std::size_t bytes) { return bytes >= kLarge; }
 
 /// 0 when there is no such size.
 std::size_t wholePages(std::size_t bytes) {
-  return bytes > SIZE_MAX - 2 * kPage ? 0 : (bytes + kPage - 1) / kPage * kPage;
+  return bytes > SIZE_MAX - 2 * kLargePage ? 0 : (bytes + kLargePage - 1) / kLargePage * kLargePage;
 }
 
 void* map(std::size_t bytes) {
@@ -29,11 +29,12 @@ void* map(std::size_t bytes) {
 
 /// Whole pages at an address that is a multiple of their size.
 void* mapAligned(std::size_t bytes) {
-  auto* mapped = static_cast<std::byte*>(map(bytes + kPage));
+  auto* mapped = static_cast<std::byte*>(map(bytes + kLargePage));
   if (mapped == nullptr) return nullptr;
-  const std::size_t before = (kPage - reinterpret_cast<std::uintptr_t>(mapped) % kPage) % kPage;
+  const std::size_t before =
+      (kLargePage - reinterpret_cast<std::uintptr_t>(mapped) % kLargePage) % kLargePage;
   if (before != 0) munmap(mapped, before);
-  munmap(mapped + before + bytes, kPage - before);
+  munmap(mapped + before + bytes, kLargePage - before);
   static_cast<void>(madvise(mapped + before, bytes, MADV_HUGEPAGE));
   return mapped + before;
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 
 #include "platform/services/sqlite.h"
 #include "platform/services/stored_value.h"
@@ -13,8 +14,14 @@ namespace {
 using sqlite::Database;
 using sqlite::Statement;
 
-// The first to open the database reads the whole log.
-constexpr int kLongestLogInPages = 256;
+// Whoever opens the database while nobody else has it open reads the whole log; to shorten it is to
+// wait for the disk.
+constexpr int kLongestLogAtOpening = 256;
+constexpr int kLongestLog = 4096;
+
+constexpr std::string_view kSet =
+    "INSERT OR REPLACE INTO defaults (key, kind, value) VALUES (?, ?, ?)";
+constexpr std::string_view kRemove = "DELETE FROM defaults WHERE key = ?";
 
 DefaultsDatabase::Values readAll(Database& database) {
   DefaultsDatabase::Values values;
@@ -27,14 +34,11 @@ DefaultsDatabase::Values readAll(Database& database) {
 
 void writeAll(Database& database, const std::vector<DefaultsDatabase::Change>& changes) {
   database.execute("BEGIN IMMEDIATE");
-  Statement set(database, "INSERT OR REPLACE INTO defaults (key, kind, value) VALUES (?, ?, ?)");
-  Statement remove(database, "DELETE FROM defaults WHERE key = ?");
   for (const auto& change : changes) {
-    Statement& statement = change.object == nullptr ? remove : set;
+    Statement statement(database, change.object == nullptr ? kRemove : kSet);
     statement.bind(1, change.key.view());
     if (change.object != nullptr) bindStored(statement, 2, change.object);
     statement.step();
-    statement.reset();
   }
   database.execute("COMMIT");
 }
@@ -106,7 +110,9 @@ void DefaultsDatabase::write(const std::vector<Change>& changes, Deadline& deadl
       if (connection == nullptr) throw std::runtime_error("the database has been removed");
     }
     writeAll(*connection->database, changes);
-    connection->database->checkpointIfLongerThan(kLongestLogInPages);
+    const bool isFirstUse = connection->identity == DefaultsFile::Identity();
+    connection->database->checkpointIfLongerThan(isFirstUse ? kLongestLogAtOpening : kLongestLog,
+                                                 isFirstUse);
   });
 }
 

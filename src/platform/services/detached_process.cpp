@@ -1,65 +1,94 @@
 #include "platform/services/detached_process.h"
 
 #include <fcntl.h>
+#include <sched.h>
+#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-
-#include "platform/services/fork_guard.h"
+#include <cstddef>
+#include <memory>
+#include <new>
 
 namespace ov {
 
 namespace {
 
-// Whatever runs between a fork and the exec may only do what a signal handler may do: another
-// thread may have held any lock when the process was copied.
-
-void resetSignals() {
-  struct sigaction action = {};
-  action.sa_handler = SIG_DFL;
-  for (int signal = 1; signal < NSIG; ++signal) sigaction(signal, &action, nullptr);
-  sigset_t none;
-  sigemptyset(&none);
-  sigprocmask(SIG_SETMASK, &none, nullptr);
+void require(int error) {
+  if (error != 0) throw std::bad_alloc();
 }
 
-bool closeDescriptors() {
-  const int null = open("/dev/null", O_RDWR);
-  if (null < 0) return false;
-  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
-    if (dup2(null, stream) < 0) return false;
+/// What becomes of descriptors and signals in the process that runs the program.
+class Settings {
+ public:
+  Settings() {
+    require(posix_spawn_file_actions_init(&files_));
+    if (const int error = posix_spawnattr_init(&attributes_); error != 0) {
+      posix_spawn_file_actions_destroy(&files_);
+      require(error);
+    }
   }
-  closefrom(STDERR_FILENO + 1);
-  return true;
-}
+  Settings(const Settings&) = delete;
+  Settings& operator=(const Settings&) = delete;
+  ~Settings() {
+    posix_spawnattr_destroy(&attributes_);
+    posix_spawn_file_actions_destroy(&files_);
+  }
 
-[[noreturn]] void execute(const char* program, char* const* arguments) {
-  resetSignals();
-  if (closeDescriptors()) execve(program, arguments, environ);
-  _exit(127);
-}
+  void detachFiles() {
+    require(posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDWR, mode_t{}));
+    require(posix_spawn_file_actions_adddup2(&files_, STDIN_FILENO, STDOUT_FILENO));
+    require(posix_spawn_file_actions_adddup2(&files_, STDIN_FILENO, STDERR_FILENO));
+    require(posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1));
+  }
+  void resetSignals() {
+    sigset_t all;
+    sigset_t none;
+    sigfillset(&all);
+    sigemptyset(&none);
+    posix_spawnattr_setsigdefault(&attributes_, &all);
+    posix_spawnattr_setsigmask(&attributes_, &none);
+    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+  }
 
-/// The child makes the process that runs the program and ends at once, so that nobody has to wait
-/// for that process.
-[[noreturn]] void executeAsGrandchild(const char* program, char* const* arguments) {
+  [[nodiscard]] int start(const char* program, char* const* arguments) const {
+    return posix_spawn(nullptr, program, &files_, &attributes_, arguments, environ);
+  }
+
+ private:
+  posix_spawn_file_actions_t files_;
+  posix_spawnattr_t attributes_;
+};
+
+struct Job {
+  const Settings& settings;
+  const char* program;
+  char* const* arguments;
+};
+
+/// What the child does: it makes the process that runs the program and ends at once, so that nobody
+/// has to wait for that process.
+int startAsGrandchild(void* job) {
+  const Job& wanted = *static_cast<const Job*>(job);
   setsid();
-  const pid_t grandchild = _Fork();
-  if (grandchild == 0) execute(program, arguments);
-  _exit(grandchild < 0 ? 1 : 0);
+  return wanted.settings.start(wanted.program, wanted.arguments) == 0 ? 0 : 1;
 }
 
-/// Fork with all signals blocked, so that no handler of the host runs in the child.
-pid_t forkQuietly() {
+/// A child that uses this process's memory while this thread waits for its end: to copy a large
+/// process takes long. With all signals blocked, so that no handler of the host runs in the child.
+pid_t runChild(Job& job) {
+  constexpr std::size_t kStack = 64 * std::size_t{1024};
+  const std::unique_ptr<std::byte[]> stack(new std::byte[kStack]);  // NOLINT(*-avoid-c-arrays)
   sigset_t all;
   sigset_t before;
   sigfillset(&all);
   pthread_sigmask(SIG_SETMASK, &all, &before);
-  const UnguardedForks quick;
-  const pid_t child = fork();
-  if (child != 0) pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  const pid_t child =
+      clone(&startAsGrandchild, stack.get() + kStack, CLONE_VM | CLONE_VFORK | SIGCHLD, &job);
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
   return child;
 }
 
@@ -80,8 +109,11 @@ bool startDetached(const std::string& program, const std::string& argument) {
   std::string name = program;
   std::string only = argument;
   const std::array<char*, 3> arguments = {name.data(), only.data(), nullptr};
-  const pid_t child = forkQuietly();
-  if (child == 0) executeAsGrandchild(program.c_str(), arguments.data());
+  Settings settings;
+  settings.detachFiles();
+  settings.resetSignals();
+  Job job{settings, program.c_str(), arguments.data()};
+  const pid_t child = runChild(job);
   return child > 0 && succeeded(child);
 }
 

@@ -14,7 +14,7 @@ namespace ov {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& path) {
+[[noreturn]] void throwErrorOf(const std::string& path) {
   throw std::system_error(errno, std::generic_category(), path);
 }
 
@@ -28,7 +28,7 @@ void flushIfReadable(const std::string& path) {
 
 Directory::Directory(const std::string& path)
     : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-  if (descriptor_.number() < 0) fail(path_);
+  if (descriptor_.number() < 0) throwErrorOf(path_);
 }
 
 void Directory::lock(Deadline& deadline, bool shared) const {
@@ -43,7 +43,7 @@ void Directory::unlock() const noexcept { flock(descriptor_.number(), LOCK_UN); 
 
 void Directory::flush() const {
   // Some file systems have no such operation for folders.
-  if (fsync(descriptor_.number()) != 0 && errno != EINVAL) fail(path_);
+  if (fsync(descriptor_.number()) != 0 && errno != EINVAL) throwErrorOf(path_);
 }
 
 void createDirectories(const std::string& path) {
@@ -55,7 +55,7 @@ void createDirectories(const std::string& path) {
     if (mkdir(folder.c_str(), S_IRWXU) == 0) {
       flushIfReadable(parent);
     } else if (errno != EEXIST) {
-      fail(folder);
+      throwErrorOf(folder);
     }
   } while (end != std::string::npos);
 }
@@ -64,7 +64,7 @@ std::string realPath(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
                                                              &std::free);
   if (resolved != nullptr) return resolved.get();
-  if (errno != ENOENT && errno != ENOTDIR) fail(path);
+  if (errno != ENOENT && errno != ENOTDIR) throwErrorOf(path);
   return {};
 }
 

@@ -17,8 +17,6 @@ constexpr std::size_t kMostForever = 8;
 constinit std::array<std::atomic<std::mutex*>, kMostForever> forever{};
 constinit std::atomic<std::size_t> foreverCount = 0;
 
-thread_local bool isUnguarded = false;
-
 }  // namespace
 
 class ForkGuards {
@@ -48,7 +46,6 @@ class ForkGuards {
 
  private:
   static void hold() {
-    if (isUnguarded) return;
     forking_.lock();
     isForking_.store(true, std::memory_order_relaxed);
     for (std::size_t i = 0; i < kMostForever; ++i) {
@@ -63,7 +60,6 @@ class ForkGuards {
   }
 
   static void release() {
-    if (isUnguarded) return;
     for (const ForkGuard* at = newest_; at != nullptr; at = at->older_) at->mutex_.unlock();
     mutex_.unlock();
     for (std::mutex* held : held_) {
@@ -94,10 +90,6 @@ ForkGuard::ForkGuard(std::mutex& mutex, std::function<void()> beforeFork)
 ForkGuard::~ForkGuard() { ForkGuards::remove(*this); }
 
 void ForkGuard::letForksPass() { ForkGuards::letForksPass(); }
-
-UnguardedForks::UnguardedForks() { isUnguarded = true; }
-
-UnguardedForks::~UnguardedForks() { isUnguarded = false; }
 
 void guardForever(std::mutex& mutex) {
   ForkGuards::watchForks();

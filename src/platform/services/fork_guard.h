@@ -32,16 +32,6 @@ class ForkGuard {
   ForkGuard* newer_ = nullptr;
 };
 
-/// While it lives, forks of this thread wait for nobody: their children use nothing that is
-/// guarded.
-class UnguardedForks {
- public:
-  UnguardedForks();
-  UnguardedForks(const UnguardedForks&) = delete;
-  UnguardedForks& operator=(const UnguardedForks&) = delete;
-  ~UnguardedForks();
-};
-
 /// A guard for a mutex that lives as long as the process, and under which guards may be made.
 /// While one thread holds two of them, the one that was named first has been locked first.
 void guardForever(std::mutex& mutex);

@@ -7,10 +7,10 @@
 
 namespace {
 
-OVRef<OVLocale> makeDefault() { return std::make_shared<ov::IcuLocale>(OVString()); }
+OVRef<OVLocale> makeLocale() { return std::make_shared<ov::IcuLocale>(OVString()); }
 
-ov::SharedInstance<OVLocale>& shared() {
-  static auto& instance = *new ov::SharedInstance<OVLocale>(&makeDefault);
+ov::SharedInstance<OVLocale>& theLocale() {
+  static auto& instance = *new ov::SharedInstance<OVLocale>(&makeLocale);
   return instance;
 }
 
@@ -18,9 +18,9 @@ ov::SharedInstance<OVLocale>& shared() {
 
 OVLocale::~OVLocale() = default;
 
-OVRef<OVLocale> OVLocale::currentLocale() { return shared().get(); }
+OVRef<OVLocale> OVLocale::currentLocale() { return theLocale().get(); }
 
-void OVLocale::setCurrentLocale(OVRef<OVLocale> locale) { shared().set(std::move(locale)); }
+void OVLocale::setCurrentLocale(OVRef<OVLocale> locale) { theLocale().set(std::move(locale)); }
 
 OVRef<OVLocale> OVLocale::withIdentifier(const OVString& identifier) {
   return std::make_shared<ov::IcuLocale>(identifier.isNull() ? OVString("en_US_POSIX")

@@ -1,9 +1,10 @@
 #include "platform/services/locale_identifier.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
+
+#include "platform/ascii_case.h"
 
 namespace ov {
 
@@ -18,15 +19,6 @@ constexpr std::pair<std::string_view, std::string_view> kScripts[] = {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-template <class Map>
-std::string mapped(std::string_view text, Map map) {
-  std::string result;
-  std::transform(text.begin(), text.end(), std::back_inserter(result), map);
-  return result;
-}
 
 bool isLetters(std::string_view text, std::size_t shortest, std::size_t longest) {
   return text.size() >= shortest && text.size() <= longest &&
@@ -48,9 +40,6 @@ struct Parts {
   std::string language;
   std::string script;
   std::string region;
-  std::string variants;
-
-  void addVariant(std::string_view variant) { variants += "_" + mapped(variant, &upper); }
 };
 
 std::string_view takePiece(std::string_view& text) {
@@ -60,22 +49,23 @@ std::string_view takePiece(std::string_view& text) {
   return piece;
 }
 
-/// Reads language, script, region and variants, all but the first of which may be missing. Empty
-/// when something else is among them.
+/// Reads language, script and region, of which the last two may be missing, and passes variants
+/// over that follow. Empty when something else is among them.
 std::optional<Parts> partsOf(std::string_view name) {
   Parts parts;
   const auto language = takePiece(name);
   if (!isLetters(language, 2, 8)) return std::nullopt;
-  parts.language = mapped(language, &lower);
+  parts.language = asciiLower(language);
+  bool hasVariants = false;
   while (!name.empty()) {
     const auto piece = takePiece(name);
-    const bool inFront = parts.region.empty() && parts.variants.empty();
+    const bool inFront = parts.region.empty() && !hasVariants;
     if (inFront && parts.script.empty() && isLetters(piece, 4, 4)) {
-      parts.script = mapped(piece.substr(0, 1), &upper) + mapped(piece.substr(1), &lower);
+      parts.script = asciiUpper(piece.substr(0, 1)) + asciiLower(piece.substr(1));
     } else if (inFront && isRegion(piece)) {
-      parts.region = mapped(piece, &upper);
+      parts.region = asciiUpper(piece);
     } else if (isVariant(piece)) {
-      parts.addVariant(piece);
+      hasVariants = true;
     } else {
       return std::nullopt;
     }
@@ -84,21 +74,17 @@ std::optional<Parts> partsOf(std::string_view name) {
 }
 
 void apply(std::string_view modifier, Parts& parts) {
-  const std::string wanted = mapped(modifier, &lower);
+  const std::string wanted = asciiLower(modifier);
   for (const auto& [name, script] : kScripts) {
-    if (name != wanted) continue;
-    if (parts.script.empty()) parts.script = script;
-    return;
+    if (name == wanted && parts.script.empty()) parts.script = script;
   }
-  if (isVariant(modifier)) parts.addVariant(modifier);
 }
 
 std::string joined(const Parts& parts) {
   std::string identifier = parts.language;
-  if (!parts.script.empty()) identifier += "_" + parts.script;
-  // An empty region keeps its place in front of a variant, which could be taken for it otherwise.
-  if (!parts.region.empty() || !parts.variants.empty()) identifier += "_" + parts.region;
-  return identifier + parts.variants;
+  if (!parts.script.empty()) identifier += "-" + parts.script;
+  if (!parts.region.empty()) identifier += "_" + parts.region;
+  return identifier;
 }
 
 }  // namespace
@@ -110,7 +96,7 @@ std::string localeIdentifierOf(std::string_view posixName) {
     posixName = posixName.substr(0, at);
   }
   posixName = posixName.substr(0, posixName.find('.'));
-  if (posixName == "C" || posixName == "POSIX") return std::string(kPosix);
+  if (posixName == "C" || posixName == "POSIX" || posixName == kPosix) return std::string(kPosix);
   std::optional<Parts> parts = partsOf(posixName);
   if (!parts) return std::string(kPosix);
   apply(modifier, *parts);

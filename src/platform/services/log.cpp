@@ -18,10 +18,10 @@ class NoLog final : public OVLog {
   void write(const OVString& /*line*/) override {}
 };
 
-OVRef<OVLog> makeDefault() { return std::make_shared<SystemLog>(); }
+OVRef<OVLog> makeLog() { return std::make_shared<SystemLog>(); }
 
-ov::SharedInstance<OVLog>& shared() {
-  static auto& instance = *new ov::SharedInstance<OVLog>(&makeDefault);
+ov::SharedInstance<OVLog>& theLog() {
+  static auto& instance = *new ov::SharedInstance<OVLog>(&makeLog);
   return instance;
 }
 
@@ -34,9 +34,9 @@ bool breaksLine(char c) {
 
 OVLog::~OVLog() = default;
 
-OVRef<OVLog> OVLog::sharedLog() { return shared().get(); }
+OVRef<OVLog> OVLog::sharedLog() { return theLog().get(); }
 
-void OVLog::setSharedLog(OVRef<OVLog> log) { shared().set(std::move(log)); }
+void OVLog::setSharedLog(OVRef<OVLog> log) { theLog().set(std::move(log)); }
 
 OVRef<OVLog> OVLog::none() { return std::make_shared<NoLog>(); }
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-ov::SharedInstance<OVNotificationCenter>& shared() {
+ov::SharedInstance<OVNotificationCenter>& theCenter() {
   static auto& instance =
       *new ov::SharedInstance<OVNotificationCenter>(&OVNotificationCenter::inProcess);
   return instance;
@@ -38,10 +38,10 @@ void OVNotificationObserver::remove() {
 
 OVNotificationCenter::~OVNotificationCenter() = default;
 
-OVRef<OVNotificationCenter> OVNotificationCenter::defaultCenter() { return shared().get(); }
+OVRef<OVNotificationCenter> OVNotificationCenter::defaultCenter() { return theCenter().get(); }
 
 void OVNotificationCenter::setDefaultCenter(OVRef<OVNotificationCenter> center) {
-  shared().set(std::move(center));
+  theCenter().set(std::move(center));
 }
 
 OVRef<OVNotificationCenter> OVNotificationCenter::inProcess() {

@@ -90,12 +90,13 @@ void Database::checkpoint() {
   check(code, connection_.get());
 }
 
-void Database::checkpointIfLongerThan(int pages) {
+void Database::checkpointIfLongerThan(int pages, bool emptying) {
   if (logPages_ <= pages) return;
   // A log that somebody still reads stays as it is; the next commit tries again.
   check(sqlite3_busy_handler(connection_.get(), nullptr, nullptr), connection_.get());
-  sqlite3_wal_checkpoint_v2(connection_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr,
-                            nullptr);
+  sqlite3_wal_checkpoint_v2(connection_.get(), nullptr,
+                            emptying ? SQLITE_CHECKPOINT_TRUNCATE : SQLITE_CHECKPOINT_PASSIVE,
+                            nullptr, nullptr);
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }

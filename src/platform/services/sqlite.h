@@ -52,9 +52,10 @@ class Database {
   void keepLogOnClose();
   /// Copies the write-ahead log into the file, both safely on the disk, and empties it.
   void checkpoint();
-  /// The same, if the log has more than `pages` after a commit of this connection and nobody has to
-  /// be waited for.
-  void checkpointIfLongerThan(int pages);
+  /// Copies the write-ahead log into the file if it has more than `pages` after a commit of this
+  /// connection and nobody has to be waited for, so that it begins anew. An emptied log takes no
+  /// room either.
+  void checkpointIfLongerThan(int pages, bool emptying);
 
  private:
   friend class Statement;

@@ -11,12 +11,14 @@ namespace {
 
 constexpr std::string_view kSubDelimiters = "!$&'()*+,;=";
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
+bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+bool isHexDigit(char c) {
+  return isAsciiDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
 bool isOneOf(std::string_view set, char c) { return set.find(c) != std::string_view::npos; }
 bool isPlain(char c) {
-  return isLetter(c) || isDigit(c) || isOneOf("-._~", c) || isOneOf(kSubDelimiters, c);
+  return isAsciiLetter(c) || isAsciiDigit(c) || isOneOf("-._~", c) || isOneOf(kSubDelimiters, c);
 }
 
 template <class Test>
@@ -38,8 +40,8 @@ bool isEscaped(std::string_view text, std::string_view more) {
 }
 
 bool isScheme(std::string_view text) {
-  return !text.empty() && isLetter(text.front()) &&
-         all(text, [](char c) { return isLetter(c) || isDigit(c) || isOneOf("+-.", c); });
+  return !text.empty() && isAsciiLetter(text.front()) &&
+         all(text, [](char c) { return isAsciiLetter(c) || isAsciiDigit(c) || isOneOf("+-.", c); });
 }
 
 /// What stands between the brackets of an address of IPv6 or later.
@@ -65,11 +67,11 @@ bool isAuthority(std::string_view text) {
     const auto end = text.find(']');
     if (end == std::string_view::npos || !isAddress(text.substr(1, end - 1))) return false;
     const auto port = text.substr(end + 1);
-    return port.empty() || (port.front() == ':' && all(port.substr(1), &isDigit));
+    return port.empty() || (port.front() == ':' && all(port.substr(1), &isAsciiDigit));
   }
   const auto colon = text.find(':');
   if (!isEscaped(text.substr(0, colon), "")) return false;
-  return colon == std::string_view::npos || all(text.substr(colon + 1), &isDigit);
+  return colon == std::string_view::npos || all(text.substr(colon + 1), &isAsciiDigit);
 }
 
 /// Cuts `text` before the first of `delimiters`, which begins what is returned.

@@ -26,7 +26,7 @@ struct Application {
 
 Application& application();
 
-OVRef<OVUserDefaults> makeDefault() {
+OVRef<OVUserDefaults> makeDefaults() {
   std::string identifier;
   {
     const std::lock_guard lock(application().mutex);
@@ -36,14 +36,14 @@ OVRef<OVUserDefaults> makeDefault() {
   return std::make_shared<ov::PersistentDefaults>(ov::defaultsDirectory(identifier));
 }
 
-ov::SharedInstance<OVUserDefaults>& shared() {
-  static auto& instance = *new ov::SharedInstance<OVUserDefaults>(&makeDefault);
+ov::SharedInstance<OVUserDefaults>& theDefaults() {
+  static auto& instance = *new ov::SharedInstance<OVUserDefaults>(&makeDefaults);
   return instance;
 }
 
 Application& application() {
   // Its mutex is taken under that of the shared instance.
-  static_cast<void>(shared());
+  static_cast<void>(theDefaults());
   static auto& instance = *new Application();
   return instance;
 }
@@ -69,10 +69,10 @@ void requireKey(const OVString& key) {
 
 OVUserDefaults::~OVUserDefaults() = default;
 
-OVRef<OVUserDefaults> OVUserDefaults::standardUserDefaults() { return shared().get(); }
+OVRef<OVUserDefaults> OVUserDefaults::standardUserDefaults() { return theDefaults().get(); }
 
 void OVUserDefaults::setStandardUserDefaults(OVRef<OVUserDefaults> defaults) {
-  shared().set(std::move(defaults));
+  theDefaults().set(std::move(defaults));
 }
 
 void OVUserDefaults::setApplicationIdentifier(const OVString& identifier) {
@@ -85,7 +85,7 @@ void OVUserDefaults::setApplicationIdentifier(const OVString& identifier) {
     const std::lock_guard lock(application().mutex);
     application().identifier = identifier.str();
   }
-  shared().forgetDefault();
+  theDefaults().forgetDefault();
 }
 
 OVRef<OVUserDefaults> OVUserDefaults::inMemory() { return std::make_shared<ov::MemoryDefaults>(); }

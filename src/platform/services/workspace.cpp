@@ -12,10 +12,10 @@ class NoWorkspace final : public OVWorkspace {
   bool open(const OVString& /*url*/) override { return false; }
 };
 
-OVRef<OVWorkspace> makeDefault() { return std::make_shared<ov::DesktopWorkspace>(); }
+OVRef<OVWorkspace> makeWorkspace() { return std::make_shared<ov::DesktopWorkspace>(); }
 
-ov::SharedInstance<OVWorkspace>& shared() {
-  static auto& instance = *new ov::SharedInstance<OVWorkspace>(&makeDefault);
+ov::SharedInstance<OVWorkspace>& theWorkspace() {
+  static auto& instance = *new ov::SharedInstance<OVWorkspace>(&makeWorkspace);
   return instance;
 }
 
@@ -23,10 +23,10 @@ ov::SharedInstance<OVWorkspace>& shared() {
 
 OVWorkspace::~OVWorkspace() = default;
 
-OVRef<OVWorkspace> OVWorkspace::sharedWorkspace() { return shared().get(); }
+OVRef<OVWorkspace> OVWorkspace::sharedWorkspace() { return theWorkspace().get(); }
 
 void OVWorkspace::setSharedWorkspace(OVRef<OVWorkspace> workspace) {
-  shared().set(std::move(workspace));
+  theWorkspace().set(std::move(workspace));
 }
 
 OVRef<OVWorkspace> OVWorkspace::none() { return std::make_shared<NoWorkspace>(); }

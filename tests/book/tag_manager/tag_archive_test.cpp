@@ -217,6 +217,48 @@ TEST_F(TagArchive, OneMissingCollectionDoesNotTouchTheOthers) {
   EXPECT_THAT(tagsOf(*manager), IsEmpty());
 }
 
+TEST_F(TagArchive, HasNoIdBeforeItIsOpenedUnderOne) {
+  stored()->addPersonIDForTag("P", "W");
+  const auto read = ov::cast<OVTagManager>(OVKeyedUnarchiver::unarchiveObjectWithData(block()));
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->tagID(), nullptr);
+  defaults->writes.clear();
+  read->addPersonIDForTag("Q", "W");
+  EXPECT_TRUE(defaults->writes.empty());
+  EXPECT_EQ(stored()->tagID(), "book");
+}
+
+/// A store whose list of tags and whose two dictionaries do not say the same.
+TEST_F(TagArchive, ListsThatDisagreeAreEachChangedForThemselves) {
+  const auto manager = storedAs(
+      {{"TagsKey", TextList::list({"A", "B"})},
+       {"TagsDicKey",
+        TextLists::dictionary({{"B", TextList::list({"P", "Q"})}, {"C", TextList::list({"P"})}})},
+       {"PersonDicKey", TextLists::dictionary({{"P", TextList::list({"A", "D"})}})}});
+  EXPECT_THAT(texts(manager->personIDsByTag("C")), ElementsAre("P"));
+  EXPECT_EQ(manager->personIDsByTag("A"), nullptr);
+
+  // In the list of tags already, in the person's list too, but not among the tag's persons.
+  manager->addPersonIDForTag("P", "A");
+  EXPECT_THAT(tagsOf(*manager), ElementsAre("A", "B"));
+  EXPECT_THAT(texts(manager->personIDsByTag("A")), ElementsAre("P"));
+  EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("A", "D"));
+  // Among the tag's persons, but nowhere else.
+  manager->addPersonIDForTag("P", "C");
+  EXPECT_THAT(tagsOf(*manager), ElementsAre("A", "B", "C"));
+  EXPECT_THAT(texts(manager->personIDsByTag("C")), ElementsAre("P"));
+  EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("A", "D", "C"));
+
+  // The tag's persons do not know of the person's list, nor the other way round.
+  manager->removeForPersonID("P");
+  EXPECT_THAT(tagsOf(*manager), ElementsAre("B"));
+  EXPECT_THAT(texts(manager->personIDsByTag("B")), ElementsAre("P", "Q"));
+  EXPECT_EQ(manager->tagsByPersonID("P"), nullptr);
+  manager->removeTag("B");
+  EXPECT_THAT(tagsOf(*manager), IsEmpty());
+  EXPECT_EQ(manager->tagsByPersonID("Q"), nullptr);
+}
+
 TEST_F(TagArchive, ElementsOfAnotherKindReadAsNullAndAreWrittenBack) {
   const auto number = OVNumber::numberWithInteger(7);
   const auto mixed = OVList<OVObject>::list({number, OVString("W")});

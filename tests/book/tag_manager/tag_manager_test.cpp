@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include <limits>
+#include <stdexcept>
 
 #include "book/tag_manager/tag_lists.h"
 #include "support/recording_defaults.h"
@@ -215,6 +216,23 @@ TEST_F(TagManager, SettingNullChangesNothing) {
   manager->setTagsForPersonID(listOf({"A"}), nullptr);
   EXPECT_THAT(texts(manager->tagsByPersonID("P")), ElementsAre("W"));
   EXPECT_THAT(tagsOf(*manager), ElementsAre("W"));
+}
+
+TEST_F(TagManager, ChangingALiveListWhileWalkingThroughItIsRaised) {
+  for (const char* tag : {"A", "B", "C"}) manager->addPersonIDForTag("P", tag);
+  const auto removeAll = [this] {
+    for (const auto& tag : manager->tagsByPersonID("P")) manager->removePersonIDFromTag("P", tag);
+  };
+  EXPECT_THROW(removeAll(), std::logic_error);
+  EXPECT_EQ(texts(manager->tagsByPersonID("P")), (Texts{"B", "C"}));
+}
+
+TEST_F(TagManager, WalkingThroughACopyMayChangeTheList) {
+  for (const char* tag : {"A", "B", "C"}) manager->addPersonIDForTag("P", tag);
+  for (const auto& tag : manager->tagsByPersonID("P").copy()) {
+    manager->removePersonIDFromTag("P", tag);
+  }
+  EXPECT_EQ(manager->tagsByPersonID("P"), nullptr);
 }
 
 TEST_F(TagManager, SettingTheLiveListOfThePersonItselfEmptiesIt) {

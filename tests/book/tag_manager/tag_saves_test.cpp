@@ -1,4 +1,6 @@
 #include <functional>
+#include <string>
+#include <vector>
 
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
@@ -101,6 +103,40 @@ TEST_F(TagSaves, SettingTagsSavesEachRemovalAndEachAddition) {
   // Three tags removed and one save for that, two added, one save at the end.
   EXPECT_EQ(savesOf([&] { manager->setTagsForPersonID(listOf({"X", "B"}), "P"); }), 7U);
   EXPECT_EQ(savesOf([&] { manager->setTagsForPersonID(listOf({}), "new"); }), 2U);
+}
+
+/// What each of the writes holds, in their order: the tags, then those of P.
+std::vector<std::string> statesIn(const std::vector<RecordingDefaults::Write>& writes) {
+  std::vector<std::string> states;
+  for (const auto& write : writes) {
+    const auto stored = ov::cast<OVTagManager>(
+        OVKeyedUnarchiver::unarchiveObjectWithData(ov::cast<OVData>(write.object)));
+    std::string state;
+    for (const OVString& tag : tagsOf(*stored)) state += tag.str();
+    state += '|';
+    for (const OVString& tag : texts(stored->tagsByPersonID("P"))) state += tag.str();
+    states.push_back(stored->tagsByPersonID("P") == nullptr ? state + "-" : state);
+  }
+  return states;
+}
+
+TEST_F(TagSaves, HoldEachStepOfTakingAllTags) {
+  EXPECT_EQ(savesOf([&] { manager->removeForPersonID("P"); }), 4U);
+  EXPECT_THAT(statesIn(defaults->writes), ElementsAre("BC|BC", "BC|C", "B|-", "B|-"));
+}
+
+TEST_F(TagSaves, HoldEachStepOfSettingTags) {
+  EXPECT_EQ(savesOf([&] { manager->setTagsForPersonID(listOf({"X", "C", "X"}), "P"); }), 8U);
+  EXPECT_THAT(statesIn(defaults->writes),
+              ElementsAre("BC|BC", "BC|C", "B|-", "B|-", "BX|X", "BXC|XC", "BXC|XC", "BXC|XC"));
+}
+
+TEST_F(TagSaves, HoldTheEmptyListThatARemovedTagLeaves) {
+  manager->setTagsForPersonID(listOf({"A"}), "P");
+  EXPECT_EQ(savesOf([&] { manager->removeTag("A"); }), 1U);
+  EXPECT_THAT(statesIn(defaults->writes), ElementsAre("B|"));
+  EXPECT_EQ(savesOf([&] { manager->removeForPersonID("P"); }), 1U);
+  EXPECT_THAT(statesIn(defaults->writes), ElementsAre("B|"));
 }
 
 TEST_F(TagSaves, NeverForSettingNull) {

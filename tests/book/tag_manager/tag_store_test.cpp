@@ -51,6 +51,28 @@ TEST(TagStore, IsReadWholeByTheNextProcess) {
   }));
 }
 
+TEST(TagStore, IsReadWithWhatAnotherProcessHasTaggedSince) {
+  const Preferences preferences;
+  Pipe opened;
+  Pipe tagged;
+  ChildProcess reader([&] {
+    EXPECT_EQ(stored()->count(), 0U);
+    for (std::size_t tags = 1; tags < 5; ++tags) {
+      opened.write("x");
+      (void)tagged.read();
+      EXPECT_EQ(tagsOf(*stored()).size(), tags);
+    }
+    return !testing::Test::HasFailure();
+  });
+  for (int tag = 1; tag < 5; ++tag) {
+    (void)opened.read();
+    EXPECT_TRUE(
+        holdsInNewProcess([&] { stored()->addPersonIDForTag("P", "tag " + std::to_string(tag)); }));
+    tagged.write("x");
+  }
+  EXPECT_TRUE(reader.succeeded());
+}
+
 TEST(TagStore, HoldsWhatTheLastOfTwoProcessesSaved) {
   const Preferences preferences;
   Pipe loaded;

@@ -19,7 +19,7 @@ constexpr std::size_t kTop = 16;
 constexpr std::size_t kTableOffset = 8;
 
 /// ["a", 5], whole.
-std::string smallList(unsigned offsetSize = 1) {
+std::string listOfOne(unsigned offsetSize = 1) {
   PlistBuilder builder;
   builder.offsetSize = offsetSize;
   const auto a = builder.ascii("a");
@@ -36,12 +36,12 @@ std::string withNumber(std::string list, std::size_t fromEnd, std::uint64_t numb
   return list.replace(list.size() - fromEnd, 8, PlistBuilder::bigEndian(number, 8));
 }
 
-TEST(PlistGuards, TheSmallListItselfIsAccepted) { EXPECT_EQ(refusal(smallList()), "accepted"); }
+TEST(PlistGuards, TheSmallListItselfIsAccepted) { EXPECT_EQ(refusal(listOfOne()), "accepted"); }
 
 TEST(PlistGuards, HeaderAndTrailerMustBeThere) {
   EXPECT_EQ(refusal(""), "no data");
   EXPECT_EQ(refusal("bplist0"), "not a binary property list");
-  EXPECT_EQ(refusal("bplist01" + smallList().substr(8)), "not a binary property list");
+  EXPECT_EQ(refusal("bplist01" + listOfOne().substr(8)), "not a binary property list");
   EXPECT_THAT(refusal("bplist00"), testing::HasSubstr("cut short"));
   EXPECT_THAT(refusal("bplist00" + std::string(32, '\0')), testing::HasSubstr("cut short"));
 }
@@ -50,10 +50,10 @@ TEST(PlistGuards, HeaderAndTrailerMustBeThere) {
 TEST(PlistGuards, TrailerArithmeticDoesNotOverflow) {
   for (const unsigned size : {2U, 4U, 8U}) {
     const std::uint64_t wrapping = (~std::uint64_t{0} / size + 1) + 3;
-    EXPECT_THAT(refusal(withNumber(smallList(size), kObjectCount, wrapping)),
+    EXPECT_THAT(refusal(withNumber(listOfOne(size), kObjectCount, wrapping)),
                 testing::HasSubstr("does not fill"));
   }
-  const std::string list = smallList();
+  const std::string list = listOfOne();
   for (const std::uint64_t offset :
        {0xFFFFFFFFFFFFFFFFU, 0xFFFFFFFFFFFFFFE0U, 0x8000000000000000U}) {
     EXPECT_THAT(refusal(withNumber(list, kTableOffset, offset)),
@@ -63,7 +63,7 @@ TEST(PlistGuards, TrailerArithmeticDoesNotOverflow) {
 
 // The low halves of these fields are what they should be.
 TEST(PlistGuards, TrailerFieldsAreReadWhole) {
-  const std::string list = smallList();
+  const std::string list = listOfOne();
   const std::uint64_t high = 1ULL << 32;
   EXPECT_THAT(refusal(withNumber(list, kObjectCount, high + 3)),
               testing::HasSubstr("does not fill"));
@@ -73,7 +73,7 @@ TEST(PlistGuards, TrailerFieldsAreReadWhole) {
 }
 
 TEST(PlistGuards, TheOffsetTableFillsTheRoomUpToTheTrailer) {
-  const std::string list = smallList();
+  const std::string list = listOfOne();
   for (const std::uint64_t count : {0U, 2U, 4U}) {
     EXPECT_THAT(refusal(withNumber(list, kObjectCount, count)),
                 testing::HasSubstr("does not fill"));
@@ -87,9 +87,9 @@ TEST(PlistGuards, TheOffsetTableFillsTheRoomUpToTheTrailer) {
 
 TEST(PlistGuards, SizesThatAreNotOneToEightAreRefused) {
   for (const std::size_t size : {kOffsetSize, kReferenceSize}) {
-    EXPECT_THAT(refusal(withByte(smallList(), size, 0)), testing::HasSubstr("not 1 to 8"));
-    EXPECT_THAT(refusal(withByte(smallList(), size, 9)), testing::HasSubstr("not 1 to 8"));
-    EXPECT_THAT(refusal(withByte(smallList(), size, '\xFF')), testing::HasSubstr("not 1 to 8"));
+    EXPECT_THAT(refusal(withByte(listOfOne(), size, 0)), testing::HasSubstr("not 1 to 8"));
+    EXPECT_THAT(refusal(withByte(listOfOne(), size, 9)), testing::HasSubstr("not 1 to 8"));
+    EXPECT_THAT(refusal(withByte(listOfOne(), size, '\xFF')), testing::HasSubstr("not 1 to 8"));
   }
 }
 

@@ -53,7 +53,7 @@ TEST_F(Locale, TheIdentifierIsReadFromTheEnvironmentOnEachCall) {
   ::setenv("LC_ALL", "de_DE.UTF-8@euro", 1);
   EXPECT_EQ(locale_->currentLocaleIdentifier(), "de_DE");
   ::setenv("LC_ALL", "sr_RS@latin", 1);
-  EXPECT_EQ(locale_->currentLocaleIdentifier(), "sr_Latn_RS");
+  EXPECT_EQ(locale_->currentLocaleIdentifier(), "sr-Latn_RS");
   ::unsetenv("LC_ALL");
   ::setenv("LC_MESSAGES", "", 1);
   ::setenv("LANG", "C.UTF-8", 1);

@@ -92,6 +92,22 @@ class OrderedDefaults final : public OVUserDefaults {
   std::vector<std::string>& steps_;
 };
 
+TEST_F(NameOrder, IsSetAndAnnouncedOnAnotherThreadThatSetsIt) {
+  std::thread::id announcing;
+  bool flagThen = false;
+  const auto observer = platform_.center->addObserver(OV_LastNmaeFrontChange_notification,
+                                                      [&](const OVNotification&) {
+                                                        announcing = std::this_thread::get_id();
+                                                        flagThen = ov::lastNameInFront();
+                                                      });
+  std::thread setter([] { ov::setLastNameInFront(true); });
+  const std::thread::id expected = setter.get_id();
+  setter.join();
+  EXPECT_EQ(announcing, expected);
+  EXPECT_TRUE(flagThen);
+  EXPECT_TRUE(ov::lastNameInFront());
+}
+
 TEST_F(NameOrder, IsStoredThenWrittenThroughThenAnnounced) {
   std::vector<std::string> steps;
   OVUserDefaults::setStandardUserDefaults(std::make_shared<OrderedDefaults>(steps));

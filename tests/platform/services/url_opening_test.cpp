@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -210,6 +211,24 @@ TEST_F(UrlOpening, TheHostsOwnChildrenAreLeftToTheHost) {
 TEST_F(UrlOpening, AnswersFalseWhenNoHandlerIsInstalled) {
   EXPECT_FALSE(open("tel:1"));
   EXPECT_FALSE(hasChildren());
+}
+
+TEST_F(UrlOpening, AnswersFalseWhenTheHandlerCannotBeRun) {
+  writeFile(folder_.path() / "xdg-open", "#!/nowhere/interpreter\n");
+  std::filesystem::permissions(folder_.path() / "xdg-open", std::filesystem::perms::owner_all);
+  EXPECT_FALSE(open("tel:1"));
+  EXPECT_FALSE(hasChildren());
+}
+
+std::atomic<int> forks = 0;
+
+TEST_F(UrlOpening, TheProcessIsNotCopied) {
+  // What a fork costs grows with the memory of the host.
+  installWitness();
+  ASSERT_EQ(::pthread_atfork([] { ++forks; }, nullptr, nullptr), 0);
+  EXPECT_TRUE(open("tel:1"));
+  EXPECT_EQ(forks, 0);
+  (void)report();
 }
 
 TEST_F(UrlOpening, AFolderAndAFileThatCannotRunAreNoHandlers) {

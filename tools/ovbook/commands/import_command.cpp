@@ -99,11 +99,10 @@ OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
   return snapshot;
 }
 
-/// A tag store where the persons of `book` have the tags that their cards name, in place of those
-/// they had; persons without tags keep theirs. Not saved yet.
-OVRef<OVTagManager> tagsOfCards(const OVAddressBook& book, const std::string& store) {
-  auto tags = openTagStore(store);
-  tags->setTagID(nullptr);  // or each of many changes would save the whole store
+/// Gives the persons of `book` the tags that their cards name, in place of those they had; persons
+/// without tags keep theirs.
+void tagPersons(const OVRef<OVTagManager>& tags, const OVAddressBook& book) {
+  OVTagManager::Batch batch(tags);
   const auto persons = book.allPersons();
   for (const auto& person : persons) {
     const auto tagArray = person->tagArray();
@@ -111,12 +110,7 @@ OVRef<OVTagManager> tagsOfCards(const OVAddressBook& book, const std::string& st
       tags->setTagsForPersonID(tagArray, person->ID());
     }
   }
-  tags->setTagID(store);
-  return tags;
-}
-
-void saveTags(OVTagManager& tags) {
-  tags.save();
+  batch.end();
   requireStoredPreferences("the tags");
 }
 
@@ -136,11 +130,11 @@ struct Import {
     }
     const auto cards = readCards(files, session);
     reportProblems(*cards, session);
-    const auto tags = store.empty() ? nullptr : tagsOfCards(*cards, store);
+    const auto tags = store.empty() ? nullptr : openTagStore(store);
     const auto book = snapshotOf(*cards);
     const auto data = book->saveToData();
     writeFile(target, data);
-    if (tags != nullptr) saveTags(*tags);
+    if (tags != nullptr) tagPersons(tags, *cards);
     session.out() << printable(target) << ": " << counted(book->personsDic().size(), "person")
                   << ", " << counted(book->groupsDic().size(), "group") << ", "
                   << counted(data->size(), "byte") << '\n';

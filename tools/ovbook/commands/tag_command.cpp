@@ -23,7 +23,9 @@ using Change = std::function<void(OVTagManager& tags)>;
 
 void changeStore(const Argument& store, const Change& change) {
   const auto tags = openTagStore(store.text());
+  OVTagManager::Batch batch(tags);
   change(*tags);
+  batch.end();
   requireStoredPreferences("the tags");
 }
 

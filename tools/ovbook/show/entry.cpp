@@ -9,12 +9,12 @@ namespace ovbook {
 
 namespace {
 
-constexpr std::size_t kGap = 2;
+constexpr std::size_t kColumnGap = 2;
 
 std::size_t widthOfLabels(const std::vector<Entry>& entries) {
   std::size_t width = 0;
   for (const Entry& entry : entries) width = std::max(width, displayWidth(entry.label));
-  return width == 0 ? 0 : width + kGap;
+  return width == 0 ? 0 : width + kColumnGap;
 }
 
 }  // namespace
