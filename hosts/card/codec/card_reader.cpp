@@ -191,6 +191,7 @@ void CardReader::spellAnew(const Encoded& encoded) {
   const Line& line = *encoded.line;
   if (!encoded.hasPlainValue) {
     LineWriter(source_, context_.version, card_->lineEnd).lineLike(line, line.value());
+    open_ -= line.openCards_;  // the value ends them
     return;
   }
   if (!line.group_.empty()) source_.append(line.group_).append(".");

@@ -21,17 +21,20 @@ Encoding encodingOf(std::string_view word) {
   return Encoding::None;
 }
 
-/// True when the word speaks of the encoding, which it then sets.
-bool takeEncoding(std::string_view word, Header& header) {
-  if (!isEncodingWord(word)) return false;
+void takeEncoding(std::string_view word, Header& header) {
   if (encodingOf(word) != Encoding::None) header.encoding = encodingOf(word);
-  return true;
 }
 
 std::string withoutQuotes(std::string_view text) {
   std::string plain(text);
   std::erase(plain, '"');
   return plain;
+}
+
+/// The word that a value of ENCODING stands for.
+std::string wordOf(std::string_view value) {
+  std::string word = withoutQuotes(trim(value));
+  return sameWord(word, "B") ? "BASE64" : word;
 }
 
 std::string circumflexDecoded(std::string_view value) {
@@ -89,7 +92,11 @@ void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
   }
   const std::size_t equals = parameter.find('=');
   if (equals == std::string_view::npos) {
-    if (!takeEncoding(parameter, header)) takeValues("TYPE", parameter);
+    if (isEncodingWord(parameter)) {
+      takeEncoding(parameter, header);
+    } else {
+      takeValues("TYPE", parameter);
+    }
     return;
   }
   const std::string_view name = trim(parameter.substr(0, equals));
@@ -97,8 +104,9 @@ void HeaderParser::takeParameter(std::string_view parameter, Header& header) {
   if (sameWord(name, "CHARSET")) {
     header.charset = arena_.copy(withoutQuotes(trim(value)));
   } else if (sameWord(name, "ENCODING")) {
-    const std::string plain = withoutQuotes(trim(value));
-    if (!takeEncoding(sameWord(plain, "B") ? "BASE64" : plain, header)) {
+    if (isEncodingValue(value)) {
+      takeEncoding(wordOf(value), header);
+    } else {
       takeValues("X-ENCODING", value);
     }
   } else if (isToken(name)) {
@@ -178,6 +186,8 @@ std::size_t ColonFinder::find(std::string_view line) {
   }
   return std::string_view::npos;
 }
+
+bool isEncodingValue(std::string_view value) { return isEncodingWord(wordOf(value)); }
 
 bool isEncodingWord(std::string_view word) {
   return encodingOf(word) != Encoding::None || sameWord(word, "7BIT") || sameWord(word, "8BIT");

@@ -98,4 +98,7 @@ class ColonFinder {
 /// True for words that say something of the encoding wherever they stand alone.
 [[nodiscard]] bool isEncodingWord(std::string_view word);
 
+/// True for the values of ENCODING that are known.
+[[nodiscard]] bool isEncodingValue(std::string_view value);
+
 }  // namespace ov::card

@@ -167,6 +167,7 @@ std::string Line::nestedCard() const {
   // Behind the colon stands the first line of the card, or nothing.
   if (lines.next(line) && !trim(line.text).empty()) card += "BEGIN:VCARD\n";
   while (lines.next(line)) card.append(line.text).append("\n");
+  if (raw_.ends_with('\n') || raw_.ends_with('\r')) card += '\n';  // an empty line comes last
   for (std::uint32_t open = openCards_; open > 0; --open) card += "END:VCARD\n";
   return card;
 }

@@ -126,11 +126,15 @@ std::string spelledParameters(std::string_view parameters, Version version) {
 std::string withoutEncoding(std::string_view parametersAsTheyStand) {
   std::string parameters;
   forEachPart(parametersAsTheyStand, ';', [&](std::string_view part) {
-    const bool isNamed = part.find('=') != std::string_view::npos;
-    const std::string_view name = trim(part.substr(0, part.find('=')));
-    const bool isDropped = isNamed ? sameWord(name, "CHARSET") || sameWord(name, "ENCODING")
-                                   : name.empty() || isEncodingWord(name);
-    if (!isDropped) parameters.append(";").append(part);
+    const std::size_t equals = part.find('=');
+    const std::string_view name = trim(part.substr(0, equals));
+    if (name.empty() && equals == std::string_view::npos) return;
+    const bool tellsEncoding =
+        equals == std::string_view::npos
+            ? isEncodingWord(name)
+            : sameWord(name, "CHARSET") ||
+                  (sameWord(name, "ENCODING") && isEncodingValue(part.substr(equals + 1)));
+    if (!tellsEncoding) parameters.append(";").append(part);
   });
   return parameters;
 }

@@ -111,6 +111,18 @@ TEST(CardReader, EndsAllCardsThatAreOpen) {
   EXPECT_THAT(split.rests, ElementsAre("END:VCARD\nEND:VCARD\n", ""));
 }
 
+TEST(CardReader, KeepsEmptyLinesOfAnAgent) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\n\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\n\\nEND:VCARD\\n"));
+}
+
+TEST(CardReader, EndsACardOnceThatIsSpelledAnew) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nN:\xE4");
+  EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\nAGENT:BEGIN:VCARD\\nN:\u00E4\\n"
+                                         "END:VCARD\\n\n"));
+  EXPECT_THAT(split.rests, ElementsAre("END:VCARD\n"));
+}
+
 TEST(CardReader, KnowsMarkersBehindTheMarksOfJoinedFiles) {
   const Split split(
       "BEGIN:VCARD\nFN:a\nEND:VCARD\n\xEF\xBB\xBF"

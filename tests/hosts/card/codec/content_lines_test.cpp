@@ -136,6 +136,11 @@ TEST(ContentLines, AreSpelledInUTF8) {
             card("FN:Lef\u00E8vre\njunk\u00E4\nX;A=\u00E4;ENCODING=b:Q\n UJD\nN:\u00E4", "3.0"));
 }
 
+TEST(ContentLines, AreSpelledWithEncodingsThatAreNone) {
+  EXPECT_THAT(Lines("FN;ENCODING=ROT13;8BIT:\xE4", "3.0").sources,
+              ElementsAre("FN;ENCODING=ROT13:\u00E4\n"));
+}
+
 TEST(ContentLines, OfOldCardsAreSpelledInQuotedPrintable) {
   const Lines lines("N;HOME;CHARSET=ISO-8859-1:Lef\xE8vre;a\\;b\nNOTE:\xE4\nORG:\u00E4", "2.1");
   EXPECT_THAT(lines.sources,
