@@ -118,7 +118,7 @@ TEST(Others, WithoutLabelGetThePropertysOwn) {
 TEST(Others, AreStableOnTheWayThroughCards) {
   const auto read = person(
       "TEL;PID=1:1\nFN;LANGUAGE=de:x y\nN:y;x\nNOTE:a\nNOTE;PREF=1:b\nBDAY:?\nAGENT:z\n"
-      "KEY;ENCODING=b:QUFB",
+      "KEY;ENCODING=b:iVBORw0K",
       "3.0");
   std::string lines;
   for (const std::string& line : writtenLines(read)) lines += line + "\n";

@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/instant_message.h>
 
 #include "codec/ascii.h"
-#include "codec/header.h"
+#include "codec/parameters.h"
 #include "codec/percent.h"
 #include "properties.h"
 #include "reading.h"

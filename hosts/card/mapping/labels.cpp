@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "codec/ascii.h"
+#include "codec/parameters.h"
 #include "codec/line_writer.h"
 
 namespace ov::card {
@@ -215,7 +216,10 @@ LabelTexts LabelReader::read(const Line& line, const OVProperty& property,
     }
     saysNothing = texts.name.isSame(property.displayName());
   }
-  if (own == nullptr) return texts;
+  if (own == nullptr) {
+    const OVString custom(line.parameterValue("X-CUSTOM"));
+    return custom.empty() ? texts : LabelTexts{custom, custom, false};
+  }
   return {saysNothing ? own->name : texts.name, own->displayName, texts.isUsual};
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "codec/ascii.h"
+#include "codec/parameters.h"
 #include "codec/escapes.h"
 
 namespace ov::card {

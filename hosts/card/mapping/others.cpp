@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "codec/ascii.h"
+#include "codec/parameters.h"
 #include "codec/base64.h"
 #include "codec/escapes.h"
 #include "codec/line_writer.h"

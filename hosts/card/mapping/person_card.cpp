@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "codec/ascii.h"
+#include "codec/parameters.h"
 #include "codec/escapes.h"
 #include "digest.h"
 #include "others.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "codec/line_writer.h"
+#include "codec/parameters.h"
 #include "mapping/digest.h"
 
 namespace ov::card {
