@@ -71,7 +71,8 @@ bool HeaderParser::parse(std::string_view text, Header& header) {
     header.group = header.name.substr(0, dot);
     header.name.remove_prefix(dot + 1);
   }
-  if (!isPropertyName(header.name)) return false;
+  if (!isPropertyName(header.name) || header.group.find('"') != std::string_view::npos)
+    return false;
   header.name = arena_.upper(header.name);
   if (header.name == "BEGIN" || header.name == "END") return false;
   if (end == text.size()) return true;

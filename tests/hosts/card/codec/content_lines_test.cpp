@@ -174,6 +174,13 @@ TEST(ContentLines, ReportLinesThatAreNoProperty) {
                                           "!7" + reason, "!8" + reason, "!9" + reason));
 }
 
+TEST(ContentLines, HaveNoQuotesInTheirGroups) {
+  const Lines lines("\".A;\":x\n\"a:b\".TEL:1", "3.0");
+  EXPECT_THAT(lines.all, IsEmpty());
+  EXPECT_THAT(lines.problems, ElementsAre("!3: this line is no property of a vCard",
+                                          "!4: this line is no property of a vCard"));
+}
+
 TEST(ContentLines, DropQuotesThatDoNotPair) {
   const Lines lines("TEL;TYPE=\"home:1\n 2", "4.0");
   EXPECT_THAT(lines.all, ElementsAre("TEL;TYPE=home:12"));
