@@ -102,7 +102,7 @@ std::string keyOf(const OVSingleValue& entry) {
 
 }  // namespace
 
-OVRef<OVValue> ValueTable::find(const OVString& property) const {
+OVRef<OVValue> ValueTable::find(const OVStringView& property) const {
   for (const auto& [name, value] : values_) {
     if (name.isSame(property) || name == property) return value;
   }

@@ -48,14 +48,14 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> Person::find(const OVString& name) const {
+OVRef<OVValue> Person::find(const OVStringView& name) const {
   if (name != OVProPertyTags) return values_.find(name);
   const OVList<OVString> tags = tagArray();
   if (tags.empty()) return nullptr;
   return OVPersonGeneral::singleValueByMacValueProperty(tags, OVProperty::propertyWithName(name));
 }
 
-OVRef<OVValue> Person::valueByPropertyName(const OVString& name) const {
+OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
   isHandedOut_ = true;
   return find(name);
 }
