@@ -26,7 +26,7 @@ class GuardedPerson final : public IOVPerson {
   }
   OVString addressBookID() const override { return no<OVString>(); }
   OVString displayName() const override { return no<OVString>(); }
-  OVRef<OVValue> valueByPropertyName(const OVString& /*name*/) const override {
+  OVRef<OVValue> valueByPropertyName(const OVStringView& /*name*/) const override {
     return no<OVRef<OVValue>>();
   }
   void setValueByProperty(const OVRef<OVValue>& /*value*/,

@@ -31,7 +31,7 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> Person::valueByPropertyName(const OVString& name) const {
+OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
   if (name != OVProPertyTags) return values_[name];
   const OVList<OVString> tags = tagArray();
   if (tags.empty()) return nullptr;

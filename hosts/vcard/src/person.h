@@ -26,7 +26,7 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString displayName() const override;
 
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
-  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
+  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
   /// Does nothing for a null name. A new name takes the old formatted name out of "Other".
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
