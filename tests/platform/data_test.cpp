@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <OVAddressBookSDK/text.h>
+
 namespace {
 
 TEST(Data, CopiesTheBytes) {

@@ -104,7 +104,7 @@ std::string keyOf(const OVSingleValue& entry) {
 
 OVRef<OVValue> ValueTable::find(const OVStringView& property) const {
   for (const auto& [name, value] : values_) {
-    if (name.isSame(property) || name == property) return value;
+    if (name == property) return value;
   }
   return nullptr;
 }

@@ -80,7 +80,7 @@ void ArchiveWriter::writeLeaf(const OVObject& object, Kind kind) {
   } else if (kind == Kind::date) {
     plist_.date(static_cast<const OVDate&>(object).timeIntervalSinceReferenceDate());
   } else {
-    const auto& number = static_cast<const OVNumber&>(object).value();
+    const auto number = static_cast<const OVNumber&>(object).value();
     if (const auto* flag = std::get_if<bool>(&number)) {
       plist_.boolean(*flag);
     } else if (const auto* integer = std::get_if<std::int64_t>(&number)) {
