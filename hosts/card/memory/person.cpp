@@ -48,13 +48,8 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-<<<<<<< HEAD:hosts/card/memory/person.cpp
 OVRef<OVValue> Person::find(const OVStringView& name) const {
   if (name != OVProPertyTags) return values_.find(name);
-=======
-OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
-  if (name != OVProPertyTags) return values_[name];
->>>>>>> texts:hosts/vcard/src/person.cpp
   const OVList<OVString> tags = tagArray();
   if (tags.empty()) return nullptr;
   return OVPersonGeneral::singleValueByMacValueProperty(tags, OVProperty::propertyWithName(name));
