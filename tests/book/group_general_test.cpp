@@ -161,11 +161,11 @@ TEST(GroupGeneralArchive, EachFieldAloneIsOneKey) {
   EXPECT_EQ(restored<OVGroupGeneral>(persons)->title(), nullptr);
 }
 
-class Unarchivable : public OVObject {};
+class UnarchivableExtension : public OVObject {};
 
 TEST(GroupGeneralArchive, ExtensionThatCannotBeArchivedDoesNoHarm) {
   const auto group = fullGroup();
-  group->setExtend(std::make_shared<Unarchivable>());
+  group->setExtend(std::make_shared<UnarchivableExtension>());
   EXPECT_EQ(restored<OVGroupGeneral>(group)->title(), "Friends");
 }
 

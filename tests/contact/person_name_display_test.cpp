@@ -148,8 +148,8 @@ TEST_F(DisplayString, EmptyPartsOfAnArchiveInTheMiddleAndAtTheEnd) {
       {{"first", OVString("Ann")}, {"middle", OVString("")}, {"last", OVString("Lee")}});
   EXPECT_EQ(firstNameFirst(name), "Ann  Lee");
   EXPECT_EQ(lastNameFirst(name), "Lee  Ann");
-  const auto withoutEnd = archivedName(
-      {{"first", OVString("Ann")}, {"middle", OVString("B")}, {"last", OVString("")}});
+  const auto withoutEnd =
+      archivedName({{"first", OVString("Ann")}, {"middle", OVString("B")}, {"last", OVString("")}});
   EXPECT_EQ(firstNameFirst(withoutEnd), "Ann B ");
   EXPECT_EQ(lastNameFirst(withoutEnd), "B Ann");
   const auto nameAlone = archivedName({{"first", OVString("Ann")}, {"last", OVString("")}});
@@ -158,13 +158,14 @@ TEST_F(DisplayString, EmptyPartsOfAnArchiveInTheMiddleAndAtTheEnd) {
 }
 
 /// A host's own kind of name.
-class Alias : public OVObjectPersonName {
+class Pseudonym : public OVObjectPersonName {
  public:
-  Alias(const OVString& first, const OVString& last) : OVObjectPersonName(first, nullptr, last) {}
+  Pseudonym(const OVString& first, const OVString& last)
+      : OVObjectPersonName(first, nullptr, last) {}
 };
 
 TEST_F(DisplayString, OfADerivedNameIsThatOfItsParts) {
-  const auto name = std::make_shared<Alias>("An\nn", "");
+  const auto name = std::make_shared<Pseudonym>("An\nn", "");
   EXPECT_EQ(name->first(), "Ann");
   EXPECT_EQ(name->last(), nullptr);
   EXPECT_EQ(firstNameFirst(name), "Ann");
