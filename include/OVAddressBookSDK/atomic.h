@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/single_threaded.h>
-
 #include <mutex>
 #include <utility>
 
@@ -13,11 +11,8 @@ namespace ov::detail {
 /// nobody to lock out.
 class StripeLock {
  public:
-  explicit StripeLock(const void* address) {
-    if (__libc_single_threaded == 0) {
-      mutex_ = &stripeOf(address);
-      mutex_->lock();
-    }
+  explicit StripeLock(const void* address) : mutex_(stripeOf(address)) {
+    if (mutex_ != nullptr) mutex_->lock();
   }
   StripeLock(const StripeLock&) = delete;
   StripeLock& operator=(const StripeLock&) = delete;
@@ -26,9 +21,10 @@ class StripeLock {
   }
 
  private:
-  [[nodiscard]] OV_EXPORT static std::mutex& stripeOf(const void* address);
+  /// Null while the process has one thread.
+  [[nodiscard]] OV_EXPORT static std::mutex* stripeOf(const void* address);
 
-  std::mutex* mutex_ = nullptr;
+  std::mutex* const mutex_;
 };
 
 }  // namespace ov::detail

@@ -41,8 +41,9 @@ class OVHeldView {
   /// The byte at a position, which must be below `size()`.
   [[nodiscard]] Byte operator[](std::size_t position) const { return view_[position]; }
 
-  /// All that a loop needs. With an iterator of the standard's kind a `std::span` could be made of
-  /// a temporary without a warning.
+  /// @cond
+  // All that a loop needs. With an iterator of the standard's kind a `std::span` could be made of a
+  // temporary without a warning.
   class Iterator {
    public:
     explicit Iterator(const Byte* at) : at_(at) {}
@@ -56,6 +57,7 @@ class OVHeldView {
    private:
     const Byte* at_;
   };
+  /// @endcond
   /// From the first byte to the last.
   /// @{
   [[nodiscard]] Iterator begin() const OV_LIFETIMEBOUND { return Iterator(data()); }

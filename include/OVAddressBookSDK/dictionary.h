@@ -190,6 +190,7 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
   }
 
  protected:
+  /// On a dictionary object, or null.
   explicit OVDictionary(OVRef<OVObject> dictionary) : DictionaryHandle(std::move(dictionary)) {}
 
  private:

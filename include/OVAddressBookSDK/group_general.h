@@ -25,11 +25,15 @@ class OV_EXPORT OVGroupGeneral : public OVObject {
   /// Null leaves the group without a title.
   void setTitle(OVString title) { title_.store(ov::detail::TextField(std::move(title))); }
   /// The IDs of the groups directly inside this one, in order.
-  [[nodiscard]] OVList<OVString> subArray() const { return ov::cast<OVList<OVString>>(subArray_.load()); }
+  [[nodiscard]] OVList<OVString> subArray() const {
+    return ov::cast<OVList<OVString>>(subArray_.load());
+  }
   /// Keeps the list given; null leaves none.
   void setSubArray(OVList<OVString> subArray) { subArray_.store(std::move(subArray)); }
   /// The IDs of the members, in order.
-  [[nodiscard]] OVList<OVString> persons() const { return ov::cast<OVList<OVString>>(persons_.load()); }
+  [[nodiscard]] OVList<OVString> persons() const {
+    return ov::cast<OVList<OVString>>(persons_.load());
+  }
   /// Keeps the list given; null leaves none.
   void setPersons(OVList<OVString> persons) { persons_.store(std::move(persons)); }
   /// The host's own object; never archived.

@@ -17,9 +17,7 @@ class OV_EXPORT OVLabel : public OVObject {
   /// The label's key; may be null.
   [[nodiscard]] OVString name() const { return name_.load().text(); }
   /// Null takes the name away.
-  void setName(OVString name) {
-    name_.store(ov::detail::TextField(std::move(name)));
-  }
+  void setName(OVString name) { name_.store(ov::detail::TextField(std::move(name))); }
   /// The text shown to the user; may be null.
   [[nodiscard]] OVString displayName() const { return displayName_.load().text(); }
   /// Null takes the display name away.

@@ -168,6 +168,7 @@ class OVList<const T> : public ov::detail::ListHandle {
   [[nodiscard]] bool contains(const value_type& value) const { return positionOf(value) < size(); }
 
  protected:
+  /// On a list object, or null.
   explicit OVList(OVRef<OVObject> list) : ListHandle(std::move(list)) {}
 
  private:
@@ -319,6 +320,7 @@ struct Cast<OVList<T>> {
 
 }  // namespace ov::detail
 
+/// @cond
 template <class T>
 OVList<T> OVList<const T>::copy() const {
   if (isNull()) return nullptr;
@@ -326,3 +328,4 @@ OVList<T> OVList<const T>::copy() const {
   made.array().items = array().items;
   return made;
 }
+/// @endcond

@@ -246,19 +246,19 @@ TEST(GeneralBookArchive, PicturesAreNotArchived) {
 }
 
 TEST(GeneralBookArchive, PersonTakenOverKeepsWhatReadsAsNull) {
-  const auto foreign = restored<OVPersonGeneral>(archivedAs(
-      "OVPersonGeneral", {{"Phone", foreignObject()},
-                          {"Note", textValue("note")},
-                          {"URL", OVString("text")},
-                          {"ID", OVString("p")}}));
+  const auto foreign =
+      restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"Phone", foreignObject()},
+                                                               {"Note", textValue("note")},
+                                                               {"URL", OVString("text")},
+                                                               {"ID", OVString("p")}}));
   const auto book = OVAddressBookGeneral::init();
   book->addPerson(foreign);
   const auto person = book->personsDic()["p"];
   EXPECT_EQ(person->valueByPropertyName("Phone"), nullptr);
   EXPECT_EQ(person->valueByPropertyName("Note"), foreign->valueByPropertyName("Note"));
   EXPECT_EQ(person->notNullValueProperty().size(), 1U);
-  for (const OVRef<OVPersonGeneral>& each :
-       {foreign, person, reopened(book)->personsDic()["p"], book->generalPersonWithPerson(person)}) {
+  for (const OVRef<OVPersonGeneral>& each : {foreign, person, reopened(book)->personsDic()["p"],
+                                             book->generalPersonWithPerson(person)}) {
     const ArchivedForm form(each);
     EXPECT_EQ(form.keys(), (Keys{"Phone", "URL", "Note", "ID"}));
     EXPECT_TRUE(isForeignObject(form.object("Phone")));
@@ -274,9 +274,7 @@ TEST(GeneralBookArchive, PersonConvertedKeepsAnIDThatReadsAsNull) {
   book->personsDic().set("p", book->generalPersonWithPerson(foreign));
   book->personsDic().set("q", foreign);
   const auto again = reopened(book);
-  const auto IDOf = [](const OVRef<OVObject>& person) {
-    return ArchivedForm(person).object("ID");
-  };
+  const auto IDOf = [](const OVRef<OVObject>& person) { return ArchivedForm(person).object("ID"); };
   EXPECT_TRUE(isForeignObject(IDOf(again->personsDic()["p"])));
   EXPECT_TRUE(isForeignObject(IDOf(again->personsDic()["q"])));
 }

@@ -144,8 +144,7 @@ TEST(Platform, IsAskedForThreeKeysPostsOneNotificationAndHasNoThreadMore) {
   const auto threads = threadCount();
   useEverything();
   EXPECT_EQ(threadCount(), threads);
-  EXPECT_EQ(defaults->keys,
-            (std::set<OVString>{"l_n_f", "Default_Country_Key", "host's tags"}));
+  EXPECT_EQ(defaults->keys, (std::set<OVString>{"l_n_f", "Default_Country_Key", "host's tags"}));
   EXPECT_EQ(posted, std::vector<OVString>{"OV_LastNmaeFrontChange_notification"});
 }
 

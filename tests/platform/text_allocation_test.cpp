@@ -139,6 +139,7 @@ TEST(TextAllocations, ReadingAPersonCostsNone) {
 TEST(TextAllocations, ReadingAnAddressCostsNone) {
   const auto address = OVObjectAddress::init();
   address->setStringValueForFieldName("Brest", "OVAddressFieldCity");
+  address->setCountryCode("de");  // builds the list of countries
   const OVString replaced("Quimper");
   OVString city;
   EXPECT_EQ(allocationsOf([&] {

@@ -103,11 +103,11 @@ TEST(LabelArchive, ObjectThatIsNoTextIsWrittenBackUntilATextTakesItsPlace) {
 
 TEST(LabelArchive, ObjectInPlaceOfSeveralTextsStaysOneObject) {
   const auto shared = foreignObject();
-  const auto list = restored<OVList<OVLabel>>(OVList<OVObject>::list(
-      {archivedAs("OVLabel", {{"name", shared}, {"displayName", shared}}),
-       archivedAs("OVLabel", {{"name", shared}})}));
-  const auto written = ov::cast<OVList<OVOpaqueObject>>(
-      OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(
+  const auto list = restored<OVList<OVLabel>>(
+      OVList<OVObject>::list({archivedAs("OVLabel", {{"name", shared}, {"displayName", shared}}),
+                              archivedAs("OVLabel", {{"name", shared}})}));
+  const auto written =
+      ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(
           OVKeyedArchiver::archivedDataWithRootObject(list)));
   const auto fieldOf = [&](std::size_t index, std::size_t field) {
     return std::get<OVOpaqueValue::Reference>(written[index]->fields()[field].value.content).object;

@@ -156,8 +156,8 @@ TEST(SingleValueArchive, SavedReadAndSavedAgainHasTheSameBytes) {
 }
 
 TEST(SingleValueArchive, RecordOfTheReadOnlyClassIsKept) {
-  const auto value = restored<OVSingleValue>(
-      archivedAs("OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}}));
+  const auto value = restored<OVSingleValue>(archivedAs(
+      "OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}}));
   EXPECT_EQ(value->type(), OVValueTypePhone);
   EXPECT_EQ(value->label()->name(), "home");
   EXPECT_EQ(ov::cast<OVString>(value->value()), "1");

@@ -180,9 +180,9 @@ std::vector<std::size_t> placesOf(const Entries& before, const Entries& now) {
     const auto at = free.find(keyOf(*before[i]));
     if (at == free.end()) continue;
     std::deque<std::size_t>& candidates = at->second;
-    const auto found =
-        std::find_if(candidates.begin(), candidates.end(),
-                     [&](std::size_t place) { return sameEntry(*before[i], *now[place]); });
+    const auto found = std::find_if(candidates.begin(), candidates.end(), [&](std::size_t place) {
+      return sameEntry(*before[i], *now[place]);
+    });
     if (found == candidates.end()) continue;
     places[i] = *found;
     candidates.erase(found);

@@ -168,8 +168,8 @@ bool Person::isAsItCame() const {
 /// A person whose UID was taken has another ID, which its card tells once the other is gone.
 OVString Person::idToWrite() const {
   const auto book = book_.lock();
-  const bool isGivenAgain = !sourceID_.isNull() && sourceID_ != id_ && book != nullptr &&
-                            book->has(sourceID_);
+  const bool isGivenAgain =
+      !sourceID_.isNull() && sourceID_ != id_ && book != nullptr && book->has(sourceID_);
   return isGivenAgain ? sourceID_ : id_;
 }
 

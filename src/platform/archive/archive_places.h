@@ -9,8 +9,8 @@
 
 namespace ov::detail {
 
-/// Where the objects of a graph are first met, so that an error can tell. Objects are known by their
-/// addresses, and live as long as this does.
+/// Where the objects of a graph are first met, so that an error can tell. Objects are known by
+/// their addresses, and live as long as this does.
 class ArchivePlaces {
  public:
   /// What is met from now on stands in this object.

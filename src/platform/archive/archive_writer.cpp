@@ -20,8 +20,8 @@ namespace {
   const std::unique_ptr<char, decltype(&std::free)> readable(
       abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
   throw std::invalid_argument(std::string("OVKeyedArchiver: the class ") +
-                              (readable ? readable.get() : mangled) +
-                              " cannot be archived" + (path.empty() ? "" : ", at " + path) +
+                              (readable ? readable.get() : mangled) + " cannot be archived" +
+                              (path.empty() ? "" : ", at " + path) +
                               ": let it override classForCoder()");
 }
 
