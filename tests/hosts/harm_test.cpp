@@ -137,7 +137,7 @@ TEST(DoNoHarm, SeesChangesInsideAValue) {
                       const auto phones = severalOf(person, OVProPertyPhone);
                       phones->valueAtIndex(0)->label()->setDisplayName("Zuhause");
                     }),
-            replaced(kMiddle, "item1.tel;type=home;type=pref:3\nitem1.X-ABLabel:_$!<Home>!$_\n",
+            replaced(kMiddle, "item1.tel;type=home;type=pref:3\n",
                      "item2.TEL;TYPE=home:3\nitem2.X-ABLABEL:Zuhause\n"));
 }
 

@@ -59,9 +59,7 @@ bool codeOfCard(const Line& line, const LineGroup* group, OVString& code) {
   const std::string_view given = trim(line.parameterValue("CC"));
   if (sameWord(given, kNoCountry)) return true;
   code = countryCodeOf(given);
-  if (code.isNull() && group != nullptr && group->country != nullptr) {
-    code = countryCodeOf(group->country->text());
-  }
+  if (code.isNull() && group != nullptr) code = group->countryCode;
   return !code.isNull();
 }
 
@@ -78,8 +76,7 @@ bool isUsualCountry(const Line& line, const LineGroup* group, const OVObjectAddr
   const std::string written = countryParameter(address);
   if (parameter != nullptr)
     return sameWord(written, ";CC=" + std::string(line.parameterValue("CC")));
-  return group == nullptr || group->country == nullptr ||
-         !countryCodeOf(group->country->text()).isNull();
+  return group == nullptr || group->country == nullptr || !group->countryCode.isNull();
 }
 
 }  // namespace

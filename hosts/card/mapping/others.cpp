@@ -43,7 +43,12 @@ std::string dataURI(std::string_view digits) {
 /// True for a name as `lineNameOf` gives it, as far as that shows before it is taken apart.
 bool mayBeLineName(std::string_view label) {
   const std::string_view name = label.substr(0, label.find(';'));
-  return isToken(name) && upperASCII(name) == name && name != "VERSION" && name != "BEGIN" &&
+  const auto mayStand = [](char c) {
+    return isAlphanumeric(c) || std::string_view("-_/+").find(c) != std::string_view::npos;
+  };
+  const bool isName =
+      isToken(name) || (name.starts_with("X-") && std::all_of(name.begin(), name.end(), mayStand));
+  return isName && upperASCII(name) == name && name != "VERSION" && name != "BEGIN" &&
          name != "END" && label.find_first_of("\r\n") == std::string_view::npos;
 }
 
@@ -52,7 +57,8 @@ std::string lineText(const OVSingleValue& entry) {
   const OVRef<OVLabel> label = entry.label();
   const OVString value = ov::cast<OVString>(entry.value());
   if (label == nullptr || value.isNull() || !mayBeLineName(label->name()) ||
-      canonicalValue(value, Escaping::New) != value.view() || sameWord(value, "BEGIN:VCARD")) {
+      canonicalValue(value, Escaping::New) != value.view() ||
+      (label->name() == "AGENT" && sameWord(value, "BEGIN:VCARD"))) {
     return {};
   }
   return label->name().str().append(":").append(value.view()).append("\n");
@@ -109,6 +115,30 @@ Spelling spellingOfOther(const Line& line, const OVSingleValue& entry) {
   return spelling;
 }
 
+namespace {
+
+/// Whether an entry of this label and text would be written as another line than X-OTHER. `isTaken`
+/// tells whether a property of one value has one.
+template <class IsTaken>
+bool wouldBeLine(const OVString& label, const OVString& text, IsTaken isTaken) {
+  if (label == kOddLines) return true;
+  const auto entry = OVMutableSingleValue::init();
+  entry->setLabel(makeLabel(label, label));
+  entry->setValue(text);
+  const std::string line = lineText(*entry);
+  if (line.empty()) return false;
+  const CardText card(std::string(kBegin) + line + std::string(kEnd));
+  if (card.lines().size() != 1 || lineNameOf(card.lines().front()) != label) return false;
+  const Line& other = card.lines().front();
+  const Binding* const binding = bindingOf(other);
+  if (binding == nullptr || other.name() == "FN") return true;
+  if (saysGroup(other) || binding == &otherBinding()) return false;
+  return PersonReading::fitOf(other, nullptr) == Fit::Other ||
+         (!binding->isLabelled() && isTaken(*binding));
+}
+
+}  // namespace
+
 OtherLines::OtherLines(const Entries& others, const PersonValues& values, bool hasID)
     : values_(values), hasID_(hasID), lines_(others.size()) {
   std::string text(kBegin);
@@ -148,36 +178,21 @@ bool OtherLines::isLineOf(const Line& line, const OVSingleValue& entry) const {
     return values_.value(OVProPertyName) != nullptr || values_.value(OVProPertyTitle) != nullptr ||
            values_.value(OVProPertySuffix) != nullptr;
   }
+  if (bindingOf(line) == &otherBinding()) {
+    const auto isTaken = [&](const Binding& each) {
+      return values_.value(*each.property) != nullptr;
+    };
+    return wouldBeLine(entry.label()->displayName(), OVString(line.text()), isTaken);
+  }
   return !saysGroup(line) && PersonReading::fitOf(line, &values_) == Fit::Other;
 }
-
-namespace {
-
-/// Whether an entry of this label would be written as another line than X-OTHER.
-bool wouldBeLine(const OVString& label, const Line& line, PersonReading& reading) {
-  if (label == kOddLines) return true;
-  const auto entry = OVMutableSingleValue::init();
-  entry->setLabel(makeLabel(label, label));
-  entry->setValue(OVString(line.text()));
-  const std::string text = lineText(*entry);
-  if (text.empty()) return false;
-  const CardText card(std::string(kBegin) + text + std::string(kEnd));
-  if (card.lines().size() != 1 || lineNameOf(card.lines().front()) != label) return false;
-  const Line& other = card.lines().front();
-  const Binding* const binding = bindingOf(other);
-  if (binding == nullptr || other.name() == "FN") return true;
-  if (saysGroup(other)) return false;
-  return binding->isLabelled() ? PersonReading::fitOf(other, nullptr) == Fit::Other
-                               : reading.hasLine(other.name());
-}
-
-}  // namespace
 
 Fit readOther(const Line& line, const Binding& binding, PersonReading& reading) {
   if (line.isBase64()) return Fit::Other;
   if (line.text().empty()) return Fit::Nothing;
   const LabelTexts texts = reading.labelOf(line, binding);
-  if (wouldBeLine(texts.name, line, reading)) return Fit::Other;
+  const auto isTaken = [&](const Binding& each) { return reading.hasLine(each.name); };
+  if (wouldBeLine(texts.name, OVString(line.text()), isTaken)) return Fit::Other;
   reading.add(binding, OVString(line.text()), makeLabel(texts.name, texts.displayName),
               line.preference());
   return texts.isUsual ? Fit::Usual : Fit::Unusual;

@@ -5,6 +5,7 @@
 #include <OVAddressBookSDK/person_general.h>
 
 #include "codec/ascii.h"
+#include "countries.h"
 #include "others.h"
 
 namespace ov::card {
@@ -56,6 +57,9 @@ void PersonReading::findGroups() {
   }
   for (auto& [name, group] : groups_) {
     if (group.label != nullptr && group.takesLabel) group.ownLabel = ownLabelOf(*group.label);
+    if (group.country != nullptr && group.takesCountry) {
+      group.countryCode = countryCodeOf(group.country->text());
+    }
     group.count += static_cast<std::size_t>(group.label != nullptr && !group.takesLabel);
     group.count += static_cast<std::size_t>(group.country != nullptr && !group.takesCountry);
   }
@@ -231,14 +235,16 @@ void PersonReading::judgeGroups() {
 /// Lines that say one thing together are odd together.
 void PersonReading::judgeLinesOfOneProperty() {
   std::vector<const OVString*> odd;
-  bool hasUsualFormattedName = false;
+  Claim* usualName = nullptr;  // writing the name gives it again, unless there is a second one
   for (std::size_t i = 0; i < claims_.size(); ++i) {
-    hasUsualFormattedName |= &(*lines_)[i] == formatted_ && claims_[i].fit == Fit::Usual;
+    if (&(*lines_)[i] == formatted_ && claims_[i].fit == Fit::Usual) usualName = &claims_[i];
   }
+  bool hasSecondName = false;
   for (std::size_t i = 0; i < claims_.size(); ++i) {
     const Claim& claim = claims_[i];
     const bool isSecondName =
-        hasUsualFormattedName && claim.binding == &otherBinding() && (*lines_)[i].name() == "FN";
+        usualName != nullptr && claim.binding == &otherBinding() && (*lines_)[i].name() == "FN";
+    hasSecondName |= isSecondName;
     if (!claim.isOdd && !isSecondName) continue;
     const Binding* const binding =
         claim.binding == &otherBinding() ? bindingOf((*lines_)[i]) : claim.binding;
@@ -252,6 +258,7 @@ void PersonReading::judgeLinesOfOneProperty() {
     if (claim.binding == nullptr || claim.binding->isLabelled() || claim.fit == Fit::Nothing) {
       continue;
     }
+    if (&claim == usualName && !hasSecondName) continue;
     claim.isOdd |= std::find(odd.begin(), odd.end(), claim.binding->property) != odd.end();
   }
 }

@@ -28,6 +28,8 @@ struct LineGroup {
   const Line* label = nullptr;
   const Line* country = nullptr;
   OwnLabel ownLabel;
+  /// What X-ABADR says; null where that is no country.
+  OVString countryCode;
   /// How many lines there are that do not go into one of the others.
   std::size_t count = 0;
   bool takesLabel = false;
