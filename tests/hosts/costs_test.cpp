@@ -14,12 +14,6 @@
 
 namespace {
 
-std::string repeated(std::string_view part, int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += part;
-  return text;
-}
-
 std::string numbered(const std::function<std::string(int)>& part, int count) {
   std::string text;
   for (int i = 0; i < count; ++i) text += part(i);

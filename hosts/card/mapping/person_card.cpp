@@ -84,7 +84,8 @@ class NewCard {
   bool writePhotoLike() {
     const auto image = values_.datum<OVImage>(OVProPertyThumbnail);
     if (image == nullptr || image->data() == nullptr) return false;
-    const std::string_view bytes = image->data()->text();
+    const auto held = image->data()->text();
+    const std::string_view bytes = held;
     for (const Line& line : plan_.lines()) {
       if (line.name() != "PHOTO" || !line.value().starts_with(kDigest)) continue;
       if (line.value() != digestOf(bytes)) return false;

@@ -84,8 +84,8 @@ void Person::forgetFormattedName() {
     const OVRef<OVSingleValue> entry = others->valueAtIndex(i);
     const OVRef<OVLabel> label = entry == nullptr ? nullptr : entry->label();
     if (label == nullptr) continue;
-    const std::string_view name = label->name();
-    if (name.substr(0, name.find(';')) == "FN") others->removeValueAtIndex(i);
+    const OVString name = label->name();
+    if (name.view().substr(0, name.view().find(';')) == "FN") others->removeValueAtIndex(i);
   }
   if (others->count() == 0) values_.set(OVProPertyOther, nullptr);
 }
