@@ -111,8 +111,8 @@ TEST(LongChain, OfObjectsInPlaceOfTextsListsAndDictionariesIsDestroyedWithoutDee
                                        {"OVMutableMultipleValue", "valueArray"},
                                        {"OVSingleValue", "label"}}) {
     SCOPED_TRACE(std::string(className) + "." + key);
-    expectRestoredToFallApart([&](const OVRef<OVObject>& next) {
-      return archivedAs(className, {{key, next}});
+    expectRestoredToFallApart([name = className, field = key](const OVRef<OVObject>& next) {
+      return archivedAs(name, {{field, next}});
     });
   }
 }

@@ -69,8 +69,7 @@ TEST_P(ThroughABlock, LinesComeBackAsTheyStood) {
 
 constexpr const char* kLines[] = {
     // What belongs to one of several values.
-    "ADR;LABEL=\"a^nb\";GEO=\"geo:1,2\";TYPE=home:;;x;;;;\nADR;PID=1.1;ALTID=2;CC=FR;X-A=b:;;y;;;;"
-    "France",
+    "ADR;LABEL=\"a^nb\";GEO=g;TYPE=home:;;x;;;;\nADR;PID=1;ALTID=2;CC=FR;X-A=b:;;y;;;;France",
     "TEL;PID=1.1;TYPE=home:1\nTEL;ALTID=2;X-A=b;TYPE=work:2",
     "EMAIL;PID=1.1:a@b\nEMAIL;X-A=\"b=\":c@d",
     "TEL;PREF=2:1\nTEL;PREF=3:2\nTEL;PREF=1:3",
