@@ -45,6 +45,12 @@ Entry mainEntryOf(const OVRef<OVSingleValue>& value, const OVProperty& property)
   return entry;
 }
 
+/// What an import keeps beside the values, so that an export can write lines as they were.
+bool isRecordOfLines(const OVRef<OVSingleValue>& value, const OVProperty& property) {
+  const auto label = value == nullptr ? nullptr : value->label();
+  return property.name() == OVProPertyOther && label != nullptr && label->name() == "vCard";
+}
+
 std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& property) {
   const auto mainValue = values.mainValue();
   std::vector<Entry> entries;
@@ -52,12 +58,15 @@ std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& pr
   if (mainValue != nullptr && values.indexOfValue(mainValue) >= values.count()) {
     entries.push_back(mainEntryOf(mainValue, property));
   }
+  std::vector<OVRef<OVSingleValue>> shown;
   for (std::uint64_t i = 0; i < values.count(); ++i) {
-    const auto value = values.valueAtIndex(i);
-    const bool isMainOfSeveral = value != nullptr && value == mainValue && values.count() > 1;
+    if (!isRecordOfLines(values.valueAtIndex(i), property)) shown.push_back(values.valueAtIndex(i));
+  }
+  for (const auto& value : shown) {
+    const bool isMainOfSeveral = value != nullptr && value == mainValue && shown.size() > 1;
     entries.push_back(isMainOfSeveral ? mainEntryOf(value, property) : entryOf(value, property));
   }
-  if (entries.empty()) entries.push_back({"", {"[no entries]"}});
+  if (entries.empty() && values.count() == 0) entries.push_back({"", {"[no entries]"}});
   return entries;
 }
 
