@@ -4,7 +4,8 @@
 src/book -> src/contact, src/address -> src/property -> src/value -> src/platform: a folder includes
 itself, what lies below it, and the public headers of those. Above src/platform there is no
 preprocessor condition and no header of a third party. Hosts, tools and examples see the library
-through its public headers only.
+through its public headers only. Books over vCards stand on hosts/card, whose rooms know each other one
+way: memory/ -> mapping/ -> codec/; the codec knows nothing of the library.
 """
 
 import pathlib
@@ -12,6 +13,9 @@ import re
 import sys
 
 RANKS = {"platform": 0, "value": 1, "property": 2, "contact": 3, "address": 3, "book": 4}
+
+ROOMS = {"codec": 0, "mapping": 1, "memory": 2}
+BOOKS_OVER_CARDS = ("vcard", "eds")
 
 # The folder whose classes each public header declares.
 PUBLIC_HEADERS = {
@@ -107,9 +111,24 @@ class Checker:
                 self.report(path, 1, f"<OVAddressBookSDK/{header}> is missing")
 
     def check_user(self, path):
+        host, room = path.relative_to(self.root).parts[1:3] if self.is_host(path) else ("", "")
         for number, _, include in self.lines(path):
-            if include and include.group(1) == '"' and not self.is_own(path, include.group(2)):
-                self.report(path, number, f'"{include.group(2)}" is no public header')
+            if not include:
+                continue
+            bracket, name = include.groups()
+            used = next((part for part in name.split("/")[:-1] if part in ROOMS), "")
+            if host == "card" and room == "codec" and name.startswith("OVAddressBookSDK/"):
+                self.report(path, number, f"the codec knows nothing of <{name}>")
+            elif host == "card" and ROOMS.get(used, -1) > ROOMS.get(room, len(ROOMS)):
+                self.report(path, number, f'hosts/card/{room} includes "{name}", which lies above')
+            elif bracket == '"' and not self.is_own(path, name) and not self.is_room(host, used):
+                self.report(path, number, f'"{name}" is no public header')
+
+    def is_host(self, path):
+        return path.is_relative_to(self.root / "hosts")
+
+    def is_room(self, host, used):
+        return host in BOOKS_OVER_CARDS and used in ROOMS
 
     def is_own(self, path, name):
         """Whether `name` lies in the user's own tree, seen from the file or from a source root."""

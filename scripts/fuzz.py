@@ -21,6 +21,7 @@ FUZZERS = {
     "plist": ("plist", "unarchiver"),
     "unarchiver": ("unarchiver",),
     "differential": ("plist", "unarchiver"),
+    "card": ("card",),
 }
 LARGEST_FOUND = 1000  # bytes of a file that goes into the tree
 
@@ -48,7 +49,7 @@ def fuzz(build, name, seconds):
         "-rss_limit_mb=2048",
         "-max_len=8192",
         "-print_final_stats=1",
-        f"-dict={FUZZ / 'archive.dict'}",
+        f"-dict={FUZZ / ('card.dict' if name == 'card' else 'archive.dict')}",
         f"-artifact_prefix={folder(build, 'findings')}/{name}-",
         folder(build, "corpus", name),
         *seeds(name),
@@ -99,7 +100,7 @@ def main():
     options = parser.parse_args()
     build = options.build.resolve()
     if options.merge:
-        for name in ("plist", "unarchiver"):
+        for name in ("plist", "unarchiver", "card"):
             merge(build, name)
         return 0
     return 0 if all([fuzz(build, name, options.seconds) for name in FUZZERS]) else 1

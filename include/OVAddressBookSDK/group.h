@@ -4,6 +4,7 @@
 #include <OVAddressBookSDK/text.h>
 
 class IOVPerson;
+class OVGroupGeneral;
 
 /// A group of persons in a host's book: all that the library asks of it.
 class OV_EXPORT IOVGroup : public OVObject {
@@ -18,4 +19,8 @@ class OV_EXPORT IOVGroup : public OVObject {
   [[nodiscard]] virtual OVList<IOVGroup> subGroups() const = 0;
   /// The members, in order; null counts as none.
   [[nodiscard]] virtual OVList<IOVPerson> persons() const = 0;
+
+  /// The empty record that a snapshot fills with what the group says: `OVGroupGeneral::init` unless
+  /// a host has a class of its own. Never null.
+  [[nodiscard]] virtual OVRef<OVGroupGeneral> emptyGeneralGroup() const;
 };

@@ -30,6 +30,9 @@ struct OVClass {
   const OVClass* superclass;
   /// Makes an empty object, which `OVObject::initWithCoder` then fills.
   OVRef<OVObject> (*make)();
+  /// The class that reads the objects where this one is not registered; null for none. What only
+  /// this class has is lost there.
+  const OVClass* standIn = nullptr;
 };
 
 /// The root of everything that can stand where any object may stand.

@@ -67,7 +67,8 @@ class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
   /// A new value: type 0, no label, no datum.
   [[nodiscard]] static OVRef<OVMutableSingleValue> init();
 
-  /// Replaces the type; the datum stays. Any code will do, `static_cast<OVValueType>(4)` for one.
+  /// Replaces the type; the datum stays. Any code will do, such as
+  /// `static_cast<OVValueType>(14)`.
   void setType(OVValueType type) { storeType(type); }
   /// Null takes the label away.
   void setLabel(OVRef<OVLabel> label) { label_.store(std::move(label)); }

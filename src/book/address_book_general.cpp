@@ -99,7 +99,7 @@ OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
 OVRef<OVGroupGeneral> OVAddressBookGeneral::generalGroupByGroup(
     const OVRef<IOVGroup>& group) const {
   if (group == nullptr) return nullptr;
-  auto general = OVGroupGeneral::init();
+  auto general = group->emptyGeneralGroup();
   general->setID(group->ID());
   general->setTitle(group->displayName());
   general->setSubArray(idsOf(group->subGroups(), "sub-group ", *general));

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <OVAddressBookSDK/address_book_general.h>
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "book/host_persons.h"

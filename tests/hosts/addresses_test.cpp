@@ -5,14 +5,14 @@
 #include <OVAddressBookSDK/country.h>
 #include <OVAddressBookSDK/multiple_value.h>
 
-#include "country_codes.h"
+#include "mapping/countries.h"
 #include "hosts/cards.h"
 #include "support/fake_locale.h"
 #include "support/printers.h"
 
 namespace {
 
-using ov::vcard::countryCodeOf;
+using ov::card::countryCodeOf;
 using testing::ElementsAre;
 
 std::string address(const std::string& lines) {
@@ -41,8 +41,8 @@ TEST(Addresses, KnowTheirCountryByNameOrCode) {
   EXPECT_EQ(address("ADR:;;;;;;France"), "fr|||||France");
   EXPECT_EQ(address("ADR:;;;;;; fRANCE "), "fr||||| fRANCE ");
   EXPECT_EQ(address("ADR:;;;;;;FR"), "fr|||||FR");
-  EXPECT_EQ(address("ADR:;;;;;;Deutschland"), "null|||||Deutschland");
-  EXPECT_EQ(address("ADR;CC=DE:;;;;;;Deutschland"), "de|||||Deutschland");
+  EXPECT_EQ(address("ADR:;;;;;;Deutschland"), "de|||||Deutschland");
+  EXPECT_EQ(address("ADR;CC=AT:;;;;;;Deutschland"), "at|||||Deutschland");
   EXPECT_EQ(address("ADR;CC=xx:;;;;;;France"), "fr|||||France");
   EXPECT_EQ(address("ADR;CC=ZZ:;;;;;;France"), "null|||||France");
   EXPECT_EQ(address("a.ADR:;;x\na.X-ABADR:jp"), "jp|x||||");
@@ -57,16 +57,15 @@ TEST(Addresses, DoNotAskTheLocaleForACountry) {
 TEST(Addresses, AreWrittenAndComeBack) {
   for (const char* line :
        {"ADR:;;12 Main\\, St;City\\;x;Region;12345;Germany", "ADR;TYPE=home:;;x;;;;",
-        "ADR;CC=DE:;;;;;;Deutschland", "ADR;CC=ZZ:;;;;;;France", "ADR;CC=JP:;;a\\nb;;;;"}) {
-    EXPECT_THAT(writtenLines(person(line)), ElementsAre("FN:", line));
+        "ADR;CC=DE:;;;;;;Atlantis", "ADR;CC=ZZ:;;;;;;France", "ADR;CC=JP:;;a\\nb;;;;",
+        "ADR;CC=FR:Box;;x;;;;France", "ADR;CC=FR:;;;;;;France"}) {
+    EXPECT_THAT(writtenLines(person(line)), ElementsAre(line));
   }
-  EXPECT_THAT(writtenLines(person("ADR;CC=FR:Box;;x;;;;France")),
-              ElementsAre("FN:", "ADR:;;Box\\nx;;;;France"));
 }
 
 TEST(Addresses, OfTheMainEntryArePreferred) {
   EXPECT_THAT(writtenLines(person("ADR;TYPE=home:;;a\nADR;TYPE=work;PREF=1;CC=DE:;;b")),
-              ElementsAre("FN:", "ADR;TYPE=home:;;a;;;;", "ADR;CC=DE;PREF=1;TYPE=work:;;b;;;;"));
+              ElementsAre("ADR;TYPE=home:;;a;;;;", "ADR;CC=DE;PREF=1;TYPE=work:;;b;;;;"));
 }
 
 TEST(CountryCodes, EveryCountryIsKnownByCodeAndName) {
@@ -96,6 +95,16 @@ TEST(CountryCodes, KnowNamesBesideThoseOfTheList) {
       {"Russian Federation", "ru"},
       {"Cambodia", "kh"},
       {"Myanmar", "mm"},
+  };
+  for (const auto& [name, code] : rows) EXPECT_EQ(countryCodeOf(name), code) << name;
+}
+
+TEST(CountryCodes, KnowTheNamesInOtherLanguages) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"Deutschland", "de"}, {"DEUTSCHLAND", "de"}, {"Polska", "pl"}, {"\u00D6sterreich", "at"},
+      {"\u00D6STERREICH", "at"}, {"Espa\u00F1a", "es"}, {"\u65E5\u672C", "jp"},
+      {"Allemagne", "de"}, {"\u0420\u043E\u0441\u0441\u0438\u044F", "ru"}, {"\u4E2D\u56FD", "cn"},
+      {"Schweiz", "ch"}, {"Suisse", "ch"}, {"Svizzera", "ch"}, {"\u0395\u03BB\u03BB\u03AC\u03B4\u03B1", "gr"},
   };
   for (const auto& [name, code] : rows) EXPECT_EQ(countryCodeOf(name), code) << name;
 }

@@ -82,7 +82,7 @@ TEST_P(BookPersonTags, AgreeWithTheTagManager) {
   manager->removeTag("b");
   EXPECT_THAT(texts(one->tagArray()), ElementsAre("c", "d"));
   EXPECT_EQ(entry(*one, OVProPertyTags), "#c#d");
-  EXPECT_THAT(std::string(book->saveData()->text()), testing::HasSubstr("CATEGORIES:c,d\r\n"));
+  EXPECT_THAT(std::string(book->saveData()->text()), testing::HasSubstr("CATEGORIES:c,d\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutManager, BookPersonTags, testing::Bool(),

@@ -42,6 +42,12 @@ std::string entryText(const OVSingleValue& entry, bool isMain) {
   return text + ": " + datumText(entry.value());
 }
 
+/// The entry that keeps what the other values do not tell of a card.
+bool isOddLines(const OVSingleValue& entry) {
+  return entry.label() != nullptr && entry.label()->name() == "vCard" &&
+         datumText(entry.value()).starts_with("BEGIN:VCARD");
+}
+
 void describe(const OVList<IOVGroup>& groups, const std::string& indent, std::ostream& stream) {
   for (const OVRef<IOVGroup> group : groups) {
     stream << indent << "group " << group->ID() << " " << group->displayName() << ":";
@@ -111,6 +117,7 @@ std::vector<std::string> entries(const IOVPerson& person, const OVString& proper
   if (const auto several = std::dynamic_pointer_cast<OVMultipleValue>(value)) {
     for (std::uint64_t i = 0; i < several->count(); ++i) {
       const auto entry = several->valueAtIndex(i);
+      if (isOddLines(*entry)) continue;
       texts.push_back(entryText(*entry, entry == several->mainValue()));
     }
   } else if (const auto single = std::dynamic_pointer_cast<OVSingleValue>(value)) {
@@ -125,6 +132,24 @@ std::string entry(const IOVPerson& person, const OVString& property) {
   return "(" + std::to_string(texts.size()) + " entries)";
 }
 
+std::vector<std::string> oddLines(const IOVPerson& person) {
+  std::vector<std::string> lines;
+  const auto others =
+      std::dynamic_pointer_cast<OVMultipleValue>(person.valueByPropertyName(OVProPertyOther));
+  for (std::uint64_t i = 0; others != nullptr && i < others->count(); ++i) {
+    if (!isOddLines(*others->valueAtIndex(i))) continue;
+    std::string text = datumText(others->valueAtIndex(i)->value());
+    for (std::size_t fold; (fold = text.find("\n ")) != std::string::npos;) text.erase(fold, 2);
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+      if (line != "BEGIN:VCARD" && line != "VERSION:4.0" && line != "END:VCARD") {
+        lines.push_back(line);
+      }
+    }
+  }
+  return lines;
+}
+
 std::string description(const IOVPerson& person) {
   std::ostringstream stream;
   stream << person.ID() << "\n";
@@ -133,6 +158,7 @@ std::string description(const IOVPerson& person) {
       stream << "  " << property->name() << " " << text << "\n";
     }
   }
+  for (const std::string& line : oddLines(person)) stream << "  (" << line << ")\n";
   return stream.str();
 }
 

@@ -23,10 +23,13 @@ OVRef<IOVPerson> onlyPerson(const OVVCardBook& book);
 std::vector<std::string> idsOf(const OVList<IOVPerson>& persons);
 
 /// What a property holds: "label name|display name: datum" of each entry, a "*" in front of the
-/// main one, or the datum alone of a single value.
+/// main one, or the datum alone of a single value. Of "Other" without the odd lines.
 std::vector<std::string> entries(const IOVPerson& person, const OVString& property);
 /// The only entry; a note in brackets when there is none or are more.
 std::string entry(const IOVPerson& person, const OVString& property);
+
+/// The lines of the card that the person keeps because its values do not tell them, unfolded.
+std::vector<std::string> oddLines(const IOVPerson& person);
 
 /// A datum of any class as text.
 std::string datumText(const OVRef<OVObject>& datum);

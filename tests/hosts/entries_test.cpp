@@ -17,7 +17,7 @@ TEST(Phones, AreReadAndWritten) {
   EXPECT_THAT(entries(*read, OVProPertyPhone),
               ElementsAre("*home|Home: +1 (555) 010;x", "mobile|Mobile: +1-555;ext=12"));
   EXPECT_EQ(read->mainPhone()->phoneNumber(), "+1 (555) 010;x");
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "TEL;PREF=1;TYPE=home:+1 (555) 010\\;x",
+  EXPECT_THAT(writtenLines(read), ElementsAre("TEL;PREF=1;TYPE=home:+1 (555) 010\\;x",
                                               "TEL;TYPE=cell:+1-555\\;ext=12"));
 }
 
@@ -27,14 +27,14 @@ TEST(Emails, AreReadAndWritten) {
               ElementsAre("*work|Work: a@example.com", "Email|Email: b@example.com"));
   EXPECT_EQ(read->mainEmail()->email(), "a@example.com");
   EXPECT_THAT(writtenLines(read),
-              ElementsAre("FN:", "EMAIL;PREF=1;TYPE=work:a@example.com", "EMAIL:b@example.com"));
+              ElementsAre("EMAIL;PREF=1;TYPE=work:a@example.com", "EMAIL:b@example.com"));
 }
 
 TEST(URLs, AreReadAndWritten) {
   const auto read = person("URL;TYPE=home:https://example.com/?a=1;b=2,c\\,d");
   EXPECT_EQ(entry(*read, OVProPertyURLs), "*home|Home: https://example.com/?a=1;b=2,c,d");
   EXPECT_THAT(writtenLines(read),
-              ElementsAre("FN:", "URL;TYPE=home:https://example.com/?a=1;b=2,c,d"));
+              ElementsAre("URL;TYPE=home:https://example.com/?a=1;b=2,c,d"));
 }
 
 TEST(RelatedNames, AreReadAndWritten) {
@@ -44,7 +44,7 @@ TEST(RelatedNames, AreReadAndWritten) {
               ElementsAre("*spouse|Spouse: Per, P.", "friend|Friend: urn:uuid:1",
                           "Related Names|Related Names: Note: x"));
   EXPECT_THAT(writtenLines(read),
-              ElementsAre("FN:", "RELATED;VALUE=text;PREF=1;TYPE=spouse:Per\\, P.",
+              ElementsAre("RELATED;VALUE=text;PREF=1;TYPE=spouse:Per\\, P.",
                           "RELATED;TYPE=friend:urn:uuid:1", "RELATED;VALUE=text:Note: x"));
 }
 
@@ -93,7 +93,7 @@ TEST(Entries, HaveTheTypeOfTheirProperty) {
 
 TEST(Entries, PassEmptyOnesOver) {
   const auto read = person(
-      "FN:x\nTEL:\nEMAIL:\nURL:\nRELATED:\nIMPP:\nADR:;;;;;;\nANNIVERSARY:\n"
+      "N:;x\nFN:x\nTEL:\nEMAIL:\nURL:\nRELATED:\nIMPP:\nADR:;;;;;;\nANNIVERSARY:\n"
       "X-AIM:\nBDAY:");
   for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     if (property->name() == OVProPertyName) continue;
@@ -112,7 +112,7 @@ TEST(Entries, WithNoMainValueAreWrittenWithoutPreference) {
   const auto read = person("TEL:1\nTEL;PREF=1:2");
   std::dynamic_pointer_cast<OVMutableMultipleValue>(read->valueByPropertyName(OVProPertyPhone))
       ->setMainValue(nullptr);
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "TEL:1", "TEL:2"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("TEL:1", "TEL:2"));
 }
 
 TEST(Entries, OfAForeignClassAreLeftOut) {
@@ -120,14 +120,14 @@ TEST(Entries, OfAForeignClassAreLeftOut) {
   const auto phones =
       std::dynamic_pointer_cast<OVMutableMultipleValue>(read->valueByPropertyName(OVProPertyPhone));
   phones->addValue(textValue("no phone", OVValueTypePhone));
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "TEL;PREF=1:1"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("TEL;PREF=1:1"));
 }
 
 TEST(Entries, NeedNotStandInAMultipleValue) {
   const auto read = person("TEL:1");
   read->setValueByPropertyName(valueOf(OVValueTypePhone, OVObjectPhone::initWithPhoneNumber("2")),
                                OVProPertyPhone);
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "TEL:2"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("TEL:2"));
   EXPECT_EQ(read->mainPhone(), nullptr);
 }
 

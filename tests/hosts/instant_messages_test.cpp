@@ -45,8 +45,8 @@ TEST(InstantMessages, KnowTheSupportedServices) {
       EXPECT_EQ(account("IMPP:" + scheme + ":me"), expected);
       EXPECT_EQ(account("X-" + scheme + ":me"), expected);
     }
-    EXPECT_THAT(writtenLines(person("IMPP:" + std::string(row.schemes[0]) + ":me")),
-                ElementsAre("FN:", "IMPP:" + std::string(row.written) + ":me"));
+    EXPECT_THAT(writtenLines(person("X-" + std::string(row.schemes[0]) + ":me")),
+                ElementsAre("IMPP:" + std::string(row.written) + ":me"));
   }
 }
 
@@ -76,20 +76,42 @@ TEST(InstantMessages, DecodeTheUserOfAURI) {
   EXPECT_EQ(account("X-JABBER:a%40b"), "JabberInstant:a%40b");
 }
 
+TEST(InstantMessages, AreAboutThePerson) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"IMPP:aim:goim?screenname=J", "AIMInstant:J"},
+      {"IMPP:aim:goim?message=hello&screenname=J", "AIMInstant:J"},
+      {"IMPP:ymsgr:sendIM?J", "YahooInstant:J"},
+      {"IMPP:msnim:chat?contact=j@example.com", "MSNInstant:j@example.com"},
+      {"IMPP:icq:message?uin=123", "ICQInstant:123"},
+      {"IMPP:skype:J?call", "SkypeInstant:J"},
+      {"IMPP:xmpp:a@b?message;subject=x", "JabberInstant:a@b"},
+      {"IMPP:sip:a@b;transport=tcp", "sip:a@b"},
+      {"IMPP:skype:add", "SkypeInstant:add"},
+      {"IMPP:aim:goim?", "AIMInstant:goim"},
+      {"X-MS-IMADDRESS:sip:a@b", "sip:a@b"},
+      {"X-MS-IMADDRESS:a@b", "null:a@b"},
+  };
+  for (const auto& [line, expected] : rows) EXPECT_EQ(account(line), expected) << line;
+}
+
 TEST(InstantMessages, AreWrittenAndComeBack) {
   const std::pair<const char*, const char*> rows[] = {
       {"X-JABBER:a b%;c", "IMPP:xmpp:a%20b%25%3Bc"},
       {"IMPP:sip:a@b", "IMPP:sip:a@b"},
       {"IMPP:me", "IMPP:me"},
       {"IMPP:a%20b%3Ac", "IMPP:a%20b%3Ac"},
-      {"IMPP;X-SERVICE-TYPE=Other Chat:x:me", "IMPP;X-SERVICE-TYPE=\"Other Chat\":x-otherchat:me"},
-      {"IMPP;X-SERVICE-TYPE=SIP:x:me", "IMPP;X-SERVICE-TYPE=SIP:x-sip:me"},
-      {"IMPP;X-SERVICE-TYPE=fb:x:me", "IMPP;X-SERVICE-TYPE=fb:x-fb:me"},
+      {"IMPP;X-SERVICE-TYPE=Other Chat:x:me", "IMPP;X-SERVICE-TYPE=\"Other Chat\":x:me"},
+      {"IMPP;X-SERVICE-TYPE=SIP:x:me", "IMPP;X-SERVICE-TYPE=SIP:x:me"},
+      {"IMPP;X-SERVICE-TYPE=fb:x:me", "IMPP;X-SERVICE-TYPE=fb:x:me"},
+      {"IMPP;X-SERVICE-TYPE=Skype:skype:me", "IMPP;X-SERVICE-TYPE=Skype:skype:me"},
+      {"IMPP:xmpp:a@b?message;subject=x", "IMPP:xmpp:a@b?message;subject=x"},
+      {"IMPP:sip:a@b;transport=tcp", "IMPP:sip:a@b;transport=tcp"},
+      {"IMPP:XMPP:a%40b", "IMPP:XMPP:a%40b"},
       {"X-AIM;TYPE=HOME:me", "IMPP;TYPE=home:aim:me"},
   };
   for (const auto& [line, written] : rows) {
     const auto read = person(line);
-    EXPECT_THAT(writtenLines(read), ElementsAre("FN:", written));
+    EXPECT_THAT(writtenLines(read), ElementsAre(written));
     EXPECT_EQ(entry(*person(written), OVProPertyInstantMessage),
               entry(*read, OVProPertyInstantMessage));
   }

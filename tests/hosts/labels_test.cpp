@@ -1,4 +1,4 @@
-#include "labels.h"
+#include "mapping/labels.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,7 +40,9 @@ TEST(Labels, ComeFromTypes) {
       {"msg", "message|Message"},
       {"textphone", "TTY|TTY"},
       {"other,fax", "other fax|Other fax"},
-      {"x-boat", "x-boat|X-boat"},
+      {"x-boat", "boat|Boat"},
+      {"X-Ferienhaus", "Ferienhaus|Ferienhaus"},
+      {"IPHONE", "iPhone|iPhone"},
       {"home,homefax", "home home fax|Home home fax"},
   };
   for (const TypeRow& row : rows) {
@@ -55,6 +57,13 @@ TEST(Labels, AreThePropertysOwnWithoutAType) {
   EXPECT_EQ(labelOf("URL;TYPE=internet:a", OVProPertyURLs), "internet|Internet");
 }
 
+TEST(Labels, OfAddressesDoNotTellHowLettersTravel) {
+  EXPECT_EQ(labelOf("ADR;TYPE=intl,postal,parcel:;;x", OVProPertyAddress), "Address|Address");
+  EXPECT_EQ(labelOf("ADR;TYPE=dom,home,postal:;;x", OVProPertyAddress), "home|Home");
+  EXPECT_THAT(writtenLines(person("ADR;TYPE=dom,home,postal:;;x")),
+              ElementsAre("ADR;TYPE=dom,home,postal:;;x"));
+}
+
 TEST(Labels, MayBeTheUsersOwn) {
   EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:Ferienhaus"), "Ferienhaus|Ferienhaus");
   EXPECT_EQ(labelOf("a.TEL;TYPE=home:1\na.X-ABLabel:Ferienhaus"), "home|Ferienhaus");
@@ -63,9 +72,11 @@ TEST(Labels, MayBeTheUsersOwn) {
 }
 
 TEST(Labels, KnowTheWellKnown) {
-  EXPECT_EQ(labelOf("a.URL:x\na.X-ABLabel:_$!<HomePage>!$_", OVProPertyURLs), "homepage|Homepage");
+  EXPECT_EQ(labelOf("a.URL:x\na.X-ABLabel:_$!<HomePage>!$_", OVProPertyURLs), "homepage|Home page");
   EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:_$!<Mobile>!$_"), "mobile|Mobile");
   EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:_$!<WorkFAX>!$_"), "work fax|Work fax");
+  EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:_$!<Assistant>!$_"), "assistant|Assistant");
+  EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:_$!<YoungerSister>!$_"), "youngersister|Younger sister");
   EXPECT_EQ(labelOf("a.TEL:1\na.X-ABLabel:_$!<>!$_"), "_$!<>!$_|_$!<>!$_");
 }
 
@@ -129,7 +140,7 @@ TEST(Labels, WithoutTextsBecomeThePropertysOwn) {
 TEST(Labels, AreWrittenTheUsualWay) {
   EXPECT_THAT(
       writtenLines(person("TEL;TYPE=FAX,WORK:1\na.TEL:2\na.X-ABLabel:shop")),
-      ElementsAre("FN:", "TEL;PREF=1;TYPE=work,fax:1", "item1.TEL:2", "item1.X-ABLABEL:shop"));
+      ElementsAre("TEL;PREF=1;TYPE=work,fax:1", "item1.TEL:2", "item1.X-ABLABEL:shop"));
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ TEST(PhoneticNames, HavePropertiesOfTheirOwn) {
   EXPECT_EQ(entry(*read, OVProPertyFirstNamePhonetic), "hanako");
   EXPECT_EQ(entry(*read, OVProPertyLastNamePhonetic), "yamada");
   EXPECT_THAT(writtenLines(read),
-              ElementsAre("FN:", "X-PHONETIC-FIRST-NAME:hanako", "X-PHONETIC-LAST-NAME:yamada"));
+              ElementsAre("X-PHONETIC-FIRST-NAME:hanako", "X-PHONETIC-LAST-NAME:yamada"));
 }
 
 TEST(PhoneticNames, MayStandInASound) {

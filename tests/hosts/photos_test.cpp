@@ -1,14 +1,14 @@
-#include "photos.h"
+#include "mapping/properties.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base64.h"
+#include "codec/base64.h"
 #include "hosts/cards.h"
 
 namespace {
 
-using ov::vcard::encodeBase64;
+using ov::card::encodeBase64;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -28,7 +28,7 @@ TEST(Photos, AreReadFromEveryVersion) {
 
 TEST(Photos, AreWrittenAsDataURIs) {
   EXPECT_THAT(writtenLines(person("PHOTO;ENCODING=b;TYPE=PNG:" + encodeBase64(kPNG), "3.0")),
-              ElementsAre("FN:", "PHOTO:data:image/png;base64," + encodeBase64(kPNG)));
+              ElementsAre("PHOTO:data:image/png;base64," + encodeBase64(kPNG)));
 }
 
 TEST(Photos, TellTheirMediaType) {
@@ -42,12 +42,12 @@ TEST(Photos, TellTheirMediaType) {
       {"<svg>", "image/svg+xml"},
       {"II*\0"s, "image/tiff"},
       {"MM\0*"s, "image/tiff"},
-      {"what", "application/octet-stream"},
+      {"\0\0\0\x1C" "ftypheic...."s, "image/heic"},
+      {"\0\0\0\x1C" "ftypavif...."s, "image/avif"},
+      {"RIFF....WAVE", ""},
+      {"what", ""},
   };
-  for (const auto& [bytes, type] : rows) {
-    EXPECT_EQ(ov::vcard::dataURI(bytes),
-              "data:" + std::string(type) + ";base64," + encodeBase64(bytes));
-  }
+  for (const auto& [bytes, type] : rows) EXPECT_EQ(ov::card::mediaTypeOf(bytes), type);
 }
 
 TEST(Photos, ThatStandElsewhereAreKept) {

@@ -35,7 +35,7 @@ TEST_P(Texts, AreReadAndWritten) {
   const auto read = person(std::string(row.name) + ":one\\; two\\nthree\\\\");
   EXPECT_EQ(entry(*read, *row.property), "one; two\nthree\\");
   EXPECT_THAT(writtenLines(read),
-              ElementsAre("FN:", std::string(row.written) + ":one\\; two\\nthree\\\\"));
+              ElementsAre(std::string(row.written) + ":one\\; two\\nthree\\\\"));
 }
 
 TEST_P(Texts, HaveTheTypeAndLabelOfTheirProperty) {
@@ -75,14 +75,14 @@ INSTANTIATE_TEST_SUITE_P(Rows, Texts, testing::ValuesIn(kTexts), [](const auto& 
 TEST(Nickname, KeepsTheCommasOfAList) {
   const auto read = person("NICKNAME:Ben,Benny");
   EXPECT_EQ(entry(*read, OVProPertyNickname), "Ben,Benny");
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "NICKNAME:Ben,Benny"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("NICKNAME:Ben,Benny"));
 }
 
 TEST(Organization, IsCompanyAndDepartment) {
   const auto read = person("ORG:Acme\\; Sons;Sales;North");
   EXPECT_EQ(entry(*read, OVProPertyCompany), "Acme; Sons");
   EXPECT_EQ(entry(*read, OVProPertyDepartment), "Sales;North");
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "ORG:Acme\\; Sons;Sales;North"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("ORG:Acme\\; Sons;Sales;North"));
 }
 
 TEST(Organization, MayLackEither) {
@@ -90,8 +90,8 @@ TEST(Organization, MayLackEither) {
   const auto read = person("ORG:;Sales");
   EXPECT_THAT(entries(*read, OVProPertyCompany), IsEmpty());
   EXPECT_EQ(entry(*read, OVProPertyDepartment), "Sales");
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "ORG:;Sales"));
-  EXPECT_THAT(writtenLines(person("ORG:;;\nTEL:1")), ElementsAre("FN:", "TEL:1"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("ORG:;Sales"));
+  EXPECT_THAT(writtenLines(person("ORG:;;\nTEL:1")), ElementsAre("TEL:1"));
 }
 
 TEST(Organization, ASecondOneIsKept) {
@@ -105,21 +105,21 @@ TEST(Kind, OfAnOrganizationIsAText) {
     const auto read = person(line);
     EXPECT_EQ(entry(*read, OVProPertyIsOrganization), "true") << line;
     EXPECT_TRUE(read->isOrganization()) << line;
-    EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "KIND:org")) << line;
+    EXPECT_THAT(writtenLines(read), ElementsAre("KIND:org")) << line;
   }
 }
 
 TEST(Kind, OfAPersonSaysNothing) {
   const auto read = person("KIND:individual\nTEL:1");
   EXPECT_FALSE(read->isOrganization());
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "TEL:1"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("TEL:1"));
 }
 
 TEST(Kind, OtherKindsAreKept) {
   const auto read = person("KIND:location");
   EXPECT_FALSE(read->isOrganization());
   EXPECT_THAT(entries(*read, OVProPertyOther), ElementsAre("*KIND|KIND: location"));
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "KIND:location"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("KIND:location"));
 }
 
 TEST(Tags, AreTheCategories) {
@@ -129,7 +129,7 @@ TEST(Tags, AreTheCategories) {
   ASSERT_NE(value, nullptr);
   EXPECT_EQ(value->type(), OVValueTypeTags);
   EXPECT_EQ(datumText(value->value()), "#a#b,c#d#e#f");
-  EXPECT_THAT(writtenLines(read), ElementsAre("FN:", "CATEGORIES:a,b\\,c,d,e,f"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("CATEGORIES:a,b\\,c,d,e,f"));
 }
 
 TEST(Tags, OfOldCardsAreAListToo) {

@@ -94,6 +94,20 @@ class CheckIncludes(unittest.TestCase):
             self.assert_caught(name, '#include "platform/utf8.h"\n', "no public header")
         self.assert_caught("tools/ovbook/a.cpp", '#include "../../src/a.h"\n', "no public header")
 
+    def test_rooms_of_the_cards_know_each_other_one_way(self):
+        for name, used in (("codec", "mapping"), ("codec", "memory"), ("mapping", "memory")):
+            self.assert_caught(f"hosts/card/{name}/a.cpp", f'#include "{used}/b.h"\n', "lies above")
+        self.assert_caught("hosts/card/codec/a.cpp", '#include "../mapping/b.h"\n', "lies above")
+
+    def test_the_codec_knows_no_persons(self):
+        self.assert_caught(
+            "hosts/card/codec/a.h", "#include <OVAddressBookSDK/person.h>\n", "knows nothing"
+        )
+
+    def test_only_books_over_cards_see_the_cards(self):
+        self.assert_caught("hosts/qt/a.cpp", '#include "codec/line.h"\n', "no public header")
+        self.assert_caught("tools/ovbook/a.cpp", '#include "codec/line.h"\n', "no public header")
+
     def test_what_is_allowed(self):
         self.assert_clean(
             {
@@ -104,6 +118,12 @@ class CheckIncludes(unittest.TestCase):
                 "hosts/vcard/src/a.cpp": "#include <glib.h>\n"
                 '#include "b.h"\n#include <OVAddressBookSDK/OVAddressBookSDK.h>\n',
                 "hosts/vcard/src/b.h": "",
+                "hosts/vcard/src/c.cpp": '#include "codec/line.h"\n#include "memory/person.h"\n',
+                "hosts/card/memory/a.cpp": '#include "mapping/b.h"\n#include "codec/c.h"\n'
+                "#include <OVAddressBookSDK/person.h>\n",
+                "hosts/card/mapping/b.h": '#include "codec/c.h"\n',
+                "hosts/card/codec/c.h": '#include <memory>\n#include "d.h"\n',
+                "hosts/card/codec/d.h": "",
                 "examples/a.cpp": "#include <OVAddressBookSDK/OVAddressBookSDK.h>\n",
             }
         )

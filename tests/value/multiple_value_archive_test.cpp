@@ -190,7 +190,7 @@ TEST(MultipleValueArchive, SavedReadAndSavedAgainHasTheSameBytes) {
 }
 
 TEST(MultipleValueArchive, StoredTypeOfTheReadOnlyClassIsWrittenBack) {
-  for (const std::int64_t type : {0, 5, 12, 4294967295}) {
+  for (const std::int64_t type : {0LL, 5LL, 12LL, 4294967295LL}) {
     const auto multiple =
         restored<OVMultipleValue>(archivedAs("OVMultipleValue", {{"type", type}}));
     EXPECT_EQ(multiple->type(), 12);
@@ -201,8 +201,8 @@ TEST(MultipleValueArchive, StoredTypeOfTheReadOnlyClassIsWrittenBack) {
 }
 
 TEST(MultipleValueArchive, ElementsOfTheReadOnlyClassAreElements) {
-  const auto element =
-      archivedAs("OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}});
+  const auto element = archivedAs(
+      "OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}});
   const auto multiple = restored<OVMutableMultipleValue>(
       archivedAs("OVMutableMultipleValue", {{"valueArray", OVList<OVObject>::list({element})}}));
   ASSERT_EQ(multiple->count(), 1U);

@@ -1,17 +1,25 @@
 #include <OVAddressBookVCard/vcard_book.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <span>
 
 #include <OVAddressBookVCard/vcard_export.h>
 
 #include "book_content.h"
-#include "book_text.h"
-#include "card_id.h"
+#include "codec/card_reader.h"
+#include "codec/file_text.h"
 #include "file_bytes.h"
-#include "loader.h"
+#include "group_objects.h"
+#include "memory/arrivals.h"
+#include "memory/card_id.h"
+#include "memory/general_group.h"
+#include "problem_list.h"
 
+using ov::card::Group;
+using ov::card::Store;
 using ov::vcard::BookContent;
-using ov::vcard::GroupRecord;
 
 namespace {
 
@@ -21,11 +29,40 @@ OVString absolutePath(const OVString& path) {
   return error ? path : OVString(absolute.lexically_normal().string());
 }
 
+/// Adds the cards in `bytes` to the book. `file` names them in problems and may be null. `progress`
+/// may be empty; it is told how many bytes have been read, and at last all of them.
+void loadCards(BookContent& book, std::string bytes, const OVString& file,
+               const ov::vcard::Progress& progress) {
+  constexpr std::size_t kCardsBetweenReports = 64;
+  ov::vcard::ProblemList problems(file);
+  const auto text = std::make_shared<const std::string>(
+      ov::card::textOfFile(std::move(bytes), problems));
+  ov::card::Arrivals arrivals(*book.store, file, text, problems);
+  ov::card::CardReader reader(*text, problems);
+  std::size_t count = 0;
+  while (const ov::card::Card* const card = reader.next()) {
+    arrivals.add(*card);
+    if (progress && ++count % kCardsBetweenReports == 0) progress(reader.offset(), text->size());
+  }
+  if (progress) progress(text->size(), text->size());
+  arrivals.prepare();
+  std::vector<OVVCardProblem> found = problems.take();
+  for (const Group::Place& ring : arrivals.ringsCut()) {
+    found.push_back({OVVCardSeverity::Warning, ring.origin, ring.line,
+                     "this group stands inside itself; one membership was left out"});
+  }
+  book.problems.reserve(book.problems.size() + found.size());
+  arrivals.keep();
+  std::move(found.begin(), found.end(), std::back_inserter(book.problems));
+}
+
 }  // namespace
 
 OVVCardBook::OVVCardBook(const OVString& path) : content_(std::make_shared<BookContent>()) {
+  ov::card::GeneralGroup::registerClass();
   content_->path = path.isNull() ? path : absolutePath(path);
-  content_->id = path.isNull() ? ov::vcard::randomID() : content_->path;
+  content_->store = std::make_shared<Store>(&ov::vcard::GroupObjects::make);
+  content_->store->id = path.isNull() ? ov::card::randomID() : content_->path;
 }
 
 OVVCardBook::~OVVCardBook() = default;
@@ -43,7 +80,7 @@ std::error_code OVVCardBook::load(const ov::vcard::Progress& progress) {
 std::error_code OVVCardBook::addFile(const OVString& path, const ov::vcard::Progress& progress) {
   std::string bytes;
   if (const auto error = ov::vcard::readFile(path.str(), bytes)) return error;
-  ov::vcard::loadCards(*content_, std::move(bytes), path, progress);
+  loadCards(*content_, std::move(bytes), path, progress);
   return {};
 }
 
@@ -54,22 +91,25 @@ void OVVCardBook::loadWithDataProgressBlock(const OVRef<OVData>& data,
   if (data == nullptr) return;
   ov::vcard::Progress progress;
   if (progressBlock) progress = [&](std::uint64_t, std::uint64_t) { progressBlock(); };
-  ov::vcard::loadCards(*content_, std::string(data->text()), nullptr, progress);
+  loadCards(*content_, std::string(data->text()), nullptr, progress);
 }
 
 std::vector<OVVCardProblem> OVVCardBook::problems() const {
   std::vector<OVVCardProblem> problems = content_->problems;
-  for (const OVRef<OVVCardGroup>& group : content_->groups) {
-    const GroupRecord& record = BookContent::recordOf(*group);
-    for (const GroupRecord::MissingMember& member : record.missing) {
-      problems.push_back({OVVCardSeverity::Warning, member.place.file, member.place.line,
+  for (const Store::GroupPlace& place : content_->store->groups) {
+    for (const Group::MissingMember& member : place.group->missing) {
+      problems.push_back({OVVCardSeverity::Warning, member.place.origin, member.place.line,
                           "the member " + member.id.str() + " is in no file"});
     }
   }
   return problems;
 }
 
-OVRef<OVData> OVVCardBook::saveData() { return ov::vcard::cardsOf(*this); }
+OVRef<OVData> OVVCardBook::saveData() {
+  const auto out = std::make_shared<std::string>();
+  content_->store->write(*out);
+  return OVData::dataWithBytesNoCopy(std::as_bytes(std::span(*out)), out);
+}
 
 void OVVCardBook::save() {
   if (content_->path.isNull()) return;

@@ -6,11 +6,11 @@
 #include <OVAddressBookVCard/vcard_book.h>
 
 #include "book_content.h"
-#include "card_id.h"
+#include "group_objects.h"
+#include "memory/card_id.h"
 
-using ov::vcard::BookContent;
-using ov::vcard::Person;
-using ov::vcard::Values;
+using ov::card::Person;
+using ov::card::Store;
 
 namespace {
 
@@ -19,29 +19,9 @@ constexpr std::array kCommon{
     &OVProPertyEmail,     &OVProPertyAddress, &OVProPertyBirthday, &OVProPertyNote,
 };
 
-/// Values are copied, so that a change here does not show in the other book.
-Values copiedValues(const IOVPerson& person) {
-  Values values = Values::dictionary();
-  for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
-    if (property->name() == OVProPertyTags) continue;
-    if (const auto value = person.valueByProperty(property)) {
-      values.set(property->name(), value->mutableCopy());
-    }
-  }
-  return values;
-}
-
-/// The tags that a person answers, and those of a person that answers none but has a value of them.
-OVList<OVString> copiedTags(const IOVPerson& person) {
-  const OVList<OVString> tags = person.tagArray();
-  if (tags != nullptr && !tags.empty()) return tags.copy();
-  const auto value = ov::vcard::PersonValues(person).datum<OVList<OVString>>(OVProPertyTags);
-  return value == nullptr ? OVList<OVString>::list() : value.copy();
-}
-
 }  // namespace
 
-OVString OVVCardBook::ID() const { return content_->id; }
+OVString OVVCardBook::ID() const { return content_->store->id; }
 
 OVString OVVCardBook::name() const {
   return std::filesystem::path(content_->path.str()).stem().string();
@@ -59,11 +39,11 @@ OVList<OVProperty> OVVCardBook::commonProperty() const {
   return properties;
 }
 
-std::uint64_t OVVCardBook::allPersonsCount() const { return content_->persons.size(); }
+std::uint64_t OVVCardBook::allPersonsCount() const { return content_->store->persons.size(); }
 
 OVList<IOVPerson> OVVCardBook::allPersons() const {
   auto persons = OVList<IOVPerson>::list();
-  for (const OVRef<Person>& person : content_->persons) persons.push_back(person);
+  for (const OVRef<Person>& person : content_->store->persons) persons.push_back(person);
   return persons;
 }
 
@@ -71,39 +51,33 @@ OVList<IOVPerson> OVVCardBook::personsForIDs(const OVList<OVString>& personIDs) 
   auto persons = OVList<IOVPerson>::list();
   if (personIDs == nullptr) return persons;
   for (const OVString id : personIDs) {
-    const auto at = content_->personsByID.find(id);
-    if (at != content_->personsByID.end()) persons.push_back(at->second);
+    const Store::Entry* const entry = content_->store->find(id);
+    if (entry != nullptr && entry->person != nullptr) persons.push_back(entry->person);
   }
   return persons;
 }
 
 OVRef<IOVPerson> OVVCardBook::newPerson() {
-  return content_->addPerson(ov::vcard::randomID(), Values::dictionary(), OVList<OVString>::list());
+  return content_->store->addPerson(ov::card::randomID(), {}, OVList<OVString>::list());
 }
 
 void OVVCardBook::removePersons(const OVList<IOVPerson>& persons) {
   if (persons == nullptr) return;
   std::unordered_set<const Person*> leaving;
   for (const OVRef<IOVPerson> person : persons) {
-    if (const auto ours = content_->personOf(person)) leaving.insert(ours.get());
+    if (const auto ours = content_->store->personOf(person)) leaving.insert(ours.get());
   }
-  content_->removePersons(leaving);
+  content_->store->removePersons(leaving);
 }
 
 OVRef<IOVPerson> OVVCardBook::addOneFromOtherPerson(const OVRef<IOVPerson>& person) {
-  if (person == nullptr) return nullptr;
-  OVString id = person->ID();
-  if (id.empty() || content_->has(id)) id = ov::vcard::randomID();
-  const OVRef<Person> added =
-      content_->addPerson(id, copiedValues(*person), OVList<OVString>::list());
-  added->setTags(copiedTags(*person));
-  return added;
+  return person == nullptr ? nullptr : content_->store->addCopyOf(*person);
 }
 
 void OVVCardBook::addBatchPersonStart(std::int64_t count) {
   constexpr std::int64_t kMost = 1 << 20;  // a count from outside must not cost memory
   const auto room = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, kMost));
-  content_->persons.reserve(content_->persons.size() + room);
+  content_->store->persons.reserve(content_->store->persons.size() + room);
 }
 
 OVRef<IOVPerson> OVVCardBook::addBatchPersonForOther(const OVRef<IOVPerson>& person) {
@@ -111,36 +85,36 @@ OVRef<IOVPerson> OVVCardBook::addBatchPersonForOther(const OVRef<IOVPerson>& per
 }
 
 std::uint64_t OVVCardBook::rootGroupsCount() const {
+  const auto& groups = content_->store->groups;
   return static_cast<std::uint64_t>(
-      std::count_if(content_->groups.begin(), content_->groups.end(),
-                    [](const auto& group) { return BookContent::recordOf(*group).parents == 0; }));
+      std::count_if(groups.begin(), groups.end(),
+                    [](const Store::GroupPlace& place) { return place.group->parents == 0; }));
 }
 
 OVList<IOVGroup> OVVCardBook::rootGroups() const {
   auto groups = OVList<IOVGroup>::list();
-  for (const OVRef<OVVCardGroup>& group : content_->groups) {
-    if (BookContent::recordOf(*group).parents == 0) groups.push_back(group);
+  for (const Store::GroupPlace& place : content_->store->groups) {
+    if (place.group->parents == 0) groups.push_back(place.object);
   }
   return groups;
 }
 
 OVRef<IOVGroup> OVVCardBook::groupByID(const OVString& groupID) const {
-  const auto at = content_->groupsByID.find(groupID);
-  return at == content_->groupsByID.end() ? nullptr : at->second;
+  const Store::Entry* const entry = content_->store->find(groupID);
+  return entry == nullptr ? nullptr : entry->group.object;
 }
 
 OVRef<IOVGroup> OVVCardBook::addGroupByName(const OVString& name) {
-  return name.isNull() ? nullptr : content_->addGroup(ov::vcard::randomID(), name);
+  return name.isNull() ? nullptr : content_->store->addGroup(ov::card::randomID(), name);
 }
 
 bool OVVCardBook::removeGroup(const OVRef<IOVGroup>& group) {
-  const OVRef<OVVCardGroup> ours = content_->groupOf(group);
-  if (ours == nullptr) return false;
-  content_->removeGroup(ours);
-  return true;
+  const auto* const ours = dynamic_cast<const OVVCardGroup*>(group.get());
+  return ours != nullptr &&
+         content_->store->removeGroup(ov::vcard::GroupObjects::recordOf(*ours));
 }
 
 OVRef<OVTagManager> OVVCardBook::tagManager() const {
-  if (content_->tags == nullptr) content_->makeTagManager();
-  return content_->tags;
+  if (content_->store->tags == nullptr) content_->store->makeTagManager();
+  return content_->store->tags;
 }

@@ -8,11 +8,16 @@
 
 #include <OVAddressBookSDK/address_book_general.h>
 
-#include "book_content.h"
-#include "book_text.h"
-#include "person_writer.h"
+#include "mapping/group_card.h"
+#include "mapping/person_card.h"
+#include "memory/general_group.h"
 
 namespace ov::vcard {
+
+using ov::card::GeneralGroup;
+using ov::card::GroupContent;
+using ov::card::writeGroup;
+using ov::card::writePerson;
 
 namespace {
 
@@ -21,6 +26,12 @@ void appendIDs(const OVList<OVString>& ids, std::vector<OVString>& all) {
   for (const OVString id : ids) {
     if (!id.isNull()) all.push_back(id);
   }
+}
+
+/// What a group's card says beside name and members; null for nothing.
+OVString oddLinesOf(const OVRef<OVGroupGeneral>& group) {
+  const auto ours = ov::cast<GeneralGroup>(group);
+  return ours == nullptr ? OVString() : ours->oddLines();
 }
 
 void writeGeneralBook(const OVAddressBookGeneral& book, std::string& out) {
@@ -32,23 +43,19 @@ void writeGeneralBook(const OVAddressBookGeneral& book, std::string& out) {
   if (const auto groups = book.groupsDic()) {
     for (const auto& [id, group] : groups) {
       if (group == nullptr) continue;
-      std::vector<OVString> members;
-      appendIDs(group->persons(), members);
-      appendIDs(group->subArray(), members);
-      writeGroup(id, group->title(), members, {}, out);
+      GroupContent content{id, group->title(), {}, oddLinesOf(group)};
+      appendIDs(group->persons(), content.members);
+      appendIDs(group->subArray(), content.members);
+      writeGroup(content, out);
     }
   }
 }
 
-void writeForeignGroup(const IOVGroup& group, std::string& out) {
-  std::vector<OVString> members;
-  if (const auto persons = group.persons()) {
-    for (const OVRef<IOVPerson> person : persons) members.push_back(person->ID());
-  }
-  if (const auto subGroups = group.subGroups()) {
-    for (const OVRef<IOVGroup> subGroup : subGroups) members.push_back(subGroup->ID());
-  }
-  writeGroup(group.ID(), group.displayName(), members, {}, out);
+void writeAnyGroup(const IOVGroup& group, std::string& out) {
+  GroupContent content{group.ID(), group.displayName(), {}, oddLinesOf(group.emptyGeneralGroup())};
+  for (const OVRef<IOVPerson>& person : group.persons()) content.members.push_back(person->ID());
+  for (const OVRef<IOVGroup>& sub : group.subGroups()) content.members.push_back(sub->ID());
+  writeGroup(content, out);
 }
 
 /// Each group once, also when it stands in several others or in itself.
@@ -64,12 +71,8 @@ void writeGroups(const OVList<IOVGroup>& roots, std::string& out) {
     const OVRef<IOVGroup> group = open.back();
     open.pop_back();
     if (group == nullptr || !seen.insert(group.get()).second) continue;
-    if (const auto ours = std::dynamic_pointer_cast<OVVCardGroup>(group)) {
-      writeGroup(BookContent::recordOf(*ours), out);
-    } else {
-      writeForeignGroup(*group, out);
-    }
-    if (const auto subGroups = group->subGroups()) push(subGroups);
+    writeAnyGroup(*group, out);
+    push(group->subGroups());
   }
 }
 
@@ -84,18 +87,15 @@ void writeBook(const OVAddressBook& book, std::string& out) {
 
 }  // namespace
 
-OVRef<OVData> cardsOf(const OVAddressBook& book) {
+OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
+  if (book == nullptr) return nullptr;
   const auto out = std::make_shared<std::string>();
-  if (const auto* const general = dynamic_cast<const OVAddressBookGeneral*>(&book)) {
+  if (const auto* const general = dynamic_cast<const OVAddressBookGeneral*>(book.get())) {
     writeGeneralBook(*general, *out);
   } else {
-    writeBook(book, *out);
+    writeBook(*book, *out);
   }
   return OVData::dataWithBytesNoCopy(std::as_bytes(std::span(*out)), out);
-}
-
-OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
-  return book == nullptr ? nullptr : cardsOf(*book);
 }
 
 }  // namespace ov::vcard

@@ -60,7 +60,12 @@ ArchivedClass ArchiveReader::readClassRecord(std::uint64_t uid) {
   if (const auto hints = entry(dictionary, archive::kClassHints)) {
     record.hints = textArray(*hints);
   }
-  if (known_ == Known::registeredClasses) record.known = registeredClass(record.name);
+  if (known_ == Known::registeredClasses) {
+    record.known = registeredClass(record.name);
+    for (std::size_t i = 0; record.known == nullptr && i < record.hints.size(); ++i) {
+      record.known = registeredClass(record.hints[i]);
+    }
+  }
   record.isHosts = record.known != nullptr && !isLibraryClass(*record.known);
   return record;
 }

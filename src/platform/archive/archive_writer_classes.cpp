@@ -33,7 +33,9 @@ ArchiveWriter::Number ArchiveWriter::newClassRecord(ClassEntry& entry) {
     names.emplace_back(at->name);
   }
   names.emplace_back(archive::kRootClass);
-  entry.record = classRecord(names.front(), names, {});
+  std::vector<OVString> hints;
+  if (entry.objectClass->standIn != nullptr) hints.emplace_back(entry.objectClass->standIn->name);
+  entry.record = classRecord(names.front(), names, hints);
   return entry.record;
 }
 

@@ -4,12 +4,12 @@
 
 #include <OVAddressBookSDK/group.h>
 
+namespace ov::card {
+struct Group;
+}
 namespace ov::vcard {
-
-struct BookContent;
-struct GroupRecord;
-
-}  // namespace ov::vcard
+struct GroupObjects;
+}
 
 /// A group of an `OVVCardBook`. One thread at a time, as its book.
 class OVVCardGroup final : public IOVGroup {
@@ -25,6 +25,9 @@ class OVVCardGroup final : public IOVGroup {
   [[nodiscard]] OVList<IOVGroup> subGroups() const override;
   [[nodiscard]] OVList<IOVPerson> persons() const override;
 
+  /// A record that also holds what the group's card says beside name and members.
+  [[nodiscard]] OVRef<OVGroupGeneral> emptyGeneralGroup() const override;
+
   /// False, changing nothing, when the person is null, belongs to another book or is a member
   /// already.
   bool addPerson(const OVRef<IOVPerson>& person);
@@ -37,8 +40,8 @@ class OVVCardGroup final : public IOVGroup {
   bool removeSubGroup(const OVRef<IOVGroup>& group);
 
  private:
-  friend struct ov::vcard::BookContent;
-  explicit OVVCardGroup(std::unique_ptr<ov::vcard::GroupRecord> record);
+  friend struct ov::vcard::GroupObjects;
+  explicit OVVCardGroup(std::shared_ptr<ov::card::Group> record);
 
-  std::unique_ptr<ov::vcard::GroupRecord> record_;
+  std::shared_ptr<ov::card::Group> record_;
 };

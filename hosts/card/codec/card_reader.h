@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "card.h"
+#include "charset.h"
+#include "line_reader.h"
+#include "problems.h"
+#include "text_lines.h"
+
+namespace ov::card {
+
+/// Finds the cards in a text, one after the other. A card without END:VCARD ends where the next one
+/// begins; a card that stands inside another as the value of AGENT belongs to that line.
+///
+/// Time is linear in the size of the text, memory in that of the largest card.
+class CardReader {
+ public:
+  /// Both must live as long as the reader.
+  CardReader(std::string_view text, Problems& problems);
+  CardReader(const CardReader&) = delete;
+  CardReader& operator=(const CardReader&) = delete;
+  ~CardReader() = default;
+
+  /// The next card, which lives until the next call and not longer than text and reader; null when
+  /// there is none.
+  [[nodiscard]] const Card* next();
+
+  /// How many bytes have been read.
+  [[nodiscard]] std::size_t offset() const { return cursor_.offset(); }
+
+ private:
+  /// A line that is not just ASCII or UTF-8.
+  struct Encoded {
+    Line* line;
+    std::string_view charset;
+    bool hasPlainHeader;
+    bool hasPlainValue = true;
+    bool isSpelledAnew = false;
+  };
+
+  bool findBegin();
+  void readCard();
+  void readLines();
+  void endCard();
+  void decode(Encoded& encoded);
+  [[nodiscard]] std::string inUTF8(std::string bytes, std::string_view charset, std::size_t line);
+  void spellAnew(const Encoded& encoded);
+  void spellAnew();
+
+  std::string_view text_;
+  bool hasNUL_;
+  Problems& problems_;
+  Cursor cursor_;
+  CardContext context_;
+  LineReader lineReader_;
+  Charsets charsets_;
+  std::optional<Card> card_;
+  std::size_t open_ = 0;  // cards that have begun and not ended
+  std::vector<Encoded> encoded_;
+  bool isSpelledAnew_ = false;
+  std::string source_;  // of a card that is spelled anew
+  std::string rest_;
+};
+
+}  // namespace ov::card

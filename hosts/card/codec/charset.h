@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "utf8.h"
+
+namespace ov::card {
+
+/// Converts from character sets by name. To open a converter is slow: all are kept.
+class Charsets {
+ public:
+  /// Nothing when there is no such character set. ISO-8859-1 is taken for Windows-1252, which holds
+  /// it but for control characters.
+  [[nodiscard]] std::optional<Converted> toUTF8(std::string_view bytes, std::string_view charset);
+
+ private:
+  struct Close {
+    void operator()(void* converter) const;
+  };
+  using Converter = std::unique_ptr<void, Close>;
+
+  [[nodiscard]] void* converterFor(std::string_view charset);
+
+  std::map<std::string, Converter> converters_;  // by names in upper case
+};
+
+}  // namespace ov::card

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "codec/card.h"
+#include "codec/problems.h"
+#include "mapping/labels.h"
+#include "store.h"
+
+namespace ov::card {
+
+class Membership;
+
+/// Cards that come into a book together: all of them, or none.
+class Arrivals {
+ public:
+  /// `origin` is kept as `Group::Place` with what the cards are read from. `text` holds their
+  /// sources, but for those that have memory of their own.
+  Arrivals(Store& book, OVString origin, std::shared_ptr<const std::string> text,
+           Problems& problems);
+  Arrivals(const Arrivals&) = delete;
+  Arrivals& operator=(const Arrivals&) = delete;
+  ~Arrivals();
+
+  void add(const Card& card);
+
+  /// Does all that may fail, once everything has been added.
+  void prepare();
+  /// Puts everything into the book, and the members into the groups. Where the book has a tag
+  /// manager, that has the tags of the new persons.
+  void keep() noexcept;
+
+  /// The groups that stood inside themselves, and lost one membership each.
+  [[nodiscard]] const std::vector<Group::Place>& ringsCut() const { return rings_; }
+
+ private:
+  friend class Membership;
+
+  /// What is to be undone for an ID that several cards want.
+  struct Wish {
+    Store::WantedID* wanted;
+    std::size_t lastNumber;
+    std::string content;
+    std::string id;
+    bool isFirst;  // no card wanted it before
+  };
+
+  [[nodiscard]] const Store::Entry* find(std::string_view id) const;
+  /// Null for a card that is there already.
+  [[nodiscard]] OVString idFor(const Card& card, const OVString& given);
+  Store::WantedID& wishFor(const OVString& id);
+  [[nodiscard]] CardSource sourceOf(const Card& card) const;
+  void addPerson(const Card& card);
+  void addGroup(const Card& card);
+  void addTags();
+  void forgetTags() noexcept;
+
+  Store& book_;
+  OVString origin_;
+  std::shared_ptr<const std::string> text_;
+  Problems& problems_;
+  LabelReader labels_;
+  std::vector<OVRef<Person>> persons_;
+  std::vector<Store::GroupPlace> groups_;
+  Store::ByText<Store::Entry> byID_;
+  std::vector<Wish> wishes_;
+  std::vector<Group::Place> rings_;
+  std::uint64_t nextOrder_;
+  std::unique_ptr<Membership> membership_;
+  bool isKept_ = false;
+};
+
+}  // namespace ov::card

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+#include <OVAddressBookSDK/group.h>
+
+#include "mapping/group_card.h"
+#include "person.h"
+
+namespace ov::card {
+
+/// A group of a book over cards. Sub-groups live as long as their book has them.
+struct Group {
+  /// A line of what was read; null and 0 for what was not.
+  struct Place {
+    OVString origin;
+    std::size_t line = 0;
+  };
+  /// A member that no card has been found for.
+  struct MissingMember {
+    OVString id;
+    Place place;
+  };
+
+  OVString id;
+  OVString name;
+  Place place;
+  std::vector<OVRef<Person>> persons;
+  std::unordered_set<const Person*> personSet;
+  std::vector<std::weak_ptr<Group>> subGroups;
+  std::size_t parents = 0;
+  std::vector<MissingMember> missing;
+  /// What the card says beside name and members, but for missing members; null for nothing.
+  OVString oddLines;
+  CardSource source;
+  OVString sourceID;
+  std::weak_ptr<Store> book;
+  /// What programs see of the group.
+  std::weak_ptr<IOVGroup> object;
+  /// The place among the cards of the book.
+  std::uint64_t order = 0;
+
+  [[nodiscard]] OVList<IOVGroup> subGroupObjects() const;
+  [[nodiscard]] OVList<IOVPerson> personObjects() const;
+  bool addPerson(const OVRef<IOVPerson>& person);
+  bool removePerson(const OVRef<IOVPerson>& person);
+  /// `group` is null where it is no group of a book of this kind.
+  bool addSubGroup(const std::shared_ptr<Group>& group);
+  bool removeSubGroup(const std::shared_ptr<Group>& group);
+
+  /// What the group says, missing members included.
+  [[nodiscard]] GroupContent content() const;
+  /// `oddLines` and the missing members; null for nothing.
+  [[nodiscard]] OVString allOddLines() const;
+  /// Appends the group as a card: the one that it came from as far as that still holds.
+  void write(std::string& out) const;
+};
+
+}  // namespace ov::card

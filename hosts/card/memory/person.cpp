@@ -1,0 +1,197 @@
+#include "person.h"
+
+#include <algorithm>
+
+#include <OVAddressBookSDK/email.h>
+#include <OVAddressBookSDK/image.h>
+#include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookSDK/person_general.h>
+#include <OVAddressBookSDK/person_name.h>
+#include <OVAddressBookSDK/phone.h>
+
+#include "mapping/others.h"
+#include "mapping/person_card.h"
+#include "mapping/properties.h"
+#include "store.h"
+
+namespace ov::card {
+
+namespace {
+
+template <class T>
+ov::Handle<T> datumOf(const OVRef<OVValue>& value) {
+  for (const OVRef<OVSingleValue>& entry : entriesOf(value)) {
+    if (auto found = ov::cast<T>(entry->value())) return found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Person::Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_ptr<Store> book)
+    : id_(std::move(id)),
+      values_(std::move(values)),
+      tags_(std::move(tags)),
+      book_(std::move(book)) {}
+
+OVString Person::addressBookID() const {
+  const auto book = book_.lock();
+  return book == nullptr ? OVString("") : book->id;
+}
+
+OVString Person::displayName() const {
+  const auto name = datumOf<OVObjectPersonName>(find(OVProPertyName));
+  return name == nullptr ? OVString("") : name->displayString();
+}
+
+OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const {
+  return property == nullptr ? nullptr : valueByPropertyName(property->name());
+}
+
+<<<<<<< HEAD:hosts/card/memory/person.cpp
+OVRef<OVValue> Person::find(const OVStringView& name) const {
+  if (name != OVProPertyTags) return values_.find(name);
+=======
+OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
+  if (name != OVProPertyTags) return values_[name];
+>>>>>>> texts:hosts/vcard/src/person.cpp
+  const OVList<OVString> tags = tagArray();
+  if (tags.empty()) return nullptr;
+  return OVPersonGeneral::singleValueByMacValueProperty(tags, OVProperty::propertyWithName(name));
+}
+
+OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
+  isHandedOut_ = true;
+  return find(name);
+}
+
+void Person::setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) {
+  if (property != nullptr) setValueByPropertyName(value, property->name());
+}
+
+void Person::setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) {
+  if (name.isNull()) return;
+  isHandedOut_ = true;
+  if (name == OVProPertyTags) {
+    const auto single = ov::cast<OVSingleValue>(value);
+    setTags(single == nullptr ? nullptr : ov::cast<OVList<OVString>>(single->value()));
+    return;
+  }
+  if (name == OVProPertyName) forgetFormattedName();
+  values_.set(name, value);
+}
+
+/// The formatted name of a card is another spelling of its name: a new name makes it wrong.
+void Person::forgetFormattedName() {
+  const auto others = ov::cast<OVMutableMultipleValue>(values_.find(OVProPertyOther));
+  if (others == nullptr) return;
+  for (std::uint64_t i = others->count(); i-- > 0;) {
+    const OVRef<OVSingleValue> entry = others->valueAtIndex(i);
+    const OVRef<OVLabel> label = entry == nullptr ? nullptr : entry->label();
+    if (label == nullptr) continue;
+    const std::string_view name = label->name();
+    if (name.substr(0, name.find(';')) == "FN") others->removeValueAtIndex(i);
+  }
+  if (others->count() == 0) values_.set(OVProPertyOther, nullptr);
+}
+
+OVRef<OVImage> Person::thumbnail() const { return datumOf<OVImage>(find(OVProPertyThumbnail)); }
+
+void Person::setThumbnail(const OVRef<OVImage>& image) {
+  const OVRef<OVProperty> property = OVProperty::propertyWithName(OVProPertyThumbnail);
+  setValueByProperty(OVPersonGeneral::singleValueByMacValueProperty(image, property), property);
+}
+
+OVRef<OVObject> Person::mainDatum(const OVString& property) const {
+  const auto several = ov::cast<OVMultipleValue>(find(property));
+  const OVRef<OVSingleValue> entry = several == nullptr ? nullptr : several->mainValue();
+  return entry == nullptr ? nullptr : entry->value();
+}
+
+OVRef<OVObjectPhone> Person::mainPhone() const {
+  return ov::cast<OVObjectPhone>(mainDatum(OVProPertyPhone));
+}
+
+OVRef<OVObjectEmail> Person::mainEmail() const {
+  return ov::cast<OVObjectEmail>(mainDatum(OVProPertyEmail));
+}
+
+OVList<IOVGroup> Person::groups() const {
+  const auto book = book_.lock();
+  return book == nullptr ? OVList<IOVGroup>::list() : book->groupsOf(*this);
+}
+
+OVList<OVProperty> Person::notNullValueProperty() const {
+  auto properties = OVList<OVProperty>::list();
+  for (const OVRef<OVProperty>& property : OVProperty::StandardPropertyArray()) {
+    if (find(property->name()) != nullptr) properties.push_back(property);
+  }
+  return properties;
+}
+
+OVString Person::text(const OVString& property) const { return datumOf<OVString>(find(property)); }
+
+void Person::setIsOrganization(bool isOrganization) {
+  const OVRef<OVProperty> property = OVProperty::propertyWithName(OVProPertyIsOrganization);
+  const OVString yes = isOrganization ? "true" : OVString();
+  setValueByProperty(OVPersonGeneral::singleValueByMacValueProperty(yes, property), property);
+}
+
+bool Person::isOrganization() const { return meansOrganization(text(OVProPertyIsOrganization)); }
+
+OVString Person::showName() const {
+  if (isOrganization()) {
+    if (OVString company = companyName(); !company.empty()) return company;
+  }
+  if (OVString name = displayName(); !name.empty()) return name;
+  for (const OVString* const property : {&OVProPertyCompany, &OVProPertyNickname}) {
+    if (OVString found = text(*property); !found.empty()) return found;
+  }
+  if (const auto email = mainEmail()) return email->email();
+  if (const auto phone = mainPhone()) return phone->displayString();
+  return "";
+}
+
+OVString Person::companyName() const { return text(OVProPertyCompany); }
+
+OVString Person::jobTitle() const { return text(OVProPertyJobTitle); }
+
+void Person::setSource(CardSource source, OVString id) {
+  source_ = std::move(source);
+  sourceID_ = std::move(id);
+  sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
+}
+
+bool Person::isAsItCame() const {
+  if (isHandedOut_) return false;
+  const auto manager = tagManager();
+  if (manager == nullptr) return true;
+  const OVList<OVString> tags = manager->tagsByPersonID(id_);
+  return std::equal(tags.begin(), tags.end(), tags_.begin(), tags_.end());
+}
+
+/// A person whose UID was taken has another ID, which its card tells once the other is gone.
+OVString Person::idToWrite() const {
+  const auto book = book_.lock();
+  const bool isGivenAgain = !sourceID_.isNull() && sourceID_ != id_ && book != nullptr &&
+                            book->has(sourceID_);
+  return isGivenAgain ? sourceID_ : id_;
+}
+
+void Person::write(std::string& out) const {
+  if (source_.card.empty()) {
+    writePerson(*this, id_, out);
+    return;
+  }
+  const OVString id = idToWrite();
+  if (isAsItCame() && (sourceID_.isNull() || id == sourceID_)) {
+    out += source_.card;
+    return;
+  }
+  const bool wasHandedOut = isHandedOut_;
+  const CardText text(std::string(source_.card));
+  rewritePerson(*text.card(), *this, id, sourcePhoto_, out);
+  isHandedOut_ = wasHandedOut;
+}
+
+}  // namespace ov::card

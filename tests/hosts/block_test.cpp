@@ -1,0 +1,225 @@
+// What a card says survives in the data block of a snapshot, and comes back on export.
+
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookVCard/vcard_export.h>
+
+#include "hosts/cards.h"
+#include "hosts/snapshot.h"
+#include "support/printers.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+/// The book as it is exported from the block of its snapshot.
+std::string throughBlock(const OVAddressBook& book) {
+  const auto block = snapshotOf(book)->saveToData();
+  const auto restored =
+      ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
+  return std::string(ov::vcard::exportBook(restored)->text());
+}
+
+/// The unfolded lines of a text of cards, without those that frame a card.
+std::vector<std::string> linesIn(std::string text) {
+  for (std::size_t fold; (fold = text.find("\r\n ")) != std::string::npos;) text.erase(fold, 3);
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    const bool isFrame =
+        line.starts_with("BEGIN:") || line.starts_with("VERSION:") || line.starts_with("END:");
+    if (!isFrame) lines.push_back(line);
+  }
+  return lines;
+}
+
+/// The lines of the only card in a book, after the way through a block. What is exported a second
+/// time must be the same.
+std::vector<std::string> linesAfterBlock(const std::string& lines,
+                                         std::string_view version = "4.0") {
+  const auto book = bookOf(card("UID:1\n" + lines, version));
+  const std::string once = throughBlock(*book);
+  const auto again = bookOf(once);
+  EXPECT_EQ(description(*again), description(*book));
+  EXPECT_EQ(throughBlock(*again), once) << lines;
+  std::vector<std::string> all = linesIn(once);
+  EXPECT_FALSE(all.empty());
+  if (!all.empty() && all.front() == "UID:1") all.erase(all.begin());
+  return all;
+}
+
+/// Cards whose lines come back in their order, character for character.
+class ThroughABlock : public testing::TestWithParam<const char*> {};
+
+TEST_P(ThroughABlock, LinesComeBackAsTheyStood) {
+  const std::string lines = GetParam();
+  std::vector<std::string> expected;
+  std::istringstream stream(lines);
+  for (std::string line; std::getline(stream, line);) expected.push_back(line);
+  EXPECT_EQ(linesAfterBlock(lines), expected);
+}
+
+constexpr const char* kLines[] = {
+    // What belongs to one of several values.
+    "ADR;LABEL=\"a^nb\";GEO=\"geo:1,2\";TYPE=home:;;x;;;;\nADR;PID=1.1;ALTID=2;CC=FR;X-A=b:;;y;;;;France",
+    "TEL;PID=1.1;TYPE=home:1\nTEL;ALTID=2;X-A=b;TYPE=work:2",
+    "EMAIL;PID=1.1:a@b\nEMAIL;X-A=\"b=\":c@d",
+    "TEL;PREF=2:1\nTEL;PREF=3:2\nTEL;PREF=1:3",
+    "TEL;PREF=1:1\nTEL;PREF=1:2\nTEL:3",
+    "item1.TEL:1\nitem1.X-ABLABEL:mine\nitem1.X-FOO:2\nitem1.X-BAR:3",
+    "a.TEL:1\na.X-ABLABEL:both\na.TEL:2",
+    "a.ADR:;;x;;;;\na.X-ABADR:somewhere in the north",
+    // Names.
+    "FN:Anna Muster",
+    "FN:F. L.\nN:L;F;;;",
+    "ORG:Acme",
+    "N:;;;;Jr.",
+    "FN:Mr.\nN:;;;Mr.;",
+    "N:a,b;c;;;",
+    "KIND:org\nX-ABSHOWAS:COMPANY\nORG:Acme",
+    "FN:A B\nN:B;A;;;\nFN:C\nFN:C\nX-A:1",
+    // Values.
+    "NICKNAME:a\\,b,c",
+    "ORG:A;R\\;D",
+    "BDAY:19850412T073000Z",
+    "BDAY:19850412T073000+0200",
+    "BDAY:1985",
+    "BDAY:1985-04",
+    "BDAY:0000-01-01",
+    "BDAY:99991231T235960",
+    "PHOTO;MEDIATYPE=image/heic:data:image/heic;base64,AAAA",
+    "PHOTO;X-CROP=\"1,2\":data:image/png;base64,iVBORw0K",
+    "PHOTO:data:image/png;base64,iVBORw0K\nPHOTO:data:image/png;base64,iVBORw0KGg==",
+    // Accounts.
+    "IMPP:xmpp:a@b?message;subject=x",
+    "IMPP:sip:a@b;transport=tcp",
+    "IMPP:aim:goim?screenname=J",
+    "IMPP;X-SERVICE-TYPE=Skype;TYPE=home:skype:me",
+    // Other properties.
+    "X-messaging/xmpp-All:me",
+    "X-SHOE-SIZE;TYPE=eu:44\nX-LIST:a,b\\,c\nREV:20200101T000000Z",
+    "NOTE:a\nNOTE;LANGUAGE=de:b\nNOTE:c",
+    "N;ALTID=1;LANGUAGE=en:B;A;;;\nN;ALTID=1;LANGUAGE=ja:D;C;;;",
+    "NOTE;ENCODING=b:QUFB",
+    "TEL;TYPE=quoted-printable:1=3D\nTEL:2",
+    "X-ANDROID-CUSTOM:vnd.android.cursor.item/nickname;Ben;1;;;;;;;;;;;;;",
+    "X-ANDROID-CUSTOM:vnd.android.cursor.item/relation;Eva;0;neighbour;;;;;;;;;;;;",
+    "X-ANDROID-CUSTOM:vnd.android.cursor.item/contact_event;2001-02-03;1;;;;;;;;;;;;;",
+    "X-ANDROID-CUSTOM:vnd.android.cursor.item/unheard-of;a;b",
+    // Lines that name or look like others.
+    "EMAIL;KIND=group:x",
+    "EMAIL;MANAGER=1:x",
+    "item1.X-OTHER:bar\nitem1.X-ABLABEL:TEL",
+    "item1.X-OTHER:bar\nitem1.X-ABLABEL:N",
+    "item1.X-OTHER:bar\nitem1.X-ABLABEL:PHOTO",
+    "item1.X-OTHER:bar\nitem1.X-ABLABEL:X-FOO",
+    "item1.X-OTHER:BEGIN:VCARD\nitem1.X-ABLABEL:vCard",
+    "item1.X-FOO:bar\nitem1.X-ABLABEL:TEL",
+};
+INSTANTIATE_TEST_SUITE_P(Cards, ThroughABlock, testing::ValuesIn(kLines));
+
+TEST(ThroughABlock, ANameSaysNothingThatItDoesNotSay) {
+  EXPECT_THAT(linesAfterBlock("FN:Anna Muster"), Not(Contains(testing::StartsWith("N:"))));
+  EXPECT_THAT(linesAfterBlock("ORG:Acme"), Not(Contains(testing::StartsWith("FN:"))));
+  EXPECT_THAT(linesAfterBlock("N:;;;Mr.;"), ElementsAre("FN:Mr.", "N:;;;Mr.;"));
+}
+
+TEST(ThroughABlock, ATelephoneURIKeepsItsPrefix) {
+  EXPECT_THAT(linesAfterBlock("TEL:tel:tel:1"), ElementsAre("TEL;VALUE=uri:tel:tel:1"));
+}
+
+TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
+  EXPECT_THAT(linesAfterBlock("FN:A\nTEL;TYPE=PREF,X-Boat:1\nTEL;X-P=1;TYPE=home:2", "3.0"),
+              ElementsAre("FN:A", "TEL;TYPE=X-Boat;PREF=1:1", "TEL;X-P=1;TYPE=home:2"));
+  EXPECT_THAT(linesAfterBlock("TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=46=6F):1", "2.1"),
+              ElementsAre("TEL;X-CUSTOM=Fo:1"));
+}
+
+TEST(ThroughABlock, ALabelOfTheUsersOwnReadsWell) {
+  EXPECT_EQ(entry(*person("TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=46=6F):1", "2.1"),
+                  OVProPertyPhone),
+            "*Fo|Fo: 1");
+  EXPECT_EQ(entry(*person("X-ANDROID-CUSTOM:vnd.android.cursor.item/nickname;Ben;1;"),
+                  OVProPertyNickname),
+            "Ben");
+  EXPECT_EQ(entry(*person("X-ANDROID-CUSTOM:vnd.android.cursor.item/relation;Eva;14;;;"),
+                  OVProPertyRelatedNames),
+            "*spouse|Spouse: Eva");
+}
+
+TEST(ThroughABlock, OddLinesGoWithTheirValues) {
+  const auto book = bookOf(card("UID:1\nFN:x\nTEL;PID=1.1:1\nADR;LABEL=l:;;s"));
+  const auto general = snapshotOf(*book);
+  const auto one = general->personsDic()["1"];
+  std::dynamic_pointer_cast<OVMutableMultipleValue>(one->valueByPropertyName(OVProPertyPhone))
+      ->removeValueAtIndex(0);
+  EXPECT_THAT(linesIn(std::string(ov::vcard::exportBook(general)->text())),
+              ElementsAre("UID:1", "FN:x", "ADR;LABEL=l:;;s"));
+}
+
+TEST(ThroughABlock, APersonStaysAPerson) {
+  for (const char* lines : {"EMAIL;KIND=group:x", "item1.X-OTHER:group\nitem1.X-ABLABEL:KIND",
+                            "X-A;X-KIND=group:group"}) {
+    const auto again = bookOf(throughBlock(*bookOf(card(lines))));
+    EXPECT_EQ(again->allPersonsCount(), 1U) << lines;
+    EXPECT_EQ(again->rootGroupsCount(), 0U) << lines;
+  }
+}
+
+const std::string kGroup =
+    "UID:g\nKIND:group\nFN:Team\nMEMBER:ABC\nMEMBER:abc\nMEMBER;PREF=1:x\n"
+    "MEMBER:mailto:a@example.com\nMEMBER;PID=1.1:mailto:b@example.com\n"
+    "NOTE;LANGUAGE=en:a\\, b\nEMAIL:team@example.com\nURL:https://example.com\n"
+    "CATEGORIES:p,q\nitem1.X-FOO:1\nitem1.X-ABLABEL:mine\n";
+
+std::string withMembers(const std::string& group) {
+  return card(group) + card("UID:ABC\nFN:1") + card("UID:abc\nFN:2") + card("UID:x\nFN:3");
+}
+
+TEST(ThroughABlock, AGroupKeepsAllItsLines) {
+  const auto book = bookOf(withMembers(kGroup));
+  EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("ABC", "abc", "x"));
+  const std::string once = throughBlock(*book);
+  std::vector<std::string> lines = linesIn(once);
+  lines.erase(lines.begin(), lines.begin() + 6);  // the persons come first
+  std::vector<std::string> expected = linesIn(card(kGroup));
+  EXPECT_EQ(lines, expected);
+  EXPECT_EQ(throughBlock(*bookOf(once)), once);
+}
+
+TEST(ThroughABlock, AGroupThatChangedKeepsItsOtherLines) {
+  const auto general = snapshotOf(*bookOf(withMembers(kGroup)));
+  const auto group = general->groupsDic()["g"];
+  group->setTitle("Crew");
+  group->setPersons(OVList<OVString>::list({"abc"}));
+  const std::vector<std::string> lines =
+      linesIn(std::string(ov::vcard::exportBook(general)->text()));
+  EXPECT_THAT(lines, Contains("FN:Crew"));
+  EXPECT_THAT(lines, Contains("MEMBER:abc"));
+  EXPECT_THAT(lines, Contains("MEMBER:mailto:a@example.com"));
+  EXPECT_THAT(lines, Not(Contains("MEMBER;PREF=1:x")));
+  EXPECT_THAT(lines, Not(Contains("MEMBER:ABC")));
+}
+
+TEST(ThroughABlock, AnOrdinaryGroupIsAnOrdinaryRecord) {
+  const auto general = snapshotOf(*bookOf(card("UID:g\nKIND:group\nFN:Team\nMEMBER:a") +
+                                          card("UID:a\nFN:A")));
+  EXPECT_EQ(std::string(general->groupsDic()["g"]->classForCoder()->name), "OVGroupGeneral");
+}
+
+TEST(ThroughABlock, ProgramsThatDoNotKnowTheClassReadAPlainGroup) {
+  const auto block = snapshotOf(*bookOf(withMembers(kGroup)))->saveToData();
+  const std::string text(block->text());
+  EXPECT_NE(text.find("OVCardGroup"), std::string::npos);
+  EXPECT_NE(text.find("$classhints"), std::string::npos);
+}
+
+}  // namespace

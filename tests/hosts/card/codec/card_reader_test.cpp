@@ -1,0 +1,276 @@
+#include "codec/card_reader.h"
+
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "codec/line_writer.h"
+#include "hosts/card/codec/cards.h"
+
+namespace ov::card {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct Split {
+  explicit Split(std::string_view text) {
+    problems = readCards(text, [&](const Card& card) {
+      std::string lines = std::to_string(card.number) + ":";
+      for (const Line& line : card.lines) lines += " " + described(line);
+      cards.push_back(lines);
+      sources.emplace_back(card.source);
+      rests.emplace_back(card.rest);
+    });
+  }
+
+  std::vector<std::string> cards;
+  std::vector<std::string> sources;
+  std::vector<std::string> rests;
+  std::vector<std::string> problems;
+};
+
+TEST(CardReader, FindsCardsWithTheirLines) {
+  const Split split("BEGIN:VCARD\r\nFN:a\r\nEND:VCARD\r\n\r\nbegin : vcard \nFN:b\nEnd:vCard");
+  EXPECT_THAT(split.cards, ElementsAre("1: FN:a", "5: FN:b"));
+  EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\r\nFN:a\r\nEND:VCARD\r\n",
+                                         "begin : vcard \nFN:b\nEnd:vCard"));
+  EXPECT_THAT(split.rests, ElementsAre("", "\n"));
+  EXPECT_THAT(split.problems, IsEmpty());
+}
+
+TEST(CardReader, FindsNoneInAnEmptyText) {
+  for (const char* text : {"", "\n\n  \n"}) {
+    const Split split(text);
+    EXPECT_THAT(split.cards, IsEmpty());
+    EXPECT_THAT(split.problems, IsEmpty());
+  }
+}
+
+TEST(CardReader, TellsTheVersion) {
+  const auto versionOf = [](std::string_view lines) {
+    Version version{};
+    readCards("BEGIN:VCARD\n" + std::string(lines) + "\nEND:VCARD\n",
+              [&](const Card& card) { version = card.version; });
+    return version;
+  };
+  EXPECT_EQ(versionOf("VERSION:2.1"), Version::V2_1);
+  EXPECT_EQ(versionOf("version : 2.1"), Version::V2_1);
+  EXPECT_EQ(versionOf("FN:x\nVERSION:2.1"), Version::V2_1);
+  EXPECT_EQ(versionOf("VERSION:4.0\nVERSION:2.1"), Version::V4_0);
+  EXPECT_EQ(versionOf("VERSION:3.0"), Version::V3_0);
+  EXPECT_EQ(versionOf("VERSION:?"), Version::V3_0);
+  EXPECT_EQ(versionOf("FN:x"), Version::V3_0);
+  EXPECT_EQ(versionOf("AGENT:\nBEGIN:VCARD\nVERSION:2.1\nEND:VCARD\nVERSION:4.0"), Version::V4_0);
+}
+
+TEST(CardReader, ReportsTextBetweenCardsOnceEach) {
+  const Split split(
+      "junk\nmore\nBEGIN:VCARD\nFN:a\nEND:VCARD\n\njunk\n\nagain\nBEGIN:VCARD\nFN:b\nEND:VCARD\n"
+      "END:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("3: FN:a", "10: FN:b"));
+  EXPECT_THAT(split.problems, ElementsAre("!1: this text stands outside of any card",
+                                          "!7: this text stands outside of any card",
+                                          "!13: this text stands outside of any card"));
+}
+
+TEST(CardReader, ACardWithoutEndEndsWhereTheNextBegins) {
+  const Split split("BEGIN:VCARD\nFN:a\nBEGIN:VCARD\nFN:b");
+  EXPECT_THAT(split.cards, ElementsAre("1: FN:a", "3: FN:b"));
+  EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\nFN:a\n", "BEGIN:VCARD\nFN:b"));
+  EXPECT_THAT(split.rests, ElementsAre("END:VCARD\n", "\nEND:VCARD\n"));
+  EXPECT_THAT(split.problems,
+              ElementsAre("!1: this card has no END:VCARD; what it holds was taken over",
+                          "!3: this card has no END:VCARD; what it holds was taken over"));
+}
+
+TEST(CardReader, KeepsTheCardOfAnAgentInside) {
+  const Split split(
+      "BEGIN:VCARD\nitem1.agent;X=y:\nBEGIN:VCARD\nFN:b\nAGENT:\nBEGIN:VCARD\nFN:c\nEND:VCARD\n"
+      "END:VCARD\nFN:a\nEND:VCARD\n");
+  EXPECT_THAT(split.cards,
+              ElementsAre("1: item1.AGENT;X=y:BEGIN:VCARD\\nFN:b\\nAGENT:\\nBEGIN:VCARD\\nFN:c"
+                          "\\nEND:VCARD\\nEND:VCARD\\n FN:a"));
+  EXPECT_THAT(split.problems, IsEmpty());
+}
+
+TEST(CardReader, AnAgentMayBeginOnItsOwnLine) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nFN:b\nEND:VCARD\nFN:a\nEND:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD\\n FN:a"));
+}
+
+TEST(CardReader, AFoldedAgentIsOneLine) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\n \\nFN:b\\nEND:VCARD\nFN:a\nEND:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD FN:a"));
+}
+
+TEST(CardReader, EndsAllCardsThatAreOpen) {
+  const Split split("BEGIN:VCARD\nAGENT:\nBEGIN:VCARD\nFN:b\nBEGIN:VCARD\nFN:c\nEND:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD\\n", "5: FN:c"));
+  EXPECT_THAT(split.rests, ElementsAre("END:VCARD\nEND:VCARD\n", ""));
+}
+
+TEST(CardReader, KeepsEmptyLinesOfAnAgent) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\n\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\n\\nEND:VCARD\\n"));
+}
+
+TEST(CardReader, EndsACardOnceThatIsSpelledAnew) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nN:\xE4");
+  EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\nAGENT:BEGIN:VCARD\\nN:\u00E4\\n"
+                                         "END:VCARD\\n\n"));
+  EXPECT_THAT(split.rests, ElementsAre("END:VCARD\n"));
+}
+
+TEST(CardReader, KnowsMarkersBehindTheMarksOfJoinedFiles) {
+  const Split split(
+      "BEGIN:VCARD\nFN:a\nEND:VCARD\n\xEF\xBB\xBF"
+      "BEGIN:VCARD\nFN:b\nEND:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: FN:a", "4: FN:b"));
+  EXPECT_EQ(split.sources.at(1), "BEGIN:VCARD\nFN:b\nEND:VCARD\n");
+  EXPECT_THAT(split.problems, IsEmpty());
+}
+
+TEST(CardReader, GivesViewsOfTheText) {
+  const std::string text = card("FN:a\n\njunk\nNOTE:b\n c\n\n", "3.0");
+  readCards(text, [&](const Card& card) {
+    EXPECT_FALSE(card.isSpelledAnew);
+    EXPECT_EQ(card.source.data(), text.data());
+    EXPECT_EQ(card.source, text);
+    ASSERT_EQ(card.lines.size(), 2U);
+    EXPECT_EQ(card.lines[0].source(), "FN:a\n");
+    EXPECT_EQ(card.lines[0].text().data(), text.data() + text.find("a\n"));
+    EXPECT_EQ(card.lines[1].source(), "NOTE:b\n c\n");
+  });
+}
+
+/// What can be told of all cards.
+std::string contentOf(std::string_view text) {
+  std::string all;
+  readCards(text, [&](const Card& card) {
+    for (const Line& line : card.lines) all += described(line) + "\n";
+    all += "--\n";
+  });
+  return all;
+}
+
+/// Reads the text, and the sources of the cards, which must say the same.
+void expectStable(std::string_view text) {
+  std::string sources;
+  readCards(text, [&](const Card& card) {
+    const char* at = card.source.data();
+    for (const Line& line : card.lines) {
+      ASSERT_LE(at, line.source().data());
+      at = line.source().data() + line.source().size();
+    }
+    ASSERT_LE(at, card.source.data() + card.source.size());
+    sources.append(card.source).append(card.rest);
+  });
+  EXPECT_EQ(contentOf(sources), contentOf(text)) << testing::PrintToString(std::string(text));
+  std::string again;
+  readCards(sources, [&](const Card& card) { again.append(card.source).append(card.rest); });
+  EXPECT_EQ(again, sources) << testing::PrintToString(std::string(text));
+}
+
+const std::string kCard = card(
+    "item1.TEL;TYPE=home,pref;X=\"a;b:c\":1\nitem1.X-ABLabel:_$!<Home>!$_\n"
+    "NOTE;ENCODING=QUOTED-PRINTABLE;CHARSET=SHIFT_JIS:=8E=52=\n=3B\nFN;CHARSET=ISO-8859-1:\xE4;\n"
+    "PHOTO;ENCODING=b;TYPE=PNG:\n QUJD\n\nADR;CC=DE:;;a\\nb;c,d;;;X\nAGENT:\nBEGIN:VCARD\nFN:x\n"
+    "END:VCARD\nN:a,b;c;;d;e\nBDAY:--0229\nIMPP:aim:%41\nKIND:org\nCATEGORIES:a,b",
+    "2.1");
+
+TEST(HostileCards, MayBeCutAnywhere) {
+  for (std::size_t size = 0; size <= kCard.size(); ++size) expectStable(kCard.substr(0, size));
+}
+
+TEST(HostileCards, MayLackAnyByte) {
+  for (std::size_t i = 0; i < kCard.size(); ++i) {
+    std::string text = kCard;
+    expectStable(text.erase(i, 1));
+  }
+}
+
+TEST(HostileCards, MayHaveAnyByteChanged) {
+  std::mt19937 random(1);  // NOLINT: the same bytes in every run
+  const std::string interesting =
+      "\r\n\t ;:,=\\\"^.%\0\x80\xFF"
+      "BEGIN:VCARD\nEND:VCARD\n";
+  for (int round = 0; round < 3000; ++round) {
+    std::string text = kCard;
+    for (unsigned changes = random() % 4 + 1; changes > 0; --changes) {
+      const std::size_t at = random() % text.size();
+      if (random() % 2 == 0) {
+        text[at] = interesting[random() % interesting.size()];
+      } else {
+        text.insert(at, 1, interesting[random() % interesting.size()]);
+      }
+    }
+    expectStable(text);
+  }
+}
+
+TEST(HostileCards, MayBeAnyBytes) {
+  std::mt19937 random(2);  // NOLINT: the same bytes in every run
+  for (int round = 0; round < 100; ++round) {
+    std::string lines;
+    for (int i = 0; i < 200; ++i) lines += static_cast<char>(random());
+    expectStable(lines);
+    expectStable("BEGIN:VCARD\nVERSION:4.0\n" + lines + "\nEND:VCARD\n");
+    expectStable("BEGIN:VCARD\nVERSION:2.1\nN:" + lines + "\nEND:VCARD\n");
+    expectStable("BEGIN:VCARD\nVERSION:3.0\nX-A;" + lines + ":x\nEND:VCARD\n");
+  }
+}
+
+TEST(HostileCards, MayNestWithoutEnd) {
+  std::string text;
+  for (int i = 0; i < 5000; ++i) text += "BEGIN:VCARD\nAGENT:\n";
+  expectStable(text);
+  for (int i = 0; i < 5000; ++i) text += "END:VCARD\n";
+  expectStable(text);
+}
+
+std::string repeated(std::string_view part, int count) {
+  std::string text;
+  text.reserve(part.size() * static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) text += part;
+  return text;
+}
+
+/// What would take forever if the time grew with the square of the size.
+TEST(HostileCards, TakeTimeInProportionToTheirSize) {
+  constexpr int kMany = 100000;
+  std::string names;
+  for (int i = 0; i < kMany; ++i) names += ";A" + std::to_string(i) + "=b";
+  for (const std::string& text : {
+           card("N:" + repeated("a;", kMany)),
+           card("X-FOO:a" + repeated("\n b:\"", kMany)),
+           card("X;A=\"" + repeated("\n :", kMany)),
+           card("X" + repeated("\n b", kMany)),
+           card("TEL;TYPE=" + repeated("a,", kMany) + ":1"),
+           card("TEL" + repeated(";A=b", kMany) + ":1"),
+           card("TEL" + names + ":1"),
+           card("NOTE;QUOTED-PRINTABLE:" + repeated("=\n", kMany), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE" + repeated("\n ", kMany), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE:" + repeated("\n ", kMany), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE:=" + repeated("\n", kMany), "2.1"),
+           card(repeated("NOTE;QUOTED-PRINTABLE:=\n\n", kMany), "2.1"),
+           card("PHOTO;BASE64:" + repeated("QUJD\n", kMany), "2.1"),
+           card(repeated("PHOTO;BASE64:\n", kMany), "2.1"),
+           card(repeated("no colon\n", kMany)),
+           card(repeated("AGENT:\n", kMany)),
+           card(repeated("AGENT:BEGIN:VCARD\n", kMany)),
+           card(repeated("FN:\xE4\n", kMany)),
+           repeated("BEGIN:VCARD\n", kMany),
+           repeated("BEGIN:VCARD\nAGENT:\n", kMany),
+           repeated("junk\n", kMany),
+           repeated("\n", kMany),
+           repeated("BEGIN:VCARD\rFN:a\rEND:VCARD\r", kMany),
+           "BEGIN:VCARD\n" + repeated("a\r\r", kMany),
+       }) {
+    contentOf(text);
+  }
+}
+
+}  // namespace
+}  // namespace ov::card
