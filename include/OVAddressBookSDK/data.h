@@ -46,8 +46,11 @@ class OVHeldView {
   // temporary without a warning.
   class Iterator {
    public:
+    /// At this byte.
     explicit Iterator(const Byte* at) : at_(at) {}
+    /// The byte.
     const Byte& operator*() const { return *at_; }
+    /// Goes on to the next.
     Iterator& operator++() {
       ++at_;
       return *this;

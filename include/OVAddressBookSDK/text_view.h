@@ -34,7 +34,7 @@ class OV_EXPORT OVStringView {
   OVStringView(std::string_view text OV_LIFETIMEBOUND) {  // NOLINT(google-explicit-constructor)
     lookAt(text);
   }
-  /// The same.
+  /// Never null.
   OVStringView(const std::string& text OV_LIFETIMEBOUND)  // NOLINT(google-explicit-constructor)
       : OVStringView(std::string_view(text)) {}
 

@@ -37,6 +37,10 @@ void* operator new(std::size_t size) {
   if (void* place = std::malloc(size == 0 ? 1 : size)) return place;
   throw std::bad_alloc();
 }
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+  ++allocations;
+  return std::malloc(size == 0 ? 1 : size);
+}
 void operator delete(void* place) noexcept { std::free(place); }
 void operator delete(void* place, std::size_t /*size*/) noexcept { std::free(place); }
 
@@ -146,7 +150,7 @@ TEST(TextAllocations, ReadingAnAddressCostsNone) {
               city = address->stringValueByFieldName("OVAddressFieldAdjacentarea");
             }),
             0);
-  EXPECT_EQ(city, "Quimper");
+  EXPECT_EQ(city, "Brest");
 }
 
 TEST(TextAllocations, NullCostsNone) {
