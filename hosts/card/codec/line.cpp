@@ -90,26 +90,30 @@ int Line::preference() const {
 }
 
 std::string_view Line::value() const {
+  if (hasPlainValue_) return plain();
   if (decoded_ != nullptr && decoded_->value) return *decoded_->value;
   if (isBase64()) {
-    if (std::all_of(raw_.begin(), raw_.end(), isBase64Digit)) return raw_;
+    hasPlainValue_ = std::all_of(raw_.begin(), raw_.end(), isBase64Digit);
+    if (hasPlainValue_) return raw_;
     return decoded().value.emplace(context_->arena.copy(withoutBlanks(raw_)));
   }
   const std::string_view text = plain();
   if (holdsCard_) return decoded().value.emplace(context_->arena.copy(escapeText(text)));
   const bool isOld = context_->version == Version::V2_1;
-  const bool isPlain = std::none_of(text.begin(), text.end(), [&](char c) {
+  hasPlainValue_ = std::none_of(text.begin(), text.end(), [&](char c) {
     return c == '\\' || c == '\r' || c == '\n' || c == '\0' || (isOld && c == ',');
   });
-  if (isPlain) return text;
+  if (hasPlainValue_) return text;
   return decoded().value.emplace(context_->arena.copy(
       canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES")));
 }
 
 std::string_view Line::text() const {
+  if (hasPlainText_) return value();
   if (decoded_ != nullptr && decoded_->text) return *decoded_->text;
   const std::string_view escaped = value();
-  if (escaped.find('\\') == std::string_view::npos) return escaped;
+  hasPlainText_ = escaped.find('\\') == std::string_view::npos;
+  if (hasPlainText_) return escaped;
   return decoded().text.emplace(context_->arena.copy(unescape(escaped)));
 }
 

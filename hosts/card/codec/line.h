@@ -98,6 +98,8 @@ class Line {
   std::span<const Parameter> parameters_;
   std::string_view raw_;                // what stands behind the colon, folded
   mutable Decoded* decoded_ = nullptr;  // null while nothing has been decoded
+  mutable bool hasPlainValue_ = false;  // known to need no decoding, once it has been looked at
+  mutable bool hasPlainText_ = false;
   Encoding encoding_ = Encoding::None;
   bool isFolded_ = false;
   bool holdsCard_ = false;

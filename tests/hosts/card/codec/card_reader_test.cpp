@@ -272,5 +272,22 @@ TEST(HostileCards, TakeTimeInProportionToTheirSize) {
   }
 }
 
+TEST(HostileCards, HaveTheirValuesLookedAtOnce) {
+  const std::string plain = repeated("a", 100000);
+  for (const std::string& line :
+       {"X:" + plain, "X:" + plain + "\\n", "X:" + plain + "\n b", "X;ENCODING=b:aaaa" + plain}) {
+    readLine(
+        line,
+        [](const Line& read) {
+          std::size_t size = 0;
+          for (int i = 0; i < 200000; ++i) size += read.value().size() + read.text().size();
+          EXPECT_GT(size, 0U);
+          EXPECT_EQ(read.value().data(), read.value().data());
+          EXPECT_EQ(read.text().data(), read.text().data());
+        },
+        "3.0");
+  }
+}
+
 }  // namespace
 }  // namespace ov::card
