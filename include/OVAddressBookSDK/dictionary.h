@@ -178,9 +178,9 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
   }
   /// An iterator needs a handle that outlives it.
   /// @{
-  const_iterator begin() const&& = delete;
-  const_iterator end() const&& = delete;
-  const_iterator find(const OVStringView& key) const&& = delete;
+  [[nodiscard]] const_iterator begin() const&& = delete;
+  [[nodiscard]] const_iterator end() const&& = delete;
+  [[nodiscard]] const_iterator find(const OVStringView& key) const&& = delete;
   /// @}
 
   /// The value under `key`, null when there is none or the key is null.
@@ -225,6 +225,7 @@ class OVDictionary final : public OVDictionary<const T> {
     this->tableToChange().set(key, value);
   }
   /// Removes the entry; false when there was none, and for null.
+  // NOLINTNEXTLINE(modernize-use-nodiscard): it changes the dictionary
   bool erase(const OVStringView& key) const {
     auto& table = this->tableToChange();
     return !key.isNull() && table.erase(key.view());
@@ -258,7 +259,7 @@ class DictionaryIterator {
     skipRemoved();
   }
 
-  reference operator*() const {
+  reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
     if (dictionary_ == nullptr || index_ >= dictionary_->entries().size()) {
       raisePastTheEnd("OVDictionary");

@@ -1,6 +1,7 @@
 #include "bindings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <unordered_map>
 
@@ -103,7 +104,8 @@ const Catalogue& catalogue() {
 }  // namespace
 
 const OVProperty& Binding::descriptor() const {
-  return *catalogue().descriptors[static_cast<std::size_t>(this - kBindings.data())];
+  const auto position = std::distance(kBindings.data(), this);
+  return *catalogue().descriptors[static_cast<std::size_t>(position)];
 }
 
 bool Binding::understands(std::string_view parameter) const {
