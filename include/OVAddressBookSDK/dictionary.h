@@ -88,9 +88,8 @@ class DictionaryHandle {
   /// The same.
   /// @{
   operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  operator OVRef<OVObject>() && {
-    return std::move(object_);
-  }  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(object_); }
   /// @}
 
   /// Whether both are handles on the same dictionary, or both null.
@@ -261,9 +260,8 @@ class DictionaryIterator {
 
   reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
-    if (dictionary_ == nullptr || index_ >= dictionary_->entries().size()) {
-      raisePastTheEnd("OVDictionary");
-    }
+    const bool isInside = dictionary_ != nullptr && index_ < dictionary_->entries().size();
+    if (!isInside) raisePastTheEnd("OVDictionary");
     const auto& entry = dictionary_->entries()[index_];
     return {entry.key, ov::cast<T>(entry.value)};
   }

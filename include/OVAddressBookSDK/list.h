@@ -68,9 +68,8 @@ class ListHandle {
   /// The same.
   /// @{
   operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  operator OVRef<OVObject>() && {
-    return std::move(object_);
-  }  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(object_); }
   /// @}
 
   /// Whether both are handles on the same list, or both null.

@@ -57,7 +57,7 @@ class PropertyNames {
   /// The slot of the row with this name, or the free one where it would go.
   [[nodiscard]] std::size_t slotOf(std::string_view name) const {
     std::size_t slot = 5 * name.size() + static_cast<unsigned char>(name.front()) +
-                       3 * static_cast<unsigned char>(name.back());
+                       std::size_t{3} * static_cast<unsigned char>(name.back());
     for (slot %= slots_.size(); slots_[slot] != kStandardPropertyCount;
          slot = (slot + 1) % slots_.size()) {
       if (kStandardProperties[slots_[slot]].name.view() == name) break;
