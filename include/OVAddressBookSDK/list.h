@@ -273,7 +273,8 @@ class ListIterator {
   reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
     const auto index = static_cast<std::size_t>(index_);
-    if (list_ == nullptr || index >= list_->items.size()) raisePastTheEnd("OVList");
+    const bool isInside = list_ != nullptr && index < list_->items.size();
+    if (!isInside) raisePastTheEnd("OVList");
     return ov::cast<T>(list_->items[index]);
   }
   // NOLINTNEXTLINE(readability-const-return-type)
