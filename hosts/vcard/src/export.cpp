@@ -98,4 +98,6 @@ OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
   return OVData::dataWithBytesNoCopy(std::as_bytes(std::span(*out)), out);
 }
 
+void registerClasses() { GeneralGroup::registerClass(); }
+
 }  // namespace ov::vcard

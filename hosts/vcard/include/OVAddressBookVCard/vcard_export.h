@@ -19,6 +19,11 @@ namespace ov::vcard {
 /// main one. "Is Organization" comes back as "true" or not at all.
 [[nodiscard]] OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book);
 
+/// Lets blocks that are read from now on bring back all lines of group cards, so that `exportBook`
+/// writes them. Every `OVVCardBook` does so; a program that only exports blocks calls this before it
+/// reads one. May be called again, and from any thread.
+void registerClasses();
+
 /// Writes the bytes as the file at `path`, whole or not at all: to a temporary file beside it, down
 /// to the disk, then renamed. An existing file keeps its mode; a symbolic link stays one, and its
 /// target is replaced. Null data writes an empty file.
