@@ -7,6 +7,7 @@
 OVPersonGeneral::OVPersonGeneral()
     : tags_(ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>())) {}
 
+// cppcheck-suppress virtualCallInConstructor ; it takes the other constructor for the destructor
 OVPersonGeneral::OVPersonGeneral(OVString ID) : OVPersonGeneral() {
   ID_ = ov::detail::TextField(std::move(ID));
 }
