@@ -4,13 +4,17 @@
 
 #include "platform/maker.h"
 
-OVPersonGeneral::OVPersonGeneral()
-    : tags_(ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>())) {}
+namespace {
 
-// cppcheck-suppress virtualCallInConstructor ; it takes the other constructor for the destructor
-OVPersonGeneral::OVPersonGeneral(OVString ID) : OVPersonGeneral() {
-  ID_ = ov::detail::TextField(std::move(ID));
+OVList<OVString> newTags() {
+  return ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>());
 }
+
+}  // namespace
+
+OVPersonGeneral::OVPersonGeneral() : tags_(newTags()) {}
+
+OVPersonGeneral::OVPersonGeneral(OVString ID) : ID_(std::move(ID)), tags_(newTags()) {}
 
 OVList<OVString> OVPersonGeneral::tagArray() const { return tags_; }
 
