@@ -29,8 +29,8 @@ ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass)
 
 ArchiveWriter::Number ArchiveWriter::newClassRecord(ClassEntry& entry) {
   const OVClass& objectClass = *entry.objectClass;
-  std::vector<OVString> names;
-  for (const OVClass* at = &objectClass; at != nullptr; at = at->superclass) {
+  std::vector<OVString> names{objectClass.name};
+  for (const OVClass* at = objectClass.superclass; at != nullptr; at = at->superclass) {
     names.emplace_back(at->name);
   }
   names.emplace_back(archive::kRootClass);
