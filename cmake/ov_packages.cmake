@@ -48,7 +48,7 @@ which CMake and pkg-config find it.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${runtime_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libicu-dev, libsqlite3-dev")
 if(OV_BUILD_VCARD)
-  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS libebook-contacts1.2-dev)
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS libglib2.0-dev)
 endif()
 if(OV_BUILD_TOOLS)
   ov_package(Tools ovbook utils "snapshots of address books on the command line"

@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookVCard/vcard_export.h>
 
 #include "files.h"
 #include "session.h"
@@ -25,6 +26,7 @@ OVDictionary<T> orEmpty(OVDictionary<T> dictionary) {
 }  // namespace
 
 OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
+  ov::vcard::registerClasses();
   OVRef<OVObject> root;
   try {
     root = OVAddressBookGeneral::addressBookWithData(readFile(path));

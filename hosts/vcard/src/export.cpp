@@ -87,6 +87,8 @@ void writeBook(const OVAddressBook& book, std::string& out) {
 
 }  // namespace
 
+void registerClasses() { GeneralGroup::registerClass(); }
+
 OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
   if (book == nullptr) return nullptr;
   const auto out = std::make_shared<std::string>();

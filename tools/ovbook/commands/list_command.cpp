@@ -6,6 +6,7 @@
 #include "output/table.h"
 #include "parser.h"
 #include "session.h"
+#include "show/heading.h"
 
 namespace ovbook {
 
@@ -15,7 +16,7 @@ namespace {
 std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>& person) {
   std::vector<std::string> row{ID.str(), "", "", ""};
   if (person == nullptr) return row;
-  row[1] = person->displayName().str();
+  row[1] = headingOf(ID, *person).main.str();
   if (const auto phone = person->mainPhone()) row[2] = phone->displayString().str();
   if (const auto email = person->mainEmail()) row[3] = email->email().str();
   return row;

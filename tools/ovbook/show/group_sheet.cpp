@@ -6,6 +6,7 @@
 #include "book_file.h"
 #include "output/escape.h"
 #include "show/entry.h"
+#include "show/heading.h"
 
 namespace ovbook {
 
@@ -37,7 +38,7 @@ void printGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group,
   });
   addMembers(table, "Persons", group->persons(), [&](const OVString& personID) -> OVString {
     const auto person = personsOf(book)[personID];
-    return person == nullptr ? nullptr : person->displayName();
+    return person == nullptr ? nullptr : headingOf(personID, *person).main;
   });
   const OVString title = group->title();
   out << printable(title.empty() ? ID : title) << " [group]\n";

@@ -6,19 +6,28 @@
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>
+#include <OVAddressBookVCard/vcard_other.h>
 
 #include "output/escape.h"
+#include "output/lines.h"
 #include "output/table.h"
 #include "show/datum_lines.h"
 #include "show/entry.h"
+#include "show/heading.h"
 
 namespace ovbook {
 
 namespace {
 
+/// Whether both are the same but for capitals and blanks.
 bool isSameWord(const OVString& a, const OVString& b) {
   const auto locale = OVLocale::currentLocale();
-  return locale->lowercase(a) == locale->lowercase(b);
+  const auto letters = [&](const OVString& text) {
+    std::string lower = locale->lowercase(text).str();
+    std::erase(lower, ' ');
+    return lower;
+  };
+  return letters(a) == letters(b);
 }
 
 /// The label's display name, and its name where that says more. A label that only repeats the
@@ -37,6 +46,26 @@ std::string labelText(const OVRef<OVLabel>& label, const OVProperty& property) {
 Entry entryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
   if (value == nullptr) return {"", {"[something that is no value]"}};
   return {labelText(value->label(), property), datumLines(value->value())};
+}
+
+/// An entry of "Other": lines of a card among them read as people would write them.
+Entry otherEntryOf(const ov::vcard::ReadableOther& other) {
+  Entry entry{printable(other.label == OVProPertyOther ? OVString() : other.label), {}};
+  for (const std::string& line : linesOf(other.text)) entry.lines.push_back(printable(line));
+  return entry;
+}
+
+std::vector<Entry> otherEntriesOf(const OVMultipleValue& values, const OVProperty& property) {
+  std::vector<Entry> entries;
+  for (std::uint64_t i = 0; i < values.count(); ++i) {
+    const auto value = values.valueAtIndex(i);
+    if (value == nullptr || ov::cast<OVString>(value->value()).isNull()) {
+      entries.push_back(entryOf(value, property));
+    } else if (const auto other = ov::vcard::readableOther(*value)) {
+      entries.push_back(otherEntryOf(*other));
+    }
+  }
+  return entries;
 }
 
 Entry mainEntryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
@@ -63,18 +92,14 @@ std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& pr
 
 void addValue(Table& table, const OVRef<OVValue>& value, const OVProperty& property) {
   const auto multiple = ov::cast<OVMultipleValue>(value);
+  if (multiple != nullptr && property.name() == OVProPertyOther) {
+    addEntries(table, printable(property.displayName()), otherEntriesOf(*multiple, property));
+    return;
+  }
   addEntries(table, printable(property.displayName()),
              multiple != nullptr
                  ? entriesOf(*multiple, property)
                  : std::vector<Entry>{entryOf(ov::cast<OVSingleValue>(value), property)});
-}
-
-/// The display name, else the company, else the ID.
-OVString headingOf(const OVString& ID, const OVPersonGeneral& person) {
-  if (OVString name = person.displayName(); !name.empty()) return name;
-  const auto company = ov::cast<OVSingleValue>(person.valueByPropertyName(OVProPertyCompany));
-  OVString name = company == nullptr ? OVString() : ov::cast<OVString>(company->value());
-  return name.empty() ? ID : name;
 }
 
 }  // namespace
@@ -93,7 +118,9 @@ void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
     if (value != nullptr) addValue(table, value, *property);
   }
   if (tags != nullptr && !tags.empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
-  out << printable(headingOf(ID, *person)) << '\n';
+  const Heading heading = headingOf(ID, *person);
+  out << printable(heading.main) << '\n';
+  if (!heading.below.empty()) out << printable(heading.below) << '\n';
   table.print(out, "  ");
 }
 
