@@ -1,5 +1,8 @@
 #include "library_book.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include <OVAddressBookSDK/address.h>
 #include <OVAddressBookSDK/date.h>
 #include <OVAddressBookSDK/email.h>
@@ -25,13 +28,8 @@ void setSingle(OVPersonGeneral& person, const OVString& name, const OVRef<OVObje
 OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum, const char* name,
                                      OVValueType type) {
   static const OVString texts[] = {"Mobile", "Work", "Home"};
-  const auto label = OVLabel::init();
-  for (const OVString& text : texts) {
-    if (text != name) continue;
-    label->setName(text);
-    label->setDisplayName(text);
-  }
-  return OVPersonGeneral::singleValueByMacValueLabelType(datum, label, type);
+  return ov::labelled(datum, *std::ranges::find(texts, std::string_view(name), &OVString::view),
+                      type);
 }
 
 OVRef<OVObjectAddress> addressOf(const SamplePerson& sample) {

@@ -7,6 +7,11 @@ target_compile_options(
 # Files that are compiled together see each other's names.
 target_compile_options(
   ov_options INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>)
+# g++ takes what a file of such a bundle keeps to itself for a header's.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(
+    ov_options INTERFACE $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-subobject-linkage>)
+endif()
 # g++ 12 sees overlapping copies inside std::string where there are none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(ov_options INTERFACE -Wno-restrict)

@@ -6,24 +6,17 @@
 #include <string>
 
 // A value is a datum with a type and a label; a property with several values holds a list of them.
-OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum, const char* name,
-                                     OVValueType type) {
-  auto label = OVLabel::init();
-  label->setDisplayName(name);
-  return OVPersonGeneral::singleValueByMacValueLabelType(datum, label, type);
-}
-
 OVRef<OVPersonGeneral> teaTrader() {
   auto person = OVPersonGeneral::initWithID("amara-7");
 
   auto name = OVObjectPersonName::initWithFirstMiddleLast("Amara", nullptr, "Okafor");
-  person->setValueByPropertyName(labelled(name, "name", OVValueTypePersonName), OVProPertyName);
+  person->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
 
   auto phones = OVMutableMultipleValue::init();
-  phones->addValue(
-      labelled(OVObjectPhone::initWithPhoneNumber("+234 1 555 0143"), "office", OVValueTypePhone));
-  phones->addValue(labelled(OVObjectPhone::initWithPhoneNumber("+234 803 555 0110"), "mobile",
-                            OVValueTypePhone));
+  phones->addValue(ov::labelled(OVObjectPhone::initWithPhoneNumber("+234 1 555 0143"), "office",
+                                OVValueTypePhone));
+  phones->addValue(ov::labelled(OVObjectPhone::initWithPhoneNumber("+234 803 555 0110"), "mobile",
+                                OVValueTypePhone));
   phones->setMainValue(phones->valueAtIndex(1));
   person->setValueByPropertyName(phones, OVProPertyPhone);
   return person;

@@ -46,9 +46,8 @@ class StaffList : public OVAddressBook {
     fields >> number >> first >> last >> department;
     auto person = OVPersonGeneral::initWithID("staff-" + number);
     auto name = OVObjectPersonName::initWithFirstMiddleLast(first, nullptr, last);
-    person->setValueByPropertyName(
-        OVPersonGeneral::singleValueByMacValueLabelType(name, nullptr, OVValueTypePersonName),
-        OVProPertyName);
+    person->setValueByPropertyName(ov::labelled(name, nullptr, OVValueTypePersonName),
+                                   OVProPertyName);
     persons_.push_back(person);
     departmentNamed(department)->add(person);
   }

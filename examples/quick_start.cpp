@@ -5,14 +5,10 @@
 int main() {
   auto mira = OVPersonGeneral::initWithID("mira-1");
   auto name = OVObjectPersonName::initWithFirstMiddleLast("Mira", nullptr, "Halonen");
-  mira->setValueByPropertyName(
-      OVPersonGeneral::singleValueByMacValueLabelType(name, nullptr, OVValueTypePersonName),
-      OVProPertyName);
-  auto work = OVLabel::init();
-  work->setDisplayName("work");
+  mira->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
   auto phone = OVObjectPhone::initWithPhoneNumber("+44 20 7946 0018");
   auto phones = OVMutableMultipleValue::init();
-  phones->addValue(OVPersonGeneral::singleValueByMacValueLabelType(phone, work, OVValueTypePhone));
+  phones->addValue(ov::labelled(phone, "work", OVValueTypePhone));
   mira->setValueByPropertyName(phones, OVProPertyPhone);
 
   auto book = OVAddressBookGeneral::init();

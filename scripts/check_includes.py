@@ -21,7 +21,7 @@ BOOKS_OVER_CARDS = ("vcard", "eds")
 PUBLIC_HEADERS = {
     "platform": """atomic data date dictionary export image keyed_archiver keyed_unarchiver list
         locale log notification_center notification_names number object opaque_object text
-        user_defaults version workspace""",
+        text_field text_view user_defaults version workspace""",
     "value": "label multiple_value single_value value value_type",
     "property": "property",
     "contact": "email instant_message person_name phone",

@@ -38,6 +38,8 @@
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/tag_manager.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
+#include <OVAddressBookSDK/text_view.h>
 #include <OVAddressBookSDK/user_defaults.h>
 #include <OVAddressBookSDK/value.h>
 #include <OVAddressBookSDK/value_type.h>

@@ -7,6 +7,8 @@
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A postal address: a country code, and texts under five standard field names.
 ///
@@ -16,25 +18,26 @@ class OV_EXPORT OVObjectAddress : public OVObject {
  public:
   /// No values, no country.
   [[nodiscard]] static OVRef<OVObjectAddress> init();
+  ~OVObjectAddress() override;
 
   /// Null until it is set or an archive supplies one. The getter may run beside the setter.
-  [[nodiscard]] OVString countryCode() const { return countryCode_.load(); }
+  [[nodiscard]] OVString countryCode() const { return countryCode_.load().text(); }
 
   /// Stores the code of the country that `OVCountry::countryWithCode` finds: "fr" for "fr", "us"
   /// for "FR", the current locale's country for null, null for an unknown code. Throws
   /// `std::out_of_range` for null when the locale identifier has no underscore.
-  void setCountryCode(const OVString& code);
+  void setCountryCode(const OVStringView& code);
 
   /// The standard field that stores this one; null for null and for unknown names.
-  [[nodiscard]] static OVString standFieldName(const OVString& fieldName);
+  [[nodiscard]] static OVString standFieldName(const OVStringView& fieldName);
 
   /// The value of the field, never "" when it was set here; null when there is none and for unknown
   /// names.
-  [[nodiscard]] OVString stringValueByFieldName(const OVString& fieldName) const;
+  [[nodiscard]] OVString stringValueByFieldName(const OVStringView& fieldName) const;
 
   /// Stores the value unchanged; "" removes the field's value. Does nothing for a null value or an
   /// unknown name, and nothing in an address whose archive held no values at all.
-  void setStringValueForFieldName(const OVString& value, const OVString& fieldName);
+  void setStringValueForFieldName(const OVString& value, const OVStringView& fieldName);
 
   /// True when both have a country code, and the codes and all values are equal. False for null.
   [[nodiscard]] bool isequalToAddress(const OVRef<OVObjectAddress>& other) const;
@@ -49,11 +52,16 @@ class OV_EXPORT OVObjectAddress : public OVObject {
   void initWithCoder(OVKeyedUnarchiver& coder) override;
 
  protected:
-  OVObjectAddress() = default;
+  OVObjectAddress();
 
  private:
   friend struct ov::detail::Maker;
+  using Values = OVDictionary<OVObject>;
 
-  OVDictionary<OVObject> valueDic_;  // of texts, or what else an archive held
-  OVAtomic<OVString> countryCode_;
+  explicit OVObjectAddress(const Values& values) : valueDic_(values) {}
+  [[nodiscard]] Values values() const { return ov::cast<Values>(valueDic_); }
+
+  // An archive may hold objects of any class, in the place of the dictionary and in it.
+  OVRef<OVObject> valueDic_;
+  OVAtomic<ov::detail::TextField> countryCode_;
 };

@@ -8,6 +8,7 @@
 #include <OVAddressBookSDK/group.h>
 #include <OVAddressBookSDK/image.h>
 #include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/notification_names.h>
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/text.h>

@@ -17,11 +17,14 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
  public:
   /// A new, empty book.
   [[nodiscard]] static OVRef<OVAddressBookGeneral> init();
+  ~OVAddressBookGeneral() override;
   /// The root object of the archive in `data`, whatever its class: `ov::cast<OVAddressBookGeneral>`
   /// tells whether it is a book. Throws `OVInvalidArchive` for data that is no archive, and for
   /// null.
   [[nodiscard]] static OVRef<OVObject> addressBookWithData(const OVRef<OVData>& data);
-  /// The archive with this book as its root object. The same content gives the same bytes.
+  /// The archive with this book as its root object. The same content gives the same bytes. Throws
+  /// `std::invalid_argument` when an object in it cannot be archived, and `std::logic_error` for a
+  /// book that no `OVRef` owns, as one on the stack.
   [[nodiscard]] OVRef<OVData> saveToData() const;
 
   /// Converts the person and keeps the result under its ID, in the place of an earlier one. Null
@@ -33,7 +36,8 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   void addGroup(const OVRef<IOVGroup>& group);
 
   /// Always a new person, with the ID and the very values that `person` has for the properties of
-  /// the standard catalogue; null for null. Tags and values under other names stay behind.
+  /// the standard catalogue; null for null. Tags and values under other names stay behind. What an
+  /// archive held in the place of a value of an `OVPersonGeneral` is taken over, too.
   [[nodiscard]] OVRef<OVPersonGeneral> generalPersonWithPerson(
       const OVRef<IOVPerson>& person) const;
   /// A new group of the IDs of the sub-groups and members of `group`; null for null. Sub-groups are
@@ -43,9 +47,13 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   /// The persons by ID, the groups by the ID of the group they were made from: the live
   /// dictionaries. Null when the book came out of an archive that had none; such a book takes
   /// nothing, in silence.
-  [[nodiscard]] OVDictionary<OVPersonGeneral> personsDic() const { return personDic_; }
+  [[nodiscard]] OVDictionary<OVPersonGeneral> personsDic() const {
+    return ov::cast<OVDictionary<OVPersonGeneral>>(personDic_);
+  }
   /// The same.
-  [[nodiscard]] OVDictionary<OVGroupGeneral> groupsDic() const { return groupDic_; }
+  [[nodiscard]] OVDictionary<OVGroupGeneral> groupsDic() const {
+    return ov::cast<OVDictionary<OVGroupGeneral>>(groupDic_);
+  }
 
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
@@ -55,9 +63,10 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
 
  protected:
   friend struct ov::detail::Maker;
-  OVAddressBookGeneral() = default;
+  OVAddressBookGeneral();
 
  private:
-  OVDictionary<OVPersonGeneral> personDic_;
-  OVDictionary<OVGroupGeneral> groupDic_;
+  // An archive may hold objects of any class: they read as null, are kept and written back.
+  OVRef<OVObject> personDic_;
+  OVRef<OVObject> groupDic_;
 };

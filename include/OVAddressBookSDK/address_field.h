@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// The field names. Each reads as its own name: "OVAddressFieldCity" and so on.
 OV_EXPORT extern const OVString OVAddressFieldCountryOrArea;
@@ -45,7 +46,7 @@ class OV_EXPORT OVAdressField : public OVObject {
   static void checkInitField();
 
   /// The catalogue's field of exactly this name; null for null and for any other name.
-  [[nodiscard]] static OVRef<OVAdressField> fieldWithName(const OVString& name);
+  [[nodiscard]] static OVRef<OVAdressField> fieldWithName(const OVStringView& name);
 
  protected:
   /// `initWithNameDisplayName` makes fields.

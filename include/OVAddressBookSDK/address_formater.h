@@ -5,6 +5,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// Lays out a postal address as its country does.
 ///
@@ -22,16 +23,16 @@ class OV_EXPORT OVAddressFormater : public OVObject {
 
   /// The address on several lines: values of one line are joined by a blank, lines without a value
   /// are left out. Never null.
-  [[nodiscard]] OVString formatStringByCountryCode(const OVString& code) const;
+  [[nodiscard]] OVString formatStringByCountryCode(const OVStringView& code) const;
   /// All values joined by blanks. Never null.
-  [[nodiscard]] OVString stringByCountryCode(const OVString& code) const;
+  [[nodiscard]] OVString stringByCountryCode(const OVStringView& code) const;
 
   /// The layout: lines of fields, the fields being those of the catalogue. The lists are the
   /// caller's own; never null, empty for a null code.
   [[nodiscard]] static OVList<OVList<OVAdressField>> fieldFormaterByCountryCode(
-      const OVString& code);
+      const OVStringView& code);
   /// The fields of the layout in one list, the caller's own; never null, empty for a null code.
-  [[nodiscard]] static OVList<OVAdressField> fieldArrayByCountryCode(const OVString& code);
+  [[nodiscard]] static OVList<OVAdressField> fieldArrayByCountryCode(const OVStringView& code);
 
   /// The layout of `OVCountry::local()`, empty when there is no local country. Throws as that does.
   [[nodiscard]] static OVList<OVList<OVAdressField>> fieldFormaterLocal();

@@ -7,8 +7,25 @@
 
 namespace ov::detail {
 
-/// One lock of a fixed pool, chosen by address.
-[[nodiscard]] OV_EXPORT std::mutex& stripeOf(const void* address);
+/// Holds one lock of a fixed pool, chosen by address. While the process has one thread, there is
+/// nobody to lock out.
+class StripeLock {
+ public:
+  explicit StripeLock(const void* address) : mutex_(stripeOf(address)) {
+    if (mutex_ != nullptr) mutex_->lock();
+  }
+  StripeLock(const StripeLock&) = delete;
+  StripeLock& operator=(const StripeLock&) = delete;
+  ~StripeLock() {
+    if (mutex_ != nullptr) mutex_->unlock();
+  }
+
+ private:
+  /// Null while the process has one thread.
+  [[nodiscard]] OV_EXPORT static std::mutex* stripeOf(const void* address);
+
+  std::mutex* const mutex_;
+};
 
 }  // namespace ov::detail
 
@@ -26,12 +43,12 @@ class OVAtomic {
 
   /// A copy of the whole value, of before or after any `store` beside it.
   [[nodiscard]] T load() const {
-    const std::lock_guard lock(ov::detail::stripeOf(this));
+    const ov::detail::StripeLock lock(this);
     return value_;
   }
   /// Replaces the value.
   void store(T value) {
-    const std::lock_guard lock(ov::detail::stripeOf(this));
+    const ov::detail::StripeLock lock(this);
     std::swap(value_, value);
   }
   /// Stores without the lock: for an owner that no other thread knows yet.

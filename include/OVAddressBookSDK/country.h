@@ -3,6 +3,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A country: a two-letter code and an English name. Immutable.
 ///
@@ -33,18 +34,17 @@ class OV_EXPORT OVCountry : public OVObject {
   /// The country under exactly this code; null asks for the country of the current locale.
   ///
   /// Known codes are lower case. Any other text that is a country code of the platform in upper
-  /// case
-  /// ("DE", or a code without a name) gives the United States; everything else gives null. Throws
-  /// `std::out_of_range` for null when the locale identifier has no underscore.
-  [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVString& code);
+  /// case ("DE", or a code without a name) gives the United States; everything else gives null.
+  /// Throws `std::out_of_range` for null when the locale identifier has no underscore.
+  [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVStringView& code);
 
   /// The English name for a code in any case; null for null and for codes without a name.
-  [[nodiscard]] static OVString countryNameByCode(const OVString& code);
+  [[nodiscard]] static OVString countryNameByCode(const OVStringView& code);
 
   /// Appends a new country to the shared list, even when the code stands there already, and makes
   /// it the one that `countryWithCode` finds: both, or neither when memory runs out. Does nothing
   /// when the code has no name, and nothing before the list was built.
-  static void addCountryByCode(const OVString& code);
+  static void addCountryByCode(const OVStringView& code);
 
   /// Orders the shared list by name, byte by byte; a null name counts as "". Countries of one name
   /// keep their order. Does nothing before the list was built.

@@ -12,6 +12,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 namespace ov::detail {
 
@@ -75,7 +76,7 @@ class DictionaryHandle {
   /// True for null and for a dictionary without entries.
   [[nodiscard]] bool empty() const { return size() == 0; }
   /// Whether there is an entry under `key`; false for null.
-  [[nodiscard]] bool contains(const OVString& key) const { return entryOf(key) != nullptr; }
+  [[nodiscard]] bool contains(const OVStringView& key) const { return entryOf(key) != nullptr; }
   /// Whether archives record the dictionary as immutable. It tells other programs; here it can be
   /// changed all the same.
   [[nodiscard]] bool isImmutable() const { return !isNull() && table().immutable; }
@@ -87,9 +88,8 @@ class DictionaryHandle {
   /// The same.
   /// @{
   operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  operator OVRef<OVObject>() && {
-    return std::move(object_);
-  }  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(object_); }
   /// @}
 
   /// Whether both are handles on the same dictionary, or both null.
@@ -112,8 +112,8 @@ class DictionaryHandle {
     return table();
   }
   /// Null when there is none.
-  [[nodiscard]] const Entry* entryOf(const OVString& key) const {
-    return isNull() || key.isNull() ? nullptr : table().find(key);
+  [[nodiscard]] const Entry* entryOf(const OVStringView& key) const {
+    return isNull() || key.isNull() ? nullptr : table().find(key.view());
   }
 
  private:
@@ -170,25 +170,26 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
     return isNull() ? const_iterator() : const_iterator(table(), table().entries().size());
   }
   /// The entry under `key`; `end()` for null and when there is none.
-  [[nodiscard]] const_iterator find(const OVString& key) const& {
+  [[nodiscard]] const_iterator find(const OVStringView& key) const& {
     const auto* entry = entryOf(key);
     if (entry == nullptr) return end();
     return const_iterator(table(), static_cast<std::size_t>(entry - table().entries().data()));
   }
   /// An iterator needs a handle that outlives it.
   /// @{
-  const_iterator begin() const&& = delete;
-  const_iterator end() const&& = delete;
-  const_iterator find(const OVString& key) const&& = delete;
+  [[nodiscard]] const_iterator begin() const&& = delete;
+  [[nodiscard]] const_iterator end() const&& = delete;
+  [[nodiscard]] const_iterator find(const OVStringView& key) const&& = delete;
   /// @}
 
   /// The value under `key`, null when there is none or the key is null.
-  mapped_type operator[](const OVString& key) const {
+  mapped_type operator[](const OVStringView& key) const {
     const auto* entry = entryOf(key);
     return entry == nullptr ? mapped_type() : ov::cast<T>(entry->value);
   }
 
  protected:
+  /// On a dictionary object, or null.
   explicit OVDictionary(OVRef<OVObject> dictionary) : DictionaryHandle(std::move(dictionary)) {}
 
  private:
@@ -223,9 +224,10 @@ class OVDictionary final : public OVDictionary<const T> {
     this->tableToChange().set(key, value);
   }
   /// Removes the entry; false when there was none, and for null.
-  bool erase(const OVString& key) const {
+  // NOLINTNEXTLINE(modernize-use-nodiscard): it changes the dictionary
+  bool erase(const OVStringView& key) const {
     auto& table = this->tableToChange();
-    return !key.isNull() && table.erase(key);
+    return !key.isNull() && table.erase(key.view());
   }
   /// Removes all entries.
   void clear() const { this->tableToChange().clear(); }
@@ -256,11 +258,10 @@ class DictionaryIterator {
     skipRemoved();
   }
 
-  reference operator*() const {
+  reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
-    if (dictionary_ == nullptr || index_ >= dictionary_->entries().size()) {
-      raisePastTheEnd("OVDictionary");
-    }
+    const bool isInside = dictionary_ != nullptr && index_ < dictionary_->entries().size();
+    if (!isInside) raisePastTheEnd("OVDictionary");
     const auto& entry = dictionary_->entries()[index_];
     return {entry.key, ov::cast<T>(entry.value)};
   }
@@ -302,8 +303,7 @@ struct Handle<OVDictionary<T>> {
 template <class T>
 struct Cast<OVDictionary<T>> {
   static OVDictionary<T> from(const OVRef<OVObject>& object) {
-    return dynamic_cast<const DictionaryObject*>(object.get()) == nullptr ? OVDictionary<T>()
-                                                                          : OVDictionary<T>(object);
+    return isOfClass<DictionaryObject>(object) ? OVDictionary<T>(object) : OVDictionary<T>();
   }
 };
 

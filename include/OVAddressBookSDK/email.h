@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// An e-mail address as the user typed it. Immutable; any thread may read it.
 class OV_EXPORT OVObjectEmail : public OVObject {
@@ -10,11 +11,12 @@ class OV_EXPORT OVObjectEmail : public OVObject {
   [[nodiscard]] static OVRef<OVObjectEmail> initWithEmail(const OVString& email);
 
   /// Null only when an archive held none.
-  [[nodiscard]] OVString email() const { return email_; }
+  [[nodiscard]] OVString email() const { return email_.text(); }
 
   /// True when the address holds exactly one "@"; nothing else is looked at.
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`. The initialisers have done so already.
+  /// Works out `valid`, which the initialisers have done already: the address never changes, and
+  /// this changes nothing.
   void initValid();
 
   /// Hands "mailto:" and the address as it stands to the shared workspace. Does nothing for an
@@ -30,8 +32,10 @@ class OV_EXPORT OVObjectEmail : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectEmail() = default;
+  /// For a class that derives from this one; null reads as null.
+  explicit OVObjectEmail(const OVString& email);
 
  private:
-  OVString email_;
+  ov::detail::TextField email_;
   bool valid_ = false;
 };

@@ -3,6 +3,7 @@
 #include <OVAddressBookSDK/atomic.h>
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// The library's own record of a group: a title, and the IDs of its sub-groups and members.
 ///
@@ -20,15 +21,19 @@ class OV_EXPORT OVGroupGeneral : public OVObject {
   /// Does not move the group in its book's dictionary.
   void setID(OVString ID) { ID_.store(std::move(ID)); }
   /// The name to be shown.
-  [[nodiscard]] OVString title() const { return title_.load(); }
+  [[nodiscard]] OVString title() const { return title_.load().text(); }
   /// Null leaves the group without a title.
-  void setTitle(OVString title) { title_.store(std::move(title)); }
+  void setTitle(OVString title) { title_.store(ov::detail::TextField(std::move(title))); }
   /// The IDs of the groups directly inside this one, in order.
-  [[nodiscard]] OVList<OVString> subArray() const { return subArray_.load(); }
+  [[nodiscard]] OVList<OVString> subArray() const {
+    return ov::cast<OVList<OVString>>(subArray_.load());
+  }
   /// Keeps the list given; null leaves none.
   void setSubArray(OVList<OVString> subArray) { subArray_.store(std::move(subArray)); }
   /// The IDs of the members, in order.
-  [[nodiscard]] OVList<OVString> persons() const { return persons_.load(); }
+  [[nodiscard]] OVList<OVString> persons() const {
+    return ov::cast<OVList<OVString>>(persons_.load());
+  }
   /// Keeps the list given; null leaves none.
   void setPersons(OVList<OVString> persons) { persons_.store(std::move(persons)); }
   /// The host's own object; never archived.
@@ -48,8 +53,9 @@ class OV_EXPORT OVGroupGeneral : public OVObject {
 
  private:
   OVAtomic<OVString> ID_;
-  OVAtomic<OVString> title_;
-  OVAtomic<OVList<OVString>> subArray_;
-  OVAtomic<OVList<OVString>> persons_;
+  // An archive may hold objects of any class: they read as null, are kept and written back.
+  OVAtomic<ov::detail::TextField> title_;
+  OVAtomic<OVRef<OVObject>> subArray_;
+  OVAtomic<OVRef<OVObject>> persons_;
   OVAtomic<OVRef<OVObject>> extend_;
 };

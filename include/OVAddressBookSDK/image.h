@@ -10,7 +10,7 @@ class OV_EXPORT OVImage final : public OVObject {
   [[nodiscard]] static OVRef<OVImage> imageWithData(OVRef<OVData> data);
 
   /// The encoded image; null only when an archive held none.
-  [[nodiscard]] const OVRef<OVData>& data() const { return data_; }
+  [[nodiscard]] OVRef<OVData> data() const { return data_; }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

@@ -4,6 +4,8 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
+#include <OVAddressBookSDK/text_view.h>
 
 /// A messaging service: a stable key, which archives store, and a name to show. Immutable; any
 /// thread may read it.
@@ -22,7 +24,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
 
   /// The supported service with exactly this key. For any other name, null included: a new
   /// descriptor that has it as key and as display name. Never null.
-  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithName(const OVString& name);
+  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithName(const OVStringView& name);
 
   /// The first supported service shown under this name, whatever the case of its letters. For any
   /// other name, null included: a new descriptor that has it as key and as display name. Never
@@ -35,7 +37,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
       const OVString& displayName);
 
   /// The key under which accounts store the service, such as "AIMInstant".
-  [[nodiscard]] OVString name() const { return name_; }
+  [[nodiscard]] OVString name() const { return name_.text(); }
   /// What is shown for the service.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
@@ -48,8 +50,14 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
 
  private:
   friend struct ov::detail::Maker;
+  friend class OVObjectInstantMessage;
 
-  OVString name_;
+  /// What an account has stored in the place of a key, when that is no text.
+  explicit OVInstantMessageServer(ov::detail::TextField name);
+  [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithStoredName(
+      ov::detail::TextField name);
+
+  ov::detail::TextField name_;
   OVString displayName_;
 };
 
@@ -61,7 +69,7 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
       OVString userName, OVRef<OVInstantMessageServer> server);
 
   /// The name on the service, as it was given or archived; may be null.
-  [[nodiscard]] OVString userName() const { return userName_; }
+  [[nodiscard]] OVString userName() const { return userName_.text(); }
   /// Never null in an account that was read from an archive: without a stored key it is a
   /// descriptor without key and display name.
   [[nodiscard]] OVRef<OVInstantMessageServer> server() const { return server_; }
@@ -74,10 +82,12 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
 
  protected:
   OVObjectInstantMessage() = default;
+  /// For a class that derives from this one: keeps both as they are, null included.
+  OVObjectInstantMessage(OVString userName, OVRef<OVInstantMessageServer> server);
 
  private:
   friend struct ov::detail::Maker;
 
-  OVString userName_;
+  ov::detail::TextField userName_;
   OVRef<OVInstantMessageServer> server_;
 };

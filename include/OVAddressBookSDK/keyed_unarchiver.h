@@ -18,6 +18,7 @@ class DictionaryObject;
 class ListObject;
 class ArchiveReader;
 struct ArchiveFields;
+class TextField;
 }  // namespace ov::detail
 
 /// A data block that is no keyed archive, is damaged, or is made to do harm. The message says what
@@ -92,6 +93,7 @@ class OV_EXPORT OVKeyedUnarchiver {
   friend class ov::detail::DictionaryObject;
   friend class ov::detail::ListObject;
   friend class ov::detail::ArchiveReader;
+  friend class ov::detail::TextField;
   OVKeyedUnarchiver(ov::detail::ArchiveReader& reader, const ov::detail::ArchiveFields& fields)
       : reader_(reader), fields_(fields) {}
 

@@ -3,6 +3,7 @@
 #include <OVAddressBookSDK/atomic.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// Says what a datum is to the user: home, work, ... A label may be shared by many values; a change
 /// shows in all of them. Two labels are the same only if they are the same object.
@@ -14,13 +15,15 @@ class OV_EXPORT OVLabel : public OVObject {
   [[nodiscard]] static OVRef<OVLabel> init();
 
   /// The label's key; may be null.
-  [[nodiscard]] OVString name() const { return name_.load(); }
+  [[nodiscard]] OVString name() const { return name_.load().text(); }
   /// Null takes the name away.
-  void setName(OVString name) { name_.store(std::move(name)); }
+  void setName(OVString name) { name_.store(ov::detail::TextField(std::move(name))); }
   /// The text shown to the user; may be null.
-  [[nodiscard]] OVString displayName() const { return displayName_.load(); }
+  [[nodiscard]] OVString displayName() const { return displayName_.load().text(); }
   /// Null takes the display name away.
-  void setDisplayName(OVString displayName) { displayName_.store(std::move(displayName)); }
+  void setDisplayName(OVString displayName) {
+    displayName_.store(ov::detail::TextField(std::move(displayName)));
+  }
 
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
@@ -33,6 +36,6 @@ class OV_EXPORT OVLabel : public OVObject {
   OVLabel() = default;
 
  private:
-  OVAtomic<OVString> name_;
-  OVAtomic<OVString> displayName_;
+  OVAtomic<ov::detail::TextField> name_;
+  OVAtomic<ov::detail::TextField> displayName_;
 };

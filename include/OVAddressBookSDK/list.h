@@ -68,9 +68,8 @@ class ListHandle {
   /// The same.
   /// @{
   operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  operator OVRef<OVObject>() && {
-    return std::move(object_);
-  }  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(object_); }
   /// @}
 
   /// Whether both are handles on the same list, or both null.
@@ -145,8 +144,8 @@ class OVList<const T> : public ov::detail::ListHandle {
   [[nodiscard]] const_iterator end() const& { return at(size()); }
   /// An iterator needs a handle that outlives it.
   /// @{
-  const_iterator begin() const&& = delete;
-  const_iterator end() const&& = delete;
+  [[nodiscard]] const_iterator begin() const&& = delete;
+  [[nodiscard]] const_iterator end() const&& = delete;
   /// @}
 
   /// The element at a position: the first, the last or any.
@@ -163,11 +162,12 @@ class OVList<const T> : public ov::detail::ListHandle {
   [[nodiscard]] const_iterator find(const value_type& value) const& {
     return at(positionOf(value));
   }
-  const_iterator find(const value_type& value) const&& = delete;
+  [[nodiscard]] const_iterator find(const value_type& value) const&& = delete;
   /// Whether the element is in the list.
   [[nodiscard]] bool contains(const value_type& value) const { return positionOf(value) < size(); }
 
  protected:
+  /// On a list object, or null.
   explicit OVList(OVRef<OVObject> list) : ListHandle(std::move(list)) {}
 
  private:
@@ -225,6 +225,7 @@ class OVList final : public OVList<const T> {
   /// Removes the element at `index`.
   void erase(std::size_t index) const { this->arrayToChange().erase(index); }
   /// Removes every element equal to `value`; returns how many there were.
+  // NOLINTNEXTLINE(modernize-use-nodiscard): it changes the list
   std::size_t remove(const value_type& value) const {
     auto& array = this->arrayToChange();
     const std::size_t removed = std::erase_if(array.items, [&value](const OVRef<OVObject>& item) {
@@ -269,12 +270,14 @@ class ListIterator {
   ListIterator(const ListObject& list, std::size_t index)
       : list_(&list), index_(static_cast<difference_type>(index)), changes_(list.changes) {}
 
-  reference operator*() const {
+  reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
     const auto index = static_cast<std::size_t>(index_);
-    if (list_ == nullptr || index >= list_->items.size()) raisePastTheEnd("OVList");
+    const bool isInside = list_ != nullptr && index < list_->items.size();
+    if (!isInside) raisePastTheEnd("OVList");
     return ov::cast<T>(list_->items[index]);
   }
+  // NOLINTNEXTLINE(readability-const-return-type)
   reference operator[](difference_type n) const { return *(*this + n); }
   ListIterator& operator++() {
     checkUnchanged();
@@ -313,13 +316,13 @@ struct Handle<OVList<T>> {
 template <class T>
 struct Cast<OVList<T>> {
   static OVList<T> from(const OVRef<OVObject>& object) {
-    return dynamic_cast<const ListObject*>(object.get()) == nullptr ? OVList<T>()
-                                                                    : OVList<T>(object);
+    return isOfClass<ListObject>(object) ? OVList<T>(object) : OVList<T>();
   }
 };
 
 }  // namespace ov::detail
 
+/// @cond
 template <class T>
 OVList<T> OVList<const T>::copy() const {
   if (isNull()) return nullptr;
@@ -327,3 +330,4 @@ OVList<T> OVList<const T>::copy() const {
   made.array().items = array().items;
   return made;
 }
+/// @endcond

@@ -12,7 +12,13 @@
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/value.h>
 
+class OVMultipleValue;
 class OVMutableMultipleValue;
+
+template <>
+struct ov::detail::Usual<OVMultipleValue> {
+  using type = OVMutableMultipleValue;
+};
 
 /// The position reported when nothing is found.
 inline constexpr std::uint64_t OVNotFound = 9223372036854775807U;
@@ -55,12 +61,18 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   /// The class under which objects are archived.
   [[nodiscard]] static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override;
+  void encodeWithCoder(OVKeyedArchiver& coder) const override;
 
  protected:
   friend struct ov::detail::Maker;
-  OVMultipleValue() = default;
+  OVMultipleValue() { storeType(OVValueTypeMultiple); }
 
-  [[nodiscard]] OVRef<OVValue> copyValue() const override;
+  /// What every copy of this value is made from: a new value that gets the elements. Override it so
+  /// that copies keep a class and the fields that it adds; null counts as an
+  /// `OVMutableMultipleValue`.
+  [[nodiscard]] virtual OVRef<OVMutableMultipleValue> newCopy() const;
+
+  [[nodiscard]] OVRef<OVValue> copyValue() const final;
 };
 
 /// An ordered list of single values of one type, learned from the main value.
@@ -68,8 +80,9 @@ class OV_EXPORT OVMultipleValue : public OVValue {
 /// Bad input is refused in silence: null, a value without datum, a position past the end, an
 /// element that is not there. The same object may stand in the list more than once.
 ///
-/// A multiple value that was archived empty comes back without any list: nothing can be added to
-/// it, and `indexOfValue` answers 0 for every value but null.
+/// A multiple value that was archived empty comes back without any list. It stays empty: `addValue`
+/// makes the value the main value, when there is none, but puts it nowhere; `indexOfValue` gives 0
+/// for every value but null; archived again, it is empty again.
 class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
  public:
   /// A new, empty multiple value.
@@ -88,7 +101,7 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   [[nodiscard]] OVList<OVString> allLabelName() const override;
 
   /// Appends `value`, which becomes the main value when there is none. Refused when its type is not
-  /// that of the main value.
+  /// that of the main value. Without a list it can only become the main value.
   void addValue(const OVRef<OVSingleValue>& value);
   /// Unconditional: the value need not be in the list. Null leaves no main value.
   void setMainValue(const OVRef<OVSingleValue>& value);
@@ -115,7 +128,8 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
  private:
   [[nodiscard]] bool isMain(const OVRef<OVObject>& element) const;
 
-  // An archive may hold objects of any class: they read as null, are kept and written back.
+  // An archive may hold objects of any class: they read as null, are kept and written back. Without
+  // a list, what stood in its place is all that is here.
   bool hasList_ = true;
   std::vector<OVRef<OVObject>> elements_;
   OVAtomic<OVRef<OVObject>> mainValue_;
@@ -165,7 +179,7 @@ class OVMultipleValueIterator {
 /// alive. Null counts as empty.
 /// @{
 template <std::derived_from<OVMultipleValue> T>
-OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple) {
+OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple OV_LIFETIMEBOUND) {
   return OVMultipleValueIterator(multiple.get());
 }
 template <std::derived_from<OVMultipleValue> T>

@@ -16,5 +16,6 @@ OV_EXPORT extern const OVString OVChangeNameNotification_PersonKey;
 OV_EXPORT extern const OVString OVChangeNameNotification_PhoneKey;
 OV_EXPORT extern const OVString OVChangeNameNotification_EmailKey;
 
-/// Posted by the library, without object and user information, on every change of the name order.
+/// Posted by the library, without object and user information, on every call of
+/// `OVAddressBook::setlastNameInFront`, also when the name order stays what it was.
 OV_EXPORT extern const OVString OV_LastNmaeFrontChange_notification;

@@ -20,7 +20,7 @@ class OV_EXPORT OVNumber final : public OVObject {
   /// @}
 
   /// The number as the kind that it is held as.
-  [[nodiscard]] const Value& value() const { return value_; }
+  [[nodiscard]] Value value() const { return value_; }
   /// False for zero.
   [[nodiscard]] bool boolValue() const;
   /// Rounded towards zero; the nearest end of the range when it does not fit; 0 for not-a-number.

@@ -65,13 +65,25 @@ namespace ov {
 
 namespace detail {
 
+/// Whether the object is of this very class, not of one that derives from it; false for null.
+template <class T>
+bool isOfClass(const OVRef<OVObject>& object) {
+  if (object == nullptr) return false;
+  const OVObject& target = *object;
+  return typeid(target) == typeid(T);
+}
+
+/// The class that most objects which are read as a T are of. Specialised for read-only classes.
+template <class T>
+struct Usual {
+  using type = T;
+};
+
 /// How a reference to any object is read as a T. Specialised for types with a handle of their own.
 template <class T>
 struct Cast {
   static OVRef<T> from(const OVRef<OVObject>& object) {
-    if (object == nullptr) return nullptr;
-    OVObject& target = *object;
-    if (typeid(target) == typeid(T)) return std::static_pointer_cast<T>(object);
+    if (isOfClass<typename Usual<T>::type>(object)) return std::static_pointer_cast<T>(object);
     return std::dynamic_pointer_cast<T>(object);
   }
 };

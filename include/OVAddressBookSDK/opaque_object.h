@@ -52,13 +52,18 @@ class OV_EXPORT OVOpaqueObject final : public OVObject {
   ~OVOpaqueObject() override;
 
   /// The name under which the object was recorded.
-  [[nodiscard]] const OVString& className() const { return className_; }
-  /// The class and its superclasses, nearest first; empty when the archive named none.
-  [[nodiscard]] const std::vector<OVString>& classes() const { return classes_; }
+  [[nodiscard]] OVString className() const { return className_; }
+  /// The class and its superclasses, nearest first; empty when the archive named none. Like the
+  /// next two, valid while the object lives.
+  [[nodiscard]] const std::vector<OVString>& classes() const OV_LIFETIMEBOUND { return classes_; }
   /// Names of classes that may stand in for this one; mostly empty.
-  [[nodiscard]] const std::vector<OVString>& classHints() const { return classHints_; }
+  [[nodiscard]] const std::vector<OVString>& classHints() const OV_LIFETIMEBOUND {
+    return classHints_;
+  }
   /// The fields in the archive's order.
-  [[nodiscard]] const std::vector<OVOpaqueField>& fields() const { return fields_; }
+  [[nodiscard]] const std::vector<OVOpaqueField>& fields() const OV_LIFETIMEBOUND {
+    return fields_;
+  }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;

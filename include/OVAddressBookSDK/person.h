@@ -7,6 +7,7 @@
 #include <OVAddressBookSDK/phone.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 #include <OVAddressBookSDK/value.h>
 
 /// What every person presents: a bag of values, one per property name. Hosts derive from it.
@@ -26,7 +27,7 @@ class OV_EXPORT IOVPerson : public OVObject {
   /// The value itself, shared, not a copy; null when there is none.
   [[nodiscard]] virtual OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const = 0;
   /// The same by the property's name, which may be one that the catalogue does not have.
-  [[nodiscard]] virtual OVRef<OVValue> valueByPropertyName(const OVString& name) const = 0;
+  [[nodiscard]] virtual OVRef<OVValue> valueByPropertyName(const OVStringView& name) const = 0;
   /// Gives the person a value under a property.
   virtual void setValueByProperty(const OVRef<OVValue>& value,
                                   const OVRef<OVProperty>& property) = 0;

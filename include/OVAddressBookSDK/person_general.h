@@ -5,6 +5,7 @@
 #include <OVAddressBookSDK/atomic.h>
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/single_value.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// The library's own person: an ID and a bag of values by property name.
 ///
@@ -17,7 +18,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] static OVRef<OVPersonGeneral> initWithID(const OVString& ID);
   ~OVPersonGeneral() override;
 
-  [[nodiscard]] OVString ID() const override { return ID_; }
+  [[nodiscard]] OVString ID() const override { return ID_.text(); }
   /// Always "": the person does not know its book.
   [[nodiscard]] OVString addressBookID() const override;
   /// The `displayString` of the name object under "Name"; "" without one.
@@ -26,7 +27,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// Null for a null property.
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
   /// Null when there is none, and for a null name.
-  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
+  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
   /// Replaces an earlier value. Does nothing when value or property is null: a value can be
   /// replaced, never removed.
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
@@ -40,13 +41,13 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] OVRef<OVObjectPhone> mainPhone() const override;
   [[nodiscard]] OVRef<OVObjectEmail> mainEmail() const override;
   /// The main value of the multiple value under `name`; null when there is none.
-  [[nodiscard]] OVRef<OVSingleValue> mainValueForProPertyName(const OVString& name) const;
+  [[nodiscard]] OVRef<OVSingleValue> mainValueForProPertyName(const OVStringView& name) const;
   /// The datum of that main value; null when there is none.
-  [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVString& name) const;
+  [[nodiscard]] OVRef<OVObject> valueOfMainValueForProPertyName(const OVStringView& name) const;
 
   /// Always a new empty list: membership lives in the groups.
   [[nodiscard]] OVList<IOVGroup> groups() const override;
-  /// A new list, in no particular order, of the catalogue's properties that have a value.
+  /// A new list, in no particular order, of the catalogue's properties whose value is not null.
   [[nodiscard]] OVList<OVProperty> notNullValueProperty() const override;
 
   /// The live list: a change of it is a change of the person. Never null.
@@ -93,16 +94,24 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
  protected:
   friend struct ov::detail::Maker;
+  /// A person without values and tags, and without an ID or with the one given, null included.
+  /// @{
   OVPersonGeneral();
+  explicit OVPersonGeneral(OVString ID);
+  /// @}
 
  private:
+  friend class OVAddressBookGeneral;
   struct Entry {
     OVString name;
     // An archive may hold an object of any class: it reads as null, is kept and written back.
     OVRef<OVObject> value;
   };
 
-  OVString ID_;
+  void takeWhatReadsAsNull(const OVPersonGeneral& source);
+  void setObject(OVRef<OVObject> object, const OVString& name);
+
+  ov::detail::TextField ID_;
   std::vector<Entry> entries_;
   OVList<OVString> tags_;
   OVAtomic<OVRef<OVObject>> extend_;

@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// A person's structured name. Immutable; any thread may read it.
 ///
@@ -17,9 +18,9 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
 
   /// The part as it was given or archived; may be null.
   /// @{
-  [[nodiscard]] OVString first() const { return first_; }
-  [[nodiscard]] OVString middle() const { return middle_; }
-  [[nodiscard]] OVString last() const { return last_; }
+  [[nodiscard]] OVString first() const { return first_.text(); }
+  [[nodiscard]] OVString middle() const { return middle_.text(); }
+  [[nodiscard]] OVString last() const { return last_.text(); }
   /// @}
 
   /// The parts that are not null, with single spaces between them, in the order that
@@ -40,9 +41,11 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectPersonName() = default;
+  /// For a class that derives from this one: each part goes through `standString`.
+  OVObjectPersonName(const OVString& first, const OVString& middle, const OVString& last);
 
  private:
-  OVString first_;
-  OVString middle_;
-  OVString last_;
+  ov::detail::TextField first_;
+  ov::detail::TextField middle_;
+  ov::detail::TextField last_;
 };

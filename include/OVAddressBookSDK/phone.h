@@ -2,6 +2,7 @@
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_field.h>
 
 /// A telephone number as the user typed it. Immutable; any thread may read it.
 class OV_EXPORT OVObjectPhone : public OVObject {
@@ -10,14 +11,15 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   [[nodiscard]] static OVRef<OVObjectPhone> initWithPhoneNumber(const OVString& phoneNumber);
 
   /// Null only when an archive held none.
-  [[nodiscard]] OVString phoneNumber() const { return phoneNumber_; }
+  [[nodiscard]] OVString phoneNumber() const { return phoneNumber_.text(); }
   /// The number as it stands.
-  [[nodiscard]] OVString displayString() const { return phoneNumber_; }
+  [[nodiscard]] OVString displayString() const { return phoneNumber(); }
 
   /// True when there is nothing in the number but digits, spaces, no-break spaces, parentheses, "+"
   /// and "-". The test looks at the low byte of each UTF-16 code unit: U+0130 counts as "0".
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`. The initialisers have done so already.
+  /// Works out `valid`, which the initialisers have done already: the number never changes, and
+  /// this changes nothing.
   void initValid();
 
   /// These three answer `valid`.
@@ -47,8 +49,10 @@ class OV_EXPORT OVObjectPhone : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectPhone() = default;
+  /// For a class that derives from this one; null reads as null.
+  explicit OVObjectPhone(const OVString& phoneNumber);
 
  private:
-  OVString phoneNumber_;
+  ov::detail::TextField phoneNumber_;
   bool valid_ = true;
 };

@@ -3,6 +3,7 @@
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 #include <OVAddressBookSDK/value_type.h>
 
 /// @name The names of properties
@@ -49,7 +50,7 @@ class OV_EXPORT OVProperty final : public OVObject {
   /// The same descriptors by name: the same dictionary on every call.
   [[nodiscard]] static OVDictionary<const OVProperty> StandardPropertyDictionary();
   /// Null for null and for a name that is not in the catalogue.
-  [[nodiscard]] static OVRef<OVProperty> propertyWithName(const OVString& name);
+  [[nodiscard]] static OVRef<OVProperty> propertyWithName(const OVStringView& name);
   /// Writes the line "aa" to the system log, for diagnosis.
   static void testAddress();
 
@@ -57,9 +58,10 @@ class OV_EXPORT OVProperty final : public OVObject {
   [[nodiscard]] OVString name() const { return name_; }
   /// The text shown to the user; for many properties the same text object as the name.
   [[nodiscard]] OVString displayName() const { return displayName_; }
-  /// What single values of the property hold.
+  /// What a person's value of the property is: the type of its datum, or `OVValueTypeMultiple` for
+  /// the eight properties that hold several values.
   [[nodiscard]] OVValueType valueType() const { return valueType_; }
-  /// The type of the entries of a multi-valued property; 0 for every other.
+  /// The type of the entries of those eight; 0 for every other property.
   [[nodiscard]] OVValueType subValueType() const { return subValueType_; }
   /// The display name.
   [[nodiscard]] OVString description() const { return displayName_; }

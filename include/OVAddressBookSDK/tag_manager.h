@@ -51,8 +51,8 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   };
 
   /// The manager stored under the ID, or a new, empty one when nothing is stored there or the
-  /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive` when
-  /// what is stored is no archive, and leaves it as it is.
+  /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive`, which
+  /// names the ID, when what is stored is no archive, and leaves it as it is.
   [[nodiscard]] static OVRef<OVTagManager> tagManagerWithID(const OVString& tagID);
 
   /// An empty manager without an ID. It cannot be saved before it gets one.
@@ -108,7 +108,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   void initWithCoder(OVKeyedUnarchiver& coder) override;
 
  protected:
-  OVTagManager() = default;
+  OVTagManager();
 
  private:
   friend struct ov::detail::Maker;

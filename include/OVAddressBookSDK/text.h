@@ -7,21 +7,25 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
 
+#include <OVAddressBookSDK/export.h>
 #include <OVAddressBookSDK/object.h>
 
 class OVString;
+class OVStringView;
 
 namespace ov::detail {
 
 class ArchiveReader;
 class ArchiveSlot;
 class ArchiveWriter;
+class TextField;
 
 /// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
 class OV_EXPORT TextObject : public OVObject {
@@ -38,6 +42,9 @@ class OV_EXPORT TextObject : public OVObject {
     if (!isConstant() && count(-1, std::memory_order_acq_rel) == 1) destroy();
   }
 
+  /// False for what a `TextField` holds in the place of a text.
+  [[nodiscard]] bool isText() const { return size_ != kNoText; }
+
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
 
   /// True when more than one handle holds the text.
@@ -48,10 +55,12 @@ class OV_EXPORT TextObject : public OVObject {
   /// The object as a text; null when it is null or something else.
   [[nodiscard]] static inline const TextObject* of(const OVObject* object);
 
-  /// A new text with one reference. `wellFormed` is not checked.
-  static TextObject* make(std::string_view wellFormed);
+  /// A new text of these pieces, with one reference. That they are well-formed is not checked.
+  static TextObject* make(std::span<const std::string_view> wellFormed);
 
  protected:
+  static constexpr std::uint32_t kNoText = ~std::uint32_t{0};
+
   constexpr explicit TextObject(std::uint32_t references, std::uint32_t size)
       : references_(references), size_(size) {}
 
@@ -101,6 +110,9 @@ inline const char* TextObject::data() const {
                       : reinterpret_cast<const char*>(this) + sizeof(TextObject);
 }
 
+/// A new text of these pieces. That they are well-formed is not checked.
+[[nodiscard]] OVString joined(std::span<const std::string_view> wellFormed);
+
 }  // namespace ov::detail
 
 template <class T>
@@ -124,6 +136,8 @@ class OV_EXPORT OVString {
   OVString(std::string_view text);  // NOLINT(google-explicit-constructor)
   OVString(const std::string& text) : OVString(std::string_view(text)) {}  // NOLINT
   /// @}
+  /// The text that was looked at, to be kept: shared where it is an `OVString`'s, else a new one.
+  explicit OVString(const OVStringView& text);
   /// A string over static storage; costs no allocation, ever.
   constexpr explicit OVString(const ov::detail::TextConstant& constant) : text_(&constant) {}
 
@@ -153,17 +167,20 @@ class OV_EXPORT OVString {
   /// False for null, true for "".
   explicit operator bool() const { return text_ != nullptr; }
 
-  /// The text; "" for null. Valid while some copy of this string lives.
-  [[nodiscard]] std::string_view view() const {
+  /// The text; "" for null. Valid while some copy of this string lives: clang warns when a view of
+  /// a temporary is kept.
+  [[nodiscard]] std::string_view view() const OV_LIFETIMEBOUND {
     return text_ == nullptr ? std::string_view("", 0)
                             : std::string_view(text_->data(), text_->size());
   }
   /// The same.
-  operator std::string_view() const { return view(); }  // NOLINT(google-explicit-constructor)
+  operator std::string_view() const OV_LIFETIMEBOUND {  // NOLINT(google-explicit-constructor)
+    return view();
+  }
   /// A copy of the text; "" for null.
   [[nodiscard]] std::string str() const { return std::string(view()); }
   /// The text, ended by a NUL; "" for null. A text may hold NULs of its own.
-  [[nodiscard]] const char* c_str() const { return view().data(); }
+  [[nodiscard]] const char* c_str() const OV_LIFETIMEBOUND { return view().data(); }
   /// Bytes of UTF-8; 0 for null.
   [[nodiscard]] std::size_t size() const { return text_ == nullptr ? 0 : text_->size(); }
   /// True for null and for "".
@@ -198,6 +215,8 @@ class OV_EXPORT OVString {
   friend class ov::detail::ArchiveReader;
   friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
+  friend class ov::detail::TextField;
+  friend OVString ov::detail::joined(std::span<const std::string_view> wellFormed);
   explicit OVString(const ov::detail::TextObject* adopted) : text_(adopted) {}
 
   const ov::detail::TextObject* text_ = nullptr;

@@ -34,8 +34,12 @@ class OV_EXPORT OVValue : public OVObject {
   /// What `copy` and `mutableCopy` answer. Never null.
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
-  /// Sets what `type` gives.
+  /// Sets what `type` gives, unless a class says otherwise.
   void storeType(OVValueType type) { type_.store(type, std::memory_order_relaxed); }
+  /// What was set or archived.
+  [[nodiscard]] OVValueType storedType() const { return type_.load(std::memory_order_relaxed); }
+  /// Writes the field that every value has.
+  static void encodeType(OVKeyedArchiver& coder, OVValueType type);
 
  private:
   std::atomic<OVValueType> type_ = OVValueTypeString;

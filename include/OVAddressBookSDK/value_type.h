@@ -3,7 +3,8 @@
 #include <cstdint>
 
 /// What a value carries. A plain number, part of the stored format: any 32-bit code is kept, and
-/// nothing compares it with the class of the datum. 1, 2 and 4 are not assigned.
+/// nothing compares it with the class of the datum. 1, 2 and 4 are not assigned. A code without a
+/// name is written `static_cast<OVValueType>(14)`.
 enum OVValueType : std::int32_t {
   OVValueTypeString = 0,           ///< a text, `OVString`
   OVValueTypeDate = 3,             ///< a date, `OVDate`

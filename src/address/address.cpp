@@ -4,17 +4,21 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/country.h>
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "address/field_table.h"
+#include "platform/dispose.h"
 #include "platform/maker.h"
 
 using ov::detail::FieldNumber;
 using ov::detail::kFieldNames;
 using ov::detail::kFieldTable;
+using ov::detail::Maker;
+using ov::detail::TextField;
 
 namespace {
 
@@ -45,47 +49,51 @@ bool sameValues(const Values& a, const Values& b) {
 
 }  // namespace
 
-OVRef<OVObjectAddress> OVObjectAddress::init() {
-  auto address = ov::detail::Maker::make<OVObjectAddress>();
-  address->valueDic_ = Values::dictionary();
-  return address;
-}
+OVRef<OVObjectAddress> OVObjectAddress::init() { return Maker::make<OVObjectAddress>(); }
 
-void OVObjectAddress::setCountryCode(const OVString& code) {
+OVObjectAddress::OVObjectAddress() : OVObjectAddress(Values::dictionary()) {}
+
+OVObjectAddress::~OVObjectAddress() { ov::detail::dispose(std::move(valueDic_)); }
+
+void OVObjectAddress::setCountryCode(const OVStringView& code) {
   const auto country = OVCountry::countryWithCode(code);
-  countryCode_.store(country == nullptr ? OVString() : country->code());
+  countryCode_.store(TextField(country == nullptr ? OVString() : country->code()));
 }
 
-OVString OVObjectAddress::standFieldName(const OVString& fieldName) {
-  const auto field = kFieldNames.find(fieldName);
+OVString OVObjectAddress::standFieldName(const OVStringView& fieldName) {
+  const auto field = kFieldNames.find(fieldName.view());
   return field ? OVString(*kFieldTable[kStoredAs[*field]].name) : OVString();
 }
 
-OVString OVObjectAddress::stringValueByFieldName(const OVString& fieldName) const {
-  return ov::cast<OVString>(valueDic_[standFieldName(fieldName)]);
+OVString OVObjectAddress::stringValueByFieldName(const OVStringView& fieldName) const {
+  return ov::cast<OVString>(values()[standFieldName(fieldName)]);
 }
 
-void OVObjectAddress::setStringValueForFieldName(const OVString& value, const OVString& fieldName) {
+void OVObjectAddress::setStringValueForFieldName(const OVString& value,
+                                                 const OVStringView& fieldName) {
   const OVString standardName = standFieldName(fieldName);
-  if (value.isNull() || standardName.isNull() || valueDic_ == nullptr) return;
+  const Values stored = values();
+  if (value.isNull() || standardName.isNull() || stored.isNull()) return;
   if (value.empty()) {
-    valueDic_.erase(standardName);
+    stored.erase(standardName);
   } else {
-    valueDic_.set(standardName, value);
+    stored.set(standardName, value);
   }
 }
 
 bool OVObjectAddress::isequalToAddress(const OVRef<OVObjectAddress>& other) const {
   if (other == nullptr) return false;
   const OVString code = countryCode();
-  return !code.isNull() && code == other->countryCode() && sameValues(valueDic_, other->valueDic_);
+  return !code.isNull() && code == other->countryCode() && sameValues(values(), other->values());
 }
 
-std::uint64_t OVObjectAddress::valueCount() const { return valueDic_.size(); }
+std::uint64_t OVObjectAddress::valueCount() const { return values().size(); }
 
 const OVClass& OVObjectAddress::archivedClass() {
-  static constexpr OVClass record{"OVObjectAddress", nullptr,
-                                  &ov::detail::Maker::empty<OVObjectAddress>};
+  // What is read brings its own dictionary, or has none.
+  static constexpr OVClass record{"OVObjectAddress", nullptr, []() -> OVRef<OVObject> {
+                                    return Maker::restore<OVObjectAddress>(Values());
+                                  }};
   return record;
 }
 
@@ -93,10 +101,10 @@ const OVClass* OVObjectAddress::classForCoder() const { return &archivedClass();
 
 void OVObjectAddress::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (valueDic_ != nullptr) coder.encodeObjectForKey(valueDic_, kValueDicKey);
-  if (const OVString code = countryCode_.load()) coder.encodeObjectForKey(code, kCountryCodeKey);
+  countryCode_.load().encode(coder, kCountryCodeKey);
 }
 
 void OVObjectAddress::initWithCoder(OVKeyedUnarchiver& coder) {
-  valueDic_ = coder.decodeObjectForKey<Values>(kValueDicKey);
-  countryCode_.place(coder.decodeStringForKey(kCountryCodeKey));
+  valueDic_ = coder.decodeObjectForKey(kValueDicKey);
+  countryCode_.place(TextField::decoded(coder, kCountryCodeKey));
 }

@@ -58,7 +58,7 @@ OVRef<OVAdressField> OVAdressField::initWithNameDisplayName(OVString name, OVStr
 
 void OVAdressField::checkInitField() { fieldsOnce.get(buildFields); }
 
-OVRef<OVAdressField> OVAdressField::fieldWithName(const OVString& name) {
-  const auto field = ov::detail::kFieldNames.find(name);
+OVRef<OVAdressField> OVAdressField::fieldWithName(const OVStringView& name) {
+  const auto field = ov::detail::kFieldNames.find(name.view());
   return field ? fieldsOnce.get(buildFields)[*field] : nullptr;
 }

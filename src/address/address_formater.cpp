@@ -25,12 +25,12 @@ void append(const LayoutLine& line, Fields& fields) {
 }
 
 // The values in the order of the layout, those of one line joined by blanks.
-OVString textOf(const OVObjectAddress& address, const OVString& code,
+OVString textOf(const OVObjectAddress& address, const OVStringView& code,
                 std::string_view betweenLines) {
   std::string text;
   if (code.isNull()) return text;
   std::string_view separator;
-  for (const LayoutLine& line : layoutOf(code).lines()) {
+  for (const LayoutLine& line : layoutOf(code.view()).lines()) {
     bool hasValue = false;
     for (const FieldNumber field : line.fields()) {
       const OVString value = address.stringValueByFieldName(nameOf(field));
@@ -67,18 +67,18 @@ OVString OVAddressFormater::string() const {
   return stringByCountryCode(addressObject_->countryCode());
 }
 
-OVString OVAddressFormater::formatStringByCountryCode(const OVString& code) const {
+OVString OVAddressFormater::formatStringByCountryCode(const OVStringView& code) const {
   return textOf(*addressObject_, code, "\n");
 }
 
-OVString OVAddressFormater::stringByCountryCode(const OVString& code) const {
+OVString OVAddressFormater::stringByCountryCode(const OVStringView& code) const {
   return textOf(*addressObject_, code, " ");
 }
 
-OVList<Fields> OVAddressFormater::fieldFormaterByCountryCode(const OVString& code) {
+OVList<Fields> OVAddressFormater::fieldFormaterByCountryCode(const OVStringView& code) {
   auto lines = OVList<Fields>::list();
   if (code.isNull()) return lines;
-  for (const LayoutLine& line : layoutOf(code).lines()) {
+  for (const LayoutLine& line : layoutOf(code.view()).lines()) {
     auto fields = Fields::list();
     append(line, fields);
     lines.push_back(fields);
@@ -86,10 +86,10 @@ OVList<Fields> OVAddressFormater::fieldFormaterByCountryCode(const OVString& cod
   return lines;
 }
 
-Fields OVAddressFormater::fieldArrayByCountryCode(const OVString& code) {
+Fields OVAddressFormater::fieldArrayByCountryCode(const OVStringView& code) {
   auto fields = Fields::list();
   if (code.isNull()) return fields;
-  for (const LayoutLine& line : layoutOf(code).lines()) append(line, fields);
+  for (const LayoutLine& line : layoutOf(code.view()).lines()) append(line, fields);
   return fields;
 }
 

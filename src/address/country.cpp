@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -26,19 +27,19 @@ struct Countries {
   OVList<OVCountry> list = OVList<OVCountry>::list();
   OVDictionary<OVCountry> byCode = OVDictionary<OVCountry>::dictionary();
   /// Upper case, those without a name included.
-  std::unordered_set<OVString> platformCodes;
+  std::unordered_set<std::string> platformCodes;
 };
 
 constinit ov::detail::BuiltOnce<Countries> countriesOnce;
 
-ov::detail::CountryName nameRowOf(const OVString& code) {
+ov::detail::CountryName nameRowOf(const OVStringView& code) {
   const std::string_view given = code.view();
   if (given.size() != 2) return {};
   const std::array lower{ov::asciiLower(given[0]), ov::asciiLower(given[1])};
   return ov::detail::countryNameOf({lower.data(), lower.size()});
 }
 
-void add(const Countries& countries, const OVString& code) {
+void add(const Countries& countries, const OVStringView& code) {
   const ov::detail::CountryName row = nameRowOf(code);
   if (row.name.isNull()) return;
   const auto country = OVCountry::initWithCodeName(row.code, row.name);
@@ -92,7 +93,8 @@ OVList<OVString> platformCodes() {
 Countries buildCountries(const OVList<OVString>& codes) {
   Countries countries;
   for (const OVString& code : codes) {
-    countries.platformCodes.insert(code);
+    if (code.isNull()) continue;
+    countries.platformCodes.insert(code.str());
     add(countries, code);
   }
   sortByName(countries.list);
@@ -103,6 +105,13 @@ const Countries& allCountries() {
   if (const Countries* countries = countriesOnce.peek()) return *countries;
   const auto codes = platformCodes();
   return countriesOnce.get([&] { return buildCountries(codes); });
+}
+
+OVRef<OVCountry> countryOf(const OVStringView& code) {
+  const Countries& countries = allCountries();
+  if (auto country = countries.byCode[code]) return country;
+  const bool isPlatformCode = countries.platformCodes.contains(ov::asciiUpper(code.view()));
+  return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
 }
 
 }  // namespace
@@ -116,17 +125,13 @@ OVRef<OVCountry> OVCountry::initWithCodeName(OVString code, OVString name) {
 
 OVList<OVCountry> OVCountry::allCountry() { return allCountries().list; }
 
-OVRef<OVCountry> OVCountry::countryWithCode(const OVString& code) {
-  const OVString wanted = code.isNull() ? localeCode() : code;
-  const Countries& countries = allCountries();
-  if (auto country = countries.byCode[wanted]) return country;
-  const bool isPlatformCode = countries.platformCodes.contains(ov::asciiUpper(wanted.view()));
-  return isPlatformCode ? countries.byCode[kUnitedStates] : nullptr;
+OVRef<OVCountry> OVCountry::countryWithCode(const OVStringView& code) {
+  return code.isNull() ? countryOf(localeCode()) : countryOf(code);
 }
 
-OVString OVCountry::countryNameByCode(const OVString& code) { return nameRowOf(code).name; }
+OVString OVCountry::countryNameByCode(const OVStringView& code) { return nameRowOf(code).name; }
 
-void OVCountry::addCountryByCode(const OVString& code) {
+void OVCountry::addCountryByCode(const OVStringView& code) {
   if (const Countries* countries = countriesOnce.peek()) add(*countries, code);
 }
 

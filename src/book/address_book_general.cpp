@@ -3,10 +3,12 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
+#include "platform/dispose.h"
 #include "platform/maker.h"
 
 namespace {
@@ -14,30 +16,40 @@ namespace {
 constexpr std::string_view kPersonsKey = "personDic";
 constexpr std::string_view kGroupsKey = "groupDic";
 
-void requireID(const OVString& ID, const char* whose) {
-  if (ID.isNull()) {
-    throw std::invalid_argument(std::string("OVAddressBookGeneral: ") + whose + " has no ID");
-  }
+[[noreturn]] void raiseNoID(const std::string& whose) {
+  throw std::invalid_argument("OVAddressBookGeneral: " + whose + " has no ID");
 }
 
+std::string quoted(const OVString& text) { return '"' + text.str() + '"'; }
+
+/// The IDs of a group's sub-groups or members, each of which is one of `what`.
 template <class T>
-OVList<OVString> idsOf(const OVList<T>& members, const char* whose) {
-  auto ids = OVList<OVString>::list();
-  for (const OVRef<T> member : members) {
-    const OVString ID = member == nullptr ? OVString() : member->ID();
-    requireID(ID, whose);
-    ids.push_back(ID);
+OVList<OVString> idsOf(const OVList<T>& all, const char* what, const OVGroupGeneral& group) {
+  auto IDs = OVList<OVString>::list();
+  for (const OVRef<T> each : all) {
+    const OVString ID = each == nullptr ? OVString() : each->ID();
+    if (ID.isNull()) {
+      raiseNoID(what + std::to_string(IDs.size()) + " of the group " + quoted(group.ID()) + " (" +
+                quoted(group.title()) + ")");
+    }
+    IDs.push_back(ID);
   }
-  return ids;
+  return IDs;
 }
 
 }  // namespace
 
 OVRef<OVAddressBookGeneral> OVAddressBookGeneral::init() {
-  auto made = ov::detail::Maker::make<OVAddressBookGeneral>();
-  made->personDic_ = OVDictionary<OVPersonGeneral>::dictionary();
-  made->groupDic_ = OVDictionary<OVGroupGeneral>::dictionary();
-  return made;
+  return ov::detail::Maker::make<OVAddressBookGeneral>();
+}
+
+OVAddressBookGeneral::OVAddressBookGeneral()
+    : personDic_(OVDictionary<OVPersonGeneral>::dictionary()),
+      groupDic_(OVDictionary<OVGroupGeneral>::dictionary()) {}
+
+OVAddressBookGeneral::~OVAddressBookGeneral() {
+  ov::detail::dispose(std::move(personDic_));
+  ov::detail::dispose(std::move(groupDic_));
 }
 
 OVRef<OVObject> OVAddressBookGeneral::addressBookWithData(const OVRef<OVData>& data) {
@@ -45,23 +57,32 @@ OVRef<OVObject> OVAddressBookGeneral::addressBookWithData(const OVRef<OVData>& d
 }
 
 OVRef<OVData> OVAddressBookGeneral::saveToData() const {
+  const auto owned = weak_from_this().lock();
+  if (owned == nullptr) {
+    throw std::logic_error(
+        "OVAddressBookGeneral: only a book that an OVRef owns can be saved: make it with init() or "
+        "std::make_shared");
+  }
   return OVKeyedArchiver::archivedDataWithRootObject(
-      std::const_pointer_cast<OVAddressBookGeneral>(shared_from_this()));
+      std::const_pointer_cast<OVAddressBookGeneral>(owned));
 }
 
 void OVAddressBookGeneral::addPerson(const OVRef<IOVPerson>& person) {
-  if (person == nullptr || personDic_ == nullptr) return;
+  const auto persons = personsDic();
+  if (person == nullptr || persons.isNull()) return;
   const auto general = generalPersonWithPerson(person);
-  requireID(general->ID(), "the person to add");
-  personDic_.set(general->ID(), general);
+  const OVString ID = general->ID();
+  if (ID.isNull()) raiseNoID("the person to add");
+  persons.set(ID, general);
 }
 
 void OVAddressBookGeneral::addGroup(const OVRef<IOVGroup>& group) {
-  if (groupDic_ == nullptr) return;
+  const auto groups = groupsDic();
+  if (groups.isNull()) return;
   if (group == nullptr) throw std::invalid_argument("OVAddressBookGeneral: no group to add");
   const OVString ID = group->ID();
-  requireID(ID, "the group to add");
-  groupDic_.set(ID, generalGroupByGroup(group));
+  if (ID.isNull()) raiseNoID("the group " + quoted(group->displayName()));
+  groups.set(ID, generalGroupByGroup(group));
 }
 
 OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
@@ -71,6 +92,7 @@ OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
   for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     general->setValueByProperty(person->valueByProperty(property), property);
   }
+  if (const auto source = ov::cast<OVPersonGeneral>(person)) general->takeWhatReadsAsNull(*source);
   return general;
 }
 
@@ -80,8 +102,8 @@ OVRef<OVGroupGeneral> OVAddressBookGeneral::generalGroupByGroup(
   auto general = group->emptyGeneralGroup();
   general->setID(group->ID());
   general->setTitle(group->displayName());
-  general->setSubArray(idsOf(group->subGroups(), "a sub-group"));
-  general->setPersons(idsOf(group->persons(), "a member of the group"));
+  general->setSubArray(idsOf(group->subGroups(), "sub-group ", *general));
+  general->setPersons(idsOf(group->persons(), "member ", *general));
   return general;
 }
 
@@ -99,6 +121,6 @@ void OVAddressBookGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVAddressBookGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
-  personDic_ = coder.decodeObjectForKey<OVDictionary<OVPersonGeneral>>(kPersonsKey);
-  groupDic_ = coder.decodeObjectForKey<OVDictionary<OVGroupGeneral>>(kGroupsKey);
+  personDic_ = coder.decodeObjectForKey(kPersonsKey);
+  groupDic_ = coder.decodeObjectForKey(kGroupsKey);
 }

@@ -19,7 +19,11 @@ constexpr std::string_view kPersonIDsKey = "persons";
 
 OVRef<OVGroupGeneral> OVGroupGeneral::init() { return ov::detail::Maker::make<OVGroupGeneral>(); }
 
-OVGroupGeneral::~OVGroupGeneral() { ov::detail::dispose(extend_.take()); }
+OVGroupGeneral::~OVGroupGeneral() {
+  for (OVAtomic<OVRef<OVObject>>* each : {&subArray_, &persons_, &extend_}) {
+    ov::detail::dispose(each->take());
+  }
+}
 
 const OVClass& OVGroupGeneral::archivedClass() {
   static constexpr OVClass record{"OVGroupGeneral", nullptr,
@@ -30,14 +34,14 @@ const OVClass& OVGroupGeneral::archivedClass() {
 const OVClass* OVGroupGeneral::classForCoder() const { return &archivedClass(); }
 
 void OVGroupGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (const OVString text = title_.load()) coder.encodeObjectForKey(text, kTitleKey);
+  title_.load().encode(coder, kTitleKey);
   if (auto list = subArray_.load()) coder.encodeObjectForKey(std::move(list), kSubGroupsKey);
   if (auto list = persons_.load()) coder.encodeObjectForKey(std::move(list), kPersonIDsKey);
 }
 
 void OVGroupGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
-  setTitle(coder.decodeStringForKey(kTitleKey));
-  setSubArray(coder.decodeObjectForKey<OVList<OVString>>(kSubGroupsKey));
-  setPersons(coder.decodeObjectForKey<OVList<OVString>>(kPersonIDsKey));
-  setExtend(nullptr);
+  title_.place(ov::detail::TextField::decoded(coder, kTitleKey));
+  subArray_.place(coder.decodeObjectForKey(kSubGroupsKey));
+  persons_.place(coder.decodeObjectForKey(kPersonIDsKey));
+  extend_.place(nullptr);
 }

@@ -8,10 +8,14 @@
 #include "platform/dispose.h"
 #include "platform/maker.h"
 
+namespace {
+
+constexpr OVString kEmpty(ov::detail::kConstant<"">);
+
+}  // namespace
+
 OVRef<OVPersonGeneral> OVPersonGeneral::initWithID(const OVString& ID) {
-  auto made = ov::detail::Maker::make<OVPersonGeneral>();
-  made->ID_ = ID;
-  return made;
+  return ov::detail::Maker::make<OVPersonGeneral>(ID);
 }
 
 OVPersonGeneral::~OVPersonGeneral() {
@@ -19,12 +23,12 @@ OVPersonGeneral::~OVPersonGeneral() {
   ov::detail::dispose(extend_.take());
 }
 
-OVString OVPersonGeneral::addressBookID() const { return ""; }
+OVString OVPersonGeneral::addressBookID() const { return kEmpty; }
 
 OVString OVPersonGeneral::displayName() const {
   const auto value = ov::cast<OVSingleValue>(valueByPropertyName(OVProPertyName));
   const auto name = value == nullptr ? nullptr : ov::cast<OVObjectPersonName>(value->value());
-  return name == nullptr ? "" : name->displayString();
+  return name == nullptr ? kEmpty : name->displayString();
 }
 
 OVRef<OVImage> OVPersonGeneral::thumbnail() const {
@@ -45,12 +49,12 @@ OVRef<OVObjectEmail> OVPersonGeneral::mainEmail() const {
   return ov::cast<OVObjectEmail>(valueOfMainValueForProPertyName(OVProPertyEmail));
 }
 
-OVRef<OVSingleValue> OVPersonGeneral::mainValueForProPertyName(const OVString& name) const {
+OVRef<OVSingleValue> OVPersonGeneral::mainValueForProPertyName(const OVStringView& name) const {
   const auto value = ov::cast<OVMultipleValue>(valueByPropertyName(name));
   return value == nullptr ? nullptr : value->mainValue();
 }
 
-OVRef<OVObject> OVPersonGeneral::valueOfMainValueForProPertyName(const OVString& name) const {
+OVRef<OVObject> OVPersonGeneral::valueOfMainValueForProPertyName(const OVStringView& name) const {
   const auto main = mainValueForProPertyName(name);
   return main == nullptr || main->type() == OVValueTypeMultiple ? nullptr : main->value();
 }

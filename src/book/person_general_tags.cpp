@@ -1,9 +1,20 @@
 #include <OVAddressBookSDK/person_general.h>
 
+#include <utility>
+
 #include "platform/maker.h"
 
-OVPersonGeneral::OVPersonGeneral()
-    : tags_(ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>())) {}
+namespace {
+
+OVList<OVString> newTags() {
+  return ov::cast<OVList<OVString>>(ov::detail::Maker::restore<ov::detail::ListObject>());
+}
+
+}  // namespace
+
+OVPersonGeneral::OVPersonGeneral() : tags_(newTags()) {}
+
+OVPersonGeneral::OVPersonGeneral(OVString ID) : ID_(std::move(ID)), tags_(newTags()) {}
 
 OVList<OVString> OVPersonGeneral::tagArray() const { return tags_; }
 

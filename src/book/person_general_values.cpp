@@ -6,6 +6,7 @@
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
 
 #include "platform/maker.h"
@@ -17,10 +18,29 @@
 using ov::detail::kStandardPropertyCount;
 using ov::detail::standardProperties;
 using ov::detail::StandardProperty;
+using ov::detail::TextField;
 
 namespace {
 
 constexpr std::string_view kIDKey = "ID";
+
+/// The entry under a name; the end when there is none.
+auto entryUnder(auto& entries, const OVStringView& name) {
+  const std::size_t row = ov::detail::standardPropertyNamed(name.view());
+  const OVString* known = row == kStandardPropertyCount ? nullptr : &standardProperties()[row].name;
+  return std::ranges::find_if(entries, [&](const auto& entry) {
+    return known == nullptr ? entry.name == name : entry.name.isSame(*known);
+  });
+}
+
+/// The check for a value, short for the classes that nearly all values are of.
+OVRef<OVValue> asValue(const OVRef<OVObject>& object) {
+  using ov::detail::isOfClass;
+  if (isOfClass<OVMutableSingleValue>(object) || isOfClass<OVMutableMultipleValue>(object)) {
+    return std::static_pointer_cast<OVValue>(object);
+  }
+  return ov::cast<OVValue>(object);
+}
 
 }  // namespace
 
@@ -28,9 +48,9 @@ OVRef<OVValue> OVPersonGeneral::valueByProperty(const OVRef<OVProperty>& propert
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVString& name) const {
-  const auto at = std::ranges::find(entries_, name, &Entry::name);
-  return at == entries_.end() ? nullptr : ov::cast<OVValue>(at->value);
+OVRef<OVValue> OVPersonGeneral::valueByPropertyName(const OVStringView& name) const {
+  const auto at = entryUnder(entries_, name);
+  return at == entries_.end() ? nullptr : asValue(at->value);
 }
 
 void OVPersonGeneral::setValueByProperty(const OVRef<OVValue>& value,
@@ -39,31 +59,45 @@ void OVPersonGeneral::setValueByProperty(const OVRef<OVValue>& value,
 }
 
 void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) {
-  if (value == nullptr || name.isNull()) return;
-  const auto known = std::ranges::find(entries_, name, &Entry::name);
+  if (value != nullptr && !name.isNull()) setObject(value, name);
+}
+
+void OVPersonGeneral::setObject(OVRef<OVObject> object, const OVString& name) {
+  const auto known = entryUnder(entries_, name);
   if (known != entries_.end()) {
-    const OVRef<OVObject> replaced = std::exchange(known->value, value);
+    known->value.swap(object);
     return;
   }
   auto place = entries_.begin();
   for (const StandardProperty& row : standardProperties()) {
     if (row.name == name) {
-      entries_.insert(place, {row.name, value});
+      entries_.insert(place, {row.name, std::move(object)});
       return;
     }
     if (place != entries_.end() && place->name.isSame(row.name)) ++place;
   }
-  entries_.push_back({name, value});
+  entries_.push_back({name, std::move(object)});
 }
 
 OVList<OVProperty> OVPersonGeneral::notNullValueProperty() const {
   auto properties = OVList<OVProperty>::list();
   for (const Entry& entry : entries_) {
+    if (ov::cast<OVValue>(entry.value) == nullptr) continue;
     if (const auto property = OVProperty::propertyWithName(entry.name)) {
       properties.push_back(property);
     }
   }
   return properties;
+}
+
+/// What an archive put where the interface has no such object.
+void OVPersonGeneral::takeWhatReadsAsNull(const OVPersonGeneral& source) {
+  if (ID_.isEmpty()) ID_ = source.ID_;
+  for (const StandardProperty& row : standardProperties()) {
+    const auto at = std::ranges::find(source.entries_, row.name, &Entry::name);
+    const bool isOdd = at != source.entries_.end() && ov::cast<OVValue>(at->value) == nullptr;
+    if (isOdd && valueByPropertyName(row.name) == nullptr) setObject(at->value, row.name);
+  }
 }
 
 const OVClass& OVPersonGeneral::archivedClass() {
@@ -82,7 +116,11 @@ void OVPersonGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
     coder.encodeObjectForKey(entry->value, row.name);
     ++entry;
   }
-  coder.encodeObjectForKey(ID_, kIDKey);
+  if (ID_.isEmpty()) {
+    coder.encodeObjectForKey(OVString(), kIDKey);
+  } else {
+    ID_.encode(coder, kIDKey);
+  }
 }
 
 void OVPersonGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
@@ -97,6 +135,6 @@ void OVPersonGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (values[i] != nullptr) entries_.push_back({rows[i].name, std::move(values[i])});
   }
-  ID_ = coder.decodeStringForKey(kIDKey);
-  if (ID_.isNull()) ID_ = "";
+  ID_ = TextField::decoded(coder, kIDKey);
+  if (ID_.isEmpty()) ID_ = TextField("");
 }

@@ -74,11 +74,15 @@ bool removeFromList(const OVString& text, const OVString& key, const TextsByText
   return false;
 }
 
-OVRef<OVData> archiveIn(const OVRef<OVObject>& stored, const OVString& tagID) {
-  auto data = ov::cast<OVData>(stored);
+OVRef<OVObject> objectIn(const OVRef<OVObject>& stored, const OVString& tagID) {
+  const auto data = ov::cast<OVData>(stored);
   if (data == nullptr)
     throw OVInvalidArchive("The user defaults hold no data block under \"" + tagID.str() + "\"");
-  return data;
+  try {
+    return OVKeyedUnarchiver::unarchiveObjectWithData(data);
+  } catch (const OVInvalidArchive& error) {
+    throw OVInvalidArchive("The tag store \"" + tagID.str() + "\" is damaged: " + error.what());
+  }
 }
 
 }  // namespace
@@ -87,8 +91,7 @@ OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
   if (tagID.isNull()) return nullptr;
   OVRef<OVTagManager> manager;
   if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID)) {
-    manager = ov::cast<OVTagManager>(
-        OVKeyedUnarchiver::unarchiveObjectWithData(archiveIn(stored, tagID)));
+    manager = ov::cast<OVTagManager>(objectIn(stored, tagID));
   }
   if (manager == nullptr) manager = init();
   manager->makeMutable();
@@ -96,13 +99,12 @@ OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
   return manager;
 }
 
-OVRef<OVTagManager> OVTagManager::init() {
-  auto manager = ov::detail::Maker::make<OVTagManager>();
-  manager->tags_ = Texts::list();
-  manager->tagKeyDic_ = TextsByText::dictionary();
-  manager->personIDDic_ = TextsByText::dictionary();
-  return manager;
-}
+OVRef<OVTagManager> OVTagManager::init() { return ov::detail::Maker::make<OVTagManager>(); }
+
+OVTagManager::OVTagManager()
+    : tags_(Texts::list()),
+      tagKeyDic_(TextsByText::dictionary()),
+      personIDDic_(TextsByText::dictionary()) {}
 
 void OVTagManager::save() {
   if (batches_ != 0) {

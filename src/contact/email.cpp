@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/workspace.h>
 
 #include "platform/maker.h"
@@ -16,18 +14,20 @@ constexpr std::string_view kEmailKey = "email";
 
 }  // namespace
 
+OVObjectEmail::OVObjectEmail(const OVString& email) : email_(email) { initValid(); }
+
 OVRef<OVObjectEmail> OVObjectEmail::initWithEmail(const OVString& email) {
   if (email.isNull()) return nullptr;
-  auto made = ov::detail::Maker::make<OVObjectEmail>();
-  made->email_ = email;
-  made->initValid();
-  return made;
+  return ov::detail::Maker::make<OVObjectEmail>(email);
 }
 
-void OVObjectEmail::initValid() { valid_ = std::ranges::count(email_.view(), '@') == 1; }
+void OVObjectEmail::initValid() {
+  const bool valid = std::ranges::count(email_.text().view(), '@') == 1;
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
+}
 
 void OVObjectEmail::sendEmail() const {
-  if (valid()) OVWorkspace::sharedWorkspace()->openURL("mailto:" + email_.str());
+  if (valid()) OVWorkspace::sharedWorkspace()->openURL("mailto:" + email_.text().str());
 }
 
 const OVClass& OVObjectEmail::archivedClass() {
@@ -39,10 +39,10 @@ const OVClass& OVObjectEmail::archivedClass() {
 const OVClass* OVObjectEmail::classForCoder() const { return &archivedClass(); }
 
 void OVObjectEmail::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!email_.isNull()) coder.encodeObjectForKey(email_, kEmailKey);
+  email_.encode(coder, kEmailKey);
 }
 
 void OVObjectEmail::initWithCoder(OVKeyedUnarchiver& coder) {
-  email_ = coder.decodeStringForKey(kEmailKey);
+  email_ = ov::detail::TextField::decoded(coder, kEmailKey);
   initValid();
 }

@@ -4,9 +4,10 @@
 #include <utility>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "platform/maker.h"
+
+using ov::detail::TextField;
 
 namespace {
 
@@ -15,12 +16,13 @@ constexpr std::string_view kServerNameKey = "serverName";
 
 }  // namespace
 
+OVObjectInstantMessage::OVObjectInstantMessage(OVString userName,
+                                               OVRef<OVInstantMessageServer> server)
+    : userName_(std::move(userName)), server_(std::move(server)) {}
+
 OVRef<OVObjectInstantMessage> OVObjectInstantMessage::initWithUserNameServer(
     OVString userName, OVRef<OVInstantMessageServer> server) {
-  auto account = ov::detail::Maker::make<OVObjectInstantMessage>();
-  account->userName_ = std::move(userName);
-  account->server_ = std::move(server);
-  return account;
+  return ov::detail::Maker::make<OVObjectInstantMessage>(std::move(userName), std::move(server));
 }
 
 const OVClass& OVObjectInstantMessage::archivedClass() {
@@ -33,11 +35,16 @@ const OVClass* OVObjectInstantMessage::classForCoder() const { return &archivedC
 
 // A service is known by its name alone, which is looked up again when the account is read.
 void OVObjectInstantMessage::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (userName_) coder.encodeObjectForKey(userName_, kUserNameKey);
-  if (server_ != nullptr) coder.encodeObjectForKey(server_->name(), kServerNameKey);
+  userName_.encode(coder, kUserNameKey);
+  if (server_ == nullptr) return;
+  if (server_->name_.isEmpty()) {
+    coder.encodeObjectForKey(OVString(), kServerNameKey);
+  } else {
+    server_->name_.encode(coder, kServerNameKey);
+  }
 }
 
 void OVObjectInstantMessage::initWithCoder(OVKeyedUnarchiver& coder) {
-  userName_ = coder.decodeStringForKey(kUserNameKey);
-  server_ = OVInstantMessageServer::serverWithName(coder.decodeStringForKey(kServerNameKey));
+  userName_ = TextField::decoded(coder, kUserNameKey);
+  server_ = OVInstantMessageServer::serverWithStoredName(TextField::decoded(coder, kServerNameKey));
 }

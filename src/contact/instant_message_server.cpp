@@ -59,6 +59,16 @@ Services build() {
 OVInstantMessageServer::OVInstantMessageServer(OVString name, OVString displayName)
     : name_(std::move(name)), displayName_(std::move(displayName)) {}
 
+OVInstantMessageServer::OVInstantMessageServer(ov::detail::TextField name)
+    : name_(std::move(name)) {}
+
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithStoredName(
+    ov::detail::TextField name) {
+  const OVString& text = name.text();
+  if (!text.isNull() || name.isEmpty()) return serverWithName(text);
+  return ov::detail::Maker::make<OVInstantMessageServer>(std::move(name));
+}
+
 OVList<const OVInstantMessageServer> OVInstantMessageServer::supportServer() {
   return servicesOnce.get(build).list;
 }
@@ -67,9 +77,10 @@ OVDictionary<const OVInstantMessageServer> OVInstantMessageServer::StandardServe
   return servicesOnce.get(build).byName;
 }
 
-OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVString& name) {
-  auto server = StandardServerDictionary()[name];
-  return server == nullptr ? make(name, name) : server;
+OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVStringView& name) {
+  if (auto server = servicesOnce.get(build).byName[name]) return server;
+  const OVString unknown(name);
+  return make(unknown, unknown);
 }
 
 OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(

@@ -1,13 +1,15 @@
 #include <OVAddressBookSDK/person_name.h>
 
+#include <array>
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
-
 #include "platform/maker.h"
 #include "platform/services/name_order.h"
+
+using ov::detail::TextField;
 
 namespace {
 
@@ -32,37 +34,37 @@ OVString withoutLineBreaks(const OVString& text) {
   return kept.size() == text.size() ? text : OVString(kept);
 }
 
-void appendPart(std::string& name, const OVString& part) {
-  if (part.isNull()) return;
-  if (!name.empty()) name.push_back(' ');
-  name.append(part);
-}
-
-void encodePart(OVKeyedArchiver& coder, const OVString& part, std::string_view key) {
-  if (!part.isNull()) coder.encodeObjectForKey(part, key);
-}
-
 }  // namespace
+
+OVObjectPersonName::OVObjectPersonName(const OVString& first, const OVString& middle,
+                                       const OVString& last)
+    : first_(withoutLineBreaks(first)),
+      middle_(withoutLineBreaks(middle)),
+      last_(withoutLineBreaks(last)) {}
 
 OVRef<OVObjectPersonName> OVObjectPersonName::initWithFirstMiddleLast(const OVString& first,
                                                                       const OVString& middle,
                                                                       const OVString& last) {
   if (first.empty() && middle.empty() && last.empty()) return nullptr;
-  auto made = ov::detail::Maker::make<OVObjectPersonName>();
-  made->first_ = withoutLineBreaks(first);
-  made->middle_ = withoutLineBreaks(middle);
-  made->last_ = withoutLineBreaks(last);
-  return made;
+  return ov::detail::Maker::make<OVObjectPersonName>(first, middle, last);
 }
 
 OVString OVObjectPersonName::displayString() const {
   const bool lastInFront = ov::lastNameInFront();
-  std::string name;
-  name.reserve(first_.size() + middle_.size() + last_.size() + 2);
-  appendPart(name, lastInFront ? last_ : first_);
-  appendPart(name, middle_);
-  appendPart(name, lastInFront ? first_ : last_);
-  return name;
+  const OVString* only = nullptr;
+  std::array<std::string_view, 5> pieces;
+  std::size_t count = 0;
+  bool hasText = false;
+  for (const TextField* part :
+       {lastInFront ? &last_ : &first_, &middle_, lastInFront ? &first_ : &last_}) {
+    const OVString& text = part->text();
+    if (text.isNull()) continue;
+    if (hasText) pieces[count++] = " ";
+    pieces[count++] = text.view();
+    only = &text;
+    hasText = hasText || !text.empty();
+  }
+  return count == 1 ? *only : ov::detail::joined(std::span(pieces).first(count));
 }
 
 OVString OVObjectPersonName::standString(const OVString& text) const {
@@ -78,13 +80,13 @@ const OVClass& OVObjectPersonName::archivedClass() {
 const OVClass* OVObjectPersonName::classForCoder() const { return &archivedClass(); }
 
 void OVObjectPersonName::encodeWithCoder(OVKeyedArchiver& coder) const {
-  encodePart(coder, first_, kFirstKey);
-  encodePart(coder, middle_, kMiddleKey);
-  encodePart(coder, last_, kLastKey);
+  first_.encode(coder, kFirstKey);
+  middle_.encode(coder, kMiddleKey);
+  last_.encode(coder, kLastKey);
 }
 
 void OVObjectPersonName::initWithCoder(OVKeyedUnarchiver& coder) {
-  first_ = coder.decodeStringForKey(kFirstKey);
-  middle_ = coder.decodeStringForKey(kMiddleKey);
-  last_ = coder.decodeStringForKey(kLastKey);
+  first_ = TextField::decoded(coder, kFirstKey);
+  middle_ = TextField::decoded(coder, kMiddleKey);
+  last_ = TextField::decoded(coder, kLastKey);
 }

@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/workspace.h>
 
 #include "platform/maker.h"
@@ -37,16 +35,19 @@ void openDigits(const char* scheme, const OVObjectPhone& phone) {
 
 }  // namespace
 
+OVObjectPhone::OVObjectPhone(const OVString& phoneNumber) : phoneNumber_(phoneNumber) {
+  initValid();
+}
+
 OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNumber) {
   if (phoneNumber.isNull()) return nullptr;
-  auto made = ov::detail::Maker::make<OVObjectPhone>();
-  made->phoneNumber_ = phoneNumber;
-  made->initValid();
-  return made;
+  return ov::detail::Maker::make<OVObjectPhone>(phoneNumber);
 }
 
 void OVObjectPhone::initValid() {
-  valid_ = std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_), mayStandInNumber);
+  const bool valid =
+      std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_.text()), mayStandInNumber);
+  if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
 }
 
 void OVObjectPhone::call() const {
@@ -78,10 +79,10 @@ const OVClass& OVObjectPhone::archivedClass() {
 const OVClass* OVObjectPhone::classForCoder() const { return &archivedClass(); }
 
 void OVObjectPhone::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (!phoneNumber_.isNull()) coder.encodeObjectForKey(phoneNumber_, kPhoneNumberKey);
+  phoneNumber_.encode(coder, kPhoneNumberKey);
 }
 
 void OVObjectPhone::initWithCoder(OVKeyedUnarchiver& coder) {
-  phoneNumber_ = coder.decodeStringForKey(kPhoneNumberKey);
+  phoneNumber_ = ov::detail::TextField::decoded(coder, kPhoneNumberKey);
   initValid();
 }

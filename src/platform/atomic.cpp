@@ -1,5 +1,7 @@
 #include <OVAddressBookSDK/atomic.h>
 
+#include <sys/single_threaded.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -18,9 +20,10 @@ constinit std::array<Stripe, kStripes> stripes;
 
 }  // namespace
 
-std::mutex& stripeOf(const void* address) {
+std::mutex* StripeLock::stripeOf(const void* address) {
+  if (__libc_single_threaded != 0) return nullptr;
   const auto number = reinterpret_cast<std::uintptr_t>(address);
-  return stripes[(number >> 4 ^ number >> 10) % kStripes].mutex;
+  return &stripes[(number >> 4 ^ number >> 10) % kStripes].mutex;
 }
 
 }  // namespace ov::detail

@@ -2,12 +2,14 @@
 
 #include <sys/single_threaded.h>
 
-#include <limits>
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <ostream>
 #include <stdexcept>
 #include <typeinfo>
+
+#include <OVAddressBookSDK/text_view.h>
 
 #include "platform/arena_text.h"
 #include "platform/maker.h"
@@ -15,13 +17,19 @@
 
 namespace ov::detail {
 
-TextObject* TextObject::make(std::string_view wellFormed) {
-  if (wellFormed.size() > std::numeric_limits<std::uint32_t>::max()) {
-    throw std::length_error("OVString: a text holds at most 4294967295 bytes");
+TextObject* TextObject::make(std::span<const std::string_view> wellFormed) {
+  std::size_t size = 0;
+  for (const std::string_view piece : wellFormed) size += piece.size();
+  if (size >= kNoText) {
+    throw std::length_error("OVString: a text holds at most 4294967294 bytes");
   }
-  void* place = ::operator new(textBytes(wellFormed));
+  void* place = ::operator new(textBytes(size));
   storeCharacters(place, wellFormed);
-  return ::new (place) TextObject(1, static_cast<std::uint32_t>(wellFormed.size()));
+  return ::new (place) TextObject(1, static_cast<std::uint32_t>(size));
+}
+
+OVString joined(std::span<const std::string_view> wellFormed) {
+  return OVString(static_cast<const TextObject*>(TextObject::make(wellFormed)));
 }
 
 std::uint32_t TextObject::count(int change, std::memory_order order) const {
@@ -34,7 +42,8 @@ std::uint32_t TextObject::count(int change, std::memory_order order) const {
 }
 
 void TextObject::destroy() const {
-  const bool isInArena = typeid(*this) == typeid(ArenaText);
+  // Most are of this very class, which takes no comparison of names.
+  const bool isInArena = typeid(*this) != typeid(TextObject) && typeid(*this) == typeid(ArenaText);
   void* const place = const_cast<TextObject*>(this);
   this->~TextObject();
   if (isInArena) {
@@ -43,6 +52,36 @@ void TextObject::destroy() const {
     ::operator delete(place);
   }
 }
+
+namespace {
+
+/// Gives out one place in static memory.
+template <class T>
+struct OnePlace {
+  using value_type = T;
+  OnePlace() = default;
+  template <class U>
+  OnePlace(const OnePlace<U>&) {}  // NOLINT(google-explicit-constructor)
+  T* allocate(std::size_t /*n*/) {
+    alignas(T) static std::byte place[sizeof(T)];
+    return reinterpret_cast<T*>(place);
+  }
+  void deallocate(T* /*place*/, std::size_t /*n*/) {}
+  template <class U>
+  bool operator==(const OnePlace<U>&) const {
+    return true;
+  }
+};
+
+/// What owns every constant, so that one can be held weakly; it allocates nothing and never ends.
+const std::shared_ptr<void>& ownerOfConstants() {
+  alignas(std::shared_ptr<void>) static std::byte place[sizeof(std::shared_ptr<void>)];
+  static const auto* const owner = ::new (static_cast<void*>(place)) std::shared_ptr<void>(
+      nullptr, [](std::nullptr_t) {}, OnePlace<char>());
+  return *owner;
+}
+
+}  // namespace
 
 OVString Cast<OVString>::from(const OVRef<OVObject>& object) {
   const TextObject* text = TextObject::of(object.get());
@@ -56,14 +95,28 @@ OVString::OVString(const char* text)
     : OVString(text == nullptr ? OVString() : OVString(std::string_view(text))) {}
 
 OVString::OVString(std::string_view text)
-    : text_(ov::detail::TextObject::make(
-          ov::detail::wellFormedPrefix(text) == text.size() ? text : ov::detail::repaired(text))) {}
+    : OVString(ov::detail::wellFormedPrefix(text) == text.size()
+                   ? ov::detail::joined({&text, 1})
+                   : OVString(std::string_view(ov::detail::repaired(text)))) {}
+
+OVString::OVString(const OVStringView& text)
+    : OVString(text.string_ != nullptr ? *text.string_
+               : text.isNull()         ? OVString()
+                                       : ov::detail::joined({&text.characters_, 1})) {}
+
+void OVStringView::lookAt(std::string_view text) {
+  characters_ = text.data() == nullptr ? "" : text;
+  if (ov::detail::wellFormedPrefix(text) == text.size()) return;
+  repaired_ = OVString(text);
+  characters_ = repaired_.view();
+  string_ = &repaired_;
+}
 
 OVString::operator OVRef<OVObject>() const {
   if (text_ == nullptr) return nullptr;
   // Texts are immutable; only the interface for any object is not const.
   auto* text = const_cast<ov::detail::TextObject*>(text_);
-  if (text->isConstant()) return {std::shared_ptr<void>(), text};
+  if (text->isConstant()) return {ov::detail::ownerOfConstants(), text};
   text->retain();
   const auto release = [](ov::detail::TextObject* held) { held->release(); };
   if (ov::detail::ObjectArena::current() == nullptr) return {text, release};

@@ -2,19 +2,24 @@
 
 #include <cstddef>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 #include <OVAddressBookSDK/text.h>
 
 namespace ov::detail {
 
-/// What a text takes: the object, then its characters, then a NUL.
-inline std::size_t textBytes(std::string_view text) { return sizeof(TextObject) + text.size() + 1; }
+/// What a text of so many characters takes: the object, then they, then a NUL.
+inline std::size_t textBytes(std::size_t size) { return sizeof(TextObject) + size + 1; }
 
-inline void storeCharacters(void* place, std::string_view text) {
-  char* characters = static_cast<char*>(place) + sizeof(TextObject);
-  if (!text.empty()) std::memcpy(characters, text.data(), text.size());
-  characters[text.size()] = '\0';
+/// Puts the characters behind the place of the object.
+inline void storeCharacters(void* place, std::span<const std::string_view> pieces) {
+  char* end = static_cast<char*>(place) + sizeof(TextObject);
+  for (const std::string_view piece : pieces) {
+    if (!piece.empty()) std::memcpy(end, piece.data(), piece.size());
+    end += piece.size();
+  }
+  *end = '\0';
 }
 
 }  // namespace ov::detail

@@ -1,5 +1,6 @@
 #include <OVAddressBookSDK/property.h>
 
+#include <cstddef>
 #include <utility>
 
 #include <OVAddressBookSDK/log.h>
@@ -17,6 +18,18 @@ struct Catalogue {
 
 ov::detail::BuiltOnce<Catalogue> catalogue;
 
+Catalogue build() {
+  Catalogue made;
+  for (const ov::detail::StandardProperty& row : ov::detail::standardProperties()) {
+    const auto property = ov::detail::Maker::make<OVProperty>(
+        row.name, row.displayName == nullptr ? row.name : OVString(row.displayName), row.valueType,
+        row.subValueType);
+    made.list.push_back(property);
+    made.dictionary.set(row.name, property);
+  }
+  return made;
+}
+
 }  // namespace
 
 OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueType,
@@ -26,28 +39,15 @@ OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueTyp
       valueType_(valueType),
       subValueType_(subValueType) {}
 
-OVList<const OVProperty> OVProperty::StandardPropertyArray() {
-  const auto build = [] {
-    Catalogue made;
-    for (const ov::detail::StandardProperty& row : ov::detail::standardProperties()) {
-      const auto property = ov::detail::Maker::make<OVProperty>(
-          row.name, row.displayName == nullptr ? row.name : OVString(row.displayName),
-          row.valueType, row.subValueType);
-      made.list.push_back(property);
-      made.dictionary.set(row.name, property);
-    }
-    return made;
-  };
-  return catalogue.get(build).list;
-}
+OVList<const OVProperty> OVProperty::StandardPropertyArray() { return catalogue.get(build).list; }
 
 OVDictionary<const OVProperty> OVProperty::StandardPropertyDictionary() {
-  (void)StandardPropertyArray();
-  return catalogue.peek()->dictionary;
+  return catalogue.get(build).dictionary;
 }
 
-OVRef<OVProperty> OVProperty::propertyWithName(const OVString& name) {
-  return StandardPropertyDictionary()[name];
+OVRef<OVProperty> OVProperty::propertyWithName(const OVStringView& name) {
+  const std::size_t row = ov::detail::standardPropertyNamed(name.view());
+  return row == ov::detail::kStandardPropertyCount ? nullptr : catalogue.get(build).list[row];
 }
 
 void OVProperty::testAddress() { OVLog::sharedLog()->log("aa"); }

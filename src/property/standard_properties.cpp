@@ -1,5 +1,8 @@
 #include "property/standard_properties.h"
 
+#include <array>
+#include <cstdint>
+
 #include <OVAddressBookSDK/property.h>
 
 namespace ov::detail {
@@ -36,10 +39,44 @@ constexpr StandardProperty kStandardProperties[kStandardPropertyCount] = {
 };
 // clang-format on
 
+/// The rows by name: a small hash table with open addressing.
+class PropertyNames {
+ public:
+  PropertyNames() {
+    slots_.fill(kStandardPropertyCount);
+    for (std::size_t row = 0; row < kStandardPropertyCount; ++row) {
+      slots_[slotOf(kStandardProperties[row].name)] = static_cast<std::uint8_t>(row);
+    }
+  }
+
+  [[nodiscard]] std::size_t find(std::string_view name) const {
+    return name.empty() ? kStandardPropertyCount : slots_[slotOf(name)];
+  }
+
+ private:
+  /// The slot of the row with this name, or the free one where it would go.
+  [[nodiscard]] std::size_t slotOf(std::string_view name) const {
+    std::size_t slot = 5 * name.size() + static_cast<unsigned char>(name.front()) +
+                       std::size_t{3} * static_cast<unsigned char>(name.back());
+    for (slot %= slots_.size(); slots_[slot] != kStandardPropertyCount;
+         slot = (slot + 1) % slots_.size()) {
+      if (kStandardProperties[slots_[slot]].name.view() == name) break;
+    }
+    return slot;
+  }
+
+  std::array<std::uint8_t, 64> slots_;
+};
+
 }  // namespace
 
 std::span<const StandardProperty, kStandardPropertyCount> standardProperties() {
   return kStandardProperties;
+}
+
+std::size_t standardPropertyNamed(std::string_view name) {
+  static const PropertyNames names;
+  return names.find(name);
 }
 
 }  // namespace ov::detail

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/value_type.h>
@@ -21,5 +22,8 @@ struct StandardProperty {
 
 /// All rows in the catalogue's order.
 [[nodiscard]] std::span<const StandardProperty, kStandardPropertyCount> standardProperties();
+
+/// The position of the row with this name; `kStandardPropertyCount` when there is none.
+[[nodiscard]] std::size_t standardPropertyNamed(std::string_view name);
 
 }  // namespace ov::detail

@@ -2,10 +2,9 @@
 
 #include <string_view>
 
-#include <OVAddressBookSDK/keyed_archiver.h>
-#include <OVAddressBookSDK/keyed_unarchiver.h>
-
 #include "platform/maker.h"
+
+using ov::detail::TextField;
 
 namespace {
 
@@ -24,11 +23,11 @@ const OVClass& OVLabel::archivedClass() {
 const OVClass* OVLabel::classForCoder() const { return &archivedClass(); }
 
 void OVLabel::encodeWithCoder(OVKeyedArchiver& coder) const {
-  if (const OVString text = name_.load()) coder.encodeObjectForKey(text, kNameKey);
-  if (const OVString text = displayName_.load()) coder.encodeObjectForKey(text, kDisplayNameKey);
+  name_.load().encode(coder, kNameKey);
+  displayName_.load().encode(coder, kDisplayNameKey);
 }
 
 void OVLabel::initWithCoder(OVKeyedUnarchiver& coder) {
-  name_.place(coder.decodeStringForKey(kNameKey));
-  displayName_.place(coder.decodeStringForKey(kDisplayNameKey));
+  name_.place(TextField::decoded(coder, kNameKey));
+  displayName_.place(TextField::decoded(coder, kDisplayNameKey));
 }

@@ -27,7 +27,8 @@ OVList<const OVLabel> OVMultipleValue::allLabel() const { return OVList<OVLabel>
 OVList<OVString> OVMultipleValue::allLabelName() const { return OVList<OVString>::list(); }
 
 OVRef<OVMutableMultipleValue> OVMultipleValue::mutableCopy() const {
-  auto made = OVMutableMultipleValue::init();
+  auto made = newCopy();
+  if (made == nullptr) made = OVMutableMultipleValue::init();
   const std::uint64_t size = count();
   for (std::uint64_t i = 0; i < size; ++i) {
     if (const auto element = valueAtIndex(i)) made->addValue(element->copy());
@@ -35,6 +36,10 @@ OVRef<OVMutableMultipleValue> OVMultipleValue::mutableCopy() const {
   // The position is that of the original, even when elements were left out on the way.
   made->setMainValue(made->valueAtIndex(indexOfValue(mainValue())));
   return made;
+}
+
+OVRef<OVMutableMultipleValue> OVMultipleValue::newCopy() const {
+  return OVMutableMultipleValue::init();
 }
 
 OVRef<OVValue> OVMultipleValue::copyValue() const { return mutableCopy(); }
@@ -46,3 +51,8 @@ const OVClass& OVMultipleValue::archivedClass() {
 }
 
 const OVClass* OVMultipleValue::classForCoder() const { return &archivedClass(); }
+
+// An archive may have another type than the one that all multiple values answer.
+void OVMultipleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
+  encodeType(coder, storedType());
+}

@@ -45,14 +45,14 @@ OVValueType OVMutableMultipleValue::subType() const {
   return main == nullptr ? OVValueTypeString : main->type();
 }
 
-std::uint64_t OVMutableMultipleValue::count() const { return elements_.size(); }
+std::uint64_t OVMutableMultipleValue::count() const { return hasList_ ? elements_.size() : 0; }
 
 OVRef<OVSingleValue> OVMutableMultipleValue::mainValue() const {
   return ov::cast<OVSingleValue>(mainValue_.load());
 }
 
 OVRef<OVSingleValue> OVMutableMultipleValue::valueAtIndex(std::uint64_t index) const {
-  return index < elements_.size() ? ov::cast<OVSingleValue>(elements_[index]) : nullptr;
+  return index < count() ? ov::cast<OVSingleValue>(elements_[index]) : nullptr;
 }
 
 std::uint64_t OVMutableMultipleValue::indexOfValue(const OVRef<OVSingleValue>& value) const {
@@ -103,7 +103,7 @@ void OVMutableMultipleValue::replaceValueForOriginal(const OVRef<OVSingleValue>&
 }
 
 void OVMutableMultipleValue::removeValue(const OVRef<OVSingleValue>& value) {
-  if (value == nullptr) return;
+  if (value == nullptr || !hasList_) return;
   const OVRef<OVObject> removed = value;
   if (std::erase(elements_, removed) == 0) return;
   if (isMain(removed)) mainValue_.store(elements_.empty() ? nullptr : elements_.front());
@@ -127,6 +127,7 @@ const OVClass* OVMutableMultipleValue::classForCoder() const { return &archivedC
 
 void OVMutableMultipleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (elements_.empty()) return;
+  if (!hasList_) return coder.encodeObjectForKey(elements_.front(), kElementsKey);
   coder.encodeListForKey(elements_, kElementsKey);
   const auto main = std::ranges::find(elements_, mainValue_.load());
   if (main == elements_.end() || *main == nullptr) return;
@@ -138,7 +139,10 @@ void OVMutableMultipleValue::initWithCoder(OVKeyedUnarchiver& coder) {
   elements_.clear();
   mainValue_.place(nullptr);
   hasList_ = coder.decodeListForKey(elements_, kElementsKey);
-  if (elements_.empty()) return;
+  if (!hasList_) {
+    if (auto other = coder.decodeObjectForKey(kElementsKey)) elements_.push_back(std::move(other));
+  }
+  if (count() == 0) return;
   const std::int64_t index = coder.decodeIntegerForKey(kMainIndexKey);
   const bool fits = index > 0 && index < std::ssize(elements_);
   mainValue_.place(elements_[fits ? static_cast<std::size_t>(index) : 0]);

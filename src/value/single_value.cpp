@@ -24,12 +24,15 @@ OVSingleValue::~OVSingleValue() {
 }
 
 OVRef<OVMutableSingleValue> OVSingleValue::mutableCopy() const {
-  auto made = OVMutableSingleValue::init();
+  auto made = newCopy();
+  if (made == nullptr) made = OVMutableSingleValue::init();
   made->setType(type());
   made->label_.place(label_.load());
   made->value_.place(value_.load());
   return made;
 }
+
+OVRef<OVMutableSingleValue> OVSingleValue::newCopy() const { return OVMutableSingleValue::init(); }
 
 OVRef<OVValue> OVSingleValue::copyValue() const { return mutableCopy(); }
 
@@ -53,14 +56,43 @@ const OVClass& OVMutableSingleValue::archivedClass() {
 
 const OVClass* OVMutableSingleValue::classForCoder() const { return &archivedClass(); }
 
-void OVMutableSingleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
-  OVSingleValue::encodeWithCoder(coder);
+void OVSingleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
+  OVValue::encodeWithCoder(coder);
   if (auto label = label_.load()) coder.encodeObjectForKey(std::move(label), kLabelKey);
   if (auto value = value_.load()) coder.encodeObjectForKey(std::move(value), kValueKey);
 }
 
-void OVMutableSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {
-  OVSingleValue::initWithCoder(coder);
+void OVSingleValue::initWithCoder(OVKeyedUnarchiver& coder) {
+  OVValue::initWithCoder(coder);
   label_.place(coder.decodeObjectForKey(kLabelKey));
   value_.place(coder.decodeObjectForKey(kValueKey));
 }
+
+namespace ov {
+
+OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum, const OVString& label,
+                                     OVValueType type) {
+  if (datum == nullptr) return nullptr;
+  auto made = OVMutableSingleValue::init();
+  if (!label.isNull()) {
+    const auto madeLabel = OVLabel::init();
+    madeLabel->setName(label);
+    madeLabel->setDisplayName(label);
+    made->setLabel(madeLabel);
+  }
+  made->setValue(datum);
+  made->setType(type);
+  return made;
+}
+
+OVRef<OVMutableSingleValue> labelled(const OVString& text, const OVString& label,
+                                     OVValueType type) {
+  return labelled(OVRef<OVObject>(text), label, type);
+}
+
+OVRef<OVMutableSingleValue> labelled(std::nullptr_t /*datum*/, const OVString& /*label*/,
+                                     OVValueType /*type*/) {
+  return nullptr;
+}
+
+}  // namespace ov

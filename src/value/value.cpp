@@ -25,7 +25,7 @@ class RootValue final : public OVValue, public std::enable_shared_from_this<Root
 
 OVRef<OVValue> OVValue::init() { return ov::detail::Maker::make<RootValue>(); }
 
-OVValueType OVValue::type() const { return type_.load(std::memory_order_relaxed); }
+OVValueType OVValue::type() const { return storedType(); }
 
 const OVClass& OVValue::archivedClass() {
   static constexpr OVClass record{"OVValue", nullptr, &ov::detail::Maker::empty<RootValue>};
@@ -34,8 +34,11 @@ const OVClass& OVValue::archivedClass() {
 
 const OVClass* OVValue::classForCoder() const { return &archivedClass(); }
 
-void OVValue::encodeWithCoder(OVKeyedArchiver& coder) const {
-  coder.encodeIntegerForKey(static_cast<std::uint32_t>(type()), kTypeKey);
+void OVValue::encodeWithCoder(OVKeyedArchiver& coder) const { encodeType(coder, type()); }
+
+// As a number without sign: negative codes do not take eight bytes.
+void OVValue::encodeType(OVKeyedArchiver& coder, OVValueType type) {
+  coder.encodeIntegerForKey(static_cast<std::uint32_t>(type), kTypeKey);
 }
 
 void OVValue::initWithCoder(OVKeyedUnarchiver& coder) {

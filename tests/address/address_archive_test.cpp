@@ -145,4 +145,39 @@ TEST(AddressArchive, TheSameContentGivesTheSameBytes) {
   EXPECT_EQ(first->text(), second->text());
 }
 
+TEST(AddressArchive, FieldsOfAnotherKindAreWrittenBack) {
+  const auto read = readFrom({{"valueDic", foreignObject()}, {"countryCode", foreignObject()}});
+  read->setStringValueForFieldName("Berlin", OVAddressFieldCity);
+  EXPECT_EQ(read->valueCount(), 0U);
+  EXPECT_FALSE(read->isequalToAddress(read));
+  const ArchivedForm form(read);
+  EXPECT_TRUE(isForeignObject(form.object("valueDic")));
+  EXPECT_TRUE(isForeignObject(form.object("countryCode")));
+}
+
+TEST(AddressArchive, TwoMayShareADictionary) {
+  const auto values = Values::dictionary({{"OVAddressFieldCity", "Berlin"}});
+  const auto list = restored<OVList<OVObjectAddress>>(OVList<OVObject>::list(
+      {archivedAs(kClassName, {{"valueDic", values}, {"countryCode", OVString("de")}}),
+       archivedAs(kClassName, {{"valueDic", values}, {"countryCode", OVString("de")}})}));
+  const auto again = restored<OVList<OVObjectAddress>>(list);
+  for (const auto& addresses : {list, again}) {
+    addresses[0]->setStringValueForFieldName("10115", OVAddressFieldZIP);
+    EXPECT_EQ(addresses[1]->stringValueByFieldName(OVAddressFieldPostalCode), "10115");
+    EXPECT_TRUE(addresses[0]->isequalToAddress(addresses[1]));
+    addresses[1]->setStringValueForFieldName("", OVAddressFieldCity);
+    EXPECT_EQ(addresses[0]->valueCount(), 1U);
+  }
+}
+
+/// A host's own kind of address.
+class Depot : public OVObjectAddress {};
+
+TEST(DerivedAddress, TakesValues) {
+  const auto depot = std::make_shared<Depot>();
+  depot->setStringValueForFieldName("Berlin", OVAddressFieldCity);
+  EXPECT_EQ(depot->valueCount(), 1U);
+  EXPECT_EQ(restored<OVObjectAddress>(depot)->stringValueByFieldName(OVAddressFieldCity), "Berlin");
+}
+
 }  // namespace

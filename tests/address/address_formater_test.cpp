@@ -69,6 +69,18 @@ TEST_F(AddressFormater, UnknownCodesPrintLikeTheUnitedStates) {
   }
 }
 
+TEST_F(AddressFormater, AnArchivedCodeWithoutALayoutPrintsLikeTheUnitedStates) {
+  setFour();
+  for (const char* code : {"FR", "", "us"}) {
+    const auto read = restored<OVObjectAddress>(archivedAs(
+        "OVObjectAddress",
+        {{"valueDic", ArchivedForm(address).object("valueDic")}, {"countryCode", OVString(code)}}));
+    const auto printed = OVAddressFormater::initWithObject(read);
+    EXPECT_EQ(printed->formatString(), "1 Main Street\nSpringfield Oregon 97403") << code;
+    EXPECT_EQ(printed->string(), "1 Main Street Springfield Oregon 97403") << code;
+  }
+}
+
 TEST_F(AddressFormater, ANullCodePrintsNothing) {
   setFour();
   EXPECT_EQ(formater->formatStringByCountryCode(nullptr), "");

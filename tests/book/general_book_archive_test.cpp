@@ -176,11 +176,26 @@ TEST(GeneralBookArchive, OneDictionaryMayBeMissing) {
   EXPECT_EQ(ArchivedForm(book).keys(), Keys{"personDic"});
 }
 
+TEST(GeneralBookArchive, GroupsAloneTakeGroupsOnly) {
+  const auto book = restored<OVAddressBookGeneral>(archivedAs(
+      "OVAddressBookGeneral", {{"groupDic", OVDictionary<OVGroupGeneral>::dictionary()}}));
+  EXPECT_EQ(book->personsDic(), nullptr);
+  book->addPerson(hostPerson("p"));
+  book->addGroup(hostGroup("g"));
+  EXPECT_EQ(ArchivedForm(book).keys(), Keys{"groupDic"});
+  EXPECT_TRUE(reopened(book)->groupsDic().contains("g"));
+}
+
 TEST(GeneralBookArchive, SomethingElseInPlaceOfADictionaryReadsAsNull) {
   const auto book = restored<OVAddressBookGeneral>(archivedAs(
       "OVAddressBookGeneral", {{"personDic", OVString("x")}, {"groupDic", foreignObject()}}));
   EXPECT_EQ(book->personsDic(), nullptr);
   EXPECT_EQ(book->groupsDic(), nullptr);
+  book->addPerson(hostPerson("p"));
+  book->addGroup(hostGroup("g"));
+  const ArchivedForm form(book);
+  EXPECT_EQ(ov::cast<OVString>(form.object("personDic")), "x");
+  EXPECT_TRUE(isForeignObject(form.object("groupDic")));
 }
 
 TEST(GeneralBookArchive, ObjectsOfOtherClassesInADictionaryReadAsNullAndAreWrittenBack) {
@@ -226,8 +241,42 @@ class HostGeneralBook final : public OVAddressBookGeneral {
 
 TEST(GeneralBookArchive, PicturesAreNotArchived) {
   const OVRef<OVAddressBookGeneral> book = std::make_shared<HostGeneralBook>();
-  EXPECT_EQ(ArchivedForm(book).keys(), Keys{});
+  EXPECT_EQ(ArchivedForm(book).keys(), (Keys{"personDic", "groupDic"}));
   EXPECT_EQ(reopened(book)->thumbnail(), nullptr);
+}
+
+TEST(GeneralBookArchive, PersonTakenOverKeepsWhatReadsAsNull) {
+  const auto foreign =
+      restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"Phone", foreignObject()},
+                                                               {"Note", textValue("note")},
+                                                               {"URL", OVString("text")},
+                                                               {"ID", OVString("p")}}));
+  const auto book = OVAddressBookGeneral::init();
+  book->addPerson(foreign);
+  const auto person = book->personsDic()["p"];
+  EXPECT_EQ(person->valueByPropertyName("Phone"), nullptr);
+  EXPECT_EQ(person->valueByPropertyName("Note"), foreign->valueByPropertyName("Note"));
+  EXPECT_EQ(person->notNullValueProperty().size(), 1U);
+  for (const OVRef<OVPersonGeneral>& each : {foreign, person, reopened(book)->personsDic()["p"],
+                                             book->generalPersonWithPerson(person)}) {
+    const ArchivedForm form(each);
+    EXPECT_EQ(form.keys(), (Keys{"Phone", "URL", "Note", "ID"}));
+    EXPECT_TRUE(isForeignObject(form.object("Phone")));
+    EXPECT_EQ(ov::cast<OVString>(form.object("URL")), "text");
+  }
+}
+
+TEST(GeneralBookArchive, PersonConvertedKeepsAnIDThatReadsAsNull) {
+  const auto foreign =
+      restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"ID", foreignObject()}}));
+  const auto book = OVAddressBookGeneral::init();
+  EXPECT_THROW(book->addPerson(foreign), std::invalid_argument);
+  book->personsDic().set("p", book->generalPersonWithPerson(foreign));
+  book->personsDic().set("q", foreign);
+  const auto again = reopened(book);
+  const auto IDOf = [](const OVRef<OVObject>& person) { return ArchivedForm(person).object("ID"); };
+  EXPECT_TRUE(isForeignObject(IDOf(again->personsDic()["p"])));
+  EXPECT_TRUE(isForeignObject(IDOf(again->personsDic()["q"])));
 }
 
 }  // namespace

@@ -102,4 +102,38 @@ TEST_F(GeneralBookGroups, ConversionOfNullIsNull) {
   EXPECT_EQ(book->generalGroupByGroup(nullptr), nullptr);
 }
 
+std::string messageOf(const OVRef<OVAddressBookGeneral>& book, const OVRef<IOVGroup>& group) {
+  try {
+    book->addGroup(group);
+    return "accepted";
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+}
+
+TEST_F(GeneralBookGroups, MissingIDIsToldWithGroupAndPosition) {
+  source->groupsInside.insert(1, hostGroup(nullptr));
+  EXPECT_EQ(messageOf(book, source),
+            "OVAddressBookGeneral: sub-group 1 of the group \"g\" (\"Friends\") has no ID");
+  source->groupsInside = nullptr;
+  source->members.push_back(hostPerson(nullptr));
+  EXPECT_EQ(messageOf(book, source),
+            "OVAddressBookGeneral: member 2 of the group \"g\" (\"Friends\") has no ID");
+  EXPECT_EQ(messageOf(book, hostGroup(nullptr, "Nameless")),
+            "OVAddressBookGeneral: the group \"Nameless\" has no ID");
+}
+
+TEST_F(GeneralBookGroups, SnapshotAndSourceChangeApart) {
+  book->addGroup(source);
+  const auto group = book->groupsDic()["g"];
+  source->members.push_back(hostPerson("r"));
+  source->groupsInside.clear();
+  EXPECT_EQ(group->persons().size(), 2U);
+  EXPECT_EQ(group->subArray().size(), 3U);
+  group->persons().clear();
+  group->subArray().push_back("x");
+  EXPECT_EQ(source->members.size(), 3U);
+  EXPECT_TRUE(source->groupsInside.empty());
+}
+
 }  // namespace

@@ -130,4 +130,51 @@ TEST_F(GeneralBookPersons, ConversionOfNullIsNull) {
   EXPECT_EQ(book->generalPersonWithPerson(nullptr), nullptr);
 }
 
+TEST_F(GeneralBookPersons, SnapshotAndSourceTakeNewValuesApart) {
+  const auto source = hostPerson("p");
+  const auto old = textValue("old");
+  source->setValueByPropertyName(old, OVProPertyNote);
+  book->addPerson(source);
+  const auto person = book->personsDic()["p"];
+  source->setValueByPropertyName(textValue("of the source"), OVProPertyNote);
+  source->setValueByPropertyName(textValue("of the source"), OVProPertyCompany);
+  EXPECT_EQ(person->valueByPropertyName(OVProPertyNote), old);
+  EXPECT_EQ(person->valueByPropertyName(OVProPertyCompany), nullptr);
+  person->setValueByPropertyName(textValue("of the snapshot"), OVProPertySuffix);
+  person->setValueByPropertyName(textValue("of the snapshot"), OVProPertyNote);
+  EXPECT_EQ(source->valueByPropertyName(OVProPertySuffix), nullptr);
+  EXPECT_EQ(ov::cast<OVString>(
+                ov::cast<OVSingleValue>(source->valueByPropertyName(OVProPertyNote))->value()),
+            "of the source");
+  // What both hold is one object.
+  old->setValue("new");
+  const auto again = hostPerson("q");
+  again->setValueByPropertyName(old, OVProPertyNote);
+  book->addPerson(again);
+  old->setValue("newer");
+  const auto shared = book->personsDic()["q"]->valueByPropertyName(OVProPertyNote);
+  EXPECT_EQ(ov::cast<OVString>(ov::cast<OVSingleValue>(shared)->value()), "newer");
+}
+
+TEST_F(GeneralBookPersons, FilledBookStillGivesTheInheritedAnswers) {
+  book->addPerson(hostPerson("p"));
+  book->addGroup(hostGroup("g"));
+  const OVRef<OVAddressBook> asBook = book;
+  EXPECT_TRUE(asBook->canCreateGroup());
+  EXPECT_TRUE(asBook->canCreateSubGroup());
+  EXPECT_TRUE(asBook->canOprate());
+  EXPECT_EQ(asBook->rootGroupsCount(), 0U);
+  EXPECT_TRUE(asBook->supportProperty().empty());
+  EXPECT_TRUE(asBook->commonProperty().empty());
+  EXPECT_EQ(asBook->addGroupByName("x"), nullptr);
+  EXPECT_TRUE(asBook->removeGroup(hostGroup("g")));
+  asBook->removePersons(OVList<IOVPerson>::list({hostPerson("p")}));
+  EXPECT_EQ(asBook->addOneFromOtherPerson(hostPerson("x")), nullptr);
+  EXPECT_EQ(asBook->addBatchPersonForOther(hostPerson("x")), nullptr);
+  EXPECT_EQ(asBook->tagManager(), nullptr);
+  EXPECT_EQ(asBook->thumbnail(), nullptr);
+  EXPECT_EQ(book->personsDic().size(), 1U);
+  EXPECT_EQ(book->groupsDic().size(), 1U);
+}
+
 }  // namespace

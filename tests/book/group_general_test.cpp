@@ -149,4 +149,38 @@ TEST(GroupGeneralArchive, StrangeElementsReadAsNullAndAreWrittenBack) {
   EXPECT_TRUE(isForeignObject(written[1]));
 }
 
+TEST(GroupGeneralArchive, EachFieldAloneIsOneKey) {
+  const auto subGroups = OVGroupGeneral::init();
+  subGroups->setSubArray(OVList<OVString>::list({"a"}));
+  EXPECT_EQ(ArchivedForm(subGroups).keys(), Keys{"subArray"});
+  EXPECT_EQ(restored<OVGroupGeneral>(subGroups)->persons(), nullptr);
+  const auto persons = OVGroupGeneral::init();
+  persons->setPersons(OVList<OVString>::list({"p"}));
+  EXPECT_EQ(ArchivedForm(persons).keys(), Keys{"persons"});
+  EXPECT_EQ(restored<OVGroupGeneral>(persons)->persons()[0], "p");
+  EXPECT_EQ(restored<OVGroupGeneral>(persons)->title(), nullptr);
+}
+
+class UnarchivableExtension : public OVObject {};
+
+TEST(GroupGeneralArchive, ExtensionThatCannotBeArchivedDoesNoHarm) {
+  const auto group = fullGroup();
+  group->setExtend(std::make_shared<UnarchivableExtension>());
+  EXPECT_EQ(restored<OVGroupGeneral>(group)->title(), "Friends");
+}
+
+TEST(GroupGeneralArchive, ObjectsOfOtherClassesAreWrittenBackUntilReplaced) {
+  const auto group = restored<OVGroupGeneral>(archivedAs(
+      "OVGroupGeneral",
+      {{"title", foreignObject()}, {"subArray", OVString("a")}, {"persons", foreignObject()}}));
+  const ArchivedForm form(group);
+  EXPECT_TRUE(isForeignObject(form.object("title")));
+  EXPECT_EQ(ov::cast<OVString>(form.object("subArray")), "a");
+  EXPECT_TRUE(isForeignObject(form.object("persons")));
+  group->setTitle("Friends");
+  group->setSubArray(nullptr);
+  EXPECT_EQ(ArchivedForm(group).keys(), (Keys{"title", "persons"}));
+  EXPECT_EQ(restored<OVGroupGeneral>(group)->title(), "Friends");
+}
+
 }  // namespace

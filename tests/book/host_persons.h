@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -22,7 +23,7 @@ class HostPerson final : public IOVPerson {
     asked.push_back(property->name());
     return valueByPropertyName(property->name());
   }
-  OVRef<OVValue> valueByPropertyName(const OVString& name) const override {
+  OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override {
     const auto at = values_.find(name);
     return at == values_.end() ? nullptr : at->second;
   }
@@ -50,7 +51,7 @@ class HostPerson final : public IOVPerson {
 
  private:
   OVString ID_;
-  std::map<OVString, OVRef<OVValue>> values_;
+  std::map<OVString, OVRef<OVValue>, std::less<>> values_;
 };
 
 /// A group of a host's own class.

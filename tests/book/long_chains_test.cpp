@@ -95,4 +95,26 @@ TEST(LongChain, OfMainValuesOutsideTheirListsIsDestroyedWithoutDeepRecursion) {
   });
 }
 
+TEST(LongChain, OfObjectsInPlaceOfTextsListsAndDictionariesIsDestroyedWithoutDeepRecursion) {
+  for (const auto& [className, key] : {std::pair{"OVLabel", "name"},
+                                       {"OVObjectPersonName", "middle"},
+                                       {"OVObjectPhone", "phoneNumber"},
+                                       {"OVObjectEmail", "email"},
+                                       {"OVObjectInstantMessage", "userName"},
+                                       {"OVObjectInstantMessage", "serverName"},
+                                       {"OVObjectAddress", "valueDic"},
+                                       {"OVObjectAddress", "countryCode"},
+                                       {"OVPersonGeneral", "ID"},
+                                       {"OVGroupGeneral", "title"},
+                                       {"OVGroupGeneral", "persons"},
+                                       {"OVAddressBookGeneral", "groupDic"},
+                                       {"OVMutableMultipleValue", "valueArray"},
+                                       {"OVSingleValue", "label"}}) {
+    SCOPED_TRACE(std::string(className) + "." + key);
+    expectRestoredToFallApart([name = className, field = key](const OVRef<OVObject>& next) {
+      return archivedAs(name, {{field, next}});
+    });
+  }
+}
+
 }  // namespace

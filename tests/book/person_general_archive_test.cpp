@@ -58,10 +58,26 @@ TEST(PersonArchive, NullIDIsWrittenAsNullAndReadsAsTheEmptyID) {
   EXPECT_EQ(restored<OVPersonGeneral>(person)->ID(), "");
 }
 
-TEST(PersonArchive, IDOfAnotherClassReadsAsTheEmptyID) {
-  EXPECT_EQ(
-      restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"ID", foreignObject()}}))->ID(),
-      "");
+TEST(PersonArchive, IDOfAnotherClassReadsAsNullAndIsWrittenBack) {
+  const auto person =
+      restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"ID", foreignObject()}}));
+  EXPECT_EQ(person->ID(), nullptr);
+  EXPECT_TRUE(isForeignObject(ArchivedForm(person).object("ID")));
+}
+
+TEST(PersonArchive, OneValueIsOneKeyBeforeTheID) {
+  for (const auto property : OVProperty::StandardPropertyArray()) {
+    EXPECT_EQ(ArchivedForm(personWith({property->name()})).keys(), (Keys{property->name(), "ID"}));
+  }
+}
+
+class Unarchivable : public OVObject {};
+
+TEST(PersonArchive, ExtensionThatCannotBeArchivedDoesNoHarm) {
+  const auto person = personWith({"Note"});
+  person->setExtend(std::make_shared<Unarchivable>());
+  EXPECT_EQ(ArchivedForm(person).keys(), (Keys{"Note", "ID"}));
+  EXPECT_NE(person->extend(), nullptr);
 }
 
 TEST(PersonArchive, ValuesUnderOtherNamesAreLost) {
@@ -101,6 +117,7 @@ TEST(PersonArchive, ObjectOfAnotherClassReadsAsNullAndIsWrittenBack) {
   EXPECT_EQ(person->valueByPropertyName("Phone"), nullptr);
   EXPECT_EQ(person->valueByPropertyName("Note"), nullptr);
   EXPECT_EQ(person->mainPhone(), nullptr);
+  EXPECT_TRUE(person->notNullValueProperty().empty());
   const ArchivedForm form(person);
   EXPECT_EQ(form.keys(), (Keys{"Phone", "Note", "ID"}));
   EXPECT_TRUE(isForeignObject(form.object("Phone")));

@@ -77,4 +77,22 @@ TEST(EmailArchive, AddressThatIsNoTextReadsAsNull) {
   EXPECT_FALSE(email->valid());
 }
 
+TEST(EmailArchive, AddressThatIsNoTextIsWrittenBack) {
+  const auto email =
+      restored<OVObjectEmail>(archivedAs("OVObjectEmail", {{"email", foreignObject()}}));
+  EXPECT_TRUE(isForeignObject(ArchivedForm(email).object("email")));
+}
+
+/// A host's own kind of address.
+class Alias : public OVObjectEmail {
+ public:
+  explicit Alias(const OVString& email) : OVObjectEmail(email) {}
+};
+
+TEST(DerivedEmail, IsMadeWithItsAddress) {
+  EXPECT_EQ(std::make_shared<Alias>("a@b")->email(), "a@b");
+  EXPECT_TRUE(std::make_shared<Alias>("a@b")->valid());
+  EXPECT_FALSE(std::make_shared<Alias>(nullptr)->valid());
+}
+
 }  // namespace

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <OVAddressBookSDK/address_book.h>
+#include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/person_name.h>
+#include <OVAddressBookSDK/user_defaults.h>
 
 #include "support/archived_fields.h"
 #include "support/fake_platform.h"
@@ -129,6 +131,70 @@ TEST_F(PersonNameArchive, PartThatIsNoTextReadsAsNull) {
   const auto name = archivedName({{"first", foreignObject()}, {"last", OVString("Smith")}});
   EXPECT_EQ(name->first(), nullptr);
   EXPECT_EQ(firstNameFirst(name), "Smith");
+}
+
+TEST_F(PersonNameArchive, PartThatIsNoTextIsWrittenBack) {
+  const auto name = archivedName(
+      {{"first", OVString("Ann")}, {"middle", foreignObject()}, {"last", foreignObject()}});
+  EXPECT_EQ(firstNameFirst(name), "Ann");
+  const ArchivedForm form(name);
+  EXPECT_EQ(form.keys(), (std::vector<OVString>{"first", "middle", "last"}));
+  EXPECT_TRUE(isForeignObject(form.object("middle")));
+  EXPECT_TRUE(isForeignObject(form.object("last")));
+}
+
+TEST_F(DisplayString, EmptyPartsOfAnArchiveInTheMiddleAndAtTheEnd) {
+  const auto name = archivedName(
+      {{"first", OVString("Ann")}, {"middle", OVString("")}, {"last", OVString("Lee")}});
+  EXPECT_EQ(firstNameFirst(name), "Ann  Lee");
+  EXPECT_EQ(lastNameFirst(name), "Lee  Ann");
+  const auto withoutEnd =
+      archivedName({{"first", OVString("Ann")}, {"middle", OVString("B")}, {"last", OVString("")}});
+  EXPECT_EQ(firstNameFirst(withoutEnd), "Ann B ");
+  EXPECT_EQ(lastNameFirst(withoutEnd), "B Ann");
+  const auto nameAlone = archivedName({{"first", OVString("Ann")}, {"last", OVString("")}});
+  EXPECT_EQ(firstNameFirst(nameAlone), "Ann ");
+  EXPECT_EQ(lastNameFirst(nameAlone), "Ann");
+}
+
+/// A host's own kind of name.
+class Pseudonym : public OVObjectPersonName {
+ public:
+  Pseudonym(const OVString& first, const OVString& last)
+      : OVObjectPersonName(first, nullptr, last) {}
+};
+
+TEST_F(DisplayString, OfADerivedNameIsThatOfItsParts) {
+  const auto name = std::make_shared<Pseudonym>("An\nn", "");
+  EXPECT_EQ(name->first(), "Ann");
+  EXPECT_EQ(name->last(), nullptr);
+  EXPECT_EQ(firstNameFirst(name), "Ann");
+}
+
+/// Counts how often somebody asks for anything.
+class CountingDefaults final : public OVUserDefaults {
+ public:
+  mutable int asked = 0;
+
+ private:
+  OVRef<OVObject> load(const OVString& /*key*/) const override {
+    ++asked;
+    return OVNumber::numberWithBool(true);
+  }
+  void store(const OVRef<OVObject>& /*object*/, const OVString& /*key*/) override {}
+  bool writeThrough() override { return true; }
+};
+
+TEST(DisplayStringDefaults, AreAskedOnceForEachDisplay) {
+  const auto defaults = std::make_shared<CountingDefaults>();
+  OVUserDefaults::setStandardUserDefaults(defaults);
+  const auto name = OVObjectPersonName::initWithFirstMiddleLast("John", "Paul", "Smith");
+  EXPECT_EQ(defaults->asked, 0);
+  for (int times = 1; times <= 3; ++times) {
+    EXPECT_EQ(name->displayString(), "Smith Paul John");
+    EXPECT_EQ(defaults->asked, times);
+  }
+  OVUserDefaults::setStandardUserDefaults(nullptr);
 }
 
 }  // namespace

@@ -47,6 +47,28 @@ TEST(PhoneNumber, EveryLowByteIsAllowedOrNot) {
     const auto character = static_cast<char>(byte);
     EXPECT_EQ(isValid(std::string(1, character)), allowed.find(character) != allowed.npos) << byte;
   }
+}
+
+/// A text of one code unit above ASCII whose low byte is the one given.
+OVString unitWithLowByte(int byte) {
+  const int unit = 0x2200 + byte;
+  const std::string utf8 = {static_cast<char>(0xE0 | unit >> 12),
+                            static_cast<char>(0x80 | (unit >> 6 & 0x3F)),
+                            static_cast<char>(0x80 | (unit & 0x3F))};
+  return utf8;
+}
+
+TEST(PhoneNumber, EveryLowByteOfAnyCodeUnitIsAllowedOrNot) {
+  const std::string_view allowed = "0123456789 \xA0()+-";
+  for (int byte = 0; byte < 0x100; ++byte) {
+    const auto character = static_cast<char>(byte);
+    const bool isAllowed = allowed.find(character) != allowed.npos;
+    const bool isDigit = '0' <= byte && byte <= '9';
+    const OVString unit = unitWithLowByte(byte);
+    EXPECT_EQ(isValid(unit), isAllowed) << byte;
+    EXPECT_EQ(isValid("5" + unit.str() + "5"), isAllowed) << byte;
+    EXPECT_EQ(phoneOf("")->adjustNumber(unit), isDigit ? std::string(1, character) : "") << byte;
+  }
   for (const OVString number : {"\u0080", "\u009F", "\u00A1", "\u00FF"}) {
     EXPECT_FALSE(isValid(number));
   }
@@ -149,6 +171,27 @@ TEST(PhoneArchive, NumberThatIsNoTextReadsAsNull) {
       restored<OVObjectPhone>(archivedAs("OVObjectPhone", {{"phoneNumber", foreignObject()}}));
   EXPECT_EQ(phone->phoneNumber(), nullptr);
   EXPECT_TRUE(phone->valid());
+}
+
+TEST(PhoneArchive, NumberThatIsNoTextIsWrittenBack) {
+  const auto phone =
+      restored<OVObjectPhone>(archivedAs("OVObjectPhone", {{"phoneNumber", foreignObject()}}));
+  EXPECT_EQ(phone->displayString(), nullptr);
+  EXPECT_TRUE(phone->valid());
+  EXPECT_TRUE(isForeignObject(ArchivedForm(phone).object("phoneNumber")));
+}
+
+/// A host's own kind of number.
+class Extension : public OVObjectPhone {
+ public:
+  explicit Extension(const OVString& number) : OVObjectPhone(number) {}
+};
+
+TEST(DerivedPhone, IsMadeWithItsNumber) {
+  EXPECT_EQ(std::make_shared<Extension>("12")->phoneNumber(), "12");
+  EXPECT_TRUE(std::make_shared<Extension>("12")->valid());
+  EXPECT_FALSE(std::make_shared<Extension>("x")->valid());
+  EXPECT_EQ(std::make_shared<Extension>(nullptr)->phoneNumber(), nullptr);
 }
 
 }  // namespace

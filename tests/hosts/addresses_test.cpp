@@ -5,8 +5,8 @@
 #include <OVAddressBookSDK/country.h>
 #include <OVAddressBookSDK/multiple_value.h>
 
-#include "mapping/countries.h"
 #include "hosts/cards.h"
+#include "mapping/countries.h"
 #include "support/fake_locale.h"
 #include "support/printers.h"
 
@@ -101,10 +101,20 @@ TEST(CountryCodes, KnowNamesBesideThoseOfTheList) {
 
 TEST(CountryCodes, KnowTheNamesInOtherLanguages) {
   const std::pair<const char*, const char*> rows[] = {
-      {"Deutschland", "de"}, {"DEUTSCHLAND", "de"}, {"Polska", "pl"}, {"\u00D6sterreich", "at"},
-      {"\u00D6STERREICH", "at"}, {"Espa\u00F1a", "es"}, {"\u65E5\u672C", "jp"},
-      {"Allemagne", "de"}, {"\u0420\u043E\u0441\u0441\u0438\u044F", "ru"}, {"\u4E2D\u56FD", "cn"},
-      {"Schweiz", "ch"}, {"Suisse", "ch"}, {"Svizzera", "ch"}, {"\u0395\u03BB\u03BB\u03AC\u03B4\u03B1", "gr"},
+      {"Deutschland", "de"},
+      {"DEUTSCHLAND", "de"},
+      {"Polska", "pl"},
+      {"\u00D6sterreich", "at"},
+      {"\u00D6STERREICH", "at"},
+      {"Espa\u00F1a", "es"},
+      {"\u65E5\u672C", "jp"},
+      {"Allemagne", "de"},
+      {"\u0420\u043E\u0441\u0441\u0438\u044F", "ru"},
+      {"\u4E2D\u56FD", "cn"},
+      {"Schweiz", "ch"},
+      {"Suisse", "ch"},
+      {"Svizzera", "ch"},
+      {"\u0395\u03BB\u03BB\u03AC\u03B4\u03B1", "gr"},
   };
   for (const auto& [name, code] : rows) EXPECT_EQ(countryCodeOf(name), code) << name;
 }

@@ -69,7 +69,7 @@ TEST_P(ThroughABlock, LinesComeBackAsTheyStood) {
 
 constexpr const char* kLines[] = {
     // What belongs to one of several values.
-    "ADR;LABEL=\"a^nb\";GEO=\"geo:1,2\";TYPE=home:;;x;;;;\nADR;PID=1.1;ALTID=2;CC=FR;X-A=b:;;y;;;;France",
+    "ADR;LABEL=\"a^nb\";GEO=g;TYPE=home:;;x;;;;\nADR;PID=1;ALTID=2;CC=FR;X-A=b:;;y;;;;France",
     "TEL;PID=1.1;TYPE=home:1\nTEL;ALTID=2;X-A=b;TYPE=work:2",
     "EMAIL;PID=1.1:a@b\nEMAIL;X-A=\"b=\":c@d",
     "TEL;PREF=2:1\nTEL;PREF=3:2\nTEL;PREF=1:3",
@@ -139,8 +139,9 @@ TEST(ThroughABlock, ATelephoneURIKeepsItsPrefix) {
 TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
   EXPECT_THAT(linesAfterBlock("FN:A\nTEL;TYPE=PREF,X-Boat:1\nTEL;X-P=1;TYPE=home:2", "3.0"),
               ElementsAre("FN:A", "TEL;TYPE=X-Boat;PREF=1:1", "TEL;X-P=1;TYPE=home:2"));
-  EXPECT_THAT(linesAfterBlock("TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=46=6F):1", "2.1"),
-              ElementsAre("TEL;X-CUSTOM=Fo:1"));
+  EXPECT_THAT(
+      linesAfterBlock("TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=46=6F):1", "2.1"),
+      ElementsAre("TEL;X-CUSTOM=Fo:1"));
 }
 
 TEST(ThroughABlock, ALabelOfTheUsersOwnReadsWell) {
@@ -174,7 +175,7 @@ TEST(ThroughABlock, APersonStaysAPerson) {
   }
 }
 
-const std::string kGroup =
+const std::string kGroupWithLines =
     "UID:g\nKIND:group\nFN:Team\nMEMBER:ABC\nMEMBER:abc\nMEMBER;PREF=1:x\n"
     "MEMBER:mailto:a@example.com\nMEMBER;PID=1.1:mailto:b@example.com\n"
     "NOTE;LANGUAGE=en:a\\, b\nEMAIL:team@example.com\nURL:https://example.com\n"
@@ -185,18 +186,18 @@ std::string withMembers(const std::string& group) {
 }
 
 TEST(ThroughABlock, AGroupKeepsAllItsLines) {
-  const auto book = bookOf(withMembers(kGroup));
+  const auto book = bookOf(withMembers(kGroupWithLines));
   EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("ABC", "abc", "x"));
   const std::string once = throughBlock(*book);
   std::vector<std::string> lines = linesIn(once);
   lines.erase(lines.begin(), lines.begin() + 6);  // the persons come first
-  std::vector<std::string> expected = linesIn(card(kGroup));
+  std::vector<std::string> expected = linesIn(card(kGroupWithLines));
   EXPECT_EQ(lines, expected);
   EXPECT_EQ(throughBlock(*bookOf(once)), once);
 }
 
 TEST(ThroughABlock, AGroupThatChangedKeepsItsOtherLines) {
-  const auto general = snapshotOf(*bookOf(withMembers(kGroup)));
+  const auto general = snapshotOf(*bookOf(withMembers(kGroupWithLines)));
   const auto group = general->groupsDic()["g"];
   group->setTitle("Crew");
   group->setPersons(OVList<OVString>::list({"abc"}));
@@ -210,13 +211,13 @@ TEST(ThroughABlock, AGroupThatChangedKeepsItsOtherLines) {
 }
 
 TEST(ThroughABlock, AnOrdinaryGroupIsAnOrdinaryRecord) {
-  const auto general = snapshotOf(*bookOf(card("UID:g\nKIND:group\nFN:Team\nMEMBER:a") +
-                                          card("UID:a\nFN:A")));
+  const auto general =
+      snapshotOf(*bookOf(card("UID:g\nKIND:group\nFN:Team\nMEMBER:a") + card("UID:a\nFN:A")));
   EXPECT_EQ(std::string(general->groupsDic()["g"]->classForCoder()->name), "OVGroupGeneral");
 }
 
 TEST(ThroughABlock, ProgramsThatDoNotKnowTheClassReadAPlainGroup) {
-  const auto block = snapshotOf(*bookOf(withMembers(kGroup)))->saveToData();
+  const auto block = snapshotOf(*bookOf(withMembers(kGroupWithLines)))->saveToData();
   const std::string text(block->text());
   EXPECT_NE(text.find("OVCardGroup"), std::string::npos);
   EXPECT_NE(text.find("$classhints"), std::string::npos);

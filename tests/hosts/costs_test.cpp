@@ -14,12 +14,6 @@
 
 namespace {
 
-std::string repeated(std::string_view part, int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += part;
-  return text;
-}
-
 std::string numbered(const std::function<std::string(int)>& part, int count) {
   std::string text;
   for (int i = 0; i < count; ++i) text += part(i);
@@ -40,25 +34,25 @@ void expectProportion(const std::string& text) {
 }
 
 TEST(Costs, OfALabelThatManyShareAreThoseOfOneLabel) {
-  expectProportion(card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" +
-                        repeated("a.TEL:1\n", 5000)));
-  expectProportion(card("a.X-ABADR:" + std::string(100000, 'x') + "\n" +
-                        repeated("a.ADR:;;s\n", 20000)));
-  expectProportion(card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" +
-                        repeated("a.X-FOO:1\n", 5000)));
+  expectProportion(
+      card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" + repeated("a.TEL:1\n", 5000)));
+  expectProportion(
+      card("a.X-ABADR:" + std::string(100000, 'x') + "\n" + repeated("a.ADR:;;s\n", 20000)));
+  expectProportion(
+      card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" + repeated("a.X-FOO:1\n", 5000)));
 }
 
 TEST(Costs, OfALabelThatManyPersonsOfOtherBooksShareAreThoseOfOneLabel) {
-  const auto book = bookOf(card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" +
-                                repeated("a.TEL:1\n", 5000)));
+  const auto book =
+      bookOf(card("a.X-ABLabel:" + std::string(100000, 'x') + "\n" + repeated("a.TEL:1\n", 5000)));
   const auto copies = OVVCardBook::init();
   copies->addOneFromOtherPerson(onlyPerson(*book));
   EXPECT_LE(copies->saveData()->size(), 1000000U);
 }
 
 TEST(Costs, OfManyTagsAreThoseOfEachTag) {
-  expectProportion(card("CATEGORIES:" + numbered([](int i) { return std::to_string(i) + ","; },
-                                                 40000)));
+  expectProportion(
+      card("CATEGORIES:" + numbered([](int i) { return std::to_string(i) + ","; }, 40000)));
 }
 
 TEST(Costs, OfNamesAreThoseOfTheirLetters) {
@@ -86,8 +80,8 @@ TEST(Costs, OfOddLinesAreThoseOfEachLine) {
   expectProportion(card(numbered(
       [](int i) {
         const std::string group = "g" + std::to_string(i);
-        return group + ".TEL;X-A=b:1\n" + group + ".X-ABLabel:x" + std::to_string(i) + "\n" + group +
-               ".X-B:2\n";
+        return group + ".TEL;X-A=b:1\n" + group + ".X-ABLabel:x" + std::to_string(i) + "\n" +
+               group + ".X-B:2\n";
       },
       8000)));
   expectProportion(card(repeated("NOTE;X-A=b:1\n", 8000)));

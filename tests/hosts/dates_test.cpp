@@ -36,10 +36,16 @@ TEST(Dates, AreReadInEverySpelling) {
 }
 
 TEST(Dates, ThatAreNoneAreKept) {
-  for (const char* text :
-       {"circa 1962", "1962", "1962-05", "---05", "--13", "19810631", "20010229", "19811301",
-        "1981061", "198106120", "19930131T", "19930131T25", "19930131T1261", "19930131T100000.5",
-        "19930131T10+24", "19930131T+02", "T1000", "x19810612", "0000-01-01", "99991231T235960"}) {
+  for (const char* text : {"circa 1962",     "1962",
+                           "1962-05",        "---05",
+                           "--13",           "19810631",
+                           "20010229",       "19811301",
+                           "1981061",        "198106120",
+                           "19930131T",      "19930131T25",
+                           "19930131T1261",  "19930131T100000.5",
+                           "19930131T10+24", "19930131T+02",
+                           "T1000",          "x19810612",
+                           "0000-01-01",     "99991231T235960"}) {
     const auto read = person("BDAY:" + std::string(text));
     EXPECT_THAT(entries(*read, OVProPertyBirthday), IsEmpty()) << text;
     EXPECT_EQ(entry(*read, OVProPertyOther), "*BDAY|BDAY: " + std::string(text));

@@ -33,8 +33,7 @@ TEST(Emails, AreReadAndWritten) {
 TEST(URLs, AreReadAndWritten) {
   const auto read = person("URL;TYPE=home:https://example.com/?a=1;b=2,c\\,d");
   EXPECT_EQ(entry(*read, OVProPertyURLs), "*home|Home: https://example.com/?a=1;b=2,c,d");
-  EXPECT_THAT(writtenLines(read),
-              ElementsAre("URL;TYPE=home:https://example.com/?a=1;b=2,c,d"));
+  EXPECT_THAT(writtenLines(read), ElementsAre("URL;TYPE=home:https://example.com/?a=1;b=2,c,d"));
 }
 
 TEST(RelatedNames, AreReadAndWritten) {

@@ -115,8 +115,7 @@ TEST(Export, GivesTheSameBytesForTheSameBook) {
 TEST(Export, WritesPersonsWithoutID) {
   const auto general = OVAddressBookGeneral::init();
   general->addPerson(OVPersonGeneral::initWithID(""));
-  EXPECT_EQ(ov::vcard::exportBook(general)->text(),
-            "BEGIN:VCARD\r\nVERSION:4.0\r\nEND:VCARD\r\n");
+  EXPECT_EQ(ov::vcard::exportBook(general)->text(), "BEGIN:VCARD\r\nVERSION:4.0\r\nEND:VCARD\r\n");
 }
 
 }  // namespace

@@ -22,8 +22,8 @@ OVRef<OVSingleValue> phoneValue(const OVString& number, const OVString& label = 
   const auto object = OVLabel::init();
   object->setName(label);
   object->setDisplayName(label);
-  return OVPersonGeneral::singleValueByMacValueLabelType(
-      OVObjectPhone::initWithPhoneNumber(number), object, OVValueTypePhone);
+  return OVPersonGeneral::singleValueByMacValueLabelType(OVObjectPhone::initWithPhoneNumber(number),
+                                                         object, OVValueTypePhone);
 }
 
 OVRef<OVMutableMultipleValue> severalOf(const OVRef<IOVPerson>& person, const OVString& property) {
@@ -76,7 +76,8 @@ TEST(DoNoHarm, WritesPersonsThatWereOnlyLookedAtAsTheyStood) {
 }
 
 TEST(DoNoHarm, TurnsOtherCharacterSetsIntoUTF8) {
-  const auto book = bookOf("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:\xE4\r\nX-A:\xFF\r\nTEL:1\r\nEND:VCARD\r\n");
+  const auto book =
+      bookOf("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:\xE4\r\nX-A:\xFF\r\nTEL:1\r\nEND:VCARD\r\n");
   EXPECT_EQ(saved(*book),
             "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:\u00E4\r\nX-A:\u00FF\r\nTEL:1\r\nEND:VCARD\r\n");
 }
@@ -126,8 +127,8 @@ TEST(DoNoHarm, SeesChangesInsideAValue) {
   EXPECT_EQ(changed(kNew,
                     [](const auto& person) {
                       const auto phones = severalOf(person, OVProPertyPhone);
-                      const auto phone = std::dynamic_pointer_cast<OVMutableSingleValue>(
-                          phones->valueAtIndex(0));
+                      const auto phone =
+                          std::dynamic_pointer_cast<OVMutableSingleValue>(phones->valueAtIndex(0));
                       phone->setValue(OVObjectPhone::initWithPhoneNumber("6"));
                     }),
             replaced(kNew, "TEL;PREF=2;VALUE=uri:tel:4\r\n", "TEL:6\r\n"));
@@ -136,8 +137,7 @@ TEST(DoNoHarm, SeesChangesInsideAValue) {
                       const auto phones = severalOf(person, OVProPertyPhone);
                       phones->valueAtIndex(0)->label()->setDisplayName("Zuhause");
                     }),
-            replaced(kMiddle,
-                     "item1.tel;type=home;type=pref:3\n",
+            replaced(kMiddle, "item1.tel;type=home;type=pref:3\n",
                      "item2.TEL;TYPE=home:3\nitem2.X-ABLABEL:Zuhause\n"));
 }
 
@@ -145,8 +145,8 @@ TEST(DoNoHarm, KeepsTheGroupAndTheLabelOfAChangedLine) {
   EXPECT_EQ(changed(kMiddle,
                     [](const auto& person) {
                       const auto phones = severalOf(person, OVProPertyPhone);
-                      const auto phone = std::dynamic_pointer_cast<OVMutableSingleValue>(
-                          phones->valueAtIndex(0));
+                      const auto phone =
+                          std::dynamic_pointer_cast<OVMutableSingleValue>(phones->valueAtIndex(0));
                       phone->setValue(OVObjectPhone::initWithPhoneNumber("6"));
                     }),
             replaced(kMiddle, "item1.tel;type=home;type=pref:3\n", "item1.TEL;TYPE=home:6\n"));
@@ -158,11 +158,10 @@ TEST(DoNoHarm, TakesLinesOutWithTheirLabels) {
                       severalOf(person, OVProPertyPhone)->removeValueAtIndex(0);
                     }),
             card("FN:x\nTEL:2\nUID:1"));
-  EXPECT_EQ(changed(card("UID:1\nFN:x\nNOTE:n\nX-A:1"),
-                    [](const auto& person) {
-                      person->setValueByPropertyName(nullptr, OVProPertyNote);
-                    }),
-            card("UID:1\nFN:x\nX-A:1"));
+  EXPECT_EQ(
+      changed(card("UID:1\nFN:x\nNOTE:n\nX-A:1"),
+              [](const auto& person) { person->setValueByPropertyName(nullptr, OVProPertyNote); }),
+      card("UID:1\nFN:x\nX-A:1"));
 }
 
 TEST(DoNoHarm, SpellsNewLinesAsTheCardsVersionDoes) {
@@ -174,14 +173,14 @@ TEST(DoNoHarm, SpellsNewLinesAsTheCardsVersionDoes) {
 }
 
 TEST(DoNoHarm, GivesANewNameInPlaceOfAllOldSpellings) {
-  EXPECT_EQ(changed(card("UID:1\nN:B;A\nX-A:1\nFN:Mr. B\nSORT-STRING:B", "3.0"),
-                    [](const auto& person) {
-                      const auto name = std::dynamic_pointer_cast<OVMutableSingleValue>(
-                          person->valueByPropertyName(OVProPertyName));
-                      name->setValue(
-                          OVObjectPersonName::initWithFirstMiddleLast("C", nullptr, "D"));
-                    }),
-            card("UID:1\nN:D;C;;;\nX-A:1\nSORT-STRING:B\nFN:C D", "3.0"));
+  EXPECT_EQ(
+      changed(card("UID:1\nN:B;A\nX-A:1\nFN:Mr. B\nSORT-STRING:B", "3.0"),
+              [](const auto& person) {
+                const auto name = std::dynamic_pointer_cast<OVMutableSingleValue>(
+                    person->valueByPropertyName(OVProPertyName));
+                name->setValue(OVObjectPersonName::initWithFirstMiddleLast("C", nullptr, "D"));
+              }),
+      card("UID:1\nN:D;C;;;\nX-A:1\nSORT-STRING:B\nFN:C D", "3.0"));
 }
 
 TEST(DoNoHarm, TellsWhoIsPreferred) {
@@ -237,11 +236,10 @@ TEST(DoNoHarm, ChangesTheLinesOfAGroupThatNoLongerHold) {
   const auto group = std::dynamic_pointer_cast<OVVCardGroup>(book->groupByID("g"));
   group->removePerson(book->personsForIDs(OVList<OVString>::list({"old"})).front());
   group->addPerson(book->personsForIDs(OVList<OVString>::list({"new"})).front());
-  EXPECT_EQ(saved(*book),
-            kOld + kMiddle + kNew +
-                replaced(replaced(kGroup, "X-SERVER-MEMBER:urn:uuid:old\r\n", ""),
-                         "MEMBER:mailto:x@example.com\r\n",
-                         "MEMBER:mailto:x@example.com\r\nX-SERVER-MEMBER:new\r\n"));
+  EXPECT_EQ(saved(*book), kOld + kMiddle + kNew +
+                              replaced(replaced(kGroup, "X-SERVER-MEMBER:urn:uuid:old\r\n", ""),
+                                       "MEMBER:mailto:x@example.com\r\n",
+                                       "MEMBER:mailto:x@example.com\r\nX-SERVER-MEMBER:new\r\n"));
   group->setDisplayName("Crew");
   EXPECT_THAT(saved(*book), testing::HasSubstr("VERSION:3.0\r\nFN:Crew\r\nX-SERVER-KIND:group"));
 }

@@ -95,13 +95,6 @@ TEST_F(HostileInput, MayNestWithoutEnd) {
   expectStable(text);
 }
 
-std::string repeated(std::string_view part, int count) {
-  std::string text;
-  text.reserve(part.size() * static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) text += part;
-  return text;
-}
-
 /// What would take forever if the time grew with the square of the size.
 TEST_F(HostileInput, TakesTimeInProportionToItsSize) {
   constexpr int kMany = 30000;

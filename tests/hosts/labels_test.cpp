@@ -138,9 +138,8 @@ TEST(Labels, WithoutTextsBecomeThePropertysOwn) {
 }
 
 TEST(Labels, AreWrittenTheUsualWay) {
-  EXPECT_THAT(
-      writtenLines(person("TEL;TYPE=FAX,WORK:1\na.TEL:2\na.X-ABLabel:shop")),
-      ElementsAre("TEL;PREF=1;TYPE=work,fax:1", "item1.TEL:2", "item1.X-ABLABEL:shop"));
+  EXPECT_THAT(writtenLines(person("TEL;TYPE=FAX,WORK:1\na.TEL:2\na.X-ABLabel:shop")),
+              ElementsAre("TEL;PREF=1;TYPE=work,fax:1", "item1.TEL:2", "item1.X-ABLABEL:shop"));
 }
 
 }  // namespace

@@ -42,8 +42,12 @@ TEST(Photos, TellTheirMediaType) {
       {"<svg>", "image/svg+xml"},
       {"II*\0"s, "image/tiff"},
       {"MM\0*"s, "image/tiff"},
-      {"\0\0\0\x1C" "ftypheic...."s, "image/heic"},
-      {"\0\0\0\x1C" "ftypavif...."s, "image/avif"},
+      {"\0\0\0\x1C"
+       "ftypheic...."s,
+       "image/heic"},
+      {"\0\0\0\x1C"
+       "ftypavif...."s,
+       "image/avif"},
       {"RIFF....WAVE", ""},
       {"what", ""},
   };

@@ -4,6 +4,7 @@
 
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/object.h>
 
 namespace {
@@ -45,6 +46,26 @@ TEST(Cast, SharesOwnership) {
 
 TEST(Object, CannotBeArchivedUnlessItsClassSaysSo) {
   EXPECT_EQ(std::make_shared<Base>()->classForCoder(), nullptr);
+}
+
+class OwnValue : public OVMutableSingleValue {};
+class OwnValues : public OVMultipleValue {};
+
+TEST(Cast, SeesEveryKindOfValueThroughItsReadOnlyClass) {
+  for (const OVRef<OVObject>& each :
+       {OVRef<OVObject>(OVSingleValue::init()), OVRef<OVObject>(OVMutableSingleValue::init()),
+        OVRef<OVObject>(std::make_shared<OwnValue>())}) {
+    EXPECT_EQ(ov::cast<OVSingleValue>(each), each);
+    EXPECT_EQ(ov::cast<OVMultipleValue>(each), nullptr);
+  }
+  for (const OVRef<OVObject>& each :
+       {OVRef<OVObject>(OVMultipleValue::init()), OVRef<OVObject>(OVMutableMultipleValue::init()),
+        OVRef<OVObject>(std::make_shared<OwnValues>())}) {
+    EXPECT_EQ(ov::cast<OVMultipleValue>(each), each);
+    EXPECT_EQ(ov::cast<OVSingleValue>(each), nullptr);
+  }
+  EXPECT_EQ(ov::cast<OVMutableSingleValue>(OVSingleValue::init()), nullptr);
+  EXPECT_EQ(ov::cast<OVMutableMultipleValue>(OVMultipleValue::init()), nullptr);
 }
 
 }  // namespace

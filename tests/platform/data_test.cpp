@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/text.h>
 
 namespace {
 
@@ -41,6 +44,31 @@ TEST(Data, KeepsTheOwnerOfItsBytes) {
   EXPECT_FALSE(watched.expired());
   data.reset();
   EXPECT_TRUE(watched.expired());
+}
+
+TEST(Data, ItsTextAndBytesOutliveIt) {
+  auto data = OVData::dataWithText("abc");
+  const auto text = data->text();
+  const auto bytes = data->bytes();
+  data.reset();
+  EXPECT_EQ(text, "abc");
+  std::string walked;
+  for (const std::byte byte : bytes) walked.push_back(static_cast<char>(byte));
+  EXPECT_EQ(walked, "abc");
+  for (const char c : OVData::dataWithText("de")->text()) walked.push_back(c);
+  EXPECT_EQ(walked, "abcde");
+}
+
+TEST(Data, TextIsWrittenAndComparedAsOneExpects) {
+  std::ostringstream stream;
+  stream << OVData::dataWithText("a\n")->text() << OVData::dataWithText("")->text() << 'b';
+  EXPECT_EQ(stream.str(), "a\nb");
+  EXPECT_TRUE(OVData::dataWithText("a")->text() == OVData::dataWithText("a")->text());
+  EXPECT_TRUE(OVData::dataWithText("a")->text() != OVData::dataWithText("b")->text());
+  EXPECT_TRUE(OVString("a") == OVData::dataWithText("a")->text());
+  EXPECT_EQ(std::string(OVData::dataWithText("a")->text()), "a");
+  EXPECT_TRUE(OVData::dataWithText("")->text().empty());
+  EXPECT_EQ(OVData::dataWithText("ab")->bytes().size(), 2U);
 }
 
 TEST(Data, EqualBytesMadeApartAreTwoObjects) {

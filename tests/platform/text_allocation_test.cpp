@@ -1,10 +1,17 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
+#include <OVAddressBookSDK/address.h>
+#include <OVAddressBookSDK/address_field.h>
+#include <OVAddressBookSDK/country.h>
+#include <OVAddressBookSDK/instant_message.h>
+#include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookSDK/person_general.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/text.h>
 
@@ -29,6 +36,10 @@ void* operator new(std::size_t size) {
   ++allocations;
   if (void* place = std::malloc(size == 0 ? 1 : size)) return place;
   throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+  ++allocations;
+  return std::malloc(size == 0 ? 1 : size);
 }
 void operator delete(void* place) noexcept { std::free(place); }
 void operator delete(void* place, std::size_t /*size*/) noexcept { std::free(place); }
@@ -71,6 +82,75 @@ TEST(TextAllocations, ComparingWithCharactersCostsNone) {
   EXPECT_EQ(allocationsOf([&] { isEqual = text == "text" && text == std::string_view("text"); }),
             0);
   EXPECT_TRUE(isEqual);
+}
+
+TEST(TextAllocations, LookingUpInADictionaryCostsNone) {
+  const auto dictionary = OVDictionary<OVString>::dictionary({{"a long key of no constant", "x"}});
+  const std::string key = "a long key of no constant";
+  bool isFound = false;
+  EXPECT_EQ(allocationsOf([&] {
+              isFound = dictionary[key] == "x" && dictionary.contains(key) &&
+                        dictionary["a long key of no constant"] == "x" &&
+                        dictionary.find(std::string_view(key)) != dictionary.end() &&
+                        dictionary.find(nullptr) == dictionary.end() &&
+                        dictionary["another long key, which is not there"].isNull() &&
+                        !dictionary.erase("another long key, which is not there");
+            }),
+            0);
+  EXPECT_TRUE(isFound);
+}
+
+TEST(TextAllocations, LookingUpInTheCataloguesCostsNone) {
+  const std::string field = "OVAddressFieldFurtherDivisions";
+  const std::string property = "FirstNamePhonetic";
+  const auto lookUp = [&] {
+    return OVProperty::propertyWithName(property) != nullptr &&
+           OVProperty::propertyWithName("a long name of no property") == nullptr &&
+           OVAdressField::fieldWithName(field) != nullptr &&
+           OVAdressField::fieldWithName("OVAddressFieldOfNoCatalogue") == nullptr &&
+           OVCountry::countryWithCode("de") != nullptr &&
+           OVCountry::countryWithCode("DE") != nullptr &&
+           OVCountry::countryWithCode("xx") == nullptr &&
+           OVCountry::countryNameByCode("De") == "Germany" &&
+           OVInstantMessageServer::serverWithName("GoogleTalkInstant") != nullptr;
+  };
+  EXPECT_TRUE(lookUp());  // builds the catalogues
+  bool isRight = false;
+  EXPECT_EQ(allocationsOf([&] { isRight = lookUp(); }), 0);
+  EXPECT_TRUE(isRight);
+}
+
+TEST(TextAllocations, ReadingAPersonCostsNone) {
+  const auto person = OVPersonGeneral::initWithID("p");
+  const auto phones = OVMutableMultipleValue::init();
+  phones->addValue(
+      ov::labelled(OVObjectPhone::initWithPhoneNumber("555"), "work", OVValueTypePhone));
+  person->setValueByPropertyName(phones, "Phone");
+  person->setValueByPropertyName(ov::labelled("x", nullptr, OVValueTypeString), "the host's own");
+  const std::string name = "Phone";
+  bool isRight = false;
+  EXPECT_EQ(allocationsOf([&] {
+              isRight = person->valueByPropertyName(name) == phones &&
+                        person->valueByPropertyName("the host's own") != nullptr &&
+                        person->valueByPropertyName("a long name of no property") == nullptr &&
+                        person->valueOfMainValueForProPertyName("Phone") == person->mainPhone() &&
+                        person->addressBookID() == "" && person->displayName() == "";
+            }),
+            0);
+  EXPECT_TRUE(isRight);
+}
+
+TEST(TextAllocations, ReadingAnAddressCostsNone) {
+  const auto address = OVObjectAddress::init();
+  address->setStringValueForFieldName("Quimper", "OVAddressFieldCity");
+  address->setCountryCode("de");  // builds the list of countries
+  OVString city;
+  EXPECT_EQ(allocationsOf([&] {
+              address->setCountryCode("fr");
+              city = address->stringValueByFieldName("OVAddressFieldAdjacentarea");
+            }),
+            0);
+  EXPECT_EQ(city, "Brest");
 }
 
 TEST(TextAllocations, NullCostsNone) {

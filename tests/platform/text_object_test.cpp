@@ -100,4 +100,14 @@ TEST(TextConstants, ServeStaticInitialisers) {
   EXPECT_TRUE(nullWithoutInitialiser.isNull());
 }
 
+TEST(TextConstants, CanBeHeldWeakly) {
+  OVRef<OVObject> object = kPhone;
+  const std::weak_ptr<OVObject> watched = object;
+  EXPECT_FALSE(watched.expired());
+  EXPECT_EQ(watched.lock(), object);
+  object.reset();
+  EXPECT_EQ(watched.lock(), OVRef<OVObject>(kPhone));
+  EXPECT_EQ(std::weak_ptr<OVObject>(OVRef<OVObject>(kEmpty)).lock(), OVRef<OVObject>(kEmpty));
+}
+
 }  // namespace

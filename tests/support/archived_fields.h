@@ -36,7 +36,7 @@ class ArchivedForm {
   /// Of the root of an archive of `object`.
   explicit ArchivedForm(const OVRef<OVObject>& object);
 
-  std::string_view className() const { return object_->className().view(); }
+  std::string className() const { return object_->className().str(); }
   /// The class and its superclasses, nearest first.
   std::vector<OVString> classes() const { return object_->classes(); }
   /// In the order in which they were written.

@@ -96,6 +96,69 @@ def book():
     return archive
 
 
+def misplaced_objects():
+    """Objects of other classes in every field of the library's classes, one of them shared."""
+    archive = ForeignArchive()
+    shared = archive.object("XYShared", what=archive.add("in many places"))
+    number, date = archive.add(5), archive.object("NSDate", **{"NS.time": 1.0})
+    texts = archive.list(archive.add("a"), archive.add("b"))
+    label = archive.object("OVLabel", name=number, displayName=shared)
+    home = archive.object("OVLabel", name=archive.add("Home"), displayName=date)
+
+    def single(datum, label=label, name="OVSingleValue", **more):
+        return archive.object(name, type=6, label=label, value=datum, **more)
+
+    address = archive.object("OVObjectAddress", valueDic=texts, countryCode=shared)
+    other_address = archive.object(
+        "OVObjectAddress",
+        valueDic=archive.dictionary({"City": shared}, "NSMutableDictionary"),
+        countryCode=number,
+    )
+    account = archive.object("OVObjectInstantMessage", userName=date, serverName=shared)
+    values = {
+        "Name": single(archive.object("OVObjectPersonName", first=shared, middle=date, last=texts)),
+        "Phone": archive.object(
+            "OVMutableMultipleValue",
+            valueArray=archive.list(
+                single(archive.object("OVObjectPhone", phoneNumber=shared)),
+                single(archive.object("OVObjectPhone", phoneNumber=date), label=home),
+                single(archive.add("1"), label=shared, name="OVMutableSingleValue"),
+                single(shared, label=date, name="OVMutableSingleValue"),
+                shared,
+            ),
+            mainValueIndex=1,
+        ),
+        "Email": single(archive.object("OVObjectEmail", email=number)),
+        "InstantMessage": single(account, name="OVMutableSingleValue"),
+        "Address": single(address),
+        "Other": single(other_address),
+        "Date": archive.object("OVMultipleValue", type=5),
+        "URL": archive.object("OVMultipleValue", type=2**32 - 1),
+        "RelatedNames": archive.object("OVMutableMultipleValue", valueArray=shared),
+        "Note": shared,
+        "Company": archive.add("text"),
+        "Birthday": archive.object("OVValue", type=7),
+    }
+    person = archive.object("OVPersonGeneral", ID=shared, **values)
+    groups = {
+        "g": archive.object("OVGroupGeneral", title=number, subArray=shared, persons=texts),
+        "h": archive.object("OVGroupGeneral", title=texts, subArray=date, persons=archive.add("p")),
+        "i": person,
+    }
+    archive.top = {
+        "root": archive.list(
+            archive.object(
+                "OVAddressBookGeneral",
+                personDic=archive.dictionary({"p": person, "x": shared}, "NSMutableDictionary"),
+                groupDic=archive.dictionary(groups, "NSMutableDictionary"),
+            ),
+            archive.object("OVAddressBookGeneral", personDic=person, groupDic=shared),
+            archive.object("OVAddressBookGeneral", personDic=archive.add("no persons")),
+        )
+    }
+    return archive
+
+
 def foundation_classes():
     archive = ForeignArchive()
     text = archive.add("http://example.org")

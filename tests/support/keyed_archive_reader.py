@@ -227,6 +227,10 @@ class Listing:
                 if key != "$class":
                     self.lines.append(f"{name}.{key} = {self.value(found[key])}")
 
+    def class_name(self, value):
+        found = self.archive.objects[value] if isinstance(value, Uid) else None
+        return self.archive.class_of(found)[0] if isinstance(found, dict) else None
+
     def has_text_keys(self, found):
         keys = map(self.archive.resolved, found.get("NS.keys", [None]))
         return all(isinstance(key, str) for key in keys)
@@ -243,7 +247,7 @@ class Listing:
             found = found | {"type": found["type"] & 0xFFFFFFFF}
         if class_name == "OVPersonGeneral" and self.archive.resolved(found.get("ID")) is None:
             return found | {"ID": ""}
-        if class_name == "OVMutableMultipleValue" and "valueArray" in found:
+        if class_name == "OVMutableMultipleValue" and self.class_name(found.get("valueArray")) in LISTS:
             count = len(self.archive.objects[found["valueArray"]]["NS.objects"])
             main = found.get("mainValueIndex", 0)
             return found | {"mainValueIndex": main if 0 <= main < count else 0}
@@ -256,7 +260,10 @@ class Listing:
             if key == "$class" or self.archive.resolved(value) is None:
                 continue
             inner = self.archive.objects[value] if isinstance(value, Uid) else None
-            if (class_name, key) in (("OVMutableMultipleValue", "valueArray"),
+            expected = {"valueArray": LISTS, "valueDic": DICTIONARIES}.get(key)
+            if expected is not None and self.class_name(value) not in expected:
+                yield key, lambda value=value: self.value(value)
+            elif (class_name, key) in (("OVMutableMultipleValue", "valueArray"),
                                      ("OVTagManager", "TagsKey")):
                 yield key, lambda inner=inner: self.elements(inner["NS.objects"])
             elif (class_name, key) == ("OVObjectAddress", "valueDic"):

@@ -34,11 +34,12 @@ std::string listedText(std::string_view text) {
 std::string listedReal(double number) { return "real " + formatted("%.17g", number); }
 
 std::string listedNumber(const OVNumber& number) {
-  if (const auto* truth = std::get_if<bool>(&number.value())) return *truth ? "true" : "false";
-  if (const auto* integer = std::get_if<std::int64_t>(&number.value())) {
+  const OVNumber::Value value = number.value();
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "true" : "false";
+  if (const auto* integer = std::get_if<std::int64_t>(&value)) {
     return std::to_string(*integer);
   }
-  if (const auto* natural = std::get_if<std::uint64_t>(&number.value())) {
+  if (const auto* natural = std::get_if<std::uint64_t>(&value)) {
     return std::to_string(*natural);
   }
   return listedReal(number.doubleValue());

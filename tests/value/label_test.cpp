@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <OVAddressBookSDK/keyed_archiver.h>
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+
 #include "support/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 
 namespace {
+
+OVList<OVString> textList() { return OVList<OVString>::list({"a"}); }
 
 TEST(Label, NewOneHasNoTexts) {
   const auto label = OVLabel::init();
@@ -81,6 +86,34 @@ TEST(LabelArchive, UnknownKeysAreIgnored) {
   const auto label =
       restored<OVLabel>(archivedAs("OVLabel", {{"version", 2}, {"name", OVString("home")}}));
   EXPECT_EQ(label->name(), "home");
+}
+
+TEST(LabelArchive, ObjectThatIsNoTextIsWrittenBackUntilATextTakesItsPlace) {
+  const auto label = restored<OVLabel>(
+      archivedAs("OVLabel", {{"name", foreignObject()}, {"displayName", textList()}}));
+  EXPECT_EQ(label->displayName(), nullptr);
+  EXPECT_TRUE(isForeignObject(ArchivedForm(label).object("name")));
+  EXPECT_EQ(ov::cast<OVList<OVString>>(ArchivedForm(label).object("displayName"))[0], "a");
+  label->setName("home");
+  label->setDisplayName(nullptr);
+  const ArchivedForm form(label);
+  EXPECT_EQ(form.keys(), std::vector<OVString>{"name"});
+  EXPECT_EQ(ov::cast<OVString>(form.object("name")), "home");
+}
+
+TEST(LabelArchive, ObjectInPlaceOfSeveralTextsStaysOneObject) {
+  const auto shared = foreignObject();
+  const auto list = restored<OVList<OVLabel>>(
+      OVList<OVObject>::list({archivedAs("OVLabel", {{"name", shared}, {"displayName", shared}}),
+                              archivedAs("OVLabel", {{"name", shared}})}));
+  const auto written =
+      ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(
+          OVKeyedArchiver::archivedDataWithRootObject(list)));
+  const auto fieldOf = [&](std::size_t index, std::size_t field) {
+    return std::get<OVOpaqueValue::Reference>(written[index]->fields()[field].value.content).object;
+  };
+  EXPECT_EQ(fieldOf(0, 0), fieldOf(0, 1));
+  EXPECT_EQ(fieldOf(0, 0), fieldOf(1, 0));
 }
 
 }  // namespace

@@ -189,4 +189,67 @@ TEST(MultipleValueArchive, SavedReadAndSavedAgainHasTheSameBytes) {
   EXPECT_EQ(first->text(), second->text());
 }
 
+TEST(MultipleValueArchive, StoredTypeOfTheReadOnlyClassIsWrittenBack) {
+  for (const std::int64_t type : {0LL, 5LL, 12LL, 4294967295LL}) {
+    const auto multiple =
+        restored<OVMultipleValue>(archivedAs("OVMultipleValue", {{"type", type}}));
+    EXPECT_EQ(multiple->type(), 12);
+    EXPECT_EQ(ArchivedForm(multiple).className(), "OVMultipleValue");
+    EXPECT_EQ(ArchivedForm(multiple).integer("type"), type);
+  }
+  EXPECT_EQ(ArchivedForm(OVMultipleValue::init()).integer("type"), 12);
+}
+
+TEST(MultipleValueArchive, ElementsOfTheReadOnlyClassAreElements) {
+  const auto element = archivedAs(
+      "OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}});
+  const auto multiple = restored<OVMutableMultipleValue>(
+      archivedAs("OVMutableMultipleValue", {{"valueArray", OVList<OVObject>::list({element})}}));
+  ASSERT_EQ(multiple->count(), 1U);
+  EXPECT_EQ(multiple->subType(), OVValueTypePhone);
+  EXPECT_EQ(ov::cast<OVString>(multiple->mainValue()->value()), "1");
+}
+
+TEST(MultipleValueArchive, SomethingElseInPlaceOfTheListReadsAsNoneAndIsWrittenBack) {
+  for (const OVRef<OVObject>& other : {foreignObject(), OVRef<OVObject>(textValue("1"))}) {
+    const auto multiple = restored<OVMutableMultipleValue>(
+        archivedAs("OVMutableMultipleValue", {{"valueArray", other}}));
+    EXPECT_EQ(multiple->count(), 0U);
+    EXPECT_EQ(multiple->mainValue(), nullptr);
+    EXPECT_EQ(multiple->valueAtIndex(0), nullptr);
+    EXPECT_EQ(multiple->indexOfValue(textValue("a")), 0U);
+    EXPECT_EQ(multiple->copy()->count(), 0U);
+    multiple->addValue(textValue("a"));
+    multiple->removeValueAtIndex(0);
+    multiple->removeValue(textValue("a"));
+    multiple->replaceValueForIndex(textValue("a"), 0);
+    EXPECT_EQ(multiple->count(), 0U);
+    const ArchivedForm form(multiple);
+    EXPECT_EQ(form.keys(), Keys{"valueArray"});
+    EXPECT_EQ(ov::cast<OVOpaqueObject>(form.object("valueArray"))->className(),
+              other->classForCoder()->name);
+  }
+}
+
+TEST(MultipleValueArchive, ElementsOfDifferentTypesAreKept) {
+  const auto list = OVList<OVSingleValue>::list({textValue("1", OVValueTypePhone),
+                                                 textValue("a@b", OVValueTypeEmail),
+                                                 textValue("x", static_cast<OVValueType>(-5))});
+  const auto multiple = restored<OVMutableMultipleValue>(
+      archivedAs("OVMutableMultipleValue", {{"valueArray", list}, {"mainValueIndex", 1}}));
+  ASSERT_EQ(multiple->count(), 3U);
+  EXPECT_EQ(multiple->valueAtIndex(0)->type(), OVValueTypePhone);
+  EXPECT_EQ(multiple->valueAtIndex(2)->type(), -5);
+  EXPECT_EQ(multiple->subType(), OVValueTypeEmail);
+  multiple->addValue(textValue("2", OVValueTypePhone));
+  EXPECT_EQ(multiple->count(), 3U);
+  multiple->addValue(textValue("c@d", OVValueTypeEmail));
+  EXPECT_EQ(multiple->count(), 4U);
+  EXPECT_EQ(restored<OVMutableMultipleValue>(multiple)->valueAtIndex(0)->type(), OVValueTypePhone);
+  // A copy keeps what goes with its first element, and has no element at the main value's place.
+  const auto copy = multiple->copy();
+  ASSERT_EQ(copy->count(), 1U);
+  EXPECT_EQ(copy->subType(), 0);
+}
+
 }  // namespace

@@ -179,4 +179,42 @@ TEST_F(MultipleValueRemove, WithoutMainValueThereIsNoneAfterwards) {
   EXPECT_EQ(abc->mainValue(), nullptr);
 }
 
+class MainValueTwice : public MultipleValueOfThree {
+ protected:
+  const OVRef<OVMutableMultipleValue> abab = multipleOf({a, b, a, b});
+};
+
+TEST_F(MainValueTwice, ReplacedAtEitherPlaceTheReplacementIsMain) {
+  abab->replaceValueForIndex(other, 2);
+  EXPECT_EQ(elementsOf(abab), (Elements{a, b, other, b}));
+  EXPECT_EQ(abab->mainValue(), other);
+  abab->setMainValue(b);
+  abab->replaceValueForIndex(c, 1);
+  EXPECT_EQ(elementsOf(abab), (Elements{a, c, other, b}));
+  EXPECT_EQ(abab->mainValue(), c);
+}
+
+TEST_F(MainValueTwice, ReplacedByOriginalItsFirstPlaceIsTaken) {
+  abab->replaceValueForOriginal(other, a);
+  EXPECT_EQ(elementsOf(abab), (Elements{other, b, a, b}));
+  EXPECT_EQ(abab->mainValue(), other);
+}
+
+TEST_F(MainValueTwice, RemovedFromOnePlaceItIsGoneFromBoth) {
+  abab->removeValueAtIndex(2);
+  EXPECT_EQ(elementsOf(abab), (Elements{b, b}));
+  EXPECT_EQ(abab->mainValue(), b);
+  abab->removeValue(b);
+  EXPECT_EQ(abab->count(), 0U);
+  EXPECT_EQ(abab->mainValue(), nullptr);
+}
+
+TEST_F(MainValueTwice, InACopyTheFirstOfTheTwoCopiesIsMain) {
+  const auto copy = abab->copy();
+  ASSERT_EQ(copy->count(), 4U);
+  EXPECT_EQ(copy->mainValue(), copy->valueAtIndex(0));
+  EXPECT_NE(copy->mainValue(), copy->valueAtIndex(2));
+  EXPECT_EQ(copy->indexOfValue(copy->valueAtIndex(2)), 2U);
+}
+
 }  // namespace

@@ -155,4 +155,29 @@ TEST(SingleValueArchive, SavedReadAndSavedAgainHasTheSameBytes) {
   EXPECT_EQ(first->text(), second->text());
 }
 
+TEST(SingleValueArchive, RecordOfTheReadOnlyClassIsKept) {
+  const auto value = restored<OVSingleValue>(archivedAs(
+      "OVSingleValue", {{"type", 6}, {"label", labelOf("home")}, {"value", OVString("1")}}));
+  EXPECT_EQ(value->type(), OVValueTypePhone);
+  EXPECT_EQ(value->label()->name(), "home");
+  EXPECT_EQ(ov::cast<OVString>(value->value()), "1");
+  const ArchivedForm form(value);
+  EXPECT_EQ(form.className(), "OVSingleValue");
+  EXPECT_EQ(form.keys(), (std::vector<OVString>{"type", "label", "value"}));
+  const auto copy = value->copy();
+  EXPECT_EQ(ArchivedForm(copy).className(), "OVMutableSingleValue");
+  EXPECT_EQ(ov::cast<OVString>(copy->value()), "1");
+}
+
+TEST(SingleValueArchive, NegativeCodesAreWrittenAsUnsignedNumbers) {
+  for (const auto& [code, written] : {std::pair<std::int32_t, std::int64_t>{-1, 4294967295},
+                                      {-2, 4294967294},
+                                      {INT32_MIN, 2147483648},
+                                      {INT32_MAX, 2147483647}}) {
+    const auto value = valueOf(static_cast<OVValueType>(code), nullptr);
+    EXPECT_EQ(ArchivedForm(value).integer("type"), written);
+    EXPECT_EQ(restored<OVSingleValue>(value)->type(), code);
+  }
+}
+
 }  // namespace

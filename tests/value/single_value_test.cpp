@@ -51,6 +51,32 @@ TEST(SingleValue, SettersReplaceAndTakeAway) {
   EXPECT_EQ(value->value(), nullptr);
 }
 
+TEST(SingleValue, LabelledOneHasANewLabelOfOneText) {
+  const OVRef<OVObject> datum = OVList<OVString>::list();
+  const OVString text("work");
+  const auto value = ov::labelled(datum, text, OVValueTypePhone);
+  EXPECT_EQ(value->value(), datum);
+  EXPECT_EQ(value->type(), OVValueTypePhone);
+  EXPECT_TRUE(value->label()->name().isSame(text));
+  EXPECT_TRUE(value->label()->displayName().isSame(text));
+  EXPECT_NE(value->label(), ov::labelled(datum, text, OVValueTypePhone)->label());
+}
+
+TEST(SingleValue, LabelledOneTakesATextAsItComes) {
+  EXPECT_EQ(ov::cast<OVString>(ov::labelled("pilot", "job", OVValueTypeString)->value()), "pilot");
+  const OVString text("pilot");
+  const auto value = ov::labelled(text, nullptr, OVValueTypeString);
+  EXPECT_TRUE(ov::cast<OVString>(value->value()).isSame(text));
+  EXPECT_EQ(value->label(), nullptr);
+}
+
+TEST(SingleValue, LabelledNullIsNull) {
+  EXPECT_EQ(ov::labelled(OVRef<OVObject>(), "work", OVValueTypePhone), nullptr);
+  EXPECT_EQ(ov::labelled(OVRef<OVLabel>(), "work", OVValueTypePhone), nullptr);
+  EXPECT_EQ(ov::labelled(OVString(), "work", OVValueTypeString), nullptr);
+  EXPECT_EQ(ov::labelled(nullptr, "work", OVValueTypeString), nullptr);
+}
+
 TEST(SingleValue, NothingComparesTypeAndDatum) {
   const auto value = valueOf(OVValueTypeImage, OVString("no image"));
   EXPECT_EQ(value->type(), OVValueTypeImage);
@@ -112,6 +138,46 @@ TEST(SingleValue, LongChainOfValuesIsDestroyedWithoutDeepRecursion) {
   const std::weak_ptr<OVObject> last = chain;
   chain.reset();
   EXPECT_TRUE(last.expired());
+}
+
+TEST(SingleValue, TextsOfEveryKindAreData) {
+  const auto value = OVMutableSingleValue::init();
+  const auto expectText = [&](const char* text) {
+    EXPECT_EQ(ov::cast<OVString>(value->value()), text);
+  };
+  value->setValue("literal");
+  expectText("literal");
+  value->setValue(std::string("string"));
+  expectText("string");
+  value->setValue(std::string_view("view"));
+  expectText("view");
+  const OVString text = "handle";
+  value->setValue(text);
+  EXPECT_TRUE(ov::cast<OVString>(value->value()).isSame(text));
+}
+
+TEST(SingleValue, NullOfEveryKindTakesTheDatumAway) {
+  const char* const noCharacters = nullptr;
+  const auto value = OVMutableSingleValue::init();
+  const auto expectTakenAway = [&](const auto& null) {
+    value->setValue("x");
+    value->setValue(null);
+    EXPECT_EQ(value->value(), nullptr);
+  };
+  expectTakenAway(nullptr);
+  expectTakenAway(noCharacters);
+  expectTakenAway(OVString());
+  expectTakenAway(OVRef<OVLabel>());
+  expectTakenAway(OVRef<OVObject>());
+  expectTakenAway(OVList<OVString>());
+}
+
+TEST(SingleValue, AnyCodeIsKept) {
+  const auto value = OVMutableSingleValue::init();
+  for (const std::int32_t code : {1, 4, 12, 14, -1, INT32_MAX, INT32_MIN}) {
+    value->setType(static_cast<OVValueType>(code));
+    EXPECT_EQ(value->type(), code);
+  }
 }
 
 }  // namespace

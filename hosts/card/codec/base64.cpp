@@ -12,7 +12,7 @@ constexpr std::string_view kDigits =
 constexpr std::uint8_t kNone = 64;
 constexpr std::uint8_t kPadding = 65;
 
-constexpr auto kValues = [] {
+constexpr auto kValues = []() {
   std::array<std::uint8_t, 256> values{};
   values.fill(kNone);
   for (std::size_t i = 0; i < kDigits.size(); ++i) {

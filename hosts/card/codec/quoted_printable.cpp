@@ -6,9 +6,9 @@ namespace ov::card {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 75;
+constexpr std::size_t kLongestQuotedLine = 75;
 
-bool standsAsItIs(char c) { return c >= ' ' && c <= '~' && c != '='; }
+bool isQuotedAsItIs(char c) { return c >= ' ' && c <= '~' && c != '='; }
 
 /// Behind a soft line break nothing may look like a blank that folds or like END:VCARD.
 bool mayBeginLine(char c) { return c != ' ' && upperASCII(c) != 'B' && upperASCII(c) != 'E'; }
@@ -37,13 +37,13 @@ void appendQuotedPrintable(std::string& out, std::string_view bytes, std::size_t
                            std::string_view lineEnd) {
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     const char c = bytes[i];
-    const bool breaks = column + 3 > kLongestLine;
+    const bool breaks = column + 3 > kLongestQuotedLine;
     if (breaks) {
       out.append("=").append(lineEnd);
       column = 0;
     }
     const bool isTrailing = c == ' ' && i + 1 == bytes.size();
-    if (standsAsItIs(c) && !isTrailing && (!breaks || mayBeginLine(c))) {
+    if (isQuotedAsItIs(c) && !isTrailing && (!breaks || mayBeginLine(c))) {
       out += c;
       ++column;
     } else {

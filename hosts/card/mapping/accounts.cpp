@@ -168,8 +168,8 @@ Fit readAccount(const Line& line, const Binding& binding, PersonReading& reading
       server = OVInstantMessageServer::serverWithName(scheme.empty() ? OVString() : scheme);
     }
   }
-  const auto account = OVObjectInstantMessage::initWithUserNameServer(
-      percentDecoded(userOf(rest, scheme)), server);
+  const auto account =
+      OVObjectInstantMessage::initWithUserNameServer(percentDecoded(userOf(rest, scheme)), server);
   const Fit fit = reading.add(line, binding, account);
   const Spelled usual = spelled(*account);
   const bool isUsual = line.name() == "IMPP" && usual.value == line.value() &&

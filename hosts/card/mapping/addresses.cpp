@@ -74,9 +74,9 @@ std::string countryParameter(const OVObjectAddress& address) {
 bool isUsualCountry(const Line& line, const LineGroup* group, const OVObjectAddress& address) {
   const Parameter* const parameter = line.parameter("CC");
   const std::string written = countryParameter(address);
-  if (parameter != nullptr) return sameWord(written, ";CC=" + std::string(line.parameterValue("CC")));
-  return group == nullptr || group->country == nullptr ||
-         !group->countryCode.isNull();
+  if (parameter != nullptr)
+    return sameWord(written, ";CC=" + std::string(line.parameterValue("CC")));
+  return group == nullptr || group->country == nullptr || !group->countryCode.isNull();
 }
 
 }  // namespace

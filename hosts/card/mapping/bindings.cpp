@@ -1,6 +1,7 @@
 #include "bindings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <unordered_map>
 
@@ -17,7 +18,13 @@ constexpr std::string_view kEntry = ",TYPE,PREF,VALUE,";
 constexpr std::array<const OVString*, 2> kNameParts{&OVProPertyTitle, &OVProPertySuffix};
 
 constexpr std::array kBindings{
-    Binding{"FN", &OVProPertyName, readFormattedName, spellFormattedName, ",VALUE,", {}, false,
+    Binding{"FN",
+            &OVProPertyName,
+            readFormattedName,
+            spellFormattedName,
+            ",VALUE,",
+            {},
+            false,
             kNameParts},
     Binding{"N", &OVProPertyName, readName, spellName, ",VALUE,", {}, false, kNameParts},
     Binding{"NICKNAME", &OVProPertyNickname, readListText, spellListText},
@@ -97,7 +104,8 @@ const Catalogue& catalogue() {
 }  // namespace
 
 const OVProperty& Binding::descriptor() const {
-  return *catalogue().descriptors[static_cast<std::size_t>(this - kBindings.data())];
+  const auto position = std::distance(kBindings.data(), this);
+  return *catalogue().descriptors[static_cast<std::size_t>(position)];
 }
 
 bool Binding::understands(std::string_view parameter) const {
@@ -120,10 +128,9 @@ const Binding* bindingOf(const Line& line) {
   if (at != catalogue().byName.end()) return at->second;
   if (!line.name().starts_with("X-")) return nullptr;
   if (isServiceProperty(line.name())) return catalogue().byName.at("X-AIM");
-  const auto* const vendor =
-      std::find_if(kBindings.begin(), kBindings.end(), [&](const Binding& binding) {
-        return binding.vendorForms && line.isNamed(binding.name);
-      });
+  const auto* const vendor = std::find_if(
+      kBindings.begin(), kBindings.end(),
+      [&](const Binding& binding) { return binding.vendorForms && line.isNamed(binding.name); });
   return vendor == kBindings.end() ? nullptr : vendor;
 }
 

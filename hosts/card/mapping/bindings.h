@@ -71,9 +71,7 @@ struct Binding {
 
   [[nodiscard]] const OVProperty& descriptor() const;
   /// Whether the property holds several values, and lines carry labels.
-  [[nodiscard]] bool isLabelled() const {
-    return descriptor().valueType() == OVValueTypeMultiple;
-  }
+  [[nodiscard]] bool isLabelled() const { return descriptor().valueType() == OVValueTypeMultiple; }
   [[nodiscard]] bool understands(std::string_view parameter) const;
   /// Whether both speak of the same property.
   [[nodiscard]] bool isAbout(const Binding& other) const { return property == other.property; }

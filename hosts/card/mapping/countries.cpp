@@ -69,10 +69,10 @@ constexpr std::array kAliases{
 };
 
 /// Those that many people write their addresses in.
-constexpr std::array kLanguages{"ar", "bg", "cs", "da", "de", "el", "es", "et", "fi", "fr", "he",
-                                "hi", "hr", "hu", "id", "it", "ja", "ko", "lt", "lv", "nb", "nl",
-                                "pl", "pt", "ro", "ru", "sk", "sl", "sr", "sv", "th", "tr", "uk",
-                                "vi", "zh", "zh_Hant"};
+constexpr std::array kLanguages{"ar", "bg", "cs", "da", "de", "el", "es", "et", "fi",
+                                "fr", "he", "hi", "hr", "hu", "id", "it", "ja", "ko",
+                                "lt", "lv", "nb", "nl", "pl", "pt", "ro", "ru", "sk",
+                                "sl", "sr", "sv", "th", "tr", "uk", "vi", "zh", "zh_Hant"};
 
 std::string folded(std::string_view text) {
   std::string result;

@@ -54,7 +54,8 @@ std::optional<int> secondsOfDay(std::string_view text) {
     if (!part) return std::nullopt;
     parts[i] = *part;
   }
-  if (zone == 0 || !text.empty() || parts[0] > 23 || parts[1] > 59 || parts[2] > 60) return std::nullopt;
+  if (zone == 0 || !text.empty() || parts[0] > 23 || parts[1] > 59 || parts[2] > 60)
+    return std::nullopt;
   return (parts[0] * 60 + parts[1]) * 60 + parts[2];
 }
 

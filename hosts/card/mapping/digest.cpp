@@ -14,8 +14,6 @@ void Digest::add(std::string_view bytes) {
                     static_cast<gssize>(bytes.size()));
 }
 
-std::string Digest::digits() {
-  return g_checksum_get_string(static_cast<GChecksum*>(checksum_));
-}
+std::string Digest::digits() { return g_checksum_get_string(static_cast<GChecksum*>(checksum_)); }
 
 }  // namespace ov::card

@@ -97,8 +97,8 @@ constexpr std::string_view kTable = "vnd.android.cursor.item/";
 
 /// What the number in a row about a related person stands for, from 1.
 constexpr std::array<std::string_view, 14> kRelations{
-    "assistant", "brother", "child",       "domestic partner", "father", "friend", "manager",
-    "mother",    "parent",  "partner",     "referred by",      "relative", "sister", "spouse"};
+    "assistant", "brother", "child",   "domestic partner", "father",   "friend", "manager",
+    "mother",    "parent",  "partner", "referred by",      "relative", "sister", "spouse"};
 
 OVRef<OVLabel> labelWithCapital(std::string_view name) {
   std::string display(name);
@@ -155,10 +155,10 @@ Fit readTableRow(const Line& line, const Binding& /*binding*/, PersonReading& re
     const std::size_t kind = row.kind();
     const bool isOwn = kind == 0 || kind > kRelations.size();
     if (isOwn && row.parts[3].empty()) return Fit::Other;
-    return addRow(bindingNamed("RELATED"), OVString(text),
-                  isOwn ? makeLabel(row.parts[3], row.parts[3])
-                        : labelWithCapital(kRelations[kind - 1]),
-                  reading);
+    return addRow(
+        bindingNamed("RELATED"), OVString(text),
+        isOwn ? makeLabel(row.parts[3], row.parts[3]) : labelWithCapital(kRelations[kind - 1]),
+        reading);
   }
   if (row.parts[0] == "contact_event") {
     const OVRef<OVDate> date = parseDate(text);

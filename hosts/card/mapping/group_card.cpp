@@ -79,8 +79,8 @@ GroupReading::GroupReading(const Lines& lines) : name(""), roles(lines.size(), R
   const std::string joined = joinedName(*parts);
   if (name.empty()) name = OVString(joined);
   if (name != joined) return;
-  const auto at = std::find_if(lines.begin(), lines.end(),
-                               [&](const Line& line) { return &line == parts; });
+  const auto at =
+      std::find_if(lines.begin(), lines.end(), [&](const Line& line) { return &line == parts; });
   roles[static_cast<std::size_t>(at - lines.begin())] = Role::Name;
 }
 

@@ -25,8 +25,10 @@ const Key& key() {
 class SipHash {
  public:
   explicit SipHash(const Key& k)
-      : a_(k[0] ^ 0x736F6D6570736575), b_(k[1] ^ 0x646F72616E646F6D),
-        c_(k[0] ^ 0x6C7967656E657261), d_(k[1] ^ 0x7465646279746573) {}
+      : a_(k[0] ^ 0x736F6D6570736575),
+        b_(k[1] ^ 0x646F72616E646F6D),
+        c_(k[0] ^ 0x6C7967656E657261),
+        d_(k[1] ^ 0x7465646279746573) {}
 
   void add(std::uint64_t word) {
     d_ ^= word;

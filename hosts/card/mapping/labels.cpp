@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "codec/ascii.h"
-#include "codec/parameters.h"
 #include "codec/line_writer.h"
+#include "codec/parameters.h"
 
 namespace ov::card {
 
@@ -184,8 +184,8 @@ OwnLabel ownLabelOf(const Line& labelLine) {
       text.substr(kOpen.size(), text.size() - kOpen.size() - kClose.size());
   const std::string name = wordOf(word);
   const bool isTranslated = name != lowerASCII(word) || !knownDisplayName(name).empty();
-  return {OVString(name), OVString(isTranslated ? displayNameOf(name) : inWords(displayNameOf(word))),
-          false};
+  return {OVString(name),
+          OVString(isTranslated ? displayNameOf(name) : inWords(displayNameOf(word))), false};
 }
 
 LabelTexts LabelReader::read(const Line& line, const OVProperty& property,

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "codec/ascii.h"
-#include "codec/parameters.h"
 #include "codec/escapes.h"
+#include "codec/parameters.h"
 
 namespace ov::card {
 
@@ -85,8 +85,7 @@ std::string LineSink::groupOfLabel(const LabelSpelling& label, bool& isNew) {
   constexpr std::size_t kLong = 256;
   isNew = true;
   if (label.lineText.size() + label.lineParameters.size() < kLong) return newGroup();
-  std::string& group =
-      groupsOfLongLabels_[label.lineParameters + ":" + label.lineText.str()];
+  std::string& group = groupsOfLongLabels_[label.lineParameters + ":" + label.lineText.str()];
   isNew = group.empty();
   if (isNew) group = newGroup();
   return group;

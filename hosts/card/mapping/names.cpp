@@ -22,7 +22,7 @@ void append(std::string& whole, const std::string& part) {
 }
 
 /// The parts between semicolons as texts, several names of one kind with blanks between them.
-std::vector<std::string> partsOf(std::string_view value) {
+std::vector<std::string> namePartsOf(std::string_view value) {
   std::vector<std::string> parts;
   for (const std::string_view part : splitValue(value, ';')) {
     std::string text;
@@ -63,7 +63,7 @@ Fit readName(const Line& line, const Binding& /*binding*/, PersonReading& readin
       reading.has(OVProPertySuffix)) {
     return Fit::Other;
   }
-  std::vector<std::string> parts = partsOf(line.value());
+  std::vector<std::string> parts = namePartsOf(line.value());
   if (!areEmpty(parts, kParts)) return Fit::Other;
   if (areEmpty(parts, 0)) return Fit::Nothing;
   const bool isList = splitValue(line.value(), ',').size() > 1;
@@ -127,7 +127,7 @@ Fit readSound(const Line& line, const Binding& /*binding*/, PersonReading& readi
   if (reading.has(OVProPertyFirstNamePhonetic) || reading.has(OVProPertyLastNamePhonetic)) {
     return Fit::Other;
   }
-  const std::vector<std::string> parts = partsOf(line.value());
+  const std::vector<std::string> parts = namePartsOf(line.value());
   if (!areEmpty(parts, 2)) return Fit::Other;
   if (areEmpty(parts, 0)) return Fit::Nothing;
   if (!parts[0].empty()) reading.set(OVProPertyLastNamePhonetic, OVString(parts[0]));

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "codec/ascii.h"
-#include "codec/parameters.h"
 #include "codec/base64.h"
 #include "codec/escapes.h"
 #include "codec/line_writer.h"
+#include "codec/parameters.h"
 #include "properties.h"
 
 namespace ov::card {
@@ -156,7 +156,8 @@ OtherLines::OtherLines(const Entries& others, const PersonValues& values, bool h
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     const auto& [place, alone] = candidates[i];
     while (next != together.end() && next->number() < kFirstLine + i) ++next;
-    const Line* line = next != together.end() && next->number() == kFirstLine + i ? &*next : nullptr;
+    const Line* line =
+        next != together.end() && next->number() == kFirstLine + i ? &*next : nullptr;
     if (line == nullptr || lineNameOf(*line) != others[place]->label()->name()) {
       // It may have been taken for a part of the line before.
       cards_.push_back(std::make_unique<CardText>(std::string(kBegin) + alone + std::string(kEnd)));

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "codec/ascii.h"
-#include "codec/parameters.h"
 #include "codec/escapes.h"
+#include "codec/parameters.h"
 #include "digest.h"
 #include "others.h"
 #include "plan.h"
@@ -34,8 +34,7 @@ std::string mediaTypeFor(const Line& line, std::string_view bytes) {
 /// Writes a person as a new card, with the odd lines that still hold.
 class NewCard {
  public:
-  NewCard(const IOVPerson& person, const Lines& odd, const PersonReading& reading,
-          std::string& out)
+  NewCard(const IOVPerson& person, const Lines& odd, const PersonReading& reading, std::string& out)
       : values_(person), plan_(odd, reading, values_), sink_(out, Version::V4_0, "\r\n") {
     for (const Line& line : odd) sink_.reserveGroup(line.group());
   }
@@ -85,7 +84,8 @@ class NewCard {
   bool writePhotoLike() {
     const auto image = values_.datum<OVImage>(OVProPertyThumbnail);
     if (image == nullptr || image->data() == nullptr) return false;
-    const std::string_view bytes = image->data()->text();
+    const auto held = image->data()->text();
+    const std::string_view bytes = held;
     for (const Line& line : plan_.lines()) {
       if (line.name() != "PHOTO" || !line.value().starts_with(kDigest)) continue;
       if (line.value() != digestOf(bytes)) return false;
@@ -125,8 +125,7 @@ class NewCard {
     } else {
       return;
     }
-    sink_.write(spelling,
-                isMain && line == nullptr ? Preference::First : Preference::AsItStands);
+    sink_.write(spelling, isMain && line == nullptr ? Preference::First : Preference::AsItStands);
   }
 
   PersonValues values_;

@@ -163,9 +163,9 @@ void ChangedCard::writeEntry(const Binding& binding, const EntryLine& entry, con
   } else {
     if (!binding.spell(binding, values_, entry.entry.get(), spelling)) return;
     spelling.label = spellingOf(entry.entry->label(), binding.descriptor(), binding.name);
-    const bool hasAnniversary = std::any_of(
-        card_.lines.begin(), card_.lines.end(),
-        [](const Line& line) { return line.isNamed("ANNIVERSARY"); });
+    const bool hasAnniversary =
+        std::any_of(card_.lines.begin(), card_.lines.end(),
+                    [](const Line& line) { return line.isNamed("ANNIVERSARY"); });
     if (binding.read == readDate && !hasAnniversary) becomeAnniversary(spelling);
   }
   sink_.write(spelling, entry.preference, group == nullptr ? std::string_view() : group->name);

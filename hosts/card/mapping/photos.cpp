@@ -14,9 +14,9 @@ struct Beginning {
   std::string_view mediaType;
 };
 constexpr std::array kBeginnings{
-    Beginning{"\x89PNG", "image/png"},    Beginning{"\xFF\xD8\xFF", "image/jpeg"},
-    Beginning{"GIF8", "image/gif"},       Beginning{"BM", "image/bmp"},
-    Beginning{"<svg", "image/svg+xml"},   Beginning{"II*", "image/tiff"},
+    Beginning{"\x89PNG", "image/png"},  Beginning{"\xFF\xD8\xFF", "image/jpeg"},
+    Beginning{"GIF8", "image/gif"},     Beginning{"BM", "image/bmp"},
+    Beginning{"<svg", "image/svg+xml"}, Beginning{"II*", "image/tiff"},
     Beginning{"MM", "image/tiff"},
 };
 /// What stands behind the size of the first box of an image in a container for films.

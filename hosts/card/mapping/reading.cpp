@@ -12,7 +12,9 @@ namespace ov::card {
 
 namespace {
 
-bool isCompanion(const Line& line) { return line.name() == "X-ABLABEL" || line.name() == "X-ABADR"; }
+bool isCompanion(const Line& line) {
+  return line.name() == "X-ABLABEL" || line.name() == "X-ABADR";
+}
 
 }  // namespace
 
@@ -109,8 +111,8 @@ void PersonReading::keep(const Line& line, Claim& claim) {
   const OVString display = isLabelled && !claim.group->ownLabel.displayName.empty()
                                ? claim.group->ownLabel.displayName
                                : OVString(line.name());
-  add(otherBinding(), OVString(keptValueOf(line)), makeLabel(name, display == name ? name : display),
-      line.preference());
+  add(otherBinding(), OVString(keptValueOf(line)),
+      makeLabel(name, display == name ? name : display), line.preference());
 }
 
 LabelTexts PersonReading::labelOf(const Line& line, const Binding& binding) {

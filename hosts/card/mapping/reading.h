@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory_resource>
-#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_set>

@@ -102,9 +102,9 @@ std::string keyOf(const OVSingleValue& entry) {
 
 }  // namespace
 
-OVRef<OVValue> ValueTable::find(const OVString& property) const {
+OVRef<OVValue> ValueTable::find(const OVStringView& property) const {
   for (const auto& [name, value] : values_) {
-    if (name.isSame(property) || name == property) return value;
+    if (name == property) return value;
   }
   return nullptr;
 }
@@ -180,9 +180,9 @@ std::vector<std::size_t> placesOf(const Entries& before, const Entries& now) {
     const auto at = free.find(keyOf(*before[i]));
     if (at == free.end()) continue;
     std::deque<std::size_t>& candidates = at->second;
-    const auto found =
-        std::find_if(candidates.begin(), candidates.end(),
-                     [&](std::size_t place) { return sameEntry(*before[i], *now[place]); });
+    const auto found = std::find_if(candidates.begin(), candidates.end(), [&](std::size_t place) {
+      return sameEntry(*before[i], *now[place]);
+    });
     if (found == candidates.end()) continue;
     places[i] = *found;
     candidates.erase(found);

@@ -16,7 +16,7 @@ using Entries = std::vector<OVRef<OVSingleValue>>;
 class ValueTable {
  public:
   /// Null when there is none.
-  [[nodiscard]] OVRef<OVValue> find(const OVString& property) const;
+  [[nodiscard]] OVRef<OVValue> find(const OVStringView& property) const;
   /// Null takes the value away.
   void set(const OVString& property, OVRef<OVValue> value);
   void reserve(std::size_t count) { values_.reserve(count); }

@@ -118,8 +118,8 @@ void Arrivals::addPerson(const Card& card) {
   const OVString odd = oddLinesOf(card.lines, reading);
   ValueTable values = reading.takeValues();
   addOddLines(odd, values);
-  const auto person = std::make_shared<Person>(id, std::move(values), reading.tags(),
-                                               book_.weak_from_this());
+  const auto person =
+      std::make_shared<Person>(id, std::move(values), reading.tags(), book_.weak_from_this());
   person->setSource(sourceOf(card), reading.id());
   person->order = nextOrder_++;
   persons_.push_back(person);

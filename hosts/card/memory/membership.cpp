@@ -109,7 +109,8 @@ const Store::Entry* Membership::resolve(const OVString& member) {
   }
   indexReferences();
   const std::string key = referenceKey(member);
-  for (const Store::References* references : {&std::as_const(arrived_), &std::as_const(book_.references)}) {
+  for (const Store::References* references :
+       {&std::as_const(arrived_), &std::as_const(book_.references)}) {
     const auto at = references->find(key);
     if (at == references->end()) continue;
     if (const Store::Entry* const entry = arrivals_.find(at->second)) return entry;
@@ -133,8 +134,8 @@ void Membership::indexReferences() {
 
 void Membership::save(const std::shared_ptr<Group>& group) {
   if (!saved_.insert(group.get()).second) return;
-  before_.push_back({group, group->persons, group->personSet, group->subGroups, group->parents,
-                     group->missing});
+  before_.push_back(
+      {group, group->persons, group->personSet, group->subGroups, group->parents, group->missing});
 }
 
 void Membership::joinMembersOf(const std::shared_ptr<Group>& group) {
@@ -168,7 +169,8 @@ void Membership::cutCycles() {
     --sub->parents;
     arrivals_.rings_.push_back(sub->place);
   };
-  for (const auto* const places : {&std::as_const(book_.groups), &std::as_const(arrivals_.groups_)}) {
+  for (const auto* const places :
+       {&std::as_const(book_.groups), &std::as_const(arrivals_.groups_)}) {
     for (const Store::GroupPlace& place : *places) cutter.walkFrom(place.group, cut);
   }
 }

@@ -48,14 +48,14 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
   return property == nullptr ? nullptr : valueByPropertyName(property->name());
 }
 
-OVRef<OVValue> Person::find(const OVString& name) const {
+OVRef<OVValue> Person::find(const OVStringView& name) const {
   if (name != OVProPertyTags) return values_.find(name);
   const OVList<OVString> tags = tagArray();
   if (tags.empty()) return nullptr;
   return OVPersonGeneral::singleValueByMacValueProperty(tags, OVProperty::propertyWithName(name));
 }
 
-OVRef<OVValue> Person::valueByPropertyName(const OVString& name) const {
+OVRef<OVValue> Person::valueByPropertyName(const OVStringView& name) const {
   isHandedOut_ = true;
   return find(name);
 }
@@ -84,8 +84,8 @@ void Person::forgetFormattedName() {
     const OVRef<OVSingleValue> entry = others->valueAtIndex(i);
     const OVRef<OVLabel> label = entry == nullptr ? nullptr : entry->label();
     if (label == nullptr) continue;
-    const std::string_view name = label->name();
-    if (name.substr(0, name.find(';')) == "FN") others->removeValueAtIndex(i);
+    const OVString name = label->name();
+    if (name.view().substr(0, name.view().find(';')) == "FN") others->removeValueAtIndex(i);
   }
   if (others->count() == 0) values_.set(OVProPertyOther, nullptr);
 }
@@ -168,8 +168,8 @@ bool Person::isAsItCame() const {
 /// A person whose UID was taken has another ID, which its card tells once the other is gone.
 OVString Person::idToWrite() const {
   const auto book = book_.lock();
-  const bool isGivenAgain = !sourceID_.isNull() && sourceID_ != id_ && book != nullptr &&
-                            book->has(sourceID_);
+  const bool isGivenAgain =
+      !sourceID_.isNull() && sourceID_ != id_ && book != nullptr && book->has(sourceID_);
   return isGivenAgain ? sourceID_ : id_;
 }
 

@@ -37,7 +37,7 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString displayName() const override;
 
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
-  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVString& name) const override;
+  [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
   /// Does nothing for a null name. A new name takes the old formatted name out of "Other".
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
@@ -86,7 +86,7 @@ class Person final : public IOVPerson {
   std::uint64_t order = 0;
 
  private:
-  [[nodiscard]] OVRef<OVValue> find(const OVString& name) const;
+  [[nodiscard]] OVRef<OVValue> find(const OVStringView& name) const;
   [[nodiscard]] OVString text(const OVString& property) const;
   [[nodiscard]] OVRef<OVObject> mainDatum(const OVString& property) const;
   [[nodiscard]] OVRef<OVTagManager> tagManager() const;

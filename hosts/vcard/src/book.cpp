@@ -35,8 +35,8 @@ void loadCards(BookContent& book, std::string bytes, const OVString& file,
                const ov::vcard::Progress& progress) {
   constexpr std::size_t kCardsBetweenReports = 64;
   ov::vcard::ProblemList problems(file);
-  const auto text = std::make_shared<const std::string>(
-      ov::card::textOfFile(std::move(bytes), problems));
+  const auto text =
+      std::make_shared<const std::string>(ov::card::textOfFile(std::move(bytes), problems));
   ov::card::Arrivals arrivals(*book.store, file, text, problems);
   ov::card::CardReader reader(*text, problems);
   std::size_t count = 0;

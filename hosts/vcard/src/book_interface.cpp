@@ -110,8 +110,7 @@ OVRef<IOVGroup> OVVCardBook::addGroupByName(const OVString& name) {
 
 bool OVVCardBook::removeGroup(const OVRef<IOVGroup>& group) {
   const auto* const ours = dynamic_cast<const OVVCardGroup*>(group.get());
-  return ours != nullptr &&
-         content_->store->removeGroup(ov::vcard::GroupObjects::recordOf(*ours));
+  return ours != nullptr && content_->store->removeGroup(ov::vcard::GroupObjects::recordOf(*ours));
 }
 
 OVRef<OVTagManager> OVVCardBook::tagManager() const {

@@ -87,8 +87,6 @@ void writeBook(const OVAddressBook& book, std::string& out) {
 
 }  // namespace
 
-void registerClasses() { GeneralGroup::registerClass(); }
-
 OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
   if (book == nullptr) return nullptr;
   const auto out = std::make_shared<std::string>();
@@ -99,5 +97,7 @@ OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book) {
   }
   return OVData::dataWithBytesNoCopy(std::as_bytes(std::span(*out)), out);
 }
+
+void registerClasses() { GeneralGroup::registerClass(); }
 
 }  // namespace ov::vcard

@@ -53,8 +53,8 @@ std::error_code writeAll(int file, std::string_view bytes) {
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::filesystem::path& target)
-      : path_(target.parent_path() / ("." + target.filename().string() + "." +
-              ov::card::randomID().str())) {
+      : path_(target.parent_path() /
+              ("." + target.filename().string() + "." + ov::card::randomID().str())) {
     struct stat old {};
     const bool replaces = ::stat(target.c_str(), &old) == 0;
     file_.emplace(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,

@@ -33,8 +33,8 @@ std::vector<OVVCardProblem> ProblemList::take() {
     const Count& count = counts_.at(reason);
     OVVCardProblem problem = count.firstNotListed;
     const std::size_t listed = reason == kOtherReasons ? 0 : kMostOfOneReason;
-    problem.reason = OVString(reason + " (here and further on: " +
-                              std::to_string(count.all - listed) + " times)");
+    problem.reason = OVString(
+        reason + " (here and further on: " + std::to_string(count.all - listed) + " times)");
     problems_.push_back(std::move(problem));
   }
   return std::move(problems_);

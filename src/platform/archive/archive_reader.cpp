@@ -161,7 +161,8 @@ OVString ArchiveReader::textOf(Item item) {
 OVString ArchiveReader::newText(const PlistItem& item) {
   charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
   const std::string_view text = plist_.text(item, scratch_);
-  return OVString(ArenaText::fits(text) ? ArenaText::make(arena_, text) : TextObject::make(text));
+  return OVString(ArenaText::fits(text) ? ArenaText::make(arena_, text)
+                                        : TextObject::make({&text, 1}));
 }
 
 /// An object that is all in one place: a text, number, date or data block.

@@ -14,25 +14,28 @@ namespace ov::detail {
 
 namespace {
 
-[[noreturn]] void refuse(const OVObject& object) {
+[[noreturn]] void raiseRefused(const OVObject& object, const std::string& path) {
   const char* mangled = typeid(object).name();
   int status = 0;
   const std::unique_ptr<char, decltype(&std::free)> readable(
       abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
   throw std::invalid_argument(std::string("OVKeyedArchiver: the class ") +
-                              (readable ? readable.get() : mangled) +
-                              " cannot be archived: let it override classForCoder()");
+                              (readable ? readable.get() : mangled) + " cannot be archived" +
+                              (path.empty() ? "" : ", at " + path) +
+                              ": let it override classForCoder()");
 }
 
 }  // namespace
 
 ArchiveWriter::ArchiveWriter(Sharing sharing)
     : inlineLeaves_(plist_), leaves_(plist_), sharing_(sharing) {
+  if (sharing == Sharing::byIdentityWithPlaces) places_ = std::make_unique<ArchivePlaces>();
   nullReference_ = newReference(plist_.text(archive::kNull));
 }
 
 OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   const Number rootReference = reference(root);
+  if (places_ != nullptr) namePlaces({});
   while (!restart_ && !waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
@@ -50,6 +53,7 @@ void ArchiveWriter::writeWaiting(const Waiting& waiting) {
   ClassEntry& entry = *waiting.entry;
   writesHosts_ = !entry.isTrusted;
   nextKey_ = KeySequence::Walk(entry.keys);
+  if (places_ != nullptr) places_->enter(*waiting.object);
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
   const Number record = entry.kind == Kind::opaque
@@ -88,7 +92,7 @@ ArchiveWriter::Number ArchiveWriter::leafOrObjectReference(const OVRef<OVObject>
                                                            OVRef<OVObject>* copy) {
   if (object == nullptr) return nullReference_;
   const OVClass* objectClass = object->classForCoder();
-  if (objectClass == nullptr) refuse(*object);
+  if (objectClass == nullptr) return refuse(object);
   ClassEntry& entry = entryOf(*objectClass);
   switch (entry.kind) {
     case Kind::text:
@@ -100,6 +104,22 @@ ArchiveWriter::Number ArchiveWriter::leafOrObjectReference(const OVRef<OVObject>
     default:
       return objectReference(object, entry, copy);
   }
+}
+
+/// The error waits for the key under which the object stands.
+ArchiveWriter::Number ArchiveWriter::refuse(const OVRef<OVObject>& object) {
+  if (places_ == nullptr) {
+    restart_ = true;
+  } else if (refused_ == nullptr) {
+    places_->meet(*object);
+    refused_ = object;
+  }
+  return nullReference_;
+}
+
+void ArchiveWriter::namePlaces(std::string_view key) {
+  places_->name(key);
+  if (refused_ != nullptr) raiseRefused(*refused_, places_->pathTo(*refused_));
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
@@ -114,6 +134,7 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
     const auto [known, isNew] = met_.at(object.get());
     if (!isNew) return known.number;
     if (!countsReferences() || copy != nullptr) kept_.push_back(object);
+    if (places_ != nullptr) places_->meet(*object);
     reference = known.number = newReference(0);
   }
   waiting_.push_back({object.get(), &entry, uid, copy == nullptr ? nullptr : std::move(*copy)});
@@ -204,7 +225,7 @@ void ArchiveWriter::entryFields(const DictionaryObject& dictionary) {
 }
 
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {
-  if (writesHosts_) {
+  if (writesHosts_ || places_ != nullptr) {
     // Where nobody knows the class, it comes back with a list, and is to be written like this.
     const auto list = std::make_shared<ListObject>();
     list->items.assign(items.begin(), items.end());

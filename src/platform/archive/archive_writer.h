@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include <OVAddressBookSDK/text.h>
 
 #include "platform/archive/archive_keys.h"
+#include "platform/archive/archive_places.h"
 #include "platform/archive/class_table.h"
 #include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
@@ -34,11 +36,14 @@ class ArchiveWriter {
   /// The library's own classes write each field once, under a constant key, and hand out the
   /// references they hold, each once: an object is met as often as its references are counted, and
   /// lives as long as the graph. A host's class may do otherwise.
-  enum class Sharing : std::uint8_t { byReferenceCount, byIdentity };
+  ///
+  /// In an archive that cannot be written, something cannot be archived: the last way finds out
+  /// where that stands.
+  enum class Sharing : std::uint8_t { byReferenceCount, byIdentity, byIdentityWithPlaces };
 
   explicit ArchiveWriter(Sharing sharing);
 
-  /// Null when a class was met that calls for `Sharing::byIdentity`.
+  /// Null when something was met that calls for the next kind of `Sharing`.
   OVRef<OVData> archive(const OVRef<OVObject>& root);
 
   using Number = PlistWriter::Number;
@@ -106,6 +111,8 @@ class ArchiveWriter {
 
   [[nodiscard]] bool countsReferences() const { return sharing_ == Sharing::byReferenceCount; }
   Number writeTop(Number root);
+  [[gnu::cold]] Number refuse(const OVRef<OVObject>& object);
+  [[gnu::cold]] void namePlaces(std::string_view key);
   void writeWaiting(const Waiting& waiting);
   Number newReference(Number object);
   Number leafOrObjectReference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
@@ -153,6 +160,8 @@ class ArchiveWriter {
   Number nullReference_ = 0;
   Number classKey_ = 0;  // 0: not written yet
   PointerMap met_;
+  std::unique_ptr<ArchivePlaces> places_;  // null unless they are asked for
+  OVRef<OVObject> refused_;
   std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
   std::vector<Waiting> waiting_;
   KeySequence::Walk nextKey_;

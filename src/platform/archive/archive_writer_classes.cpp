@@ -28,13 +28,14 @@ ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass)
 }
 
 ArchiveWriter::Number ArchiveWriter::newClassRecord(ClassEntry& entry) {
-  std::vector<OVString> names;
-  for (const OVClass* at = entry.objectClass; at != nullptr; at = at->superclass) {
+  const OVClass& objectClass = *entry.objectClass;
+  std::vector<OVString> names{objectClass.name};
+  for (const OVClass* at = objectClass.superclass; at != nullptr; at = at->superclass) {
     names.emplace_back(at->name);
   }
   names.emplace_back(archive::kRootClass);
   std::vector<OVString> hints;
-  if (entry.objectClass->standIn != nullptr) hints.emplace_back(entry.objectClass->standIn->name);
+  if (objectClass.standIn != nullptr) hints.emplace_back(objectClass.standIn->name);
   entry.record = classRecord(names.front(), names, hints);
   return entry.record;
 }

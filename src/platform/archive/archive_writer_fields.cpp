@@ -20,10 +20,14 @@ void ArchiveWriter::newField(std::string_view name, Number value) {
   const bool isReserved = name.starts_with(archive::kReserved);
   const Number number = isReserved ? key(archive::kReserved + std::string(name)) : key(name);
   if (countsReferences()) nextKey_.add(name, number);
+  if (places_ != nullptr) namePlaces(name);
   addField(number, value);
 }
 
-void ArchiveWriter::rawField(std::string_view name, Number value) { addField(key(name), value); }
+void ArchiveWriter::rawField(std::string_view name, Number value) {
+  if (places_ != nullptr) namePlaces(name);
+  addField(key(name), value);
+}
 
 void ArchiveWriter::addField(Number key, Number value) {
   if (countsReferences() || !isWritten(key)) fields_.push_back({key, value});
@@ -76,7 +80,7 @@ void ArchiveWriter::writeLeaf(const OVObject& object, Kind kind) {
   } else if (kind == Kind::date) {
     plist_.date(static_cast<const OVDate&>(object).timeIntervalSinceReferenceDate());
   } else {
-    const auto& number = static_cast<const OVNumber&>(object).value();
+    const auto number = static_cast<const OVNumber&>(object).value();
     if (const auto* flag = std::get_if<bool>(&number)) {
       plist_.boolean(*flag);
     } else if (const auto* integer = std::get_if<std::int64_t>(&number)) {

@@ -7,10 +7,11 @@
 using ov::detail::ArchiveWriter;
 
 OVRef<OVData> OVKeyedArchiver::archivedDataWithRootObject(const OVRef<OVObject>& root) {
-  if (OVRef<OVData> data = ArchiveWriter(ArchiveWriter::Sharing::byReferenceCount).archive(root)) {
-    return data;
+  using enum ArchiveWriter::Sharing;
+  for (const auto sharing : {byReferenceCount, byIdentity}) {
+    if (OVRef<OVData> data = ArchiveWriter(sharing).archive(root)) return data;
   }
-  return ArchiveWriter(ArchiveWriter::Sharing::byIdentity).archive(root);
+  return ArchiveWriter(byIdentityWithPlaces).archive(root);
 }
 
 void OVKeyedArchiver::encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key) {

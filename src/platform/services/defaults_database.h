@@ -17,7 +17,7 @@ namespace ov {
 
 /// The values of one application in its database. Failures throw a `std::exception`.
 ///
-/// The connection stays open from one call to the next. It does not survive a fork: close it before.
+/// The connection stays open from one call to the next. It does not survive a fork: close it first.
 /// One thread at a time.
 class DefaultsDatabase {
  public:

@@ -13,7 +13,8 @@ class Directory {
   explicit Directory(const std::string& path);
 
   /// Locks the folder until it is unlocked or this object goes: against all other locks, or,
-  /// shared, only against those that are not. Fails when another keeps its lock beyond the deadline.
+  /// shared, only against those that are not. Fails when another keeps its lock beyond the
+  /// deadline.
   void lock(Deadline& deadline) const { lock(deadline, false); }
   void lockShared(Deadline& deadline) const { lock(deadline, true); }
   void unlock() const noexcept;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/single_threaded.h>
+
 #include <mutex>
 #include <utility>
 
@@ -19,6 +21,9 @@ class SharedInstance {
   }
 
   [[nodiscard]] OVRef<Service> get() {
+    // With one thread there is nobody to lock out.
+    if (__libc_single_threaded != 0 && installed_ != nullptr) return installed_;
+    if (__libc_single_threaded != 0 && default_ != nullptr) return default_;
     const std::lock_guard lock(mutex_);
     if (installed_ != nullptr) return installed_;
     if (default_ == nullptr) default_ = makeDefault_();

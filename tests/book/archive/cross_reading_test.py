@@ -13,7 +13,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "support"))
 import keyed_archive_reader as reader
-from foreign_archives import FOREIGN_ARCHIVES, ForeignArchive
+from foreign_archives import FOREIGN_ARCHIVES, ForeignArchive, misplaced_objects
 
 REFUSED = 3
 
@@ -140,6 +140,15 @@ class ForeignBlocks(FolderTest):
                 else:
                     # Other entries on top become the entries of a dictionary.
                     self.assertEqual(self.listed(written), expected)
+
+    def test_objects_where_others_belong_are_written_back(self):
+        block = misplaced_objects().block()
+        again = self.folder / "again.plist"
+        run(ARCHIVE_BLOCKS, "rewrite", self.file(block), str(again))
+        self.assertEqual(reader.listing(again.read_bytes()), reader.listing(block))
+        once_more = self.folder / "once_more.plist"
+        run(ARCHIVE_BLOCKS, "rewrite", str(again), str(once_more))
+        self.assertEqual(once_more.read_bytes(), again.read_bytes())
 
     def test_a_foreign_book_is_a_book(self):
         listed = self.listed(FOREIGN_ARCHIVES["book"]().block())

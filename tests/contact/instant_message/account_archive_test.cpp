@@ -99,4 +99,27 @@ TEST(InstantMessageArchive, TheSameContentGivesTheSameBytes) {
   EXPECT_EQ(first->text(), second->text());
 }
 
+TEST(InstantMessageArchive, FieldsOfAnotherKindAreWrittenBack) {
+  const auto read = readFrom({{"userName", foreignObject()}, {"serverName", foreignObject()}});
+  ASSERT_NE(read->server(), nullptr);
+  EXPECT_EQ(read->server()->displayName(), nullptr);
+  for (const auto& each : {read, account(nullptr, read->server())}) {
+    EXPECT_TRUE(isForeignObject(ArchivedForm(each).object("serverName")));
+  }
+  EXPECT_TRUE(isForeignObject(ArchivedForm(read).object("userName")));
+}
+
+/// A host's own kind of account.
+class Bot : public Account {
+ public:
+  explicit Bot(OVString name)
+      : Account(std::move(name), OVInstantMessageServer::serverWithName("QQInstant")) {}
+};
+
+TEST(DerivedAccount, IsMadeWithNameAndService) {
+  const auto bot = std::make_shared<Bot>("b");
+  EXPECT_EQ(bot->userName(), "b");
+  EXPECT_EQ(bot->server()->displayName(), "QQ");
+}
+
 }  // namespace

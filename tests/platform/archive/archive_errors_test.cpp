@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/single_value.h>
 
@@ -174,6 +176,47 @@ TEST(ArchiveErrors, AHostMayGoOnAfterABadField) {
   EXPECT_TRUE(read->wasBad);
   EXPECT_EQ(read->good, "good");
   EXPECT_EQ(read->number, 7);
+}
+
+/// An object inside a person of a book, as hosts put them there by mistake.
+OVRef<OVAddressBookGeneral> bookWith(const OVRef<OVObject>& datum) {
+  const auto phones = OVMutableMultipleValue::init();
+  for (const OVRef<OVObject>& each : {OVRef<OVObject>(OVString("1")), datum}) {
+    const auto value = OVMutableSingleValue::init();
+    value->setValue(each);
+    phones->addValue(value);
+  }
+  const auto book = OVAddressBookGeneral::init();
+  for (const char* ID : {"p-0", "p-1", "p-2"}) {
+    const auto person = OVPersonGeneral::initWithID(ID);
+    if (person->ID() == "p-1") person->setValueByPropertyName(phones, OVProPertyPhone);
+    book->addPerson(person);
+  }
+  return book;
+}
+
+TEST(ArchiveErrors, AnObjectThatCannotBeArchivedIsFoundByPersonPropertyAndPosition) {
+  const auto book = bookWith(std::make_shared<host::Unarchivable>());
+  EXPECT_THAT(messageOf(book), HasSubstr("at personDic[\"p-1\"].Phone.valueArray[1].value"));
+  EXPECT_THAT(messageOf(book), HasSubstr("host::Unarchivable"));
+}
+
+TEST(ArchiveErrors, AnObjectThatCannotBeArchivedIsFoundInsideListsAndHostsObjects) {
+  const auto node = HostNode::node("n");
+  node->next = OVString("x");
+  node->others = {OVString("y"), std::make_shared<host::Unarchivable>()};
+  EXPECT_THAT(messageOf(node), HasSubstr("at others[1]:"));
+  EXPECT_THAT(messageOf(bookWith(Any::list({OVString("a"), node}))),
+              HasSubstr("at personDic[\"p-1\"].Phone.valueArray[1].value[1].others[1]:"));
+  EXPECT_THAT(messageOf(Any::list({std::make_shared<host::Unarchivable>()})), HasSubstr("at [0]:"));
+}
+
+TEST(ArchiveErrors, OfALongWayTheMiddleIsLeftOut) {
+  OVRef<OVObject> chain = std::make_shared<host::Unarchivable>();
+  for (int i = 0; i < 100000; ++i) chain = Any::list({chain});
+  const auto message = messageOf(chain);
+  EXPECT_THAT(message, HasSubstr("[0] ... [0]"));
+  EXPECT_LT(message.size(), 500U);
 }
 
 }  // namespace

@@ -9,6 +9,6 @@ int main() {
   source->loadWithData(OVData::dataWithText(kCard));
   auto snapshot = OVAddressBookGeneral::init();
   for (const auto& person : source->allPersons()) snapshot->addPerson(person);
-  std::printf("%s, %.1f, %s\n", (*snapshot->personsDic())["1"]->mainPhone()->phoneNumber().c_str(),
+  std::printf("%s, %.1f, %s\n", snapshot->personsDic()["1"]->mainPhone()->phoneNumber().c_str(),
               OVAddressBookSDKVersionNumber, OVAddressBookSDKVersionString);
 }

@@ -80,7 +80,8 @@ class Walk {
   void showHolder(const OVRef<OVObject>& object, std::uint64_t number, unsigned depth) {
     if (const auto opaque = ov::cast<OVOpaqueObject>(object)) {
       const auto& fields = opaque->fields();
-      const GraphNode node{GraphNodeKind::object, opaque->className(), fields.size(), number,
+      const OVString name = opaque->className();
+      const GraphNode node{GraphNodeKind::object, name, fields.size(), number,
                            opaque.get()};
       return showFields(node, fields, depth);
     }

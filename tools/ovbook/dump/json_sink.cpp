@@ -96,7 +96,8 @@ void JsonSink::leaf(const OVRef<OVObject>& object) {
   if (const auto text = ov::cast<OVString>(object)) {
     json_.text(text);
   } else if (const auto any = ov::cast<OVNumber>(object)) {
-    const auto* real = std::get_if<double>(&any->value());
+    const OVNumber::Value value = any->value();
+    const auto* real = std::get_if<double>(&value);
     real != nullptr ? number(*real) : json_.literal(numberText(*any));
   } else if (const auto date = ov::cast<OVDate>(object)) {
     json_.beginObject();

@@ -46,7 +46,8 @@ std::string sizeText(const GraphNode& node) {
 }
 
 std::string dataText(const OVData& data) {
-  const auto shown = data.bytes().first(std::min(data.size(), kBytesShown));
+  const auto bytes = data.bytes();
+  const auto shown = bytes.view().first(std::min(bytes.size(), kBytesShown));
   return "data, " + std::to_string(data.size()) + (data.size() == 1 ? " byte" : " bytes") +
          (shown.empty() ? "" : ": ") + hexadecimal(shown) +
          (shown.size() < data.size() ? "..." : "");

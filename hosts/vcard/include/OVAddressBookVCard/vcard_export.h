@@ -13,16 +13,15 @@ namespace ov::vcard {
 ///
 /// Of a general book the content of its dictionaries is written, of any other book `allPersons`
 /// and everything below `rootGroups`. Reading the cards again gives the same IDs, properties,
-/// labels, data and main values, and every line of the cards that the persons and groups of a vCard
-/// book came from, also through a data block. For groups that takes their class to be known while
-/// the block is read: call `registerClasses` before, unless there was an `OVVCardBook`. Left out is what a card cannot say: values under names outside the
+/// labels, data and main values. Left out is what a card cannot say: values under names outside the
 /// standard catalogue, data of another class than their property's, dates outside the years 1 to
 /// 9999 and fractions of seconds, kinds of line break, which of the lines kept in "Other" is the
 /// main one. "Is Organization" comes back as "true" or not at all.
 [[nodiscard]] OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book);
 
-/// Lets archives build groups whose cards said more than name and members; as plain groups they
-/// lose the rest. Making an `OVVCardBook` does the same.
+/// Lets blocks that are read from now on bring back all lines of group cards, so that `exportBook`
+/// writes them. Every `OVVCardBook` does so; a program that only exports blocks calls this before it
+/// reads one. May be called again, and from any thread.
 void registerClasses();
 
 /// Writes the bytes as the file at `path`, whole or not at all: to a temporary file beside it, down

@@ -1,0 +1,61 @@
+#include "platform/archive/archive_places.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <OVAddressBookSDK/dictionary.h>
+#include <OVAddressBookSDK/list.h>
+
+namespace ov::detail {
+
+namespace {
+
+/// A longer way loses its middle.
+constexpr std::size_t kMostSteps = 64;
+
+}  // namespace
+
+void ArchivePlaces::meet(const OVObject& object) {
+  if (places_.try_emplace(&object, Place{owner_, {}}).second) unnamed_.push_back(&object);
+}
+
+void ArchivePlaces::name(std::string_view key) {
+  for (const OVObject* object : unnamed_) places_[object].key = key;
+  unnamed_.clear();
+}
+
+std::string ArchivePlaces::pathTo(const OVObject& object) const {
+  std::vector<std::string> steps;
+  for (const OVObject* at = &object;;) {
+    const auto found = places_.find(at);
+    if (found == places_.end() || found->second.owner == nullptr) break;
+    steps.push_back(step(*at, found->second));
+    at = found->second.owner;
+  }
+  std::ranges::reverse(steps);
+  if (steps.size() > kMostSteps) {
+    const auto half = static_cast<std::ptrdiff_t>(kMostSteps / 2);
+    const auto after = steps.erase(steps.begin() + half, steps.end() - half);
+    steps.insert(after, " ... ");
+  }
+  std::string path;
+  for (const std::string& each : steps) path += each;
+  return path.starts_with('.') ? path.substr(1) : path;
+}
+
+/// From the object that holds it to the object.
+std::string ArchivePlaces::step(const OVObject& object, const Place& place) {
+  const auto isIt = [&object](const OVRef<OVObject>& held) { return held.get() == &object; };
+  if (const auto* list = dynamic_cast<const ListObject*>(place.owner)) {
+    const auto at = std::ranges::find_if(list->items, isIt);
+    return '[' + std::to_string(at - list->items.begin()) + ']';
+  }
+  if (const auto* dictionary = dynamic_cast<const DictionaryObject*>(place.owner)) {
+    const auto& entries = dictionary->entries();
+    const auto at = std::ranges::find_if(entries, isIt, &DictionaryObject::Entry::value);
+    return "[\"" + (at == entries.end() ? std::string() : at->key.str()) + "\"]";
+  }
+  return '.' + place.key;
+}
+
+}  // namespace ov::detail
