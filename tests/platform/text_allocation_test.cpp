@@ -142,7 +142,7 @@ TEST(TextAllocations, ReadingAPersonCostsNone) {
 
 TEST(TextAllocations, ReadingAnAddressCostsNone) {
   const auto address = OVObjectAddress::init();
-  address->setStringValueForFieldName("Quimper", "OVAddressFieldCity");
+  address->setStringValueForFieldName("Brest", "OVAddressFieldCity");
   address->setCountryCode("de");  // builds the list of countries
   OVString city;
   EXPECT_EQ(allocationsOf([&] {

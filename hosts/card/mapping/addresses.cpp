@@ -40,7 +40,7 @@ std::vector<std::string> partsOf(std::string_view value) {
 }
 
 OVRef<OVObjectAddress> addressOf(const std::vector<std::string>& parts) {
-  const OVRef<OVObjectAddress> address = OVObjectAddress::init();
+  OVRef<OVObjectAddress> address = OVObjectAddress::init();
   std::string street;
   for (std::size_t i = 0; i < std::min(parts.size(), kFields.size()); ++i) {
     if (parts[i].empty()) continue;

@@ -97,7 +97,7 @@ OVString oddLinesOf(const Lines& lines, const GroupReading& reading) {
   }
   if (text.size() == start) return nullptr;
   sink.end();
-  return OVString(text);
+  return {text};
 }
 
 OVString oddLinesWithMissing(const OVString& oddLines, const std::vector<OVString>& missing) {
@@ -123,7 +123,7 @@ OVString oddLinesWithMissing(const OVString& oddLines, const std::vector<OVStrin
     if (!moved.contains(&line)) sink.writeAlone(line, Preference::AsItStands);
   }
   sink.end();
-  return OVString(text);
+  return {text};
 }
 
 void writeGroup(const GroupContent& group, std::string& out) {

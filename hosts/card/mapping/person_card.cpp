@@ -189,7 +189,7 @@ OVString oddLinesOf(const Lines& lines, const PersonReading& reading) {
     }
   }
   sink.end();
-  return OVString(text);
+  return {text};
 }
 
 }  // namespace ov::card

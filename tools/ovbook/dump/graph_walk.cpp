@@ -81,8 +81,7 @@ class Walk {
     if (const auto opaque = ov::cast<OVOpaqueObject>(object)) {
       const auto& fields = opaque->fields();
       const OVString name = opaque->className();
-      const GraphNode node{GraphNodeKind::object, name, fields.size(), number,
-                           opaque.get()};
+      const GraphNode node{GraphNodeKind::object, name, fields.size(), number, opaque.get()};
       return showFields(node, fields, depth);
     }
     const std::string_view className = object->classForCoder()->name;

@@ -20,8 +20,8 @@ namespace ov::vcard {
 [[nodiscard]] OVRef<OVData> exportBook(const OVRef<OVAddressBook>& book);
 
 /// Lets blocks that are read from now on bring back all lines of group cards, so that `exportBook`
-/// writes them. Every `OVVCardBook` does so; a program that only exports blocks calls this before it
-/// reads one. May be called again, and from any thread.
+/// writes them. Every `OVVCardBook` does so; a program that only exports blocks calls this before
+/// it reads one. May be called again, and from any thread.
 void registerClasses();
 
 /// Writes the bytes as the file at `path`, whole or not at all: to a temporary file beside it, down
