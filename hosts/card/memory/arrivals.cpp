@@ -83,7 +83,7 @@ Store::WantedID& Arrivals::wishFor(const OVString& id) {
 }
 
 OVString Arrivals::idFor(const Card& card, const OVString& given) {
-  const OVString id = given.isNull() ? OVString(contentID(card.lines)) : given;
+  OVString id = given.isNull() ? OVString(contentID(card.lines)) : given;
   if (find(id) == nullptr) return id;
   Store::WantedID& wanted = wishFor(id);
   const std::string content = contentID(card.lines);
