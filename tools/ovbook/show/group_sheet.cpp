@@ -3,10 +3,11 @@
 #include <functional>
 #include <ostream>
 
+#include <OVAddressBookVCard/vcard_readable.h>
+
 #include "book_file.h"
 #include "output/escape.h"
 #include "show/entry.h"
-#include "show/heading.h"
 
 namespace ovbook {
 
@@ -38,7 +39,7 @@ void printGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group,
   });
   addMembers(table, "Persons", group->persons(), [&](const OVString& personID) -> OVString {
     const auto person = personsOf(book)[personID];
-    return person == nullptr ? nullptr : headingOf(personID, *person).main;
+    return person == nullptr ? nullptr : ov::vcard::headingOf(*person).main;
   });
   const OVString title = group->title();
   out << printable(title.empty() ? ID : title) << " [group]\n";

@@ -1,19 +1,19 @@
 #include "show/person_sheet.h"
 
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include <OVAddressBookSDK/locale.h>
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>
-#include <OVAddressBookVCard/vcard_other.h>
+#include <OVAddressBookVCard/vcard_readable.h>
 
 #include "output/escape.h"
-#include "output/lines.h"
 #include "output/table.h"
 #include "show/datum_lines.h"
 #include "show/entry.h"
-#include "show/heading.h"
 
 namespace ovbook {
 
@@ -48,54 +48,41 @@ Entry entryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
   return {labelText(value->label(), property), datumLines(value->value())};
 }
 
-/// An entry of "Other": lines of a card among them read as people would write them.
-Entry otherEntryOf(const ov::vcard::ReadableOther& other) {
-  Entry entry{printable(other.label == OVProPertyOther ? OVString() : other.label), {}};
-  for (const std::string& line : linesOf(other.text)) entry.lines.push_back(printable(line));
-  return entry;
-}
-
-std::vector<Entry> otherEntriesOf(const OVMultipleValue& values, const OVProperty& property) {
-  std::vector<Entry> entries;
-  for (std::uint64_t i = 0; i < values.count(); ++i) {
-    const auto value = values.valueAtIndex(i);
-    if (value == nullptr || ov::cast<OVString>(value->value()).isNull()) {
-      entries.push_back(entryOf(value, property));
-    } else if (const auto other = ov::vcard::readableOther(*value)) {
-      entries.push_back(otherEntryOf(*other));
-    }
-  }
-  return entries;
-}
-
-Entry mainEntryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
-  Entry entry = entryOf(value, property);
-  entry.label += entry.label.empty() ? "*" : " *";
-  return entry;
+/// The same as a person would write it; nothing for an entry that says nothing of its own.
+std::optional<Entry> readableEntryOf(const OVRef<OVSingleValue>& value,
+                                     const OVProperty& property) {
+  const bool isText = value != nullptr && !ov::cast<OVString>(value->value()).isNull();
+  if (!isText || property.name() != OVProPertyOther) return entryOf(value, property);
+  const auto other = ov::vcard::readableOther(*value);
+  if (!other) return std::nullopt;
+  if (!other->isLine) return entryOf(value, property);
+  return Entry{printable(other->label), datumLines(other->text)};
 }
 
 std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& property) {
   const auto mainValue = values.mainValue();
   std::vector<Entry> entries;
+  std::vector<std::size_t> mains;
+  const auto add = [&](const OVRef<OVSingleValue>& value) {
+    std::optional<Entry> entry = readableEntryOf(value, property);
+    if (!entry) return;
+    if (value != nullptr && value == mainValue) mains.push_back(entries.size());
+    entries.push_back(std::move(*entry));
+  };
   // The main value need not be one of the list.
-  if (mainValue != nullptr && values.indexOfValue(mainValue) >= values.count()) {
-    entries.push_back(mainEntryOf(mainValue, property));
+  const bool standsAlone = mainValue != nullptr && values.indexOfValue(mainValue) >= values.count();
+  if (standsAlone) add(mainValue);
+  for (std::uint64_t i = 0; i < values.count(); ++i) add(values.valueAtIndex(i));
+  if (!standsAlone && entries.size() == 1) mains.clear();
+  for (const std::size_t main : mains) {
+    entries[main].label += entries[main].label.empty() ? "*" : " *";
   }
-  for (std::uint64_t i = 0; i < values.count(); ++i) {
-    const auto value = values.valueAtIndex(i);
-    const bool isMainOfSeveral = value != nullptr && value == mainValue && values.count() > 1;
-    entries.push_back(isMainOfSeveral ? mainEntryOf(value, property) : entryOf(value, property));
-  }
-  if (entries.empty()) entries.push_back({"", {"[no entries]"}});
+  if (entries.empty() && values.count() == 0) entries.push_back({"", {"[no entries]"}});
   return entries;
 }
 
 void addValue(Table& table, const OVRef<OVValue>& value, const OVProperty& property) {
   const auto multiple = ov::cast<OVMultipleValue>(value);
-  if (multiple != nullptr && property.name() == OVProPertyOther) {
-    addEntries(table, printable(property.displayName()), otherEntriesOf(*multiple, property));
-    return;
-  }
   addEntries(table, printable(property.displayName()),
              multiple != nullptr
                  ? entriesOf(*multiple, property)
@@ -118,8 +105,8 @@ void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
     if (value != nullptr) addValue(table, value, *property);
   }
   if (tags != nullptr && !tags.empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
-  const Heading heading = headingOf(ID, *person);
-  out << printable(heading.main) << '\n';
+  const ov::vcard::Heading heading = ov::vcard::headingOf(*person);
+  out << printable(heading.main.isNull() ? ID : heading.main) << '\n';
   if (!heading.below.empty()) out << printable(heading.below) << '\n';
   table.print(out, "  ");
 }

@@ -64,7 +64,7 @@ class OVVCardBook final : public OVAddressBook {
   /// changes nothing; what a readable file holds never is an error (see `problems`). Nor does
   /// anything change when `progress` throws or memory runs out (`std::bad_alloc`).
   [[nodiscard]] std::error_code load(const ov::vcard::Progress& progress = {});
-  /// The same for any file.
+  /// The same for any file. What is no ordinary file and has no end after 512 MiB is an error.
   [[nodiscard]] std::error_code addFile(const OVString& path,
                                         const ov::vcard::Progress& progress = {});
 

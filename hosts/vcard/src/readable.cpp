@@ -1,10 +1,11 @@
-#include <OVAddressBookVCard/vcard_other.h>
+#include <OVAddressBookVCard/vcard_readable.h>
 
 #include <algorithm>
 #include <string>
 
 #include "codec/ascii.h"
 #include "codec/escapes.h"
+#include "mapping/heading.h"
 #include "mapping/others.h"
 
 namespace ov::vcard {
@@ -12,13 +13,6 @@ namespace ov::vcard {
 namespace {
 
 constexpr std::string_view kRow = "vnd.android.cursor.item/";
-
-/// True for the name of a line with its parameters.
-bool isLineName(std::string_view label) {
-  const std::string_view name = label.substr(0, label.find(';'));
-  return !name.empty() && ov::card::upperASCII(name) == name &&
-         name.find_first_of(" :.\"") == std::string_view::npos;
-}
 
 /// A row of a table: what it is about, and its fields.
 ReadableOther readableRow(std::string_view value) {
@@ -31,19 +25,26 @@ ReadableOther readableRow(std::string_view value) {
     if (fields[i].empty()) continue;
     text.append(text.empty() ? "" : ", ").append(ov::card::unescape(fields[i]));
   }
-  return {label, text};
+  return {label, text, true};
 }
 
 }  // namespace
 
+Heading headingOf(const IOVPerson& person) {
+  const ov::card::Heading heading = ov::card::headingOf(person);
+  return {heading.main, heading.below};
+}
+
 std::optional<ReadableOther> readableOther(const OVSingleValue& entry) {
   if (ov::card::isOddLinesEntry(entry)) return std::nullopt;
   const OVRef<OVLabel> label = entry.label();
+  const OVString name = label == nullptr ? OVString() : label->name();
   const OVString shown = label == nullptr ? OVString() : label->displayName();
   const OVString text = ov::cast<OVString>(entry.value());
-  if (label == nullptr || !isLineName(label->name())) return ReadableOther{shown, text};
+  if (!ov::card::isLineEntry(entry)) return ReadableOther{shown.empty() ? name : shown, text};
   if (text.view().starts_with(kRow)) return readableRow(text);
-  return ReadableOther{shown, OVString(ov::card::unescape(text))};
+  const OVString lineName = name.view().substr(0, name.view().find(';'));
+  return ReadableOther{shown.empty() ? lineName : shown, ov::card::unescape(text), true};
 }
 
 }  // namespace ov::vcard
