@@ -38,6 +38,8 @@ class OV_EXPORT ListObject final : public OVObject {
   std::vector<OVRef<OVObject>> items;
   /// Counts the insertions and removals, so that a walk through the list notices them.
   std::uint32_t changes = 0;
+  /// Counts the elements that were put in the place of others, up to its largest value.
+  std::uint16_t replacements = 0;
   /// Recorded as "NSArray" instead of "NSMutableArray".
   bool immutable;
 };

@@ -10,6 +10,10 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
+namespace ov::detail {
+class TagIndex;
+}
+
 /// The user's tags on the persons of one address book, kept in the user defaults under an ID that
 /// the host chooses.
 ///
@@ -120,6 +124,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   OVList<OVString> tags_;
   ListsByText tagKeyDic_;
   ListsByText personIDDic_;
+  std::shared_ptr<ov::detail::TagIndex> index_;
   unsigned batches_ = 0;
   bool isSaveDue_ = false;  // when the last batch ends
   OVAtomic<OVString> tagID_;

@@ -3,12 +3,12 @@
 #include <numeric>
 #include <optional>
 #include <ostream>
-#include <unordered_set>
 #include <vector>
 
 #include <unistd.h>
 
 #include <OVAddressBookSDK/address_book_general.h>
+#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
 #include "commands/commands.h"
@@ -58,12 +58,13 @@ void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
     if (groups == nullptr) return;
     for (std::size_t i = groups.size(); i > 0; --i) waiting.push_back(groups[i - 1]);
   };
-  std::unordered_set<OVString> added;
+  const auto added = OVDictionary<IOVGroup>::dictionary();  // of any IDs in little time
   waitInOrder(book.rootGroups());
   while (!waiting.empty()) {
     const OVRef<IOVGroup> group = std::move(waiting.back());
     waiting.pop_back();
-    if (!added.insert(group->ID()).second) continue;
+    if (added.contains(group->ID())) continue;
+    added.set(group->ID(), group);
     snapshot.addGroup(group);
     waitInOrder(group->subGroups());
   }
@@ -83,10 +84,13 @@ void tagPersons(const OVRef<OVTagManager>& tags, const OVAddressBook& book) {
   OVTagManager::Batch batch(tags);
   const auto persons = book.allPersons();
   for (const auto& person : persons) {
-    const auto tagArray = person->tagArray();
-    if (tagArray != nullptr && !tagArray.empty()) {
-      tags->setTagsForPersonID(tagArray, person->ID());
+    const auto given = person->tagArray();
+    const auto present = tags->tagsByPersonID(person->ID());
+    if (given.empty() ||
+        std::equal(given.begin(), given.end(), present.begin(), present.end())) {
+      continue;
     }
+    tags->setTagsForPersonID(given, person->ID());
   }
   batch.end();
   requireStoredPreferences("the tags");
