@@ -32,6 +32,8 @@ class OV_EXPORT ListObject final : public OVObject {
   std::vector<OVRef<OVObject>> items;
   /// Counts what adds, removes or reorders elements, so that a walk through the list notices.
   std::uint32_t changes = 0;
+  /// Counts the elements that were put in the place of others, up to its largest value.
+  std::uint16_t replacements = 0;
   /// Recorded as "NSArray" instead of "NSMutableArray".
   bool immutable;
 };

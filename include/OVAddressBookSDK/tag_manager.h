@@ -11,6 +11,10 @@
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/text_view.h>
 
+namespace ov::detail {
+class TagIndex;
+}
+
 /// The user's tags on the persons of one address book, kept in the user defaults under an ID that
 /// the host chooses.
 ///
@@ -127,6 +131,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   OVRef<OVObject> tags_;
   OVRef<OVObject> tagKeyDic_;
   OVRef<OVObject> personIDDic_;
+  std::shared_ptr<ov::detail::TagIndex> index_;
   unsigned batches_ = 0;
   bool isSaveDue_ = false;  // when the last batch ends
   OVAtomic<OVString> tagID_;

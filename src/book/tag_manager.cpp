@@ -9,6 +9,7 @@
 #include <OVAddressBookSDK/log.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
+#include "book/tag_index.h"
 #include "platform/maker.h"
 #include "platform/owned.h"
 
@@ -18,20 +19,23 @@ constexpr std::string_view kTagsKey = "TagsKey";
 constexpr std::string_view kTagKeyDicKey = "TagsDicKey";
 constexpr std::string_view kPersonIDDicKey = "PersonDicKey";
 
+using ov::detail::TagIndex;
 using Texts = OVList<OVString>;
 using TextsByText = OVDictionary<Texts>;
 
 /// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
 class Addition {
  public:
-  Addition(OVString text, Texts list) : text_(std::move(text)), list_(std::move(list)) {
-    if (list_ == nullptr || list_.contains(text_)) return;
-    list_.push_back(text_);
+  Addition(OVString text, Texts list, TagIndex& index)
+      : index_(index), text_(std::move(text)), list_(std::move(list)) {
+    if (list_ == nullptr || index_.contains(list_, text_)) return;
+    index_.push_back(list_, text_);
     isAdded_ = true;
   }
   /// Makes the list when there is none under the key.
-  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary)
-      : Addition(text, dictionary[key]) {
+  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary,
+           TagIndex& index)
+      : Addition(text, dictionary[key], index) {
     if (list_ != nullptr || dictionary == nullptr) return;
     dictionary.set(key, Texts::list({text}));
     key_ = key;
@@ -40,7 +44,7 @@ class Addition {
   Addition(const Addition&) = delete;
   Addition& operator=(const Addition&) = delete;
   ~Addition() {
-    if (isAdded_) list_.remove(text_);
+    if (isAdded_) index_.remove(list_, text_);
     if (dictionary_ != nullptr) dictionary_.erase(key_);
   }
 
@@ -50,6 +54,7 @@ class Addition {
   }
 
  private:
+  TagIndex& index_;
   OVString text_;
   Texts list_;
   bool isAdded_ = false;
@@ -57,18 +62,15 @@ class Addition {
   TextsByText dictionary_;  // null unless the list was made
 };
 
-void remove(const OVString& text, const Texts& list) {
-  if (list != nullptr) list.remove(text);
-}
-
 void removeKey(const OVString& key, const TextsByText& dictionary) {
   if (dictionary != nullptr) dictionary.erase(key);
 }
 
 // True when a list without this text is left.
-bool removeFromList(const OVString& text, const OVString& key, const TextsByText& dictionary) {
+bool removeFromList(const OVString& text, const OVString& key, const TextsByText& dictionary,
+                    TagIndex& index) {
   const auto list = dictionary[key];
-  remove(text, list);
+  index.remove(list, text);
   if (list != nullptr && !list.empty()) return true;
   removeKey(key, dictionary);
   return false;
@@ -116,7 +118,8 @@ OVRef<OVTagManager> OVTagManager::init() { return ov::detail::Maker::make<OVTagM
 OVTagManager::OVTagManager()
     : tags_(Texts::list()),
       tagKeyDic_(TextsByText::dictionary()),
-      personIDDic_(TextsByText::dictionary()) {}
+      personIDDic_(TextsByText::dictionary()),
+      index_(std::make_shared<TagIndex>()) {}
 
 void OVTagManager::save() {
   if (batches_ != 0) {
@@ -166,9 +169,9 @@ void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& t
   if (personID.isNull() || tag.isNull()) return;
   {
     // All three or none, also when memory runs out.
-    Addition toTags(tag, tags());
-    Addition toPersonIDs(personID, tag, tagKeyDic());
-    Addition toTagsOfPerson(tag, personID, personIDDic());
+    Addition toTags(tag, tags(), *index_);
+    Addition toPersonIDs(personID, tag, tagKeyDic(), *index_);
+    Addition toTagsOfPerson(tag, personID, personIDDic(), *index_);
     for (Addition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
   }
   save();
@@ -176,8 +179,8 @@ void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& t
 
 void OVTagManager::removePersonIDFromTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
-  if (!removeFromList(personID, tag, tagKeyDic())) remove(tag, tags());
-  removeFromList(tag, personID, personIDDic());
+  if (!removeFromList(personID, tag, tagKeyDic(), *index_)) index_->remove(tags(), tag);
+  removeFromList(tag, personID, personIDDic(), *index_);
   save();
 }
 
@@ -193,10 +196,10 @@ void OVTagManager::removeForPersonID(const OVString& personID) {
 
 void OVTagManager::removeTag(const OVString& tag) {
   if (!tag.isNull()) {
-    remove(tag, tags());
+    index_->remove(tags(), tag);
     if (const auto list = personIDsByTag(tag)) {
       const auto personIDs = list.copy();
-      for (const OVString& personID : personIDs) remove(tag, tagsByPersonID(personID));
+      for (const OVString& personID : personIDs) index_->remove(tagsByPersonID(personID), tag);
     }
     removeKey(tag, tagKeyDic());
   }
