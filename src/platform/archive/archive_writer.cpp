@@ -44,7 +44,6 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
     // What was met first is to be written first.
     std::reverse(waiting_.begin() + others, waiting_.end());
   }
-  keepPromises();
   return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
 }
 
@@ -61,7 +60,6 @@ void ArchiveWriter::writeWaiting(const Waiting& waiting) {
                             : classRecord(entry);
   fields_.push_back({classKey(), record});
   objects_[waiting.uid] = plist_.dictionary(fields_.span());
-  if (textsSincePromises_ >= kTextsTogether) keepPromises();
 }
 
 ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
@@ -71,9 +69,6 @@ ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
   const Entry archiver{key(archive::kArchiver), inlineText(archive::kArchiverName)};
   const Number topKey = key(archive::kTop);
   const Number objectsKey = key(archive::kObjects);
-  // From here on nothing is looked up again.
-  leaves_.reset();
-  inlineLeaves_.reset();
   const Number objects = plist_.array(objects_.span());
   objects_.reset();
   return plist_.dictionary(
@@ -94,15 +89,16 @@ ArchiveWriter::Number ArchiveWriter::leafOrObjectReference(const OVRef<OVObject>
   const OVClass* objectClass = object->classForCoder();
   if (objectClass == nullptr) return refuse(object);
   ClassEntry& entry = entryOf(*objectClass);
+  const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
   switch (entry.kind) {
     case Kind::text:
-      return textReference(static_cast<const TextObject&>(*object));
+      if (!isShared) return textReference(static_cast<const TextObject&>(*object));
+      [[fallthrough]];
     case Kind::number:
     case Kind::data:
-      writeLeaf(*object, entry.kind);
-      return leafReference(leaves_.addLast());
+      return leafReference(object, entry.kind, isShared);
     default:
-      return objectReference(object, entry, copy);
+      return objectReference(object, entry, isShared, copy);
   }
 }
 
@@ -123,9 +119,9 @@ void ArchiveWriter::namePlaces(std::string_view key) {
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
-                                                     ClassEntry& entry, OVRef<OVObject>* copy) {
+                                                     ClassEntry& entry, bool isShared,
+                                                     OVRef<OVObject>* copy) {
   if (countsReferences() && !entry.trusts(*object)) restart_ = true;
-  const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
   const auto uid = static_cast<std::uint32_t>(objects_.size());
   Number reference = 0;
   if (countsReferences() && !isShared) {
@@ -145,57 +141,40 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVString& text) {
   return text.isNull() ? nullReference_ : textReference(*text.text_);
 }
 
+/// What is shared is known again by its address; what is not, where it was written lately.
 ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
-  const bool mayWait = countsReferences() && leaves_.size() >= kManyLeaves;
-  // Counted whether it waits or not: the order in the block must not depend on who shares a text.
-  const bool waits = mayWait && textsSincePromises_++ < PlistWriter::kPromises;
-  if (countsReferences() && text.isShared()) {
-    const RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    if (recent[0].text.text_ == &text) return recent[0].reference;
-    if (recent[1].text.text_ == &text) return recent[1].reference;
+  const auto write = [&] {
+    plist_.text({text.data(), text.size()});
+    return newLeafReference();
+  };
+  if (!text.isShared()) return write();
+  const auto [known, isNew] = met_.at(&text);
+  if (isNew) {
+    text.retain();
+    keptTexts_.emplace_back(OVString(&text));
+    known.number = write();
   }
-  const LeafTable::Hash hash = hashOf(text);
-  return waits ? promiseText(text, hash) : writeText(text, hash);
+  return known.number;
 }
 
-LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
-  return leaves_.hashOf({text.data(), text.size()});
-}
-
-ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable::Hash hash) {
-  plist_.text({text.data(), text.size()});
-  const Number reference = leafReference(leaves_.addLast(hash));
-  if (countsReferences() && text.isShared()) {
-    RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    recent[1] = std::move(recent[0]);
-    recent[0] = {held(text), reference};
+ArchiveWriter::Number ArchiveWriter::leafReference(const OVRef<OVObject>& object, Kind kind,
+                                                   bool isShared) {
+  const auto write = [&] {
+    writeLeaf(*object, kind);
+    return newLeafReference();
+  };
+  if (!isShared) return write();
+  const auto [known, isNew] = met_.at(object.get());
+  if (isNew) {
+    kept_.push_back(object);
+    known.number = write();
   }
-  return reference;
-}
-
-/// Once the texts outgrow the processor's caches, looking one up waits for memory several times.
-/// They are then written some at a time, after the objects that hold them, and wait together.
-ArchiveWriter::Number ArchiveWriter::promiseText(const TextObject& text, LeafTable::Hash hash) {
-  leaves_.touchTag(hash);
-  promised_[promisedCount_] = {held(text), hash};
-  return PlistWriter::promise(promisedCount_++);
-}
-
-void ArchiveWriter::keepPromises() {
-  const std::span promised(promised_.data(), promisedCount_);
-  for (const PromisedText& each : promised) leaves_.touchSlot(each.hash);
-  for (const PromisedText& each : promised) leaves_.touchOffset(each.hash);
-  for (const PromisedText& each : promised) leaves_.touchBytes(each.hash);
-  for (Number i = 0; i < promisedCount_; ++i) {
-    const auto& [text, hash] = promised_[i];
-    plist_.fulfil(PlistWriter::promise(i), writeText(*text.text_, hash));
-  }
-  promisedCount_ = 0;
-  textsSincePromises_ = 0;
+  return known.number;
 }
 
 /// A leaf's UID follows it directly.
-ArchiveWriter::Number ArchiveWriter::leafReference(LeafTable::Result leaf) {
+ArchiveWriter::Number ArchiveWriter::newLeafReference() {
+  const RecentLeaves::Result leaf = leaves_.addLast();
   return leaf.isNew ? newReference(leaf.object) : leaf.object + 1;
 }
 

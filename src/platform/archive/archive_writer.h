@@ -21,9 +21,9 @@
 #include "platform/archive/growing_array.h"
 #include "platform/archive/key_numbers.h"
 #include "platform/archive/key_sequence.h"
-#include "platform/archive/leaf_table.h"
 #include "platform/archive/plist_writer.h"
 #include "platform/archive/pointer_map.h"
+#include "platform/archive/recent_leaves.h"
 
 namespace ov::detail {
 
@@ -92,18 +92,7 @@ class ArchiveWriter {
     std::uint32_t uid;
     OVRef<OVObject> keeper;  // null when the object's owner keeps it
   };
-  struct PromisedText {
-    OVString text;
-    LeafTable::Hash hash;
-  };
-  struct RecentText {
-    OVString text;  // so that its address is used for no other
-    Number reference;
-  };
-
   static constexpr std::size_t kRecent = 256;
-  static constexpr std::size_t kManyLeaves = 1 << 16;
-  static constexpr unsigned kTextsTogether = 16;
   [[nodiscard]] static std::size_t recentSlot(const void* address) {
     const auto number = reinterpret_cast<std::uintptr_t>(address);
     return (number >> 3 ^ number >> 11) % kRecent;
@@ -116,19 +105,12 @@ class ArchiveWriter {
   void writeWaiting(const Waiting& waiting);
   Number newReference(Number object);
   Number leafOrObjectReference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
-  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, OVRef<OVObject>* copy);
+  Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, bool isShared,
+                         OVRef<OVObject>* copy);
+  Number leafReference(const OVRef<OVObject>& object, Kind kind, bool isShared);
   Number textReference(const TextObject& text);
   void writeLeaf(const OVObject& object, Kind kind);
-  [[nodiscard]] LeafTable::Hash hashOf(const TextObject& text) const;
-  /// A handle that keeps the text.
-  static OVString held(const TextObject& text) {
-    text.retain();
-    return OVString(&text);
-  }
-  Number writeText(const TextObject& text, LeafTable::Hash hash);
-  Number promiseText(const TextObject& text, LeafTable::Hash hash);
-  void keepPromises();
-  Number leafReference(LeafTable::Result leaf);
+  Number newLeafReference();
   Number inlineObject(const OVRef<OVObject>& object);
   Number arrayOf(const OVOpaqueValue::Array& values, bool asSet);
   static Kind kindOf(const OVClass& objectClass);
@@ -150,8 +132,8 @@ class ArchiveWriter {
   [[gnu::cold]] Number newKey(std::string_view key);
 
   PlistWriter plist_;
-  LeafTable inlineLeaves_;
-  LeafTable leaves_;
+  RecentLeaves inlineLeaves_;
+  RecentLeaves leaves_;
   Sharing sharing_;
   bool restart_ = false;
   bool writesHosts_ = false;  // the object being written is of a host's class
@@ -162,7 +144,9 @@ class ArchiveWriter {
   PointerMap met_;
   std::unique_ptr<ArchivePlaces> places_;  // null unless they are asked for
   OVRef<OVObject> refused_;
-  std::vector<OVRef<OVObject>> kept_;  // so that no address is used twice while it matters
+  // So that no address is used twice while it matters.
+  std::vector<OVRef<OVObject>> kept_;
+  std::vector<OVString> keptTexts_;
   std::vector<Waiting> waiting_;
   KeySequence::Walk nextKey_;
   GrowingArray<PlistWriter::Entry> fields_;
@@ -173,10 +157,6 @@ class ArchiveWriter {
   std::unordered_map<std::string, Number> classRecords_;
   KeyNumbers keys_;
   std::array<Number, 256> smallIntegers_{};
-  std::array<RecentText, kRecent> recentTexts_{};  // in pairs, the later one first
-  std::array<PromisedText, PlistWriter::kPromises> promised_{};
-  Number promisedCount_ = 0;
-  unsigned textsSincePromises_ = 0;
 };
 
 inline ArchiveWriter::ClassEntry& ArchiveWriter::entryOf(const OVClass& objectClass) {

@@ -26,7 +26,7 @@ PlistWriter::PlistWriter() {
 }
 
 void PlistWriter::raiseOffsets() {
-  const std::uint64_t left = kFirstPromise - offsets_.size();
+  const std::uint64_t left = std::numeric_limits<Number>::max() - offsets_.size();
   if (left == 0) throw std::length_error("OVKeyedArchiver: more objects than can be numbered");
   const std::uint64_t size = body_.size();
   rises_.resize(size >> 32, static_cast<Number>(offsets_.size()));

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <OVAddressBookSDK/data.h>
@@ -45,16 +43,6 @@ class PlistWriter {
   };
   Number dictionary(std::span<const Entry> entries);
 
-  /// Numbers that stand for objects written later, each in one container.
-  static constexpr Number kPromises = 64;
-  [[nodiscard]] static constexpr Number promise(Number which) { return kFirstPromise + which; }
-  /// Puts the object's number where the promise stands, if anywhere; the promise is free again.
-  void fulfil(Number promise, Number object);
-
-  /// Have the system fetch what `bytesOf` will look at.
-  void touchOffset(Number object) const { __builtin_prefetch(offsets_.data() + object); }
-  void touchBytes(Number object) const { __builtin_prefetch(body_.data() + offset(object)); }
-
   /// Bytes of an object already written.
   [[nodiscard]] std::span<const std::byte> bytesOf(Number object) const;
   [[nodiscard]] Number count() const { return static_cast<Number>(offsets_.size()); }
@@ -67,7 +55,6 @@ class PlistWriter {
  private:
   /// Containers are written with references of this size and narrowed at the end.
   static constexpr unsigned kWideReference = 4;
-  static constexpr Number kFirstPromise = 0xFFFFFFFF - kPromises;
 
   Number begin();
   [[gnu::cold]] void raiseOffsets();
@@ -75,7 +62,6 @@ class PlistWriter {
   void marker(unsigned kind, std::size_t length);
   void longMarker(unsigned kind, std::size_t length);
   void references(std::span<const Number> objects);
-  void reference(std::byte* place, Number object);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
   Number utf16(std::string_view text);
@@ -91,7 +77,6 @@ class PlistWriter {
   // high half rises.
   GrowingArray<std::uint32_t> offsets_;
   std::vector<Number> rises_;
-  std::array<std::size_t, kPromises> promises_{};  // where each stands in the body
   // The body's size at which an offset's high half may rise, or numbers may have run out.
   std::uint64_t checkAt_ = 1ULL << 32;
 };
@@ -110,22 +95,10 @@ inline void PlistWriter::marker(unsigned kind, std::size_t length) {
   longMarker(kind, length);
 }
 
-inline void PlistWriter::reference(std::byte* place, Number object) {
-  if (object >= kFirstPromise) {
-    promises_[object - kFirstPromise] = static_cast<std::size_t>(place - body_.data());
-  }
-  storeAs<std::uint32_t>(place, object);
-}
-
-inline void PlistWriter::fulfil(Number promise, Number object) {
-  const std::size_t place = std::exchange(promises_[promise - kFirstPromise], 0);
-  if (place != 0) storeAs<std::uint32_t>(body_.data() + place, object);
-}
-
 inline void PlistWriter::references(std::span<const Number> objects) {
   std::byte* place = body_.extend(objects.size() * kWideReference);
   for (std::size_t i = 0; i < objects.size(); ++i) {
-    reference(place + i * kWideReference, objects[i]);
+    storeAs<std::uint32_t>(place + i * kWideReference, objects[i]);
   }
 }
 
@@ -161,7 +134,7 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
   std::byte* values = keys + entries.size() * kWideReference;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     storeAs<std::uint32_t>(keys + i * kWideReference, entries[i].key);
-    reference(values + i * kWideReference, entries[i].value);
+    storeAs<std::uint32_t>(values + i * kWideReference, entries[i].value);
   }
   return number;
 }
