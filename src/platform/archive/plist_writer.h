@@ -2,14 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include <OVAddressBookSDK/data.h>
 
 #include "platform/archive/big_endian.h"
 #include "platform/archive/growing_array.h"
+#include "platform/archive/object_lengths.h"
 #include "platform/archive/plist_format.h"
 
 namespace ov::detail {
@@ -43,10 +45,19 @@ class PlistWriter {
   };
   Number dictionary(std::span<const Entry> entries);
 
-  /// Bytes of an object already written.
-  [[nodiscard]] std::span<const std::byte> bytesOf(Number object) const;
-  [[nodiscard]] Number count() const { return static_cast<Number>(offsets_.size()); }
-  /// Takes the object written last back.
+  [[nodiscard]] Number count() const { return count_; }
+  /// The object written last; where it begins stays the same while the list is written.
+  [[nodiscard]] std::uint64_t lastOffset() const { return last_; }
+  [[nodiscard]] std::span<const std::byte> lastBytes() const {
+    return {body_.data() + last_, body_.data() + body_.size()};
+  }
+  /// Whether an object that begins at `offset` has the bytes of the one written last.
+  [[nodiscard]] bool isLike(std::uint64_t offset) const {
+    // Its first bytes tell its length: it is as long if they are the same.
+    const std::span<const std::byte> bytes = lastBytes();
+    return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
+  }
+  /// Takes the object written last back; there is none until the next.
   void removeLast();
 
   /// The finished list; the writer is spent.
@@ -55,9 +66,11 @@ class PlistWriter {
  private:
   /// Containers are written with references of this size and narrowed at the end.
   static constexpr unsigned kWideReference = 4;
+  static constexpr Number kMost = 0xFFFFFFFE;
 
   Number begin();
-  [[gnu::cold]] void raiseOffsets();
+  [[noreturn, gnu::cold]] static void refuseMore();
+  void endLast();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
   void marker(unsigned kind, std::size_t length);
   void longMarker(unsigned kind, std::size_t length);
@@ -65,26 +78,26 @@ class PlistWriter {
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
   Number utf16(std::string_view text);
-  [[nodiscard]] std::uint64_t offset(std::size_t object) const;
-  [[nodiscard]] std::uint64_t end(std::size_t object) const;
   void narrowReferences(unsigned width);
   static std::byte* narrowObject(const std::byte* from, std::size_t length, std::byte* to,
                                  unsigned width);
   void writeTable(Number top, unsigned referenceSize);
 
   GrowingArray<std::byte> body_;
-  // Offsets rise with the numbers: of each the low half is kept, and the objects at which the
-  // high half rises.
-  GrowingArray<std::uint32_t> offsets_;
-  std::vector<Number> rises_;
-  // The body's size at which an offset's high half may rise, or numbers may have run out.
-  std::uint64_t checkAt_ = 1ULL << 32;
+  ObjectLengths lengths_;   // but for the one written last
+  std::uint64_t last_ = 0;  // where that begins; 0 when there is none
+  Number count_ = 0;
 };
 
+inline void PlistWriter::endLast() {
+  if (last_ != 0) lengths_.push_back(body_.size() - last_);
+}
+
 inline PlistWriter::Number PlistWriter::begin() {
-  if (body_.size() >= checkAt_) raiseOffsets();
-  offsets_.push_back(static_cast<std::uint32_t>(body_.size()));
-  return static_cast<Number>(offsets_.size() - 1);
+  if (count_ == kMost) refuseMore();
+  endLast();
+  last_ = body_.size();
+  return count_++;
 }
 
 inline void PlistWriter::marker(unsigned kind, std::size_t length) {
@@ -139,26 +152,9 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
   return number;
 }
 
-inline std::uint64_t PlistWriter::offset(std::size_t object) const {
-  std::uint64_t offset = offsets_[object];
-  for (const Number rise : rises_) offset += object >= rise ? 1ULL << 32 : 0;
-  return offset;
-}
-
-inline std::uint64_t PlistWriter::end(std::size_t object) const {
-  return object + 1 < offsets_.size() ? offset(object + 1) : body_.size();
-}
-
-inline std::span<const std::byte> PlistWriter::bytesOf(Number object) const {
-  return {body_.data() + offset(object), body_.data() + end(object)};
-}
-
 inline void PlistWriter::removeLast() {
-  body_.truncate(static_cast<std::size_t>(offset(offsets_.size() - 1)));
-  offsets_.pop_back();
-  if (rises_.empty() || rises_.back() != offsets_.size()) return;
-  rises_.pop_back();
-  checkAt_ = 0;
+  body_.truncate(static_cast<std::size_t>(std::exchange(last_, 0)));
+  --count_;
 }
 
 }  // namespace ov::detail

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <span>
-#include <string_view>
 #include <utility>
 
 #include "platform/archive/big_endian.h"
@@ -21,14 +20,8 @@ std::uint32_t hashOf(std::span<const std::byte> bytes) {
   };
   for (; bytes.size() >= 8; bytes = bytes.subspan(8)) mix(loadAs<std::uint64_t>(bytes.data()));
   mix(loadBigEndian(bytes.data(), static_cast<unsigned>(bytes.size())));
+  mix(0);  // short texts differ in few bits
   return static_cast<std::uint32_t>(hash) | 1U;
-}
-
-bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
-  const auto text = [](std::span<const std::byte> bytes) {
-    return std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  };
-  return text(a) == text(b);
 }
 
 }  // namespace
@@ -40,16 +33,15 @@ RecentLeaves::Set& RecentLeaves::setOf(std::uint32_t hash) {
 
 RecentLeaves::Result RecentLeaves::addLast() {
   const PlistWriter::Number last = writer_.count() - 1;
-  const std::span<const std::byte> bytes = writer_.bytesOf(last);
-  const std::uint32_t hash = hashOf(bytes);
+  const std::uint32_t hash = hashOf(writer_.lastBytes());
   Set& set = setOf(hash);
   for (const Leaf& leaf : set) {
-    if (leaf.hash == hash && isSame(writer_.bytesOf(leaf.object), bytes)) {
+    if (leaf.hash == hash && writer_.isLike(leaf.offset)) {
       writer_.removeLast();
       return {leaf.object, false};
     }
   }
-  add(set, {hash, last});
+  add(set, {hash, last, writer_.lastOffset()});
   if (++added_ == sets_.size() && added_ < kMostSets) grow();
   return {last, true};
 }

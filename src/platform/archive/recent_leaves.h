@@ -30,6 +30,7 @@ class RecentLeaves {
   struct Leaf {
     std::uint32_t hash = 0;  // 0: none
     PlistWriter::Number object = 0;
+    std::uint64_t offset = 0;
   };
   /// The latest first.
   using Set = std::array<Leaf, 4>;
