@@ -11,6 +11,7 @@
 
 #include "hosts/cards.h"
 #include "hosts/snapshot.h"
+#include "mapping/keyed_hash.h"
 
 namespace {
 
@@ -74,6 +75,15 @@ TEST(Costs, OfProblemsAreThoseOfTheFirst) {
   const std::vector<std::string> found = problems(*book);
   EXPECT_LE(found.size(), 200U);
   EXPECT_THAT(found.back(), testing::HasSubstr("times)"));
+}
+
+TEST(Costs, OfTextsChosenToCollideAreThoseOfOthers) {
+  const std::string_view chosen[] = {"iw7c95gtabcdefgh", "e7h5kh3z!&#HuQ8S", "32v1u0zddH]?l*?y",
+                                     "etw3j5gg}*_C~cMN"};
+  const ov::card::KeyedHash hash;
+  for (const std::string_view text : chosen) {
+    if (text != chosen[0]) EXPECT_NE(hash(text), hash(chosen[0])) << text;
+  }
 }
 
 TEST(Costs, OfOddLinesAreThoseOfEachLine) {
