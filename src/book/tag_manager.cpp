@@ -1,7 +1,6 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include <exception>
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -12,6 +11,7 @@
 
 #include "book/tag_index.h"
 #include "platform/maker.h"
+#include "platform/owned.h"
 
 namespace {
 
@@ -76,6 +76,13 @@ bool removeFromList(const OVString& text, const OVString& key, const TextsByText
   return false;
 }
 
+void logUnsaved(const OVString& tagID, const char* why) noexcept {
+  try {
+    OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + why);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
+  }
+}
+
 OVRef<OVObject> objectIn(const OVRef<OVObject>& stored, const OVString& tagID) {
   const auto data = ov::cast<OVData>(stored);
   if (data == nullptr)
@@ -93,7 +100,12 @@ OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
   if (tagID.isNull()) return nullptr;
   OVRef<OVTagManager> manager;
   if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID)) {
-    manager = ov::cast<OVTagManager>(objectIn(stored, tagID));
+    const auto root = objectIn(stored, tagID);
+    manager = ov::cast<OVTagManager>(root);
+    if (manager == nullptr && root != nullptr) {
+      throw OVInvalidArchive("The archive under \"" + tagID.str() +
+                             "\" holds something else than tags");
+    }
   }
   if (manager == nullptr) manager = init();
   manager->makeMutable();
@@ -117,7 +129,7 @@ void OVTagManager::save() {
   const OVString key = tagID();
   if (key.isNull()) return;
   OVUserDefaults::standardUserDefaults()->setObjectForKey(
-      OVKeyedArchiver::archivedDataWithRootObject(shared_from_this()), key);
+      OVKeyedArchiver::archivedDataWithRootObject(ov::detail::owned(*this, "OVTagManager")), key);
 }
 
 OVTagManager::Batch::Batch(OVRef<OVTagManager> manager) : manager_(std::move(manager)) {
@@ -129,10 +141,9 @@ OVTagManager::Batch::~Batch() {
   try {
     end();
   } catch (const std::exception& error) {
-    try {
-      OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + error.what());
-    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
-    }
+    logUnsaved(tagID, error.what());
+  } catch (...) {
+    logUnsaved(tagID, "the user defaults threw what is no std::exception");
   }
 }
 
@@ -142,25 +153,25 @@ void OVTagManager::Batch::end() {
   if (std::exchange(manager->isSaveDue_, false)) manager->save();
 }
 
-std::uint64_t OVTagManager::count() const { return tags_.size(); }
+std::uint64_t OVTagManager::count() const { return tags().size(); }
 
 OVString OVTagManager::tagAtIndex(std::uint64_t index) const {
-  return index < count() ? tags_[index] : OVString();
+  return index < count() ? tags()[index] : OVString();
 }
 
-Texts OVTagManager::personIDsByTag(const OVString& tag) const { return tagKeyDic_[tag]; }
+Texts OVTagManager::personIDsByTag(const OVStringView& tag) const { return tagKeyDic()[tag]; }
 
-Texts OVTagManager::tagsByPersonID(const OVString& personID) const {
-  return personIDDic_[personID];
+Texts OVTagManager::tagsByPersonID(const OVStringView& personID) const {
+  return personIDDic()[personID];
 }
 
 void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
   {
     // All three or none, also when memory runs out.
-    Addition toTags(tag, tags_, *index_);
-    Addition toPersonIDs(personID, tag, tagKeyDic_, *index_);
-    Addition toTagsOfPerson(tag, personID, personIDDic_, *index_);
+    Addition toTags(tag, tags(), *index_);
+    Addition toPersonIDs(personID, tag, tagKeyDic(), *index_);
+    Addition toTagsOfPerson(tag, personID, personIDDic(), *index_);
     for (Addition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
   }
   save();
@@ -168,8 +179,8 @@ void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& t
 
 void OVTagManager::removePersonIDFromTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
-  if (!removeFromList(personID, tag, tagKeyDic_, *index_)) index_->remove(tags_, tag);
-  removeFromList(tag, personID, personIDDic_, *index_);
+  if (!removeFromList(personID, tag, tagKeyDic(), *index_)) index_->remove(tags(), tag);
+  removeFromList(tag, personID, personIDDic(), *index_);
   save();
 }
 
@@ -185,12 +196,12 @@ void OVTagManager::removeForPersonID(const OVString& personID) {
 
 void OVTagManager::removeTag(const OVString& tag) {
   if (!tag.isNull()) {
-    index_->remove(tags_, tag);
+    index_->remove(tags(), tag);
     if (const auto list = personIDsByTag(tag)) {
       const auto personIDs = list.copy();
       for (const OVString& personID : personIDs) index_->remove(tagsByPersonID(personID), tag);
     }
-    removeKey(tag, tagKeyDic_);
+    removeKey(tag, tagKeyDic());
   }
   // A null tag writes the store all the same.
   save();
@@ -213,8 +224,8 @@ void OVTagManager::makeMutable() {
       dictionary->immutable = false;
     }
   };
-  markMutable(tags_);
-  for (const auto& dictionary : {tagKeyDic_, personIDDic_}) {
+  markMutable(tags());
+  for (const auto& dictionary : {tagKeyDic(), personIDDic()}) {
     markMutable(dictionary);
     for (const auto& [key, list] : dictionary) markMutable(list);
   }
@@ -234,7 +245,7 @@ void OVTagManager::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVTagManager::initWithCoder(OVKeyedUnarchiver& coder) {
-  tags_ = coder.decodeObjectForKey<Texts>(kTagsKey);
-  tagKeyDic_ = coder.decodeObjectForKey<TextsByText>(kTagKeyDicKey);
-  personIDDic_ = coder.decodeObjectForKey<TextsByText>(kPersonIDDicKey);
+  tags_ = coder.decodeObjectForKey(kTagsKey);
+  tagKeyDic_ = coder.decodeObjectForKey(kTagKeyDicKey);
+  personIDDic_ = coder.decodeObjectForKey(kPersonIDDicKey);
 }

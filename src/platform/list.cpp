@@ -60,7 +60,7 @@ void ListObject::clear() {
   ++changes;
 }
 
-std::size_t ListObject::positionOf(const OVString& text) const {
+std::size_t ListObject::positionOf(const OVStringView& text) const {
   if (text.isNull()) return items.size();
   const std::string_view wanted = text.view();
   const auto isEqual = [wanted](const OVRef<OVObject>& item) {
