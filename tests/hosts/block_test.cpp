@@ -170,7 +170,7 @@ TEST(ThroughABlock, LinesThatLookEncodedSwallowNoOther) {
 
 TEST(ThroughABlock, ParametersMayEndInEqualsSigns) {
   EXPECT_THAT(linesAfterBlock("EMAIL;X-A=b=;X-C=d==:e@f", "3.0"),
-              ElementsAre("EMAIL;X-A=b=;X-C=d==:e@f"));
+              ElementsAre("EMAIL;X-A=\"b=\";X-C=\"d==\":e@f"));
 }
 
 TEST(ThroughABlock, TextInOtherCharacterSetsComesBackInUTF8) {

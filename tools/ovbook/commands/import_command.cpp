@@ -86,8 +86,7 @@ void tagPersons(const OVRef<OVTagManager>& tags, const OVAddressBook& book) {
   for (const auto& person : persons) {
     const auto given = person->tagArray();
     const auto present = tags->tagsByPersonID(person->ID());
-    if (given.empty() ||
-        std::equal(given.begin(), given.end(), present.begin(), present.end())) {
+    if (given.empty() || std::equal(given.begin(), given.end(), present.begin(), present.end())) {
       continue;
     }
     tags->setTagsForPersonID(given, person->ID());
