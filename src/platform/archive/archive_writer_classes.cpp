@@ -16,7 +16,7 @@ ArchiveWriter::ClassEntry& ArchiveWriter::newEntryOf(const OVClass& objectClass)
   if (isNew) {
     at->second.objectClass = &objectClass;
     at->second.kind = kindOf(objectClass);
-    at->second.isTrusted = isLibraryClass(objectClass);
+    at->second.isTrusted = isLibraryClass(objectClass) || objectClass.encodesItsOwnOnce;
     if (at->second.isTrusted && objectClass.make != nullptr) {
       const OVRef<OVObject> example = objectClass.make();
       const OVObject& object = *example;
