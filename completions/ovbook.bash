@@ -4,7 +4,8 @@
 _ovbook_options() {
   case $1 in
     '') printf '%s\n' -h --help --version ;;
-    import | export) printf '%s\n' -h --help -o --output --tags ;;
+    import) printf '%s\n' -h --help -o --output --tags --all-messages ;;
+    export) printf '%s\n' -h --help -o --output --tags ;;
     list) printf '%s\n' -h --help --tsv ;;
     show) printf '%s\n' -h --help --tags ;;
     dump) printf '%s\n' -h --help --json ;;

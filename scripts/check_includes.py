@@ -19,8 +19,8 @@ BOOKS_OVER_CARDS = ("vcard", "eds")
 
 # The folder whose classes each public header declares.
 PUBLIC_HEADERS = {
-    "platform": """atomic data date dictionary export image keyed_archiver keyed_unarchiver list
-        locale log notification_center notification_names number object opaque_object text
+    "platform": """atomic data date dictionary dictionary_object export held_view image keyed_archiver
+        keyed_unarchiver list list_object locale log notification_center notification_names number object opaque_object text
         text_field text_view user_defaults version workspace""",
     "value": "label multiple_value single_value value value_type",
     "property": "property",

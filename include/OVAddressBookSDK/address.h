@@ -20,7 +20,8 @@ class OV_EXPORT OVObjectAddress : public OVObject {
   [[nodiscard]] static OVRef<OVObjectAddress> init();
   ~OVObjectAddress() override;
 
-  /// Null until it is set or an archive supplies one. The getter may run beside the setter.
+  /// Null until it is set or an archive supplies a text. The getter and the saving of a book may
+  /// run beside the setter.
   [[nodiscard]] OVString countryCode() const { return countryCode_.load().text(); }
 
   /// Stores the code of the country that `OVCountry::countryWithCode` finds: "fr" for "fr", "us"

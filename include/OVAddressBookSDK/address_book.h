@@ -26,7 +26,8 @@ class OV_EXPORT OVAddressBook : public OVObject {
   ~OVAddressBook() override;
 
   /// Whether person names are shown last name first: one preference for all books, kept in the user
-  /// defaults and read afresh on every call; false at first. Any thread may call these two.
+  /// defaults and looked up on every call, so that a choice made in another process shows some
+  /// milliseconds late; false at first. Any thread may call these two.
   [[nodiscard]] static bool lastNameInFront();
   /// Stores the preference, then posts `OV_LastNmaeFrontChange_notification`, without object and
   /// user information, on the caller's thread before it returns; also when nothing changed.
@@ -38,7 +39,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
   [[nodiscard]] virtual OVString name() const;
   /// True by default, as the next two.
   [[nodiscard]] virtual bool canCreateGroup() const;
-  /// Whether groups may stand in groups.
+  /// Whether groups may be in groups.
   [[nodiscard]] virtual bool canCreateSubGroup() const;
   /// Whether the book's content may be changed.
   [[nodiscard]] virtual bool canOprate() const;
@@ -74,7 +75,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
   virtual void save();
   /// Null by default.
   [[nodiscard]] virtual OVRef<OVTagManager> tagManager() const;
-  /// Takes a person of another book over; gives the person as it stands here, null by default.
+  /// Copies a person of another book; returns the person of this book, null by default.
   virtual OVRef<IOVPerson> addOneFromOtherPerson(const OVRef<IOVPerson>& person);
   /// Null by default.
   [[nodiscard]] virtual OVList<IOVPerson> personsForIDs(const OVList<OVString>& personIDs) const;

@@ -11,7 +11,8 @@
 /// A neutral snapshot of any book, written whole into one data block and read back from it.
 ///
 /// Its content is reached through `personsDic` and `groupsDic` only: asked as an `OVAddressBook`,
-/// it is empty. One thread at a time.
+/// it is empty. One thread at a time, but atomic fields of what it holds may be set while it is
+/// saved: those of groups, labels, single and multiple values, and an address's country code.
 class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
                                        public std::enable_shared_from_this<OVAddressBookGeneral> {
  public:
@@ -23,8 +24,9 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   /// null.
   [[nodiscard]] static OVRef<OVObject> addressBookWithData(const OVRef<OVData>& data);
   /// The archive with this book as its root object. The same content gives the same bytes. Throws
-  /// `std::invalid_argument` when an object in it cannot be archived, and `std::logic_error` for a
-  /// book that no `OVRef` owns, as one on the stack.
+  /// `std::invalid_argument` when an object in it cannot be archived, naming the person, the
+  /// property and the position, and `std::logic_error` for a book that no `OVRef` owns, as one on
+  /// the stack.
   [[nodiscard]] OVRef<OVData> saveToData() const;
 
   /// Converts the person and keeps the result under its ID, in the place of an earlier one. Null

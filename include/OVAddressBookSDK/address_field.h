@@ -41,8 +41,8 @@ class OV_EXPORT OVAdressField : public OVObject {
   /// What an editor shows for the field.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
-  /// Builds the catalogue unless it stands already. `fieldWithName` does so by itself; threads may
-  /// come first together.
+  /// Builds the catalogue unless it is built already. `fieldWithName` does so by itself; threads
+  /// may come first together.
   static void checkInitField();
 
   /// The catalogue's field of exactly this name; null for null and for any other name.

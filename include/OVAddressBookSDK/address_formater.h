@@ -13,7 +13,7 @@
 /// upper-case codes included, has the layout of the United States; null has an empty one.
 class OV_EXPORT OVAddressFormater : public OVObject {
  public:
-  /// A formatter that keeps the address and reads it anew on every call; null for null.
+  /// A formatter that keeps the address and reads it again on every call; null for null.
   [[nodiscard]] static OVRef<OVAddressFormater> initWithObject(OVRef<OVObjectAddress> address);
 
   /// The address on several lines in the layout of its own country; "" when it has no country code.
@@ -40,7 +40,9 @@ class OV_EXPORT OVAddressFormater : public OVObject {
   [[nodiscard]] static OVList<OVAdressField> fieldArrayLocal();
 
  protected:
-  /// `initWithObject` makes formatters.
+  /// For derived classes; `initWithObject` makes formatters. Without an address (null) every text
+  /// is
+  /// "".
   explicit OVAddressFormater(OVRef<OVObjectAddress> address);
 
  private:

@@ -41,7 +41,7 @@ class OVAtomic {
   OVAtomic(const OVAtomic&) = delete;
   OVAtomic& operator=(const OVAtomic&) = delete;
 
-  /// A copy of the whole value, of before or after any `store` beside it.
+  /// A copy of the whole value: beside a `store`, the old or the new one.
   [[nodiscard]] T load() const {
     const ov::detail::StripeLock lock(this);
     return value_;

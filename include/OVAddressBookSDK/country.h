@@ -11,8 +11,9 @@
 /// platform, as `OVLocale::isoCountryCodes` gives them, that have a name in the library's own
 /// vocabulary. Codes are ASCII; their case does not depend on the locale.
 ///
-/// The first call of `allCountry`, `countryWithCode`, `local` or `defaultCountry` reads the codes
-/// and builds the list, so a host installs its locale before. Building is safe when several threads
+/// The first call of `allCountry`, `countryWithCode`, `local` or `defaultCountry`, or of what asks
+/// them (an address's `setCountryCode`, the formatter's local layout), reads the codes and builds
+/// the list, so a host installs its locale before. Building is safe when several threads
 /// come first; each of them may ask the locale for the codes then. A locale that asks for a country
 /// while it is asked for its codes gets a `std::logic_error`; one that throws is asked again by the
 /// next call. Once built, the list is everybody's, and handed out live: `addCountryByCode` and
@@ -33,15 +34,16 @@ class OV_EXPORT OVCountry : public OVObject {
 
   /// The country under exactly this code; null asks for the country of the current locale.
   ///
-  /// Known codes are lower case. Any other text that is a country code of the platform in upper
-  /// case ("DE", or a code without a name) gives the United States; everything else gives null.
+  /// Known codes are lower case. Any other text whose upper-case form is a country code of the
+  /// platform ("DE", "De", or a code without a name) gives the United States; everything else gives
+  /// null.
   /// Throws `std::out_of_range` for null when the locale identifier has no underscore.
   [[nodiscard]] static OVRef<OVCountry> countryWithCode(const OVStringView& code);
 
   /// The English name for a code in any case; null for null and for codes without a name.
   [[nodiscard]] static OVString countryNameByCode(const OVStringView& code);
 
-  /// Appends a new country to the shared list, even when the code stands there already, and makes
+  /// Appends a new country to the shared list, even when the code is there already, and makes
   /// it the one that `countryWithCode` finds: both, or neither when memory runs out. Does nothing
   /// when the code has no name, and nothing before the list was built.
   static void addCountryByCode(const OVStringView& code);

@@ -4,7 +4,7 @@
 
 /// A point in time: seconds since 2001-01-01 00:00:00 UTC.
 ///
-/// The number is kept as it stands, infinities and not-a-number included.
+/// The number is kept as it is, infinities and not-a-number included.
 class OV_EXPORT OVDate final : public OVObject {
  public:
   /// Any number of seconds, fractions and negative ones included.

@@ -5,120 +5,15 @@
 #include <initializer_list>
 #include <iterator>
 #include <memory>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include <OVAddressBookSDK/list.h>
+#include <OVAddressBookSDK/dictionary_object.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/text_view.h>
 
 namespace ov::detail {
-
-/// The hash table that all handles on one dictionary share: what an archive holds. Its entries are
-/// in the order in which their keys were first set.
-class OV_EXPORT DictionaryObject final : public OVObject {
- public:
-  struct Entry {
-    OVString key;  // null: removed
-    OVRef<OVObject> value;
-  };
-
-  explicit DictionaryObject(bool isImmutable = false) : immutable(isImmutable) {}
-  ~DictionaryObject() override;
-
-  [[nodiscard]] std::size_t size() const { return live_; }
-  /// Null when the key is absent.
-  [[nodiscard]] const Entry* find(std::string_view key) const;
-  /// Throws `std::invalid_argument` for a null key or value.
-  void set(const OVString& key, OVRef<OVObject> value);
-  /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
-  void add(const OVString& key, OVRef<OVObject> value);
-  /// These entries instead of all others. Of equal keys the first counts, values may be null.
-  void assign(std::vector<Entry> entries);
-  bool erase(std::string_view key);
-  void clear();
-
-  /// All slots, removed ones included.
-  [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
-  /// Counts the insertions and removals, so that a walk through the dictionary notices them.
-  [[nodiscard]] std::uint32_t changes() const { return changes_; }
-
-  [[nodiscard]] const OVClass* classForCoder() const override;
-  void encodeWithCoder(OVKeyedArchiver& coder) const override;
-  void initWithCoder(OVKeyedUnarchiver& coder) override;
-
-  /// Recorded as "NSDictionary" instead of "NSMutableDictionary".
-  bool immutable;
-
- private:
-  [[nodiscard]] std::size_t slotOf(std::string_view key) const;
-  bool isFirst(std::size_t position);
-  void append(const OVString& key, OVRef<OVObject> value);
-  void rebuild();
-
-  std::vector<Entry> entries_;
-  std::vector<std::uint32_t> slots_;  // open addressing: position + 1, or 0; empty while small
-  std::size_t live_ = 0;
-  std::uint32_t changes_ = 0;
-};
-
-/// What handles on dictionaries of every value type have in common.
-class DictionaryHandle {
- public:
-  /// True for null, false for an empty dictionary.
-  [[nodiscard]] bool isNull() const { return object_ == nullptr; }
-  /// False for null, true for an empty dictionary.
-  explicit operator bool() const { return object_ != nullptr; }
-  /// How many entries there are; 0 for null.
-  [[nodiscard]] std::size_t size() const { return isNull() ? 0 : table().size(); }
-  /// True for null and for a dictionary without entries.
-  [[nodiscard]] bool empty() const { return size() == 0; }
-  /// Whether there is an entry under `key`; false for null.
-  [[nodiscard]] bool contains(const OVStringView& key) const { return entryOf(key) != nullptr; }
-  /// Whether archives record the dictionary as immutable. It tells other programs; here it can be
-  /// changed all the same.
-  [[nodiscard]] bool isImmutable() const { return !isNull() && table().immutable; }
-
-  /// The object that all handles on the dictionary share, null for null. `ov::cast` makes a handle
-  /// of it.
-  [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
-  [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
-  /// The same.
-  /// @{
-  operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  // NOLINTNEXTLINE(google-explicit-constructor)
-  operator OVRef<OVObject>() && { return std::move(object_); }
-  /// @}
-
-  /// Whether both are handles on the same dictionary, or both null.
-  friend bool operator==(const DictionaryHandle& a, const DictionaryHandle& b) {
-    return a.object_ == b.object_;
-  }
-  friend bool operator==(const DictionaryHandle& dictionary, std::nullptr_t) {
-    return dictionary.isNull();
-  }
-
- protected:
-  using Entry = DictionaryObject::Entry;
-
-  DictionaryHandle() = default;
-  explicit DictionaryHandle(OVRef<OVObject> dictionary) : object_(std::move(dictionary)) {}
-
-  [[nodiscard]] DictionaryObject& table() const { return static_cast<DictionaryObject&>(*object_); }
-  [[nodiscard]] DictionaryObject& tableToChange() const {
-    if (isNull()) raiseNullChanged("OVDictionary");
-    return table();
-  }
-  /// Null when there is none.
-  [[nodiscard]] const Entry* entryOf(const OVStringView& key) const {
-    return isNull() || key.isNull() ? nullptr : table().find(key.view());
-  }
-
- private:
-  OVRef<OVObject> object_;
-};
 
 template <class T>
 class DictionaryIterator;
@@ -140,7 +35,7 @@ class OVDictionary;
 ///     for (const auto& [ID, person] : book->personsDic()) std::cout << ID << "\n";
 ///
 /// The dictionary lives as long as the loop. When entries are added or removed meanwhile, the walk
-/// ends with a `std::logic_error`.
+/// ends with a `std::logic_error`: walk through a `copy()` instead.
 template <class T>
 class OVDictionary<const T> : public ov::detail::DictionaryHandle {
  public:
@@ -150,8 +45,7 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
   using mapped_type = ov::Handle<T>;
   using value_type = std::pair<const OVString, mapped_type>;
   /// @}
-  /// Walks through the entries, which cannot be changed through it. Valid while a handle on the
-  /// dictionary lives.
+  /// Walks through the entries, which cannot be changed through it, and keeps the dictionary alive.
   using const_iterator = ov::detail::DictionaryIterator<T>;
   /// The same.
   using iterator = const_iterator;
@@ -161,26 +55,21 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
   /// Null.
   OVDictionary(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
 
+  /// A new dictionary of the same entries; null for null.
+  [[nodiscard]] OVDictionary<T> copy() const;
+
   /// The first entry.
-  [[nodiscard]] const_iterator begin() const& {
-    return isNull() ? const_iterator() : const_iterator(table(), 0);
-  }
+  [[nodiscard]] const_iterator begin() const { return const_iterator(object(), 0); }
   /// Past the last entry.
-  [[nodiscard]] const_iterator end() const& {
-    return isNull() ? const_iterator() : const_iterator(table(), table().entries().size());
+  [[nodiscard]] const_iterator end() const {
+    return const_iterator(object(), isNull() ? 0 : table().entries().size());
   }
   /// The entry under `key`; `end()` for null and when there is none.
-  [[nodiscard]] const_iterator find(const OVStringView& key) const& {
+  [[nodiscard]] const_iterator find(const OVStringView& key) const {
     const auto* entry = entryOf(key);
     if (entry == nullptr) return end();
-    return const_iterator(table(), static_cast<std::size_t>(entry - table().entries().data()));
+    return const_iterator(object(), static_cast<std::size_t>(entry - table().entries().data()));
   }
-  /// An iterator needs a handle that outlives it.
-  /// @{
-  [[nodiscard]] const_iterator begin() const&& = delete;
-  [[nodiscard]] const_iterator end() const&& = delete;
-  [[nodiscard]] const_iterator find(const OVStringView& key) const&& = delete;
-  /// @}
 
   /// The value under `key`, null when there is none or the key is null.
   mapped_type operator[](const OVStringView& key) const {
@@ -219,11 +108,19 @@ class OVDictionary final : public OVDictionary<const T> {
     return made;
   }
 
+  /// The dictionary as an object: what `object` gives.
+  /// @{
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() const& { return this->object(); }
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(*this).object(); }
+  /// @}
+
   /// Stores `value` under `key`, in the place of an earlier value.
   void set(const OVString& key, const mapped_type& value) const {
     this->tableToChange().set(key, value);
   }
-  /// Removes the entry; false when there was none, and for null.
+  /// Removes the entry; false when there was none, and for a null key.
   // NOLINTNEXTLINE(modernize-use-nodiscard): it changes the dictionary
   bool erase(const OVStringView& key) const {
     auto& table = this->tableToChange();
@@ -251,24 +148,28 @@ class DictionaryIterator {
   using difference_type = std::ptrdiff_t;
   // Const, so that `auto& [key, value]` in a loop can take it.
   using reference = const value_type;
+  using pointer = ElementPointer<value_type>;
 
   DictionaryIterator() = default;
-  DictionaryIterator(const DictionaryObject& dictionary, std::size_t index)
-      : dictionary_(&dictionary), index_(index), changes_(dictionary.changes()) {
+  DictionaryIterator(OVRef<OVObject> dictionary, std::size_t index)
+      : dictionary_(std::move(dictionary)), index_(index) {
+    if (dictionary_ == nullptr) return;
+    changes_ = table().changes();
     skipRemoved();
   }
 
   reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
-    const bool isInside = dictionary_ != nullptr && index_ < dictionary_->entries().size();
+    const bool isInside = dictionary_ != nullptr && index_ < table().entries().size();
     if (!isInside) raisePastTheEnd("OVDictionary");
-    const auto& entry = dictionary_->entries()[index_];
+    const auto& entry = table().entries()[index_];
     return {entry.key, ov::cast<T>(entry.value)};
   }
+  pointer operator->() const { return {**this}; }
   DictionaryIterator& operator++() {
     checkUnchanged();
     ++index_;
-    skipRemoved();
+    if (dictionary_ != nullptr) skipRemoved();
     return *this;
   }
   DictionaryIterator operator++(int) {
@@ -276,21 +177,23 @@ class DictionaryIterator {
     ++*this;
     return before;
   }
-  friend bool operator==(DictionaryIterator a, DictionaryIterator b) {
+  friend bool operator==(const DictionaryIterator& a, const DictionaryIterator& b) {
     return a.index_ == b.index_;
   }
 
  private:
+  [[nodiscard]] const DictionaryObject& table() const {
+    return static_cast<const DictionaryObject&>(*dictionary_);
+  }
   void checkUnchanged() const {
-    if (dictionary_ != nullptr && dictionary_->changes() != changes_)
-      raiseChangedInWalk("OVDictionary");
+    if (dictionary_ != nullptr && table().changes() != changes_) raiseChangedInWalk("OVDictionary");
   }
   void skipRemoved() {
-    const auto& entries = dictionary_->entries();
+    const auto& entries = table().entries();
     while (index_ < entries.size() && entries[index_].key.isNull()) ++index_;
   }
 
-  const DictionaryObject* dictionary_ = nullptr;
+  OVRef<OVObject> dictionary_;
   std::size_t index_ = 0;
   std::uint32_t changes_ = 0;
 };
@@ -308,3 +211,15 @@ struct Cast<OVDictionary<T>> {
 };
 
 }  // namespace ov::detail
+
+/// @cond
+template <class T>
+OVDictionary<T> OVDictionary<const T>::copy() const {
+  if (isNull()) return nullptr;
+  auto made = OVDictionary<T>::dictionary();
+  auto entries = table().entries();
+  std::erase_if(entries, [](const Entry& entry) { return entry.key.isNull(); });
+  made.table().assign(std::move(entries));
+  return made;
+}
+/// @endcond

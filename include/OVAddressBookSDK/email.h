@@ -7,10 +7,10 @@
 /// An e-mail address as the user typed it. Immutable; any thread may read it.
 class OV_EXPORT OVObjectEmail : public OVObject {
  public:
-  /// Keeps the text as it stands. Null for null; an empty text is accepted, and is invalid.
+  /// Keeps the text as it is. Null for null; an empty text is accepted, and is invalid.
   [[nodiscard]] static OVRef<OVObjectEmail> initWithEmail(const OVString& email);
 
-  /// Null only when an archive held none.
+  /// Null only for an e-mail from an archive that held no text there.
   [[nodiscard]] OVString email() const { return email_.text(); }
 
   /// True when the address holds exactly one "@"; nothing else is looked at.
@@ -19,7 +19,7 @@ class OV_EXPORT OVObjectEmail : public OVObject {
   /// this changes nothing.
   void initValid();
 
-  /// Hands "mailto:" and the address as it stands to the shared workspace. Does nothing for an
+  /// Hands "mailto:" and the address as it is to the shared workspace. Does nothing for an
   /// invalid address, nor for one that makes no URL, and nothing tells whether the desktop took it.
   void sendEmail() const;
 

@@ -20,7 +20,7 @@ class OV_EXPORT IOVGroup : public OVObject {
   /// The members, in order; null counts as none.
   [[nodiscard]] virtual OVList<IOVPerson> persons() const = 0;
 
-  /// The empty record that a snapshot fills with what the group says: `OVGroupGeneral::init` unless
-  /// a host has a class of its own. Never null.
+  /// The empty record that a snapshot fills with what the group says, for hosts that have a class
+  /// of their own for it. Null counts as `OVGroupGeneral::init`, which is what this gives.
   [[nodiscard]] virtual OVRef<OVGroupGeneral> emptyGeneralGroup() const;
 };

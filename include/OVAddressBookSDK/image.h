@@ -9,8 +9,9 @@ class OV_EXPORT OVImage final : public OVObject {
   /// Null for null data.
   [[nodiscard]] static OVRef<OVImage> imageWithData(OVRef<OVData> data);
 
-  /// The encoded image; null only when an archive held none.
-  [[nodiscard]] OVRef<OVData> data() const { return data_; }
+  /// The encoded image. Null only for an image from an archive that held none, or held something
+  /// else there, which is kept and written back.
+  [[nodiscard]] OVRef<OVData> data() const { return ov::cast<OVData>(data_); }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
@@ -20,5 +21,5 @@ class OV_EXPORT OVImage final : public OVObject {
   friend struct ov::detail::Maker;
   OVImage() = default;
 
-  OVRef<OVData> data_;
+  OVRef<OVObject> data_;
 };

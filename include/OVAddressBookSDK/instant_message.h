@@ -12,7 +12,7 @@
 ///
 /// Ten services are supported. Their descriptors are shared by the whole process, so that two
 /// accounts of one supported service hold the same object. A descriptor of any other name is made
-/// anew on every look-up and belongs to its caller alone.
+/// again on every look-up and belongs to its caller alone.
 class OV_EXPORT OVInstantMessageServer : public OVObject {
  public:
   /// The shared list of the supported services. The first call builds it; threads may come first
@@ -34,7 +34,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
   /// (`supportServer`, `StandardServerDictionary`, `serverWithName`, reading an account from an
   /// archive). Before that, every name gives a new descriptor.
   [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithDisplayName(
-      const OVString& displayName);
+      const OVStringView& displayName);
 
   /// The key under which accounts store the service, such as "AIMInstant".
   [[nodiscard]] OVString name() const { return name_.text(); }

@@ -22,7 +22,8 @@ class ArchiveWriter;
 ///
 /// Each object is written once, under its identity, so that sharing and cycles survive; equal texts
 /// are written once. The same graph always gives the same bytes. A coder is handed to
-/// `OVObject::encodeWithCoder` and lives for that call; the graph must not change meanwhile.
+/// `OVObject::encodeWithCoder` and lives for that call. Meanwhile nothing in the graph may change
+/// but what is atomic: an `OVAtomic`, and what headers say may be set while a book is saved.
 ///
 /// Keys are UTF-8 texts without a NUL. Writing a key twice in one object is an error of its class:
 /// readers take the first.
@@ -32,7 +33,8 @@ class OV_EXPORT OVKeyedArchiver {
   OVKeyedArchiver& operator=(const OVKeyedArchiver&) = delete;
 
   /// The archive of everything that can be reached from `root`. A null root is archived as null.
-  /// Throws `std::invalid_argument` for an object whose class cannot be archived.
+  /// Throws `std::invalid_argument` for an object whose class cannot be archived; the message tells
+  /// the way to it, such as the ID of the person, the property and the position.
   [[nodiscard]] static OVRef<OVData> archivedDataWithRootObject(const OVRef<OVObject>& root);
 
   /// Null is written as a null object: the key is present and reads as null.
@@ -47,10 +49,6 @@ class OV_EXPORT OVKeyedArchiver {
   template <class T>
   void encodeObjectForKey(const OVList<T>& list, std::string_view key) {
     encodeObjectForKey(list.object(), key);
-  }
-  template <class T>
-  void encodeObjectForKey(OVList<T>&& list, std::string_view key) {
-    encodeObjectForKey(std::move(list).object(), key);
   }
   template <class T>
   void encodeObjectForKey(const OVDictionary<T>& dictionary, std::string_view key) {

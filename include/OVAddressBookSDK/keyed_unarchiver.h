@@ -65,7 +65,7 @@ class OV_EXPORT OVKeyedUnarchiver {
   /// null or empty, belongs to another class, or the class cannot be made.
   static void registerClass(const OVClass& hostClass);
 
-  /// Whether the object has the key; true when null stands there.
+  /// Whether the object has the key; true also when it holds null.
   [[nodiscard]] bool containsValueForKey(std::string_view key) const;
   /// The object under the key, with its identity; null when there is none.
   [[nodiscard]] OVRef<OVObject> decodeObjectForKey(std::string_view key);

@@ -8,96 +8,15 @@
 #include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <type_traits>
 #include <utility>
-#include <vector>
 
+#include <OVAddressBookSDK/list_object.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
 
 namespace ov::detail {
-
-/// The array that all handles on one list share: what an archive holds.
-class OV_EXPORT ListObject final : public OVObject {
- public:
-  explicit ListObject(bool isImmutable = false) : immutable(isImmutable) {}
-  ~ListObject() override;
-
-  /// These throw `std::invalid_argument` for a null item and `std::out_of_range` for a wrong
-  /// position.
-  void insert(std::size_t index, OVRef<OVObject> item);
-  void set(std::size_t index, OVRef<OVObject> item);
-  void erase(std::size_t index);
-  void clear();
-  /// The position of the first equal text; past the end when there is none, and for null.
-  [[nodiscard]] std::size_t positionOf(const OVString& text) const;
-
-  [[nodiscard]] const OVClass* classForCoder() const override;
-  void encodeWithCoder(OVKeyedArchiver& coder) const override;
-  void initWithCoder(OVKeyedUnarchiver& coder) override;
-
-  std::vector<OVRef<OVObject>> items;
-  /// Counts the insertions and removals, so that a walk through the list notices them.
-  std::uint32_t changes = 0;
-  /// Recorded as "NSArray" instead of "NSMutableArray".
-  bool immutable;
-};
-
-[[noreturn]] OV_EXPORT void raiseOutOfRange(std::size_t index, std::size_t size);
-[[noreturn]] OV_EXPORT void raisePastTheEnd(const char* what);
-[[noreturn]] OV_EXPORT void raiseChangedInWalk(const char* what);
-[[noreturn]] OV_EXPORT void raiseNullChanged(const char* what);
-
-/// What handles on lists of every element type have in common.
-class ListHandle {
- public:
-  /// True for null, false for an empty list.
-  [[nodiscard]] bool isNull() const { return object_ == nullptr; }
-  /// False for null, true for an empty list.
-  explicit operator bool() const { return object_ != nullptr; }
-  /// How many elements there are; 0 for null.
-  [[nodiscard]] std::size_t size() const { return isNull() ? 0 : array().items.size(); }
-  /// True for null and for a list without elements.
-  [[nodiscard]] bool empty() const { return size() == 0; }
-  /// Whether archives record the list as immutable. It tells other programs; here it can be changed
-  /// all the same.
-  [[nodiscard]] bool isImmutable() const { return !isNull() && array().immutable; }
-
-  /// The object that all handles on the list share, null for null. `ov::cast` makes a handle of it.
-  [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
-  [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
-  /// The same.
-  /// @{
-  operator OVRef<OVObject>() const& { return object_; }  // NOLINT(google-explicit-constructor)
-  // NOLINTNEXTLINE(google-explicit-constructor)
-  operator OVRef<OVObject>() && { return std::move(object_); }
-  /// @}
-
-  /// Whether both are handles on the same list, or both null.
-  friend bool operator==(const ListHandle& a, const ListHandle& b) {
-    return a.object_ == b.object_;
-  }
-  friend bool operator==(const ListHandle& list, std::nullptr_t) { return list.isNull(); }
-
- protected:
-  ListHandle() = default;
-  explicit ListHandle(OVRef<OVObject> list) : object_(std::move(list)) {}
-
-  [[nodiscard]] ListObject& array() const { return static_cast<ListObject&>(*object_); }
-  [[nodiscard]] ListObject& arrayToChange() const {
-    if (isNull()) raiseNullChanged("OVList");
-    return array();
-  }
-
- private:
-  OVRef<OVObject> object_;
-};
-
-/// Equality of elements: texts by their characters, other objects by identity. Null is no element:
-/// what merely reads as null is not equal to it.
-template <class Element>
-bool sameElement(const Element& a, const Element& b) {
-  return a != nullptr && a == b;
-}
 
 template <class T>
 class ListIterator;
@@ -117,15 +36,16 @@ class OVList;
 ///
 ///     for (const auto& person : book->allPersons()) std::cout << person->displayName() << "\n";
 ///
-/// The list lives as long as the loop. When elements are added or removed meanwhile, the walk ends
-/// with a `std::logic_error`: walk through a `copy()` instead.
+/// The list lives as long as the loop. When elements are added, removed or reordered meanwhile, the
+/// walk ends with a `std::logic_error`: walk through a `copy()` instead.
 template <class T>
 class OVList<const T> : public ov::detail::ListHandle {
  public:
   /// `OVRef<T>`, or T itself where that is a handle.
   using value_type = ov::Handle<T>;
-  /// Walks through the elements, which cannot be changed through it. Valid while a handle on the
-  /// list lives.
+  /// An element to look for; a text need not be made for it.
+  using sought_type = std::conditional_t<std::same_as<T, OVString>, OVStringView, value_type>;
+  /// Walks through the elements, which cannot be changed through it, and keeps the list alive.
   using const_iterator = ov::detail::ListIterator<T>;
   /// The same.
   using iterator = const_iterator;
@@ -139,14 +59,9 @@ class OVList<const T> : public ov::detail::ListHandle {
   [[nodiscard]] OVList<T> copy() const;
 
   /// The first element.
-  [[nodiscard]] const_iterator begin() const& { return at(0); }
+  [[nodiscard]] const_iterator begin() const { return const_iterator(object(), 0); }
   /// Past the last element.
-  [[nodiscard]] const_iterator end() const& { return at(size()); }
-  /// An iterator needs a handle that outlives it.
-  /// @{
-  [[nodiscard]] const_iterator begin() const&& = delete;
-  [[nodiscard]] const_iterator end() const&& = delete;
-  /// @}
+  [[nodiscard]] const_iterator end() const { return const_iterator(object(), size()); }
 
   /// The element at a position: the first, the last or any.
   /// @{
@@ -155,16 +70,15 @@ class OVList<const T> : public ov::detail::ListHandle {
     return ov::cast<T>(array().items[index]);
   }
   [[nodiscard]] value_type front() const { return (*this)[0]; }
-  [[nodiscard]] value_type back() const { return (*this)[size() - 1]; }
+  [[nodiscard]] value_type back() const { return (*this)[empty() ? 0 : size() - 1]; }
   /// @}
 
   /// The first element equal to `value`: texts by their characters, objects by identity.
-  [[nodiscard]] const_iterator find(const value_type& value) const& {
-    return at(positionOf(value));
+  [[nodiscard]] const_iterator find(const sought_type& value) const {
+    return const_iterator(object(), positionOf(value));
   }
-  [[nodiscard]] const_iterator find(const value_type& value) const&& = delete;
   /// Whether the element is in the list.
-  [[nodiscard]] bool contains(const value_type& value) const { return positionOf(value) < size(); }
+  [[nodiscard]] bool contains(const sought_type& value) const { return positionOf(value) < size(); }
 
  protected:
   /// On a list object, or null.
@@ -173,16 +87,14 @@ class OVList<const T> : public ov::detail::ListHandle {
  private:
   friend struct ov::detail::Cast<OVList>;
 
-  [[nodiscard]] const_iterator at(std::size_t index) const {
-    return isNull() ? const_iterator() : const_iterator(array(), index);
-  }
-  [[nodiscard]] std::size_t positionOf(const value_type& value) const {
+  [[nodiscard]] std::size_t positionOf(const sought_type& value) const {
     if constexpr (std::same_as<T, OVString>) {
       return this->isNull() ? 0 : this->array().positionOf(value);
+    } else {
+      std::size_t position = 0;
+      while (position < size() && !ov::detail::sameElement((*this)[position], value)) ++position;
+      return position;
     }
-    std::size_t position = 0;
-    while (position < size() && !ov::detail::sameElement((*this)[position], value)) ++position;
-    return position;
   }
 };
 
@@ -196,6 +108,7 @@ template <class T>
 class OVList final : public OVList<const T> {
  public:
   using typename OVList<const T>::value_type;
+  using typename OVList<const T>::sought_type;
 
   /// Null.
   OVList() = default;
@@ -212,6 +125,14 @@ class OVList final : public OVList<const T> {
     return OVList(std::make_shared<ov::detail::ListObject>(true));
   }
 
+  /// The list as an object: what `object` gives.
+  /// @{
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() const& { return this->object(); }
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  operator OVRef<OVObject>() && { return std::move(*this).object(); }
+  /// @}
+
   /// Puts an element after the last one.
   void push_back(const value_type& value) const { insert(this->size(), value); }
   /// Puts an element before the one at `index`, or after the last one.
@@ -226,7 +147,7 @@ class OVList final : public OVList<const T> {
   void erase(std::size_t index) const { this->arrayToChange().erase(index); }
   /// Removes every element equal to `value`; returns how many there were.
   // NOLINTNEXTLINE(modernize-use-nodiscard): it changes the list
-  std::size_t remove(const value_type& value) const {
+  std::size_t remove(const sought_type& value) const {
     auto& array = this->arrayToChange();
     const std::size_t removed = std::erase_if(array.items, [&value](const OVRef<OVObject>& item) {
       return ov::detail::sameElement(ov::cast<T>(item), value);
@@ -235,14 +156,19 @@ class OVList final : public OVList<const T> {
     return removed;
   }
   /// Orders the elements: `less` tells whether the first of two comes before the second. Equal ones
-  /// keep their order.
+  /// keep their order. When `less` throws, the list stays as it was; it must not change the list
+  /// (`std::logic_error`).
   template <class Less>
   void sort(Less less) const {
     auto& array = this->arrayToChange();
-    ++array.changes;
-    std::ranges::stable_sort(array.items, [&less](const auto& a, const auto& b) {
+    const auto changes = array.changes;
+    auto sorted = array.items;
+    std::ranges::stable_sort(sorted, [&less](const auto& a, const auto& b) {
       return less(ov::cast<T>(a), ov::cast<T>(b));
     });
+    if (array.changes != changes) ov::detail::raiseChangedInWalk("OVList");
+    array.items.swap(sorted);
+    ++array.changes;
   }
   /// Removes all elements.
   void clear() const { this->arrayToChange().clear(); }
@@ -254,8 +180,8 @@ class OVList final : public OVList<const T> {
 
 namespace ov::detail {
 
-/// Walks through a list. Raises `std::logic_error` once elements have been added or removed, and
-/// `std::out_of_range` for the element past the last.
+/// Walks through a list. Raises `std::logic_error` once elements have been added, removed or
+/// reordered, and `std::out_of_range` for the element past the last.
 template <class T>
 class ListIterator {
  public:
@@ -265,18 +191,22 @@ class ListIterator {
   using difference_type = std::ptrdiff_t;
   // Const, so that `auto&` in a loop can take it.
   using reference = const value_type;
+  using pointer = ElementPointer<value_type>;
 
   ListIterator() = default;
-  ListIterator(const ListObject& list, std::size_t index)
-      : list_(&list), index_(static_cast<difference_type>(index)), changes_(list.changes) {}
+  ListIterator(OVRef<OVObject> list, std::size_t index)
+      : list_(std::move(list)), index_(static_cast<difference_type>(index)) {
+    if (list_ != nullptr) changes_ = array().changes;
+  }
 
   reference operator*() const {  // NOLINT(readability-const-return-type)
     checkUnchanged();
     const auto index = static_cast<std::size_t>(index_);
-    const bool isInside = list_ != nullptr && index < list_->items.size();
+    const bool isInside = list_ != nullptr && index < array().items.size();
     if (!isInside) raisePastTheEnd("OVList");
-    return ov::cast<T>(list_->items[index]);
+    return ov::cast<T>(array().items[index]);
   }
+  pointer operator->() const { return {**this}; }
   // NOLINTNEXTLINE(readability-const-return-type)
   reference operator[](difference_type n) const { return *(*this + n); }
   ListIterator& operator++() {
@@ -294,16 +224,23 @@ class ListIterator {
   friend ListIterator operator+(ListIterator i, difference_type n) { return i += n; }
   friend ListIterator operator+(difference_type n, ListIterator i) { return i += n; }
   friend ListIterator operator-(ListIterator i, difference_type n) { return i -= n; }
-  friend difference_type operator-(ListIterator a, ListIterator b) { return a.index_ - b.index_; }
-  friend bool operator==(ListIterator a, ListIterator b) { return a.index_ == b.index_; }
-  friend auto operator<=>(ListIterator a, ListIterator b) { return a.index_ <=> b.index_; }
-
- private:
-  void checkUnchanged() const {
-    if (list_ != nullptr && list_->changes != changes_) raiseChangedInWalk("OVList");
+  friend difference_type operator-(const ListIterator& a, const ListIterator& b) {
+    return a.index_ - b.index_;
+  }
+  friend bool operator==(const ListIterator& a, const ListIterator& b) {
+    return a.index_ == b.index_;
+  }
+  friend auto operator<=>(const ListIterator& a, const ListIterator& b) {
+    return a.index_ <=> b.index_;
   }
 
-  const ListObject* list_ = nullptr;
+ private:
+  [[nodiscard]] const ListObject& array() const { return static_cast<const ListObject&>(*list_); }
+  void checkUnchanged() const {
+    if (list_ != nullptr && array().changes != changes_) raiseChangedInWalk("OVList");
+  }
+
+  OVRef<OVObject> list_;
   difference_type index_ = 0;
   std::uint32_t changes_ = 0;
 };

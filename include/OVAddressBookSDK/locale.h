@@ -13,13 +13,12 @@
 ///
 ///     OVLocale::setCurrentLocale(OVLocale::withIdentifier("fr_CH"));
 ///
-/// One whose toolkit answers all of it derives from this class:
+/// One whose toolkit knows all of it derives from this class:
 ///
 ///     class HostLocale : public OVLocale {
 ///       OVList<OVString> isoCountryCodes() const override { return toolkit.countries(); }
 ///       OVString currentLocaleIdentifier() const override { return toolkit.localeName(); }
 ///       OVString lowercase(const OVString& text) const override { return toolkit.lower(text); }
-///       OVString uppercase(const OVString& text) const override { return toolkit.upper(text); }
 ///     };
 ///     OVLocale::setCurrentLocale(std::make_shared<HostLocale>());
 class OV_EXPORT OVLocale {
@@ -46,8 +45,7 @@ class OV_EXPORT OVLocale {
   [[nodiscard]] virtual OVList<OVString> isoCountryCodes() const = 0;
 
   /// The user's locale: a language, "_" and a region ("de_DE"). The country is what follows the
-  /// first
-  /// "_", so a script is put before it with "-" ("sr-Latn_RS"). Never null.
+  /// first underscore, so a script is put before it with "-" ("sr-Latn_RS"). Never null.
   ///
   /// The platform's default reads the first of the environment variables LC_ALL, LC_MESSAGES and
   /// LANG that is not empty, again on each call; a variant is left out ("ca_ES@valencia" gives
@@ -55,13 +53,10 @@ class OV_EXPORT OVLocale {
   /// "en_US_POSIX". A language alone ("de") has no "_", and no country.
   [[nodiscard]] virtual OVString currentLocaleIdentifier() const = 0;
 
-  /// The text in lower or upper case; null for null. The platform's default maps all of Unicode,
-  /// the same in every locale: an "I" becomes an "i" in Turkish too. The library compares the
-  /// display names of services with it. Codes of countries do not depend on it.
-  /// @{
+  /// The text in lower case; null for null. The platform's default maps all of Unicode, the same in
+  /// every locale: an "I" becomes an "i" in Turkish too. The library compares the display names of
+  /// services with it. Codes of countries do not depend on it.
   [[nodiscard]] virtual OVString lowercase(const OVString& text) const = 0;
-  [[nodiscard]] virtual OVString uppercase(const OVString& text) const = 0;
-  /// @}
 
  protected:
   OVLocale() = default;

@@ -78,7 +78,7 @@ class OV_EXPORT OVMultipleValue : public OVValue {
 /// An ordered list of single values of one type, learned from the main value.
 ///
 /// Bad input is refused in silence: null, a value without datum, a position past the end, an
-/// element that is not there. The same object may stand in the list more than once.
+/// element that is not there. The same object may be in the list more than once.
 ///
 /// A multiple value that was archived empty comes back without any list. It stays empty: `addValue`
 /// makes the value the main value, when there is none, but puts it nowhere; `indexOfValue` gives 0
@@ -146,7 +146,8 @@ class OVMultipleValueIterator {
   using difference_type = std::ptrdiff_t;
 
   OVMultipleValueIterator() = default;
-  explicit OVMultipleValueIterator(const OVMultipleValue* multiple) : multiple_(multiple) {
+  explicit OVMultipleValueIterator(OVRef<const OVMultipleValue> multiple)
+      : multiple_(std::move(multiple)) {
     skipOthers();
   }
   const value_type& operator*() const { return value_; }
@@ -169,18 +170,18 @@ class OVMultipleValueIterator {
     if (value_ != nullptr) --index_;
   }
 
-  const OVMultipleValue* multiple_ = nullptr;
+  OVRef<const OVMultipleValue> multiple_;
   std::uint64_t index_ = 0;
   OVRef<OVSingleValue> value_;
 };
 
 /// @name Iteration over a reference
-/// `for (const auto& value : multiple)` walks through a multiple value, which the reference keeps
+/// `for (const auto& value : multiple)` walks through a multiple value, which the iterator keeps
 /// alive. Null counts as empty.
 /// @{
 template <std::derived_from<OVMultipleValue> T>
-OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple OV_LIFETIMEBOUND) {
-  return OVMultipleValueIterator(multiple.get());
+OVMultipleValueIterator begin(const std::shared_ptr<T>& multiple) {
+  return OVMultipleValueIterator(multiple);
 }
 template <std::derived_from<OVMultipleValue> T>
 std::default_sentinel_t end(const std::shared_ptr<T>& /*multiple*/) {

@@ -39,7 +39,7 @@ struct OVClass {
   bool encodesItsOwnOnce = false;
 };
 
-/// The root of everything that can stand where any object may stand.
+/// The base class of everything that can be archived.
 ///
 /// Objects are compared by identity and are not copyable as C++ values. They are meant for one
 /// thread at a time unless their class says more.
@@ -97,7 +97,7 @@ struct Cast<OVObject> {
   static OVRef<OVObject> from(const OVRef<OVObject>& object) { return object; }
 };
 
-/// What stands for a T in a collection or a result: a reference, but for types that are handles.
+/// How a T is held in a collection or a result: by reference, unless it is a handle itself.
 template <class T>
 struct Handle {
   using type = OVRef<T>;
@@ -105,15 +105,15 @@ struct Handle {
 
 }  // namespace detail
 
-/// `OVRef<T>`, but `OVString` for `OVString`.
+/// `OVRef<T>`, but T itself where that is a handle: `OVString`, a list or a dictionary.
 template <class T>
 using Handle = typename detail::Handle<T>::type;
 
 /// The checked down-cast: null when `object` is null or of another class.
 ///
 /// `cast<OVString>` gives the text with its identity kept. `cast<OVList<T>>` and
-/// `cast<OVDictionary<T>>` give a view of any list or dictionary; elements of another class read as
-/// null through it.
+/// `cast<OVDictionary<T>>` give a handle on any list or dictionary; elements of another class read
+/// as null through it.
 template <class T>
 [[nodiscard]] Handle<T> cast(const OVRef<OVObject>& object) {
   return detail::Cast<T>::from(object);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
+#include <span>
 #include <variant>
 #include <vector>
 
+#include <OVAddressBookSDK/held_view.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
@@ -12,23 +15,23 @@ class ArchiveReader;
 
 struct OVOpaqueField;
 
-/// What stands under one key of an opaque object, as the archive has it.
+/// What is under one key of an opaque object, as the archive has it.
 struct OVOpaqueValue {
-  /// The elements of an array that stands in the object itself.
+  /// The elements of an array that is in the object itself.
   using Array = std::vector<OVOpaqueValue>;
-  /// The entries of a dictionary that stands in the object itself, in their order.
+  /// The entries of a dictionary that is in the object itself, in their order.
   using Dictionary = std::vector<OVOpaqueField>;
   /// Another object of the archive, or null.
   struct Reference {
     /// Shared with whatever else refers to it.
     OVRef<OVObject> object;
   };
-  /// A text, number, date or data block that stands in the object itself, or null.
+  /// A text, number, date or data block that is in the object itself, or null.
   struct Inline {
     /// An `OVNumber`, `OVDate`, `OVData` or a text.
     OVRef<OVObject> object;
   };
-  /// A set that stands in the object itself.
+  /// A set that is in the object itself.
   struct Set {
     /// In the order in which they were archived.
     Array elements;
@@ -38,31 +41,29 @@ struct OVOpaqueValue {
   std::variant<Reference, Inline, Array, Dictionary, Set> content;
 };
 
-/// One key of an opaque object, and what stands under it.
+/// One key of an opaque object, and what is under it.
 struct OVOpaqueField {
-  /// As it stands in the archive, where a class's own key that begins with "$" has one more.
+  /// As the archive has it, where a class's own key that begins with "$" has one more.
   OVString key;
   /// Never changed by the library.
   OVOpaqueValue value;
 };
 
 /// An object of a class that nobody registered, kept whole and written back unchanged.
-class OV_EXPORT OVOpaqueObject final : public OVObject {
+class OV_EXPORT OVOpaqueObject final : public OVObject,
+                                       public std::enable_shared_from_this<OVOpaqueObject> {
  public:
   ~OVOpaqueObject() override;
 
   /// The name under which the object was recorded.
   [[nodiscard]] OVString className() const { return className_; }
-  /// The class and its superclasses, nearest first; empty when the archive named none. Like the
-  /// next two, valid while the object lives.
-  [[nodiscard]] const std::vector<OVString>& classes() const OV_LIFETIMEBOUND { return classes_; }
-  /// Names of classes that may stand in for this one; mostly empty.
-  [[nodiscard]] const std::vector<OVString>& classHints() const OV_LIFETIMEBOUND {
-    return classHints_;
-  }
-  /// The fields in the archive's order.
-  [[nodiscard]] const std::vector<OVOpaqueField>& fields() const OV_LIFETIMEBOUND {
-    return fields_;
+  /// The class and its superclasses, nearest first; empty when the archive named none.
+  [[nodiscard]] std::vector<OVString> classes() const { return classes_; }
+  /// Names of classes that may be used in place of this one; mostly empty.
+  [[nodiscard]] std::vector<OVString> classHints() const { return classHints_; }
+  /// The fields in the archive's order. What this returns keeps the object alive.
+  [[nodiscard]] OVHeldView<std::span<const OVOpaqueField>> fields() const {
+    return {fields_, shared_from_this()};
   }
 
   [[nodiscard]] const OVClass* classForCoder() const override;

@@ -19,9 +19,9 @@ class OV_EXPORT IOVPerson : public OVObject {
 
   /// The person's identifier. A person without one (null) cannot enter a general book.
   [[nodiscard]] virtual OVString ID() const = 0;
-  /// The identifier of the book that the person stands in.
+  /// The identifier of the book that the person is in.
   [[nodiscard]] virtual OVString addressBookID() const = 0;
-  /// What stands for the person in lists.
+  /// What the person is called in lists.
   [[nodiscard]] virtual OVString displayName() const = 0;
 
   /// The value itself, shared, not a copy; null when there is none.
@@ -58,9 +58,9 @@ class OV_EXPORT IOVPerson : public OVObject {
   /// Gives the person these tags.
   virtual void setTags(const OVList<OVString>& tags) = 0;
 
-  /// Says whether the person stands for an organisation.
+  /// Sets whether the person is an organisation.
   virtual void setIsOrganization(bool isOrganization) = 0;
-  /// Whether the person stands for an organisation.
+  /// Whether the person is an organisation.
   [[nodiscard]] virtual bool isOrganization() const = 0;
   /// The name to be shown, of the person or of the organisation.
   [[nodiscard]] virtual OVString showName() const = 0;

@@ -18,6 +18,8 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] static OVRef<OVPersonGeneral> initWithID(const OVString& ID);
   ~OVPersonGeneral() override;
 
+  /// "" for a person from an archive without one, null for one whose archive held something that is
+  /// no text: that is kept and written back, but such a person cannot enter a book.
   [[nodiscard]] OVString ID() const override { return ID_.text(); }
   /// Always "": the person does not know its book.
   [[nodiscard]] OVString addressBookID() const override;
@@ -61,7 +63,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   void setTags(const OVList<OVString>& tags) override;
 
   /// A general person does not tell organisations apart: this does nothing, and the next four
-  /// answer false or null.
+  /// return false or null.
   void setIsOrganization(bool isOrganization) override;
   /// Always false.
   [[nodiscard]] bool isOrganization() const override;

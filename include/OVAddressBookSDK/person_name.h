@@ -7,7 +7,8 @@
 /// A person's structured name. Immutable; any thread may read it.
 ///
 /// A part is null or a non-empty text without line breaks (line feed, carriage return, U+0085),
-/// but a name out of an archive holds whatever the archive held.
+/// but a name out of an archive holds whatever text the archive held; what is no text there reads
+/// as null and is written back.
 class OV_EXPORT OVObjectPersonName : public OVObject {
  public:
   /// Each part goes through `standString`. Null when all three are null or empty as given; a part

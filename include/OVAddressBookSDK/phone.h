@@ -7,12 +7,12 @@
 /// A telephone number as the user typed it. Immutable; any thread may read it.
 class OV_EXPORT OVObjectPhone : public OVObject {
  public:
-  /// Keeps the text as it stands. Null for null; an empty text is accepted, and is valid.
+  /// Keeps the text as it is. Null for null; an empty text is accepted, and is valid.
   [[nodiscard]] static OVRef<OVObjectPhone> initWithPhoneNumber(const OVString& phoneNumber);
 
-  /// Null only when an archive held none.
+  /// Null only for a phone from an archive that held no text there.
   [[nodiscard]] OVString phoneNumber() const { return phoneNumber_.text(); }
-  /// The number as it stands.
+  /// The number as it is.
   [[nodiscard]] OVString displayString() const { return phoneNumber(); }
 
   /// True when there is nothing in the number but digits, spaces, no-break spaces, parentheses, "+"
@@ -22,7 +22,7 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   /// this changes nothing.
   void initValid();
 
-  /// These three answer `valid`.
+  /// The same as `valid`, as are the next two.
   [[nodiscard]] bool canDoCall() const { return valid(); }
   /// The same as `valid`.
   [[nodiscard]] bool canDoVideoCall() const { return valid(); }

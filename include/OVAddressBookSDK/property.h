@@ -13,7 +13,7 @@ OV_EXPORT extern const OVString OVProPertyName;
 OV_EXPORT extern const OVString OVProPertyTags;
 OV_EXPORT extern const OVString OVProPertyPhone;
 OV_EXPORT extern const OVString OVProPertyEmail;
-/// "Prefix": what stands before the name.
+/// "Prefix": what precedes the name.
 OV_EXPORT extern const OVString OVProPertyTitle;
 OV_EXPORT extern const OVString OVProPertySuffix;
 OV_EXPORT extern const OVString OVProPertyMaidenName;

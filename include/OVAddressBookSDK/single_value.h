@@ -25,7 +25,8 @@ class OV_EXPORT OVSingleValue : public OVValue {
   [[nodiscard]] static OVRef<OVSingleValue> init();
   ~OVSingleValue() override;
 
-  /// May be null, and is where an archive holds something that is no label. Any thread may read it.
+  /// May be null, and is null when an archive held something that is no label. Any thread may read
+  /// it.
   [[nodiscard]] OVRef<OVLabel> label() const { return ov::cast<OVLabel>(label_.load()); }
   /// The datum; may be null. Any thread may read it.
   [[nodiscard]] OVRef<OVObject> value() const { return value_.load(); }
@@ -61,7 +62,8 @@ class OV_EXPORT OVSingleValue : public OVValue {
   OVAtomic<OVRef<OVObject>> value_;
 };
 
-/// One labelled datum. The setters are plain stores: nothing is checked or announced.
+/// One labelled datum. The setters only store: nothing is checked or announced. They may run while
+/// other threads read the value or save its book, which get the old or the new one.
 class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
  public:
   /// A new value: type 0, no label, no datum.
@@ -70,13 +72,13 @@ class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
   /// Replaces the type; the datum stays. Any code will do, such as
   /// `static_cast<OVValueType>(14)`.
   void setType(OVValueType type) { storeType(type); }
-  /// Null takes the label away.
+  /// Null clears the label.
   void setLabel(OVRef<OVLabel> label) { label_.store(std::move(label)); }
-  /// Null takes the datum away.
+  /// Null clears the datum.
   void setValue(OVRef<OVObject> value) { value_.store(std::move(value)); }
   /// The same with a text, which may be a literal or a `std::string`.
   void setValue(const OVString& text) { value_.store(text); }
-  /// Takes the datum away.
+  /// Clears the datum.
   void setValue(std::nullptr_t) { value_.store(nullptr); }
 
   /// The class under which objects are archived.
@@ -96,8 +98,8 @@ namespace ov {
 ///     person->setValueByPropertyName(ov::labelled("Ferry pilot", "job", OVValueTypeString),
 ///                                    OVProPertyJobTitle);
 ///
-/// Its label is a new one, and `label` both the label's name and its display name; a null `label`
-/// gives a value without one. Null for a null datum.
+/// Its label is a new one that has `label` as its name and its display name; a null `label` gives a
+/// value without one. Null for a null datum.
 /// @{
 [[nodiscard]] OV_EXPORT OVRef<OVMutableSingleValue> labelled(const OVRef<OVObject>& datum,
                                                              const OVString& label,

@@ -9,6 +9,11 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
+#include <OVAddressBookSDK/text_view.h>
+
+namespace ov::detail {
+class TagIndex;
+}
 
 /// The user's tags on the persons of one address book, kept in the user defaults under an ID that
 /// the host chooses.
@@ -21,15 +26,15 @@
 /// Many changes are quicker in a batch, at the end of which they are saved together:
 ///
 ///     const OVTagManager::Batch batch(tags);
-///     for (const auto& person : book->allPersons()) tags->addPersonIDForTag(person->ID(),
-///     "Friends");
+///     for (const auto& id : friends) tags->addPersonIDForTag(id, "Friends");
 ///
 /// Lists are handed out live: a change made through one shows in the manager, but is written only
 /// with the next save. A program that changes the manager while it walks through such a list walks
 /// through a copy:
 ///
-///     for (const auto& tag : tags->tagsByPersonID(id).copy()) tags->removePersonIDFromTag(id,
-///     tag);
+///     for (const auto& tag : tags->tagsByPersonID(id).copy()) {
+///       tags->removePersonIDFromTag(id, tag);
+///     }
 class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_this<OVTagManager> {
  public:
   /// While one of these lives, its manager saves nothing, `save` included. When the last one ends,
@@ -50,9 +55,9 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
     OVRef<OVTagManager> manager_;
   };
 
-  /// The manager stored under the ID, or a new, empty one when nothing is stored there or the
-  /// archive holds no manager. Writes nothing. Null for a null ID. Throws `OVInvalidArchive`, which
-  /// names the ID, when what is stored is no archive, and leaves it as it is.
+  /// The manager stored under the ID, or a new, empty one when nothing is stored there. Writes
+  /// nothing. Null for a null ID. Throws `OVInvalidArchive`, which names the ID, when what is
+  /// stored is no archive or the archive of something else, and leaves it as it is.
   [[nodiscard]] static OVRef<OVTagManager> tagManagerWithID(const OVString& tagID);
 
   /// An empty manager without an ID. It cannot be saved before it gets one.
@@ -63,7 +68,8 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   /// Takes effect with the next save; what is stored under the old ID stays.
   void setTagID(OVString tagID) { tagID_.store(std::move(tagID)); }
 
-  /// Writes the whole manager to the user defaults. Does nothing while the ID is null.
+  /// Writes the whole manager to the user defaults. Does nothing while the ID is null. Throws
+  /// `std::logic_error` for a manager that no `OVRef` owns, as every change does.
   void save();
 
   /// How many tags are in use.
@@ -73,9 +79,9 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   /// The live list of the persons that carry the tag, in order of tagging; null when there is none
   /// and for null.
-  [[nodiscard]] OVList<OVString> personIDsByTag(const OVString& tag) const;
+  [[nodiscard]] OVList<OVString> personIDsByTag(const OVStringView& tag) const;
   /// The live list of the person's tags, in order of tagging; null when there is none and for null.
-  [[nodiscard]] OVList<OVString> tagsByPersonID(const OVString& personID) const;
+  [[nodiscard]] OVList<OVString> tagsByPersonID(const OVStringView& personID) const;
 
   /// Tags a person; a tag that the person already carries stays where it is. Saves. Does nothing,
   /// not even save, when an argument is null.
@@ -116,10 +122,16 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   void makeMutable();
 
-  // A manager from an archive may lack any of the three: it reads as empty and takes nothing up.
-  OVList<OVString> tags_;
-  ListsByText tagKeyDic_;
-  ListsByText personIDDic_;
+  // A manager from an archive may lack any of the three: it reads as empty and takes nothing up. So
+  // does one that has something else there, which is kept and written back.
+  [[nodiscard]] OVList<OVString> tags() const { return ov::cast<OVList<OVString>>(tags_); }
+  [[nodiscard]] ListsByText tagKeyDic() const { return ov::cast<ListsByText>(tagKeyDic_); }
+  [[nodiscard]] ListsByText personIDDic() const { return ov::cast<ListsByText>(personIDDic_); }
+
+  OVRef<OVObject> tags_;
+  OVRef<OVObject> tagKeyDic_;
+  OVRef<OVObject> personIDDic_;
+  std::shared_ptr<ov::detail::TagIndex> index_;
   unsigned batches_ = 0;
   bool isSaveDue_ = false;  // when the last batch ends
   OVAtomic<OVString> tagID_;

@@ -204,7 +204,7 @@ class OV_EXPORT OVString {
     }
     return a.text_ != nullptr && a.view() == std::string_view(b);
   }
-  /// Null stands before every text; texts are ordered by their bytes, that is, by code point.
+  /// Null comes before every text; texts are ordered by their bytes, that is, by code point.
   friend std::strong_ordering operator<=>(const OVString& a, const OVString& b) {
     if (a.isNull() || b.isNull()) return !a.isNull() <=> !b.isNull();
     return a.view() <=> b.view();

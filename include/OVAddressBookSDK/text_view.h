@@ -55,7 +55,7 @@ class OV_EXPORT OVStringView {
   friend bool operator==(const OVStringView& a, const OVStringView& b) {
     return a.isNull() == b.isNull() && a.characters_ == b.characters_;
   }
-  /// Null stands before every text; texts are ordered by their bytes, that is, by code point.
+  /// Null comes before every text; texts are ordered by their bytes, that is, by code point.
   friend std::strong_ordering operator<=>(const OVStringView& a, const OVStringView& b) {
     if (a.isNull() || b.isNull()) return !a.isNull() <=> !b.isNull();
     return a.characters_ <=> b.characters_;

@@ -11,10 +11,11 @@
 /// are in.
 ///
 /// The platform's default keeps one SQLite database for each application. A value is visible at
-/// once, to other processes too, and survives the death of the process as soon as the call that
-/// sets it has returned. Where nothing can be written (no home, read-only, disk full, a lock that
-/// another process does not give up) values live in memory, one line goes to the log, and every
-/// later set and `synchronize` tries again; nothing is thrown.
+/// once, to other processes too (preferences some milliseconds late: see `boolForKey`), and
+/// survives the death of the process as soon as the call that sets it has returned. Where nothing
+/// can be written (no home, read-only, disk full, a lock that another process does not give up)
+/// values live in memory, one line goes to the log, and every later set and `synchronize` tries
+/// again; nothing is thrown.
 ///
 /// A host that has a store of its own derives from this class and installs it:
 ///
@@ -39,13 +40,13 @@ class OV_EXPORT OVUserDefaults {
 
   /// Names the application whose preferences the platform's default keeps: the name of a folder
   /// under `$XDG_CONFIG_HOME` (`~/.config`). Without it the program's name is used. Call it before
-  /// the first use of the standard defaults; later calls change what `standardUserDefaults` answers
+  /// the first use of the standard defaults; later calls change what `standardUserDefaults` returns
   /// from then on.
   /// Throws `std::invalid_argument` when `identifier` cannot name a folder: null, "", ".", "..",
   /// with a "/" or a control character in it, or longer than 200 bytes.
   static void setApplicationIdentifier(const OVString& identifier);
 
-  /// A new, empty store that lives in memory only; its `synchronize` answers true.
+  /// A new, empty store that lives in memory only; its `synchronize` returns true.
   [[nodiscard]] static OVRef<OVUserDefaults> inMemory();
 
   /// The truth value under `key`, a preference that may be asked for again and again: what another

@@ -7,7 +7,9 @@
 
 /// The root of the values that a person holds, one per property.
 ///
-/// Values are compared by identity and belong to one thread at a time.
+/// Values are compared by identity. What is atomic in them (label, type and datum of a single
+/// value, the main value of a multiple value) may be set on one thread while others read or save
+/// it; everything else belongs to one thread at a time.
 class OV_EXPORT OVValue : public OVObject {
  public:
   /// A value of this very class: immutable, of type 0.
@@ -31,7 +33,7 @@ class OV_EXPORT OVValue : public OVObject {
  protected:
   OVValue() = default;
 
-  /// What `copy` and `mutableCopy` answer. Never null.
+  /// What `copy` and `mutableCopy` return. Never null.
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
   /// Sets what `type` gives, unless a class says otherwise.

@@ -26,7 +26,7 @@ class OV_EXPORT OVWorkspace {
   /// Installs another workspace; null brings the platform's default back.
   static void setSharedWorkspace(OVRef<OVWorkspace> workspace);
 
-  /// A workspace that opens nothing, for hosts without a desktop; `openURL` answers false.
+  /// A workspace that opens nothing, for hosts without a desktop; `openURL` returns false.
   [[nodiscard]] static OVRef<OVWorkspace> none();
 
   /// Hands `url` to the user's handler for its scheme; true when it was handed on. What the handler

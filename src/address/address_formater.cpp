@@ -25,15 +25,15 @@ void append(const LayoutLine& line, Fields& fields) {
 }
 
 // The values in the order of the layout, those of one line joined by blanks.
-OVString textOf(const OVObjectAddress& address, const OVStringView& code,
+OVString textOf(const OVRef<OVObjectAddress>& address, const OVStringView& code,
                 std::string_view betweenLines) {
   std::string text;
-  if (code.isNull()) return text;
+  if (address == nullptr || code.isNull()) return text;
   std::string_view separator;
   for (const LayoutLine& line : layoutOf(code.view()).lines()) {
     bool hasValue = false;
     for (const FieldNumber field : line.fields()) {
-      const OVString value = address.stringValueByFieldName(nameOf(field));
+      const OVString value = address->stringValueByFieldName(nameOf(field));
       if (value.isNull()) continue;
       text.append(separator).append(value.view());
       separator = " ";
@@ -42,6 +42,10 @@ OVString textOf(const OVObjectAddress& address, const OVStringView& code,
     if (hasValue) separator = betweenLines;
   }
   return text;
+}
+
+OVString codeOf(const OVRef<OVObjectAddress>& address) {
+  return address == nullptr ? OVString() : address->countryCode();
 }
 
 OVString localCode() {
@@ -60,19 +64,17 @@ OVRef<OVAddressFormater> OVAddressFormater::initWithObject(OVRef<OVObjectAddress
 }
 
 OVString OVAddressFormater::formatString() const {
-  return formatStringByCountryCode(addressObject_->countryCode());
+  return formatStringByCountryCode(codeOf(addressObject_));
 }
 
-OVString OVAddressFormater::string() const {
-  return stringByCountryCode(addressObject_->countryCode());
-}
+OVString OVAddressFormater::string() const { return stringByCountryCode(codeOf(addressObject_)); }
 
 OVString OVAddressFormater::formatStringByCountryCode(const OVStringView& code) const {
-  return textOf(*addressObject_, code, "\n");
+  return textOf(addressObject_, code, "\n");
 }
 
 OVString OVAddressFormater::stringByCountryCode(const OVStringView& code) const {
-  return textOf(*addressObject_, code, " ");
+  return textOf(addressObject_, code, " ");
 }
 
 OVList<Fields> OVAddressFormater::fieldFormaterByCountryCode(const OVStringView& code) {

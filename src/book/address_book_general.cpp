@@ -10,6 +10,7 @@
 
 #include "platform/dispose.h"
 #include "platform/maker.h"
+#include "platform/owned.h"
 
 namespace {
 
@@ -57,14 +58,8 @@ OVRef<OVObject> OVAddressBookGeneral::addressBookWithData(const OVRef<OVData>& d
 }
 
 OVRef<OVData> OVAddressBookGeneral::saveToData() const {
-  const auto owned = weak_from_this().lock();
-  if (owned == nullptr) {
-    throw std::logic_error(
-        "OVAddressBookGeneral: only a book that an OVRef owns can be saved: make it with init() or "
-        "std::make_shared");
-  }
   return OVKeyedArchiver::archivedDataWithRootObject(
-      std::const_pointer_cast<OVAddressBookGeneral>(owned));
+      ov::detail::owned(*this, "OVAddressBookGeneral"));
 }
 
 void OVAddressBookGeneral::addPerson(const OVRef<IOVPerson>& person) {
@@ -100,6 +95,7 @@ OVRef<OVGroupGeneral> OVAddressBookGeneral::generalGroupByGroup(
     const OVRef<IOVGroup>& group) const {
   if (group == nullptr) return nullptr;
   auto general = group->emptyGeneralGroup();
+  if (general == nullptr) general = OVGroupGeneral::init();
   general->setID(group->ID());
   general->setTitle(group->displayName());
   general->setSubArray(idsOf(group->subGroups(), "sub-group ", *general));

@@ -1,7 +1,6 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include <exception>
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -10,7 +9,9 @@
 #include <OVAddressBookSDK/log.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
+#include "book/tag_index.h"
 #include "platform/maker.h"
+#include "platform/owned.h"
 
 namespace {
 
@@ -18,20 +19,23 @@ constexpr std::string_view kTagsKey = "TagsKey";
 constexpr std::string_view kTagKeyDicKey = "TagsDicKey";
 constexpr std::string_view kPersonIDDicKey = "PersonDicKey";
 
+using ov::detail::TagIndex;
 using Texts = OVList<OVString>;
 using TextsByText = OVDictionary<Texts>;
 
 /// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
 class Addition {
  public:
-  Addition(OVString text, Texts list) : text_(std::move(text)), list_(std::move(list)) {
-    if (list_ == nullptr || list_.contains(text_)) return;
-    list_.push_back(text_);
+  Addition(OVString text, Texts list, TagIndex& index)
+      : index_(index), text_(std::move(text)), list_(std::move(list)) {
+    if (list_ == nullptr || index_.contains(list_, text_)) return;
+    index_.push_back(list_, text_);
     isAdded_ = true;
   }
   /// Makes the list when there is none under the key.
-  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary)
-      : Addition(text, dictionary[key]) {
+  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary,
+           TagIndex& index)
+      : Addition(text, dictionary[key], index) {
     if (list_ != nullptr || dictionary == nullptr) return;
     dictionary.set(key, Texts::list({text}));
     key_ = key;
@@ -40,7 +44,7 @@ class Addition {
   Addition(const Addition&) = delete;
   Addition& operator=(const Addition&) = delete;
   ~Addition() {
-    if (isAdded_) list_.remove(text_);
+    if (isAdded_) index_.remove(list_, text_);
     if (dictionary_ != nullptr) dictionary_.erase(key_);
   }
 
@@ -50,6 +54,7 @@ class Addition {
   }
 
  private:
+  TagIndex& index_;
   OVString text_;
   Texts list_;
   bool isAdded_ = false;
@@ -57,21 +62,25 @@ class Addition {
   TextsByText dictionary_;  // null unless the list was made
 };
 
-void remove(const OVString& text, const Texts& list) {
-  if (list != nullptr) list.remove(text);
-}
-
 void removeKey(const OVString& key, const TextsByText& dictionary) {
   if (dictionary != nullptr) dictionary.erase(key);
 }
 
 // True when a list without this text is left.
-bool removeFromList(const OVString& text, const OVString& key, const TextsByText& dictionary) {
+bool removeFromList(const OVString& text, const OVString& key, const TextsByText& dictionary,
+                    TagIndex& index) {
   const auto list = dictionary[key];
-  remove(text, list);
+  index.remove(list, text);
   if (list != nullptr && !list.empty()) return true;
   removeKey(key, dictionary);
   return false;
+}
+
+void logUnsaved(const OVString& tagID, const char* why) noexcept {
+  try {
+    OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + why);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
+  }
 }
 
 OVRef<OVObject> objectIn(const OVRef<OVObject>& stored, const OVString& tagID) {
@@ -91,7 +100,12 @@ OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
   if (tagID.isNull()) return nullptr;
   OVRef<OVTagManager> manager;
   if (const auto stored = OVUserDefaults::standardUserDefaults()->objectForKey(tagID)) {
-    manager = ov::cast<OVTagManager>(objectIn(stored, tagID));
+    const auto root = objectIn(stored, tagID);
+    manager = ov::cast<OVTagManager>(root);
+    if (manager == nullptr && root != nullptr) {
+      throw OVInvalidArchive("The archive under \"" + tagID.str() +
+                             "\" holds something else than tags");
+    }
   }
   if (manager == nullptr) manager = init();
   manager->makeMutable();
@@ -104,7 +118,8 @@ OVRef<OVTagManager> OVTagManager::init() { return ov::detail::Maker::make<OVTagM
 OVTagManager::OVTagManager()
     : tags_(Texts::list()),
       tagKeyDic_(TextsByText::dictionary()),
-      personIDDic_(TextsByText::dictionary()) {}
+      personIDDic_(TextsByText::dictionary()),
+      index_(std::make_shared<TagIndex>()) {}
 
 void OVTagManager::save() {
   if (batches_ != 0) {
@@ -114,7 +129,7 @@ void OVTagManager::save() {
   const OVString key = tagID();
   if (key.isNull()) return;
   OVUserDefaults::standardUserDefaults()->setObjectForKey(
-      OVKeyedArchiver::archivedDataWithRootObject(shared_from_this()), key);
+      OVKeyedArchiver::archivedDataWithRootObject(ov::detail::owned(*this, "OVTagManager")), key);
 }
 
 OVTagManager::Batch::Batch(OVRef<OVTagManager> manager) : manager_(std::move(manager)) {
@@ -126,10 +141,9 @@ OVTagManager::Batch::~Batch() {
   try {
     end();
   } catch (const std::exception& error) {
-    try {
-      OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + error.what());
-    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
-    }
+    logUnsaved(tagID, error.what());
+  } catch (...) {
+    logUnsaved(tagID, "the user defaults threw what is no std::exception");
   }
 }
 
@@ -139,25 +153,25 @@ void OVTagManager::Batch::end() {
   if (std::exchange(manager->isSaveDue_, false)) manager->save();
 }
 
-std::uint64_t OVTagManager::count() const { return tags_.size(); }
+std::uint64_t OVTagManager::count() const { return tags().size(); }
 
 OVString OVTagManager::tagAtIndex(std::uint64_t index) const {
-  return index < count() ? tags_[index] : OVString();
+  return index < count() ? tags()[index] : OVString();
 }
 
-Texts OVTagManager::personIDsByTag(const OVString& tag) const { return tagKeyDic_[tag]; }
+Texts OVTagManager::personIDsByTag(const OVStringView& tag) const { return tagKeyDic()[tag]; }
 
-Texts OVTagManager::tagsByPersonID(const OVString& personID) const {
-  return personIDDic_[personID];
+Texts OVTagManager::tagsByPersonID(const OVStringView& personID) const {
+  return personIDDic()[personID];
 }
 
 void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
   {
     // All three or none, also when memory runs out.
-    Addition toTags(tag, tags_);
-    Addition toPersonIDs(personID, tag, tagKeyDic_);
-    Addition toTagsOfPerson(tag, personID, personIDDic_);
+    Addition toTags(tag, tags(), *index_);
+    Addition toPersonIDs(personID, tag, tagKeyDic(), *index_);
+    Addition toTagsOfPerson(tag, personID, personIDDic(), *index_);
     for (Addition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
   }
   save();
@@ -165,8 +179,8 @@ void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& t
 
 void OVTagManager::removePersonIDFromTag(const OVString& personID, const OVString& tag) {
   if (personID.isNull() || tag.isNull()) return;
-  if (!removeFromList(personID, tag, tagKeyDic_)) remove(tag, tags_);
-  removeFromList(tag, personID, personIDDic_);
+  if (!removeFromList(personID, tag, tagKeyDic(), *index_)) index_->remove(tags(), tag);
+  removeFromList(tag, personID, personIDDic(), *index_);
   save();
 }
 
@@ -182,12 +196,12 @@ void OVTagManager::removeForPersonID(const OVString& personID) {
 
 void OVTagManager::removeTag(const OVString& tag) {
   if (!tag.isNull()) {
-    remove(tag, tags_);
+    index_->remove(tags(), tag);
     if (const auto list = personIDsByTag(tag)) {
       const auto personIDs = list.copy();
-      for (const OVString& personID : personIDs) remove(tag, tagsByPersonID(personID));
+      for (const OVString& personID : personIDs) index_->remove(tagsByPersonID(personID), tag);
     }
-    removeKey(tag, tagKeyDic_);
+    removeKey(tag, tagKeyDic());
   }
   // A null tag writes the store all the same.
   save();
@@ -210,8 +224,8 @@ void OVTagManager::makeMutable() {
       dictionary->immutable = false;
     }
   };
-  markMutable(tags_);
-  for (const auto& dictionary : {tagKeyDic_, personIDDic_}) {
+  markMutable(tags());
+  for (const auto& dictionary : {tagKeyDic(), personIDDic()}) {
     markMutable(dictionary);
     for (const auto& [key, list] : dictionary) markMutable(list);
   }
@@ -231,7 +245,7 @@ void OVTagManager::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVTagManager::initWithCoder(OVKeyedUnarchiver& coder) {
-  tags_ = coder.decodeObjectForKey<Texts>(kTagsKey);
-  tagKeyDic_ = coder.decodeObjectForKey<TextsByText>(kTagKeyDicKey);
-  personIDDic_ = coder.decodeObjectForKey<TextsByText>(kPersonIDDicKey);
+  tags_ = coder.decodeObjectForKey(kTagsKey);
+  tagKeyDic_ = coder.decodeObjectForKey(kTagKeyDicKey);
+  personIDDic_ = coder.decodeObjectForKey(kPersonIDDicKey);
 }

@@ -84,13 +84,14 @@ OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVStr
 }
 
 OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithDisplayName(
-    const OVString& displayName) {
-  // Reads the table as it stands: only others build it.
+    const OVStringView& displayName) {
+  const OVString wanted(displayName);
+  // Reads the table as it is: only others build it.
   const Services* services = servicesOnce.peek();
-  if (services == nullptr) return make(displayName, displayName);
+  if (services == nullptr) return make(wanted, wanted);
   const auto locale = OVLocale::currentLocale();
-  const OVString wanted = locale->lowercase(displayName);
+  const OVString lower = locale->lowercase(wanted);
   for (const auto& server : services->list)
-    if (locale->lowercase(server->displayName()) == wanted) return server;
-  return make(displayName, displayName);
+    if (server != nullptr && locale->lowercase(server->displayName()) == lower) return server;
+  return make(wanted, wanted);
 }

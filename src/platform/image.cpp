@@ -31,6 +31,4 @@ void OVImage::encodeWithCoder(OVKeyedArchiver& coder) const {
   if (data_ != nullptr) coder.encodeObjectForKey(data_, kData);
 }
 
-void OVImage::initWithCoder(OVKeyedUnarchiver& coder) {
-  data_ = coder.decodeObjectForKey<OVData>(kData);
-}
+void OVImage::initWithCoder(OVKeyedUnarchiver& coder) { data_ = coder.decodeObjectForKey(kData); }

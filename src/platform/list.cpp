@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -44,6 +45,7 @@ void ListObject::set(std::size_t index, OVRef<OVObject> item) {
   if (item == nullptr) throw std::invalid_argument("OVList: a list takes no null element");
   if (index >= items.size()) raiseOutOfRange(index, items.size());
   items[index].swap(item);
+  if (replacements < std::numeric_limits<std::uint16_t>::max()) ++replacements;
 }
 
 void ListObject::erase(std::size_t index) {
@@ -58,7 +60,7 @@ void ListObject::clear() {
   ++changes;
 }
 
-std::size_t ListObject::positionOf(const OVString& text) const {
+std::size_t ListObject::positionOf(const OVStringView& text) const {
   if (text.isNull()) return items.size();
   const std::string_view wanted = text.view();
   const auto isEqual = [wanted](const OVRef<OVObject>& item) {

@@ -163,4 +163,17 @@ TEST_F(AddressFormater, AnEmptyValueFromAnArchiveIsStillAValue) {
   EXPECT_EQ(own->stringByCountryCode("us"), " Springfield ");
 }
 
+class HostsFormater final : public OVAddressFormater {
+ public:
+  explicit HostsFormater(OVRef<OVObjectAddress> address) : OVAddressFormater(std::move(address)) {}
+};
+
+TEST_F(AddressFormater, ADerivedOneWithoutAnAddressPrintsNothing) {
+  const HostsFormater formater(nullptr);
+  EXPECT_EQ(formater.formatString(), "");
+  EXPECT_EQ(formater.string(), "");
+  EXPECT_EQ(formater.formatStringByCountryCode("de"), "");
+  EXPECT_EQ(formater.stringByCountryCode("de"), "");
+}
+
 }  // namespace

@@ -29,16 +29,13 @@ class HostLocale final : public OVLocale {
     return platform_->isoCountryCodes();
   }
   OVString currentLocaleIdentifier() const override { return "tr_IN"; }
-  OVString lowercase(const OVString& text) const override { return replaced(text, 'I', "\u0131"); }
-  OVString uppercase(const OVString& text) const override { return replaced(text, 'i', "\u0130"); }
-
- private:
-  static OVString replaced(const OVString& text, char letter, const std::string& other) {
+  OVString lowercase(const OVString& text) const override {
     std::string changed;
-    for (const char c : text.view()) changed += c == letter ? other : std::string(1, c);
+    for (const char c : text.view()) changed += c == 'I' ? "\u0131" : std::string(1, c);
     return changed;
   }
 
+ private:
   const std::function<void()> whenAsked_;
   const OVRef<OVLocale> platform_ = OVLocale::withIdentifier("en_US");
 };

@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <OVAddressBookSDK/address.h>
 #include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookSDK/multiple_value.h>
 
 #include "book/archive/small_book.h"
 #include "support/changing.h"
+#include "support/values.h"
 
 namespace {
 
@@ -21,17 +23,17 @@ OVRef<OVLabel> numberedLabel(int number) {
   return label;
 }
 
-/// One person with one labelled value, which is the main one of several, and an address.
+/// One person with labelled values, of which the first is looked at, and an address.
 struct Book {
   OVRef<OVAddressBookGeneral> book = OVAddressBookGeneral::init();
   OVRef<OVMutableSingleValue> value = OVMutableSingleValue::init();
   OVRef<OVMutableMultipleValue> multiple = OVMutableMultipleValue::init();
   OVRef<OVLabel> label = numberedLabel(0);
+  OVRef<OVObjectAddress> address = OVObjectAddress::init();
   OVRef<OVGroupGeneral> group = OVGroupGeneral::init();
 
   Book() {
-    const auto second = OVMutableSingleValue::init();
-    for (const auto& each : {value, second}) {
+    for (const auto& each : {value, OVMutableSingleValue::init(), OVMutableSingleValue::init()}) {
       each->setType(kNumberedType);
       each->setLabel(label);
       each->setValue(OVObjectPhone::initWithPhoneNumber("0"));
@@ -39,6 +41,7 @@ struct Book {
     }
     const auto person = OVPersonGeneral::initWithID("p");
     person->setValueByPropertyName(multiple, OVProPertyPhone);
+    person->setValueByPropertyName(valueOf(OVValueTypeAddress, address), OVProPertyAddress);
     book->personsDic().set("p", person);
     book->groupsDic().set("g", group);
     setGroup(0);
@@ -109,14 +112,33 @@ TEST(SavingBesideChanges, TheBlockHoldsAWholeLabelDatumAndTypeOfAValue) {
 
 TEST(SavingBesideChanges, TheBlockHoldsTheOldOrTheNewMainValue) {
   const Book book;
+  const auto setMain = [&](int i) {
+    book.multiple->setMainValue(book.multiple->valueAtIndex(i % 2 == 0 ? 1 : 2));
+  };
+  setMain(0);
   expectWholeWhileChanging(
       [&] {
         const auto person = book.savedAndRestored()->personsDic()["p"];
-        return person->mainValueForProPertyName(OVProPertyPhone) != nullptr;
+        const auto phones = ov::cast<OVMultipleValue>(person->valueByPropertyName(OVProPertyPhone));
+        const auto main = phones->mainValue();
+        return main == phones->valueAtIndex(1) || main == phones->valueAtIndex(2);
       },
-      [&](int i) {
-        book.multiple->setMainValue(book.multiple->valueAtIndex(static_cast<std::uint64_t>(i % 2)));
-      });
+      setMain);
+}
+
+TEST(SavingBesideChanges, TheBlockHoldsTheOldOrTheNewCountryOfAnAddress) {
+  const Book book;
+  book.address->setCountryCode("de");
+  expectWholeWhileChanging(
+      [&] {
+        const auto person = book.savedAndRestored()->personsDic()["p"];
+        const auto code =
+            ov::cast<OVObjectAddress>(
+                ov::cast<OVSingleValue>(person->valueByPropertyName(OVProPertyAddress))->value())
+                ->countryCode();
+        return code == "de" || code == "fr";
+      },
+      [&](int i) { book.address->setCountryCode(i % 2 == 0 ? "fr" : "de"); });
 }
 
 TEST(SavingBesideChanges, TagsMayBeAskedForMeanwhile) {

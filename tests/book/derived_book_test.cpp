@@ -103,6 +103,18 @@ TEST(DerivedGroupAndTags, AreEmptyAndTakeThings) {
   EXPECT_EQ(tags->count(), 1U);
 }
 
+TEST(UnownedTags, SayHowTheyCanBeSaved) {
+  TeamTags onTheStack;
+  onTheStack.addPersonIDForTag("p", "Friend");
+  onTheStack.setTagID("team");
+  try {
+    onTheStack.save();
+    FAIL() << "saved";
+  } catch (const std::logic_error& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("std::make_shared"));
+  }
+}
+
 TEST(UnownedBook, SaysHowItCanBeSaved) {
   TeamBook onTheStack;
   const auto unique = std::make_unique<TeamBook>();

@@ -81,6 +81,35 @@ TEST(HostPersons, AreAskedForTheirIDOnlyAsMembersOfAGroup) {
   EXPECT_EQ(person->asked, 0);
 }
 
+/// A group that wants its snapshot in a record of its own, or none.
+class RecordedGroup final : public IOVGroup {
+ public:
+  explicit RecordedGroup(OVRef<OVGroupGeneral> record) : record_(std::move(record)) {}
+
+  OVString ID() const override { return "g"; }
+  OVString displayName() const override { return "Group"; }
+  OVList<IOVGroup> subGroups() const override { return nullptr; }
+  OVList<IOVPerson> persons() const override { return nullptr; }
+  OVRef<OVGroupGeneral> emptyGeneralGroup() const override { return record_; }
+
+ private:
+  OVRef<OVGroupGeneral> record_;
+};
+
+TEST(HostGroups, MayGiveTheRecordOfTheirSnapshot) {
+  const auto record = OVGroupGeneral::init();
+  const auto book = OVAddressBookGeneral::init();
+  book->addGroup(std::make_shared<RecordedGroup>(record));
+  EXPECT_EQ(book->groupsDic()["g"], record);
+  EXPECT_EQ(record->title(), "Group");
+}
+
+TEST(HostGroups, ThatGiveNoRecordGetOne) {
+  const auto book = OVAddressBookGeneral::init();
+  book->addGroup(std::make_shared<RecordedGroup>(nullptr));
+  EXPECT_EQ(book->groupsDic()["g"]->title(), "Group");
+}
+
 /// User defaults that keep the keys that they were asked for.
 class AskedDefaults final : public OVUserDefaults {
  public:
@@ -146,6 +175,7 @@ TEST(Platform, IsAskedForThreeKeysPostsOneNotificationAndHasNoThreadMore) {
   EXPECT_EQ(threadCount(), threads);
   EXPECT_EQ(defaults->keys, (std::set<OVString>{"l_n_f", "Default_Country_Key", "host's tags"}));
   EXPECT_EQ(posted, std::vector<OVString>{"OV_LastNmaeFrontChange_notification"});
+  EXPECT_TRUE(platform.log->lines().empty());
 }
 
 }  // namespace

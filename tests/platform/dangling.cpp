@@ -50,6 +50,16 @@ void blocks() {
   take(block()->text());
 }
 
+void fields() {
+  const auto opaque = [] { return ov::cast<OVOpaqueObject>(OVRef<OVObject>()); };
+  const auto& first = opaque()->fields()[0];  // expected-warning {{will be destroyed}}
+  auto all = opaque()->fields().view();       // expected-warning {{will be destroyed}}
+
+  for (const OVOpaqueField& field : opaque()->fields()) std::cout << field.key;
+  const auto held = opaque()->fields();
+  std::cout << held[0].key << first.key << all.size();
+}
+
 void lookups() {
   OVStringView kept = name();           // expected-warning {{will be destroyed}}
   OVStringView other = standardName();  // expected-warning {{will be destroyed}}

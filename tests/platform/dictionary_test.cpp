@@ -31,6 +31,7 @@ concept CanGrow = requires(Dictionary dictionary) {
   dictionary.set("key", "x");
 };
 static_assert(CanGrow<Texts> && !CanGrow<OVDictionary<const OVString>>);
+static_assert(!std::convertible_to<OVDictionary<const OVString>, OVRef<OVObject>>);
 
 std::vector<std::pair<OVString, OVString>> entriesOf(const Texts& dictionary) {
   return {dictionary.begin(), dictionary.end()};
@@ -153,6 +154,53 @@ TEST(Dictionary, RaisesPastItsEndAndAtNothing) {
   const auto dictionary = Texts::dictionary({{"a", "1"}});
   EXPECT_THROW(static_cast<void>(*dictionary.end()), std::out_of_range);
   EXPECT_THROW(static_cast<void>(*dictionary.find("b")), std::out_of_range);
+  Texts::const_iterator nothing;
+  EXPECT_THROW(static_cast<void>(*nothing), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(*++nothing), std::out_of_range);
+}
+
+TEST(Dictionary, ItsIteratorsKeepItAlive) {
+  const auto found = Texts::dictionary({{"a", "1"}}).find("a");
+  EXPECT_EQ(found->second, "1");
+  auto dictionary = Texts::dictionary({{"a", "1"}, {"b", "2"}});
+  std::vector<OVString> seen;
+  for (const auto& [key, value] : dictionary) {
+    dictionary = nullptr;
+    seen.push_back(value);
+  }
+  EXPECT_THAT(seen, ElementsAre("1", "2"));
+}
+
+TEST(Dictionary, ACopyIsAnotherDictionaryOfTheSameEntries) {
+  const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(0);
+  const auto dictionary = Dates::dictionary({{"gone", date}, {"b", date}, {"a", date}});
+  dictionary.erase("gone");
+  const auto copy = dictionary.copy();
+  dictionary.clear();
+  EXPECT_EQ(copy.size(), 2U);
+  EXPECT_EQ(copy.begin()->first, "b");
+  EXPECT_EQ(copy["a"], date);
+  EXPECT_FALSE(copy.contains("gone"));
+  EXPECT_FALSE(copy.contains(""));
+  EXPECT_TRUE(Dates().copy().isNull());
+}
+
+TEST(Dictionary, ACopyOfALargeDictionaryFindsWhatItHolds) {
+  const auto dictionary = Texts::dictionary();
+  for (int i = 0; i < 100; ++i) dictionary.set(std::to_string(i), "x");
+  for (int i = 0; i < 40; ++i) dictionary.erase(std::to_string(i));
+  const auto copy = dictionary.copy();
+  EXPECT_EQ(copy.size(), 60U);
+  EXPECT_FALSE(copy.contains("39"));
+  EXPECT_TRUE(copy.contains("40"));
+  copy.set("", "empty");
+  EXPECT_EQ(copy[""], "empty");
+}
+
+TEST(Dictionary, WalkingThroughACopyMayChangeIt) {
+  const auto dictionary = Texts::dictionary({{"a", "1"}, {"b", "2"}});
+  for (const auto& [key, value] : dictionary.copy()) dictionary.erase(key);
+  EXPECT_TRUE(dictionary.empty());
 }
 
 TEST(NullDictionary, ReadsAsEmpty) {

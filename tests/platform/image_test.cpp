@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/archived_fields.h"
+
 namespace {
 
 TEST(Image, IsNullForNullData) { EXPECT_EQ(OVImage::imageWithData(nullptr), nullptr); }
@@ -13,6 +15,13 @@ TEST(Image, HoldsTheVeryDataItWasMadeOf) {
 
 TEST(Image, MayBeOfEmptyData) {
   EXPECT_EQ(OVImage::imageWithData(OVData::dataWithText(""))->data()->size(), 0U);
+}
+
+TEST(Image, KeepsWhatAnArchiveHeldInPlaceOfItsData) {
+  const auto read = restored<OVImage>(archivedAs("OVImage", {{"data", OVString("text")}}));
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->data(), nullptr);
+  EXPECT_EQ(ov::cast<OVString>(ArchivedForm(read).object("data")), "text");
 }
 
 }  // namespace

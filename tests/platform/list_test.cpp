@@ -32,11 +32,9 @@ concept CanGrow = requires(List list) {
 };
 static_assert(CanGrow<Texts> && !CanGrow<OVList<const OVString>>);
 
-template <class List>
-concept HasIteratorsOfTemporaries = requires {
-  List::list().begin();
-};
-static_assert(!HasIteratorsOfTemporaries<Texts>);
+// A list that is to be read only does not become another one by itself.
+static_assert(std::convertible_to<Texts, OVRef<OVObject>>);
+static_assert(!std::convertible_to<OVList<const OVString>, OVRef<OVObject>>);
 
 std::vector<OVString> textsOf(const Texts& list) { return {list.begin(), list.end()}; }
 
@@ -163,6 +161,25 @@ TEST(List, RaisesPastItsEndAndAtNothing) {
   EXPECT_THROW(static_cast<void>(*Texts::const_iterator()), std::out_of_range);
 }
 
+TEST(List, ItsIteratorsKeepItAlive) {
+  auto first = Texts::list({"a", "b"}).begin();
+  EXPECT_EQ(*first, "a");
+  EXPECT_EQ(*++first, "b");
+  EXPECT_EQ(*Texts::list({"a", "b"}).find("b"), "b");
+  auto list = Texts::list({"a", "b"});
+  std::vector<OVString> seen;
+  for (const auto& text : list) {
+    list = nullptr;
+    seen.push_back(text);
+  }
+  EXPECT_THAT(seen, ElementsAre("a", "b"));
+}
+
+TEST(List, ItsIteratorsPointToElements) {
+  const auto list = Texts::list({"abc"});
+  EXPECT_EQ(list.begin()->size(), 3U);
+}
+
 TEST(List, AddingWhileWalkingIsRaised) {
   const auto list = Texts::list({"a"});
   const auto doubleIt = [&list] {
@@ -192,6 +209,35 @@ TEST(List, OrdersItsElementsAndKeepsTheOrderOfEqualOnes) {
   const auto list = Texts::list({"bb", "a", "cc", "d"});
   list.sort([](const OVString& a, const OVString& b) { return a.size() < b.size(); });
   EXPECT_THAT(textsOf(list), ElementsAre("a", "d", "bb", "cc"));
+}
+
+TEST(List, OrderingThatFailsLeavesItAsItWas) {
+  const auto list = Texts::list({"c", "b", "a"});
+  const auto fail = [](const OVString& a, const OVString& b) {
+    if (a == "a" || b == "a") throw std::runtime_error("no order");
+    return a < b;
+  };
+  EXPECT_THROW(list.sort(fail), std::runtime_error);
+  EXPECT_THAT(textsOf(list), ElementsAre("c", "b", "a"));
+}
+
+TEST(List, ChangingWhileOrderingIsRaised) {
+  const auto list = Texts::list({"b", "a"});
+  const auto grow = [&list](const OVString& a, const OVString& b) {
+    list.push_back("c");
+    return a < b;
+  };
+  EXPECT_THROW(list.sort(grow), std::logic_error);
+  EXPECT_EQ(list.front(), "b");
+  EXPECT_EQ(list.back(), "c");
+}
+
+TEST(List, OrderingWhileWalkingIsRaised) {
+  const auto list = Texts::list({"b", "a"});
+  const auto walk = [&list] {
+    for (const auto& text : list) list.sort([](const auto& a, const auto& b) { return a < b; });
+  };
+  EXPECT_THROW(walk(), std::logic_error);
 }
 
 TEST(NullList, ReadsAsEmpty) {

@@ -35,11 +35,4 @@ TEST(RangeFor, TakesNullAsEmpty) {
   EXPECT_EQ(steps, 0);
 }
 
-TEST(RangeFor, StillGoesOverTheObjectItself) {
-  const auto list = newList();
-  std::size_t steps = 0;
-  for (const OVString text : list) steps += text.size();
-  EXPECT_EQ(steps, 3U);
-}
-
 }  // namespace

@@ -89,6 +89,10 @@ TEST(StandardProperties, AreTwentyThreeFromThumbnailToNote) {
 }
 
 TEST(StandardProperties, AreTheSameObjectsOnEveryCall) {
+  static_assert(
+      std::same_as<decltype(OVProperty::StandardPropertyArray()), OVList<const OVProperty>>);
+  static_assert(std::same_as<decltype(OVProperty::StandardPropertyDictionary()),
+                             OVDictionary<const OVProperty>>);
   EXPECT_EQ(OVProperty::StandardPropertyArray(), OVProperty::StandardPropertyArray());
   EXPECT_EQ(OVProperty::StandardPropertyDictionary(), OVProperty::StandardPropertyDictionary());
 }

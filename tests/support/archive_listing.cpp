@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <map>
+#include <span>
 #include <unordered_map>
 
 #include <OVAddressBookSDK/date.h>
@@ -21,7 +22,7 @@ std::string joined(const Elements& elements, Print print) {
   return result;
 }
 
-std::map<OVString, const OVOpaqueValue*> sorted(const std::vector<OVOpaqueField>& fields) {
+std::map<OVString, const OVOpaqueValue*> sorted(std::span<const OVOpaqueField> fields) {
   std::map<OVString, const OVOpaqueValue*> byKey;
   for (const OVOpaqueField& each : fields) byKey.try_emplace(each.key, &each.value);
   return byKey;

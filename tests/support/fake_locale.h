@@ -28,7 +28,6 @@ class FakeLocale {
     OVList<OVString> isoCountryCodes() const override { return countryCodes_; }
     OVString currentLocaleIdentifier() const override { return identifier_; }
     OVString lowercase(const OVString& text) const override { return mapping_->lowercase(text); }
-    OVString uppercase(const OVString& text) const override { return mapping_->uppercase(text); }
 
    private:
     OVString identifier_;

@@ -183,3 +183,8 @@ TEST_F(Dump, ReadsAPipe) {
   const std::string archive = readFile(foreign("nothing"));
   EXPECT_EQ(ovbookIn({.input = archive}, {"dump", "/dev/stdin"}), success("null\n"));
 }
+
+TEST_F(Dump, WhatNeverEndsIsAFailure) {
+  EXPECT_EQ(ovbook({"dump", "/dev/zero"}),
+            failure("/dev/zero: is no ordinary file, and has no end after 512 MiB"));
+}

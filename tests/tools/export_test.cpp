@@ -72,3 +72,21 @@ TEST_F(Export, AFolderInTheWayIsAFailure) {
   std::filesystem::create_directory(path("out"));
   EXPECT_EQ(ovbook({"export", book, "-o", path("out")}), failure(path("out") + ": Is a directory"));
 }
+
+TEST_F(Export, WritesToStandardOutput) {
+  const std::string book = bookOf(card("UID:a\nFN:A\n"));
+  EXPECT_EQ(ovbook({"export", book, "-o", path("out.vcf")}), success());
+  EXPECT_EQ(ovbook({"export", book, "-o", "-"}), success(readFile(path("out.vcf"))));
+  EXPECT_THAT(names(), ElementsAre("book", "cards.vcf", "out.vcf"));
+}
+
+TEST_F(Export, ATerminalShowsText) {
+  const std::string book = bookOf(card("UID:a\nFN:A\n"));
+  EXPECT_EQ(ovbookIn({.outputIsTerminal = true}, {"export", book, "-o", "-"}), success());
+}
+
+TEST_F(Export, AFullOutputIsAFailure) {
+  const std::string book = bookOf(card("UID:a\nFN:A\n"));
+  EXPECT_EQ(ovbookIn({.outputFile = "/dev/full"}, {"export", book, "-o", "-"}),
+            failure("standard output: No space left on device"));
+}

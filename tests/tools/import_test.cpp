@@ -65,9 +65,19 @@ TEST_F(Import, TakesGroupsInsideGroups) {
             "Inner [group]\n  ID       inner\n  Persons  a  a\n");
 }
 
-TEST_F(Import, AnEmptyFileMakesAnEmptyBook) {
-  EXPECT_THAT(importFiles({file("empty.vcf", "")}).out, HasSubstr(": 0 persons, 0 groups, "));
-  EXPECT_EQ(list(), "");
+TEST_F(Import, FilesWithoutCardsLeaveTheOldBook) {
+  const std::string before = file("book", "as it was");
+  const std::string empty = file("empty.vcf", "");
+  const std::string blank = file("blank.vcf", "\n\n");
+  EXPECT_EQ(importFiles({empty}), failure(empty + ": holds no card; nothing could be imported"));
+  EXPECT_EQ(importFiles({blank, empty}),
+            failure(blank + ": holds no card, nor do the other files; nothing could be imported"));
+  EXPECT_EQ(readFile(before), "as it was");
+}
+
+TEST_F(Import, OneFileWithACardIsEnough) {
+  EXPECT_EQ(importFiles({file("empty.vcf", ""), cardsOf("a.vcf", {person("a")})}).status, 0);
+  EXPECT_EQ(list(), "a  a\n");
 }
 
 TEST_F(Import, BrokenCardsAreNamedAndTheOthersImported) {
@@ -182,4 +192,108 @@ TEST_F(Import, ANameThatIsNoTextIsAFailure) {
 
 TEST_F(Import, NoBarIsDrawnIntoAFile) {
   EXPECT_EQ(importFiles({std::string(EXAMPLE_CONTACTS)}).err.find('\r'), std::string::npos);
+}
+
+namespace {
+
+/// So many lines that a card cannot hold.
+std::string junk(int lines) {
+  std::string all;
+  for (int i = 0; i < lines; ++i) all += "junk\n";
+  return all;
+}
+
+}  // namespace
+
+TEST_F(Import, TellsTheFirstMessagesOfEachFile) {
+  const std::string one = cardsOf("1.vcf", {card("UID:a\n" + junk(25))});
+  const std::string two = cardsOf("2.vcf", {card("UID:b\n" + junk(20))});
+  const auto told = [&](bool all) {
+    std::string lines;
+    for (const auto& [file, count] : {std::pair(one, 25), std::pair(two, 20)}) {
+      for (int i = 0; i < (all ? count : 20); ++i) {
+        lines += "ovbook: " + file + ":" + std::to_string(i + 4) +
+                 ": this line is no property of a vCard\n";
+      }
+    }
+    return lines;
+  };
+  const Outcome some = importFiles({one, two});
+  EXPECT_EQ(some.status, 1);
+  EXPECT_EQ(some.err, told(false) + "ovbook: " + one +
+                          ": 5 more messages, 5 of them about what was left out (--all-messages "
+                          "shows them)\n");
+  const Outcome all = importFiles({"--all-messages", one, two});
+  EXPECT_EQ(all.status, 1);
+  EXPECT_EQ(all.err, told(true));
+}
+
+TEST_F(Import, ALossBehindTheFirstMessagesStillCounts) {
+  std::string repeats = person("a");
+  for (int i = 0; i < 20; ++i) repeats += person("a");
+  const std::string warned = cardsOf("1.vcf", {repeats, person("a")});
+  const Outcome warnings = importFiles({warned});
+  EXPECT_EQ(warnings.status, 0);
+  EXPECT_THAT(warnings.err, testing::EndsWith("ovbook: " + warned +
+                                              ": 1 more message (--all-messages shows them)\n"));
+  const std::string lost = cardsOf("2.vcf", {repeats, "junk\n"});
+  const Outcome losses = importFiles({lost});
+  EXPECT_EQ(losses.status, 1);
+  EXPECT_THAT(losses.err, testing::EndsWith("1 more message, 1 of them about what was left out "
+                                            "(--all-messages shows them)\n"));
+}
+
+TEST_F(Import, WritesToStandardOutput) {
+  const std::string cards = cardsOf("cards.vcf", {person("a")});
+  const std::string size =
+      std::to_string((importFiles({cards}), std::filesystem::file_size(path("book"))));
+  const Outcome outcome = ovbook({"import", cards, "-o", "-"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, readFile(path("book")));
+  EXPECT_EQ(outcome.err, "ovbook: 1 person, 0 groups, " + size + " bytes\n");
+  EXPECT_THAT(names(), ElementsAre("book", "cards.vcf"));
+}
+
+TEST_F(Import, WritesNoBookToATerminal) {
+  const std::string cards = cardsOf("cards.vcf", {person("a")});
+  EXPECT_EQ(ovbookIn({.outputIsTerminal = true}, {"import", cards, "-o", "-"}),
+            failure("standard output: is a terminal, and a book is no text"));
+}
+
+TEST_F(Import, WhatNeverEndsIsAFailure) {
+  EXPECT_EQ(importFiles({"/dev/zero"}), failure("/dev/zero: File too large"));
+  EXPECT_EQ(names(), std::vector<std::string>());
+}
+
+TEST_F(Import, TellsOfEverythingThatIsLost) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"no property\n", "this line is no property of a vCard"},
+      {"END:VCARD\njunk\nBEGIN:VCARD\nFN:x\n", "this text stands outside of any card"},
+      {"END:VCARD\nBEGIN:VCARD\nVERSION:4.0\n", "this card is empty"},
+  };
+  for (const auto& [lines, reason] : rows) {
+    const Outcome outcome =
+        importFiles({cardsOf("cards.vcf", {card("UID:a\nFN:a\n" + std::string(lines))})});
+    EXPECT_EQ(outcome.status, 1) << lines;
+    EXPECT_THAT(outcome.err, HasSubstr(reason)) << lines;
+    EXPECT_THAT(outcome.err, testing::Not(HasSubstr("warning"))) << lines;
+  }
+}
+
+TEST_F(Import, TellsOfEverythingThatIsChanged) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"NOTE:\xE4\n", "were read as Windows-1252"},
+      {"NOTE;CHARSET=x-unheard-of:a\n", "x-unheard-of"},
+      {"NOTE;X-A=\"open:a\n", "quotes without a partner"},
+      {"END:VCARD\nBEGIN:VCARD\nUID:a\nFN:other\n", "got the ID a-2"},
+      {"END:VCARD\nBEGIN:VCARD\nKIND:group\nFN:g\nMEMBER:nobody\n",
+       "the member nobody is in no file"},
+      {"END:VCARD\nBEGIN:VCARD\nKIND:group\nUID:g\nFN:g\nMEMBER:g\n",
+       "this group stands inside itself"},
+  };
+  for (const auto& [lines, reason] : rows) {
+    const Outcome outcome =
+        importFiles({cardsOf("cards.vcf", {card("UID:a\nFN:a\n" + std::string(lines))})});
+    EXPECT_THAT(outcome.err, HasSubstr(reason)) << lines;
+  }
 }

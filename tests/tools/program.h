@@ -29,6 +29,8 @@ struct Surroundings {
   /// Standard output is a pipe that nobody reads any more.
   bool outputIsBroken = false;
   bool outputIsClosed = false;
+  /// Standard output is a terminal; what it shows is not kept.
+  bool outputIsTerminal = false;
   /// The most bytes that a file of the program's may have.
   std::optional<rlim_t> largestFile = {};
 };

@@ -106,7 +106,7 @@ TEST_F(Show, TheNameOfALabelIsShownWhereItSaysMore) {
   const auto label = labelOf("Home");
   label->setName("home");
   const auto other = labelOf("Size");
-  other->setName("X-SIZE;TYPE=eu");
+  other->setName("size eu");
   const auto nameless = OVLabel::init();
   nameless->setDisplayName("Shown");
   const auto hidden = OVLabel::init();
@@ -118,10 +118,10 @@ TEST_F(Show, TheNameOfALabelIsShownWhereItSaysMore) {
   person()->setValueByPropertyName(values, OVProPertyOther);
   EXPECT_EQ(show(), success("p\n"
                             "  ID     p\n"
-                            "  Other  Home *                 x\n"
-                            "         Size (X-SIZE;TYPE=eu)  x\n"
-                            "         Shown                  x\n"
-                            "         (hidden)               x\n"));
+                            "  Other  Home *          x\n"
+                            "         Size (size eu)  x\n"
+                            "         Shown           x\n"
+                            "         (hidden)        x\n"));
 }
 
 TEST_F(Show, AddressesHaveTheLayoutOfTheirCountry) {

@@ -95,6 +95,8 @@ TEST(MutableMultipleValue, AllLabelIsEmptyWhateverTheElements) {
   multiple->addValue(valueOf(OVValueTypePhone, OVString("1"), labelOf("home")));
   EXPECT_TRUE(multiple->allLabel().empty());
   EXPECT_TRUE(multiple->allLabel().isImmutable());
+  EXPECT_NE(multiple->allLabel(), multiple->allLabel());
+  static_assert(std::same_as<decltype(multiple->allLabel()), OVList<const OVLabel>>);
 }
 
 TEST(MutableMultipleValue, AllLabelNameListsDisplayNamesInOrder) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <ostream>
 #include <system_error>
 #include <vector>
 
@@ -19,6 +20,7 @@ namespace ovbook {
 namespace {
 
 constexpr std::size_t kPiece = 1 << 16;
+constexpr std::size_t kMostOfAPipe = std::size_t{512} << 20;
 
 [[noreturn]] void fail(const std::string& path, std::error_code error) {
   throw Failure(path, error.message());
@@ -56,9 +58,11 @@ std::size_t sizeOf(const OpenFile& file) {
 OVRef<OVData> readFile(const std::string& path) {
   const OpenFile file(path);
   std::vector<std::byte> bytes(sizeOf(file) + 1);
+  const std::size_t most = std::max(bytes.size(), kMostOfAPipe);
   std::size_t size = 0;
   for (;;) {
-    if (size == bytes.size()) bytes.resize(std::max(size * 2, kPiece));
+    if (size == most) throw Failure(path, "is no ordinary file, and has no end after 512 MiB");
+    if (size == bytes.size()) bytes.resize(std::min(std::max(size * 2, kPiece), most));
     const ssize_t got = read(file.descriptor(), bytes.data() + size, bytes.size() - size);
     if (got == 0) break;
     if (got > 0) {
@@ -75,7 +79,16 @@ void checkPath(const std::string& path) {
   if (OVString(path).view() != path) throw Failure(path, "the file's name is no well-formed UTF-8");
 }
 
+bool isStandardOutput(const std::string& target) { return target == "-"; }
+
+void checkNoTerminal(const std::string& target) {
+  if (isStandardOutput(target) && isatty(STDOUT_FILENO) != 0) {
+    throw Failure("standard output", "is a terminal, and a book is no text");
+  }
+}
+
 void checkTarget(const std::string& target, const std::string& input) {
+  if (isStandardOutput(target)) return;
   checkPath(target);
   std::error_code unknown;
   const auto status = std::filesystem::status(target, unknown);
@@ -90,7 +103,11 @@ void checkTarget(const std::string& target, const std::string& input) {
   }
 }
 
-void writeFile(const std::string& path, const OVRef<OVData>& data) {
+void writeFile(const std::string& path, const OVRef<OVData>& data, std::ostream& out) {
+  if (isStandardOutput(path)) {
+    out << data->text() << std::flush;
+    return;
+  }
   const mode_t mask = umask(S_IRWXG | S_IRWXO);
   const std::error_code error = ov::vcard::writeFile(path, data);
   umask(mask);

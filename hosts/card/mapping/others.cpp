@@ -106,6 +106,8 @@ bool isOddLinesEntry(const OVSingleValue& entry) {
          ov::cast<OVString>(entry.value()).view().starts_with("BEGIN:VCARD");
 }
 
+bool isLineEntry(const OVSingleValue& entry) { return !lineText(entry).empty(); }
+
 Spelling spellingOfOther(const Line& line, const OVSingleValue& entry) {
   const OVRef<OVLabel> label = entry.label();
   const OVString shown = label->displayName();

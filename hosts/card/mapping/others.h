@@ -38,6 +38,8 @@ class CardText {
 [[nodiscard]] bool isOddLinesEntry(const OVSingleValue& entry);
 /// @}
 
+/// Whether the entry has the label and the datum of a line that is kept as it stands.
+[[nodiscard]] bool isLineEntry(const OVSingleValue& entry);
 /// The spelling of an entry of "Other" that is a line.
 [[nodiscard]] Spelling spellingOfOther(const Line& line, const OVSingleValue& entry);
 

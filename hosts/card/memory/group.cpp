@@ -88,12 +88,14 @@ GroupContent Group::content() const {
     if (const auto sub = weak.lock()) content.members.push_back(sub->id);
   }
   for (const MissingMember& member : missing) content.members.push_back(member.id);
+  content.members.insert(content.members.end(), inRings.begin(), inRings.end());
   return content;
 }
 
 OVString Group::allOddLines() const {
   std::vector<OVString> ids;
   for (const MissingMember& member : missing) ids.push_back(member.id);
+  ids.insert(ids.end(), inRings.begin(), inRings.end());
   return oddLinesWithMissing(oddLines, ids);
 }
 

@@ -33,7 +33,10 @@ struct Group {
   std::vector<std::weak_ptr<Group>> subGroups;
   std::size_t parents = 0;
   std::vector<MissingMember> missing;
-  /// What the card says beside name and members, but for missing members; null for nothing.
+  /// The sub-groups that the card names and that would make the group stand inside itself.
+  std::vector<OVString> inRings;
+  /// What the card says beside name and members, but for members without an object; null for
+  /// nothing.
   OVString oddLines;
   CardSource source;
   OVString sourceID;
@@ -51,9 +54,9 @@ struct Group {
   bool addSubGroup(const std::shared_ptr<Group>& group);
   bool removeSubGroup(const std::shared_ptr<Group>& group);
 
-  /// What the group says, missing members included.
+  /// What the group says, members that are no members here included.
   [[nodiscard]] GroupContent content() const;
-  /// `oddLines` and the missing members; null for nothing.
+  /// `oddLines` and the members that are no members here; null for nothing.
   [[nodiscard]] OVString allOddLines() const;
   /// Appends the group as a card: the one that it came from as far as that still holds.
   void write(std::string& out) const;

@@ -66,6 +66,7 @@ Membership::~Membership() {
     group.subGroups.swap(before.subGroups);
     group.parents = before.parents;
     group.missing.swap(before.missing);
+    group.inRings.swap(before.inRings);
   }
 }
 
@@ -134,8 +135,8 @@ void Membership::indexReferences() {
 
 void Membership::save(const std::shared_ptr<Group>& group) {
   if (!saved_.insert(group.get()).second) return;
-  before_.push_back(
-      {group, group->persons, group->personSet, group->subGroups, group->parents, group->missing});
+  before_.push_back({group, group->persons, group->personSet, group->subGroups, group->parents,
+                     group->missing, group->inRings});
 }
 
 void Membership::joinMembersOf(const std::shared_ptr<Group>& group) {
@@ -165,6 +166,7 @@ void Membership::cutCycles() {
                        std::size_t place) {
     save(group);
     save(sub);
+    group->inRings.push_back(sub->id);
     group->subGroups.erase(group->subGroups.begin() + static_cast<std::ptrdiff_t>(place));
     --sub->parents;
     arrivals_.rings_.push_back(sub->place);

@@ -29,6 +29,7 @@ class Membership {
     std::vector<std::weak_ptr<Group>> subGroups;
     std::size_t parents;
     std::vector<Group::MissingMember> missing;
+    std::vector<OVString> inRings;
   };
 
   [[nodiscard]] std::vector<std::shared_ptr<Group>> groupsThatWait() const;

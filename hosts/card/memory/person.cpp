@@ -9,6 +9,7 @@
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/phone.h>
 
+#include "mapping/heading.h"
 #include "mapping/others.h"
 #include "mapping/person_card.h"
 #include "mapping/properties.h"
@@ -135,16 +136,10 @@ void Person::setIsOrganization(bool isOrganization) {
 bool Person::isOrganization() const { return meansOrganization(text(OVProPertyIsOrganization)); }
 
 OVString Person::showName() const {
-  if (isOrganization()) {
-    if (OVString company = companyName(); !company.empty()) return company;
-  }
-  if (OVString name = displayName(); !name.empty()) return name;
-  for (const OVString* const property : {&OVProPertyCompany, &OVProPertyNickname}) {
-    if (OVString found = text(*property); !found.empty()) return found;
-  }
-  if (const auto email = mainEmail()) return email->email();
-  if (const auto phone = mainPhone()) return phone->displayString();
-  return "";
+  const bool wasHandedOut = isHandedOut_;
+  const OVString heading = headingOf(*this).main;
+  isHandedOut_ = wasHandedOut;
+  return heading.isNull() ? OVString("") : heading;
 }
 
 OVString Person::companyName() const { return text(OVProPertyCompany); }

@@ -49,7 +49,7 @@ void loadCards(BookContent& book, std::string bytes, const OVString& file,
   std::vector<OVVCardProblem> found = problems.take();
   for (const Group::Place& ring : arrivals.ringsCut()) {
     found.push_back({OVVCardSeverity::Warning, ring.origin, ring.line,
-                     "this group stands inside itself; one membership was left out"});
+                     "this group stands inside itself; one membership does not count"});
   }
   book.problems.reserve(book.problems.size() + found.size());
   arrivals.keep();

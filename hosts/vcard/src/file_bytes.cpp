@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -18,6 +19,8 @@
 namespace ov::vcard {
 
 namespace {
+
+constexpr std::size_t kMostOfAPipe = std::size_t{512} << 20;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
@@ -124,11 +127,16 @@ std::error_code readFile(const std::string& path, std::string& bytes) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (file.number() < 0) return lastError();
   struct stat status {};
+  std::size_t known = 0;
   if (::fstat(file.number(), &status) == 0 && status.st_size > 0) {
-    bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    known = static_cast<std::size_t>(status.st_size);
+    bytes.reserve(known + 1);
   }
   std::array<char, 65536> buffer;  // NOLINT: filled before it is read
   for (;;) {
+    if (bytes.size() > std::max(known, kMostOfAPipe)) {
+      return std::make_error_code(std::errc::file_too_large);
+    }
     const ssize_t size = ::read(file.number(), buffer.data(), buffer.size());
     if (size == 0) return {};
     if (size > 0) {

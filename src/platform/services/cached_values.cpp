@@ -7,12 +7,15 @@ namespace ov {
 
 namespace {
 
-void apply(DefaultsDatabase::Values& values, const OVString& key, const OVRef<OVObject>& object) {
-  if (object == nullptr) {
-    values.erase(key);
-  } else {
-    values.insert_or_assign(key, object);
-  }
+/// Returns what was there before.
+OVRef<OVObject> apply(DefaultsDatabase::Values& values, const OVString& key,
+                      const OVRef<OVObject>& object) {
+  if (object != nullptr) return std::exchange(values[key], object);
+  const auto at = values.find(key);
+  if (at == values.end()) return nullptr;
+  auto replaced = std::move(at->second);
+  values.erase(at);
+  return replaced;
 }
 
 }  // namespace
@@ -24,15 +27,18 @@ OVRef<OVObject> CachedValues::get(const OVString& key) const {
 }
 
 void CachedValues::change(const OVString& key, const OVRef<OVObject>& object) {
+  // These end after the lock: with them may end something of the host's that comes back here.
+  OVRef<OVObject> known;
+  OVRef<OVObject> unsaved;
   const std::lock_guard lock(mutex_);
   const auto [at, isNew] = unsaved_.try_emplace(key);
   try {
-    apply(values_, key, object);
+    known = apply(values_, key, object);
   } catch (const std::bad_alloc&) {
     if (isNew) unsaved_.erase(at);
     throw;
   }
-  at->second = object;
+  unsaved = std::exchange(at->second, object);
 }
 
 std::vector<DefaultsDatabase::Change> CachedValues::unsaved() const {

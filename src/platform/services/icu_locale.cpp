@@ -17,11 +17,7 @@ namespace ov {
 
 namespace {
 
-using Mapping = void (*)(const char* locale, std::uint32_t options, icu::StringPiece text,
-                         icu::ByteSink& sink, icu::Edits* edits, UErrorCode& status);
-
-/// The mapping of the root locale.
-OVString mapped(const OVString& text, Mapping mapping) {
+OVString inLowerCase(const OVString& text) {
   if (text.isNull()) return nullptr;
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
     throw std::length_error("OVLocale: the text is too long to change its case");
@@ -29,7 +25,8 @@ OVString mapped(const OVString& text, Mapping mapping) {
   std::string result;
   icu::StringByteSink<std::string> sink(&result, static_cast<std::int32_t>(text.size()));
   UErrorCode status = U_ZERO_ERROR;
-  mapping("", 0, icu::StringPiece(text.view()), sink, nullptr, status);
+  // "" is the root locale.
+  icu::CaseMap::utf8ToLower("", 0, icu::StringPiece(text.view()), sink, nullptr, status);
   if (U_FAILURE(status)) throw std::length_error("OVLocale: the case of the text cannot change");
   return result == text.view() ? text : OVString(result);
 }
@@ -54,12 +51,6 @@ OVString IcuLocale::currentLocaleIdentifier() const {
   return localeIdentifier(&processEnvironment);
 }
 
-OVString IcuLocale::lowercase(const OVString& text) const {
-  return mapped(text, &icu::CaseMap::utf8ToLower);
-}
-
-OVString IcuLocale::uppercase(const OVString& text) const {
-  return mapped(text, &icu::CaseMap::utf8ToUpper);
-}
+OVString IcuLocale::lowercase(const OVString& text) const { return inLowerCase(text); }
 
 }  // namespace ov

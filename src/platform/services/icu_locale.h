@@ -13,7 +13,6 @@ class IcuLocale final : public OVLocale {
   [[nodiscard]] OVList<OVString> isoCountryCodes() const override;
   [[nodiscard]] OVString currentLocaleIdentifier() const override;
   [[nodiscard]] OVString lowercase(const OVString& text) const override;
-  [[nodiscard]] OVString uppercase(const OVString& text) const override;
 
  private:
   const OVString identifier_;

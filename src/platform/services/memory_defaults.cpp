@@ -1,5 +1,7 @@
 #include "platform/services/memory_defaults.h"
 
+#include <utility>
+
 namespace ov {
 
 OVRef<OVObject> MemoryDefaults::load(const OVString& key) const {
@@ -9,11 +11,14 @@ OVRef<OVObject> MemoryDefaults::load(const OVString& key) const {
 }
 
 void MemoryDefaults::store(const OVRef<OVObject>& object, const OVString& key) {
+  // Ends after the lock: with it may end something of the host's that comes back here.
+  OVRef<OVObject> replaced;
   const std::lock_guard lock(mutex_);
-  if (object == nullptr) {
-    values_.erase(key);
-  } else {
-    values_.insert_or_assign(key, object);
+  if (object != nullptr) {
+    replaced = std::exchange(values_[key], object);
+  } else if (const auto at = values_.find(key); at != values_.end()) {
+    replaced = std::move(at->second);
+    values_.erase(at);
   }
 }
 

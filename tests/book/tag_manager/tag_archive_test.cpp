@@ -164,12 +164,16 @@ TEST_F(TagArchive, ADamagedArchiveIsReported) {
   EXPECT_THROW((void)stored(), OVInvalidArchive);
 }
 
-TEST_F(TagArchive, AnArchiveOfSomethingElseGivesANewManager) {
-  store(OVKeyedArchiver::archivedDataWithRootObject(OVString("no manager")));
-  EXPECT_EQ(stored()->count(), 0U);
-  EXPECT_EQ(stored()->tagID(), "book");
-  stored()->addPersonIDForTag("P", "W");
-  EXPECT_EQ(stored()->count(), 1U);
+TEST_F(TagArchive, AnArchiveOfSomethingElseIsReportedAndLeftAlone) {
+  // Such as the manager of a host's class that this program does not know.
+  store(OVKeyedArchiver::archivedDataWithRootObject(archivedAs("HostsTagManager", {})));
+  try {
+    (void)stored();
+    FAIL() << "nothing was thrown";
+  } catch (const OVInvalidArchive& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("\"book\""));
+  }
+  EXPECT_EQ(defaults->writes.size(), 1U);
 }
 
 TEST_F(TagArchive, AnArchiveOfNullGivesANewManager) {
@@ -199,15 +203,21 @@ TEST_F(TagArchive, WithoutCollectionsItReadsAsEmptyAndTakesNothing) {
   EXPECT_EQ(manager->personIDsByTag("A"), nullptr);
   EXPECT_EQ(manager->tagsByPersonID("P"), nullptr);
   EXPECT_THAT(form().keys(), ElementsAre("TagsKey", "TagsDicKey", "PersonDicKey"));
-  EXPECT_EQ(form().object("TagsKey"), nullptr);
+  for (const char* key : {"TagsKey", "TagsDicKey", "PersonDicKey"}) {
+    EXPECT_EQ(form().object(key), nullptr) << key;
+  }
 }
 
-TEST_F(TagArchive, CollectionsOfAnotherKindReadAsNone) {
-  const auto manager = storedAs(
-      {{"TagsKey", OVString("W")}, {"TagsDicKey", TextList::list({"P"})}, {"PersonDicKey", 1}});
+TEST_F(TagArchive, CollectionsOfAnotherKindReadAsNoneAndAreWrittenBack) {
+  const auto manager = storedAs({{"TagsKey", OVString("W")},
+                                 {"TagsDicKey", TextList::list({"P"})},
+                                 {"PersonDicKey", OVNumber::numberWithInteger(1)}});
   useEverything(*manager);
   EXPECT_EQ(manager->count(), 0U);
   EXPECT_EQ(manager->tagsByPersonID("P"), nullptr);
+  EXPECT_EQ(ov::cast<OVString>(form().object("TagsKey")), "W");
+  EXPECT_THAT(texts(ov::cast<TextList>(form().object("TagsDicKey"))), ElementsAre("P"));
+  EXPECT_EQ(ov::cast<OVNumber>(form().object("PersonDicKey"))->integerValue(), 1);
 }
 
 TEST_F(TagArchive, OneMissingCollectionDoesNotTouchTheOthers) {

@@ -16,6 +16,10 @@ using Server = OVInstantMessageServer;
 
 OVRef<Server> supported(std::size_t position) { return Server::supportServer()[position - 1]; }
 
+static_assert(std::same_as<decltype(Server::supportServer()), OVList<const Server>>);
+static_assert(
+    std::same_as<decltype(Server::StandardServerDictionary()), OVDictionary<const Server>>);
+
 void expectNewServer(const OVRef<Server>& server, const OVString& text) {
   ASSERT_NE(server, nullptr);
   EXPECT_EQ(server->name(), text);

@@ -54,14 +54,14 @@ TEST(ArchiveIdentity, ATextReadInTwoWaysIsOneObject) {
   EXPECT_TRUE(ov::cast<OVString>(read->next).isSame(read->name));
 }
 
-TEST(ArchiveIdentity, TwoViewsOfOneListAreOneList) {
+TEST(ArchiveIdentity, TwoHandlesOnOneListAreOneList) {
   const auto any = Any::list({OVString("a")});
   const auto texts = ov::cast<OVList<OVString>>(any);
   const auto read = unarchived<Any>(archiveOf(Any::list({any, texts})));
   EXPECT_EQ(read[0], read[1]);
 }
 
-TEST(ArchiveIdentity, TwoViewsOfOneListAreOneListWhenOnlyTheGraphHoldsThem) {
+TEST(ArchiveIdentity, TwoHandlesOnOneListAreOneListWhenOnlyTheGraphHoldsThem) {
   const auto holder = Any::list();
   {
     const auto any = Any::list({OVString("a")});
@@ -72,7 +72,7 @@ TEST(ArchiveIdentity, TwoViewsOfOneListAreOneListWhenOnlyTheGraphHoldsThem) {
   EXPECT_EQ(read[0], read[1]);
 }
 
-TEST(ArchiveIdentity, TwoViewsOfOneDictionaryAreOneDictionary) {
+TEST(ArchiveIdentity, TwoHandlesOnOneDictionaryAreOneDictionary) {
   const auto any = OVDictionary<OVObject>::dictionary({{"a", OVString("1")}});
   const auto texts = ov::cast<OVDictionary<OVString>>(any);
   const auto read = unarchived<Any>(archiveOf(Any::list({texts, any})));

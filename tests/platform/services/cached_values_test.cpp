@@ -1,7 +1,10 @@
 #include "platform/services/cached_values.h"
 
+#include <memory>
 #include <string>
 #include <vector>
+
+#include <OVAddressBookSDK/data.h>
 
 #include "support/printers.h"
 
@@ -61,6 +64,20 @@ TEST_F(CachedValues, WhatIsChangedWhileItIsBeingSavedStaysUnsaved) {
   values_.markSaved(saved);
   EXPECT_THAT(unsavedKeys(),
               ElementsAre(OVString("a"), OVString("b"), OVString("c"), OVString("d")));
+}
+
+TEST_F(CachedValues, MayBeAskedByWhatEndsWithAValue) {
+  int asked = 0;
+  const auto owner = [&] {
+    return std::shared_ptr<const void>(
+        "", [&](const void*) { asked += values_.get("a") == nullptr ? 1 : 2; });
+  };
+  values_.change("a", OVData::dataWithBytesNoCopy({}, owner()));
+  values_.change("a", OVString("1"));
+  EXPECT_EQ(asked, 2);
+  values_.change("a", OVData::dataWithBytesNoCopy({}, owner()));
+  values_.change("a", nullptr);
+  EXPECT_EQ(asked, 3);
 }
 
 }  // namespace

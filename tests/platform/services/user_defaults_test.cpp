@@ -1,6 +1,7 @@
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include <limits>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -130,6 +131,19 @@ TEST_F(UserDefaults, AHostInstallsAnotherStore) {
   EXPECT_EQ(OVUserDefaults::standardUserDefaults(), defaults_);
   OVUserDefaults::setStandardUserDefaults(nullptr);
   EXPECT_EQ(OVUserDefaults::standardUserDefaults(), original);
+}
+
+TEST_F(UserDefaults, MayBeAskedByWhatEndsWithAValue) {
+  int asked = 0;
+  const auto owner = [&] {
+    return std::shared_ptr<const void>(
+        "", [&](const void*) { asked += defaults_->boolForKey("key") ? 2 : 1; });
+  };
+  defaults_->setObjectForKey(OVData::dataWithBytesNoCopy({}, owner()), "key");
+  defaults_->setObjectForKey(OVData::dataWithBytesNoCopy({}, owner()), "key");
+  EXPECT_EQ(asked, 1);
+  defaults_->setObjectForKey(nullptr, "key");
+  EXPECT_EQ(asked, 2);
 }
 
 }  // namespace

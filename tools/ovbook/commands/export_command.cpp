@@ -28,20 +28,20 @@ void takeTags(const OVAddressBookGeneral& book, const OVTagManager& store) {
 
 }  // namespace
 
-void addExportCommand(const Command& ovbook, Session& /*session*/) {
+void addExportCommand(const Command& ovbook, Session& session) {
   const Command command = ovbook.addCommand("export", "Write a book as vCards 4.0");
-  command.setFooter("The file is written whole or not at all.");
+  command.setFooter("The file is written whole or not at all. \"-o -\" writes to standard output.");
   const Argument path = command.addArgument("BOOK", "The book to read").required();
   const Argument target =
       command.addOption("-o,--output", "FILE", "The vCard file to write; replaced if there is one")
           .required();
   const Argument store = command.addOption(
       "--tags", "STORE", "Write the tags of this store as the persons' categories");
-  command.setAction([=] {
+  command.setAction([=, &session] {
     checkTarget(target.text(), path.text());
     const auto book = openBook(path.text());
     if (store.isGiven()) takeTags(*book, *openTagStore(store.text()));
-    writeFile(target.text(), ov::vcard::exportBook(book));
+    writeFile(target.text(), ov::vcard::exportBook(book), session.out());
   });
 }
 

@@ -3,16 +3,17 @@
 #include <numeric>
 #include <optional>
 #include <ostream>
-#include <unordered_set>
 #include <vector>
 
 #include <unistd.h>
 
 #include <OVAddressBookSDK/address_book_general.h>
+#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
 #include "commands/commands.h"
 #include "files.h"
+#include "messages.h"
 #include "output/escape.h"
 #include "output/progress_bar.h"
 #include "parser.h"
@@ -50,29 +51,6 @@ OVRef<OVVCardBook> readCards(const std::vector<std::string>& paths, Session& ses
   return book;
 }
 
-std::string placeOf(const OVVCardProblem& problem) {
-  return problem.file.str() + ":" + std::to_string(problem.line);
-}
-
-bool isError(const OVVCardProblem& problem) { return problem.severity == OVVCardSeverity::Error; }
-
-/// Tells of what did not go in as it stood. Files of which nothing at all went in are no vCard
-/// files: that is a failure.
-void reportProblems(const OVVCardBook& book, Session& session) {
-  const std::vector<OVVCardProblem> problems = book.problems();
-  const auto first = std::find_if(problems.begin(), problems.end(), isError);
-  if (first != problems.end() && book.allPersonsCount() == 0 && book.rootGroupsCount() == 0) {
-    throw Failure(placeOf(*first), first->reason.str() + "; nothing could be imported");
-  }
-  for (const OVVCardProblem& problem : problems) {
-    if (isError(problem)) {
-      session.complain(placeOf(problem) + ": " + problem.reason.str());
-    } else {
-      session.report(placeOf(problem) + ": warning: " + problem.reason.str());
-    }
-  }
-}
-
 /// Every group once, each before its sub-groups.
 void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
   std::vector<OVRef<IOVGroup>> waiting;
@@ -80,12 +58,13 @@ void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
     if (groups == nullptr) return;
     for (std::size_t i = groups.size(); i > 0; --i) waiting.push_back(groups[i - 1]);
   };
-  std::unordered_set<OVString> added;
+  const auto added = OVDictionary<IOVGroup>::dictionary();  // of any IDs in little time
   waitInOrder(book.rootGroups());
   while (!waiting.empty()) {
     const OVRef<IOVGroup> group = std::move(waiting.back());
     waiting.pop_back();
-    if (!added.insert(group->ID()).second) continue;
+    if (added.contains(group->ID())) continue;
+    added.set(group->ID(), group);
     snapshot.addGroup(group);
     waitInOrder(group->subGroups());
   }
@@ -105,10 +84,12 @@ void tagPersons(const OVRef<OVTagManager>& tags, const OVAddressBook& book) {
   OVTagManager::Batch batch(tags);
   const auto persons = book.allPersons();
   for (const auto& person : persons) {
-    const auto tagArray = person->tagArray();
-    if (tagArray != nullptr && !tagArray.empty()) {
-      tags->setTagsForPersonID(tagArray, person->ID());
+    const auto given = person->tagArray();
+    const auto present = tags->tagsByPersonID(person->ID());
+    if (given.empty() || std::equal(given.begin(), given.end(), present.begin(), present.end())) {
+      continue;
     }
+    tags->setTagsForPersonID(given, person->ID());
   }
   batch.end();
   requireStoredPreferences("the tags");
@@ -118,26 +99,46 @@ std::string counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
+/// Files of which nothing at all went in are no vCard files.
+void requireCards(const OVVCardBook& book, const std::vector<std::string>& files) {
+  if (book.allPersonsCount() > 0 || book.rootGroupsCount() > 0) return;
+  const std::string end = "; nothing could be imported";
+  const std::vector<OVVCardProblem> problems = book.problems();
+  const auto first = std::find_if(problems.begin(), problems.end(), isLoss);
+  if (first != problems.end()) throw Failure(placeOf(*first), first->reason.str() + end);
+  throw Failure(
+      files.front(),
+      (files.size() == 1 ? "holds no card" : "holds no card, nor do the other files") + end);
+}
+
 struct Import {
   std::vector<std::string> files;
   std::string target;
   std::string store;  // "" for none
+  bool showsAllMessages;
 
   void run(Session& session) const {
+    checkNoTerminal(target);
     for (const std::string& file : files) {
       checkPath(file);
       checkTarget(target, file);
     }
     const auto cards = readCards(files, session);
-    reportProblems(*cards, session);
+    requireCards(*cards, files);
+    report(cards->problems(), showsAllMessages, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
     const auto book = snapshotOf(*cards);
     const auto data = book->saveToData();
-    writeFile(target, data);
+    writeFile(target, data, session.out());
     if (tags != nullptr) tagPersons(tags, *cards);
-    session.out() << printable(target) << ": " << counted(book->personsDic().size(), "person")
-                  << ", " << counted(book->groupsDic().size(), "group") << ", "
-                  << counted(data->size(), "byte") << '\n';
+    const std::string summary = counted(book->personsDic().size(), "person") + ", " +
+                                counted(book->groupsDic().size(), "group") + ", " +
+                                counted(data->size(), "byte");
+    if (isStandardOutput(target)) {
+      session.report(summary);
+    } else {
+      session.out() << printable(target) << ": " << summary << '\n';
+    }
   }
 };
 
@@ -146,16 +147,20 @@ struct Import {
 void addImportCommand(const Command& ovbook, Session& session) {
   const Command command = ovbook.addCommand("import", "Make a book from vCard files");
   command.setFooter(
-      "The book is written whole or not at all. Cards that cannot be read are named with file and\n"
-      "line and left out; the exit status is 1 then.");
+      "The book is written whole or not at all; files that hold no card make none. What could not\n"
+      "be taken over as it stood is named with file and line; the exit status is 1 where "
+      "something\n"
+      "was left out. \"-o -\" writes to standard output, unless that is a terminal.");
   const Argument files = command.addArguments("FILE", "The vCard files to read", 1);
   const Argument target =
       command.addOption("-o,--output", "BOOK", "The book to write; replaced if there is one")
           .required();
   const Argument store = command.addOption(
       "--tags", "STORE", "Also give the persons their categories as tags in this store");
+  const Argument all =
+      command.addFlag("--all-messages", "Show more than the first 20 messages of each file");
   command.setAction([=, &session] {
-    const Import import{files.texts(), target.text(), store.text()};
+    const Import import{files.texts(), target.text(), store.text(), all.isGiven()};
     import.run(session);
   });
 }

@@ -1,5 +1,7 @@
 #include <ostream>
 
+#include <OVAddressBookVCard/vcard_readable.h>
+
 #include "book_file.h"
 #include "commands/commands.h"
 #include "output/escape.h"
@@ -11,11 +13,11 @@ namespace ovbook {
 
 namespace {
 
-/// ID, display name, main phone and main e-mail address; what is missing is "".
+/// ID, heading, main phone and main e-mail address; what is missing is "".
 std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>& person) {
   std::vector<std::string> row{ID.str(), "", "", ""};
   if (person == nullptr) return row;
-  row[1] = person->displayName().str();
+  row[1] = ov::vcard::headingOf(*person).main.str();
   if (const auto phone = person->mainPhone()) row[2] = phone->displayString().str();
   if (const auto email = person->mainEmail()) row[3] = email->email().str();
   return row;
@@ -49,10 +51,10 @@ void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
 void addListCommand(const Command& ovbook, Session& session) {
   const Command command = ovbook.addCommand("list", "List the persons of a book");
   command.setFooter(
-      "One line a person, in the book's order: ID, display name, main phone number, main e-mail\n"
-      "address. With --tsv, tabs, line breaks and other control characters inside a field stand "
-      "as\n"
-      "\\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
+      "One line a person, in the book's order: ID, name, main phone number, main e-mail address.\n"
+      "An organisation goes by its company; a person without a name by company, nickname, e-mail\n"
+      "address or phone number. With --tsv, tabs, line breaks and other control characters inside\n"
+      "a field stand as \\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
   const Argument book = command.addArgument("BOOK", "The book to list").required();
   const Argument tsv = command.addFlag("--tsv", "Fields apart by one tab, for programs");
   command.setAction([=, &session] {

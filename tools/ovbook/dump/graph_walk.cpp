@@ -1,6 +1,7 @@
 #include "dump/graph_walk.h"
 
 #include <deque>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 #include <variant>
@@ -79,7 +80,7 @@ class Walk {
 
   void showHolder(const OVRef<OVObject>& object, std::uint64_t number, unsigned depth) {
     if (const auto opaque = ov::cast<OVOpaqueObject>(object)) {
-      const auto& fields = opaque->fields();
+      const auto fields = opaque->fields();
       const OVString name = opaque->className();
       const GraphNode node{GraphNodeKind::object, name, fields.size(), number, opaque.get()};
       return showFields(node, fields, depth);
@@ -120,7 +121,7 @@ class Walk {
     sink_.close(node);
   }
 
-  void showFields(const GraphNode& node, const std::vector<OVOpaqueField>& fields, unsigned depth) {
+  void showFields(const GraphNode& node, std::span<const OVOpaqueField> fields, unsigned depth) {
     std::unordered_set<OVString> named;
     sink_.open(node);
     for (const OVOpaqueField& field : fields) {

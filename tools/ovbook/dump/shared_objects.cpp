@@ -1,5 +1,6 @@
 #include "dump/shared_objects.h"
 
+#include <span>
 #include <variant>
 #include <vector>
 
@@ -70,7 +71,7 @@ class Finder {
   void enterElements(const OVOpaqueValue::Array& elements) {
     for (const OVOpaqueValue& element : elements) waiting_.emplace_back(&element);
   }
-  void enterFields(const std::vector<OVOpaqueField>& fields) {
+  void enterFields(std::span<const OVOpaqueField> fields) {
     for (const OVOpaqueField& field : fields) waiting_.emplace_back(&field.value);
   }
 

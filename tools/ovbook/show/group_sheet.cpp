@@ -3,6 +3,8 @@
 #include <functional>
 #include <ostream>
 
+#include <OVAddressBookVCard/vcard_readable.h>
+
 #include "book_file.h"
 #include "output/escape.h"
 #include "show/entry.h"
@@ -37,7 +39,7 @@ void printGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group,
   });
   addMembers(table, "Persons", group->persons(), [&](const OVString& personID) -> OVString {
     const auto person = personsOf(book)[personID];
-    return person == nullptr ? nullptr : person->displayName();
+    return person == nullptr ? nullptr : ov::vcard::headingOf(*person).main;
   });
   const OVString title = group->title();
   out << printable(title.empty() ? ID : title) << " [group]\n";

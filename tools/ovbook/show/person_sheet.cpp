@@ -1,11 +1,14 @@
 #include "show/person_sheet.h"
 
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include <OVAddressBookSDK/locale.h>
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>
+#include <OVAddressBookVCard/vcard_readable.h>
 
 #include "output/escape.h"
 #include "output/table.h"
@@ -16,9 +19,15 @@ namespace ovbook {
 
 namespace {
 
+/// Whether both are the same but for capitals and blanks.
 bool isSameWord(const OVString& a, const OVString& b) {
   const auto locale = OVLocale::currentLocale();
-  return locale->lowercase(a) == locale->lowercase(b);
+  const auto letters = [&](const OVString& text) {
+    std::string lower = locale->lowercase(text).str();
+    std::erase(lower, ' ');
+    return lower;
+  };
+  return letters(a) == letters(b);
 }
 
 /// The label's display name, and its name where that says more. A label that only repeats the
@@ -39,32 +48,34 @@ Entry entryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
   return {labelText(value->label(), property), datumLines(value->value())};
 }
 
-Entry mainEntryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
-  Entry entry = entryOf(value, property);
-  entry.label += entry.label.empty() ? "*" : " *";
-  return entry;
-}
-
-/// What an import keeps beside the values, so that an export can write lines as they were.
-bool isRecordOfLines(const OVRef<OVSingleValue>& value, const OVProperty& property) {
-  const auto label = value == nullptr ? nullptr : value->label();
-  return property.name() == OVProPertyOther && label != nullptr && label->name() == "vCard";
+/// The same as a person would write it; nothing for an entry that says nothing of its own.
+std::optional<Entry> readableEntryOf(const OVRef<OVSingleValue>& value,
+                                     const OVProperty& property) {
+  const bool isText = value != nullptr && !ov::cast<OVString>(value->value()).isNull();
+  if (!isText || property.name() != OVProPertyOther) return entryOf(value, property);
+  const auto other = ov::vcard::readableOther(*value);
+  if (!other) return std::nullopt;
+  if (!other->isLine) return entryOf(value, property);
+  return Entry{printable(other->label), datumLines(other->text)};
 }
 
 std::vector<Entry> entriesOf(const OVMultipleValue& values, const OVProperty& property) {
   const auto mainValue = values.mainValue();
   std::vector<Entry> entries;
+  std::vector<std::size_t> mains;
+  const auto add = [&](const OVRef<OVSingleValue>& value) {
+    std::optional<Entry> entry = readableEntryOf(value, property);
+    if (!entry) return;
+    if (value != nullptr && value == mainValue) mains.push_back(entries.size());
+    entries.push_back(std::move(*entry));
+  };
   // The main value need not be one of the list.
-  if (mainValue != nullptr && values.indexOfValue(mainValue) >= values.count()) {
-    entries.push_back(mainEntryOf(mainValue, property));
-  }
-  std::vector<OVRef<OVSingleValue>> shown;
-  for (std::uint64_t i = 0; i < values.count(); ++i) {
-    if (!isRecordOfLines(values.valueAtIndex(i), property)) shown.push_back(values.valueAtIndex(i));
-  }
-  for (const auto& value : shown) {
-    const bool isMainOfSeveral = value != nullptr && value == mainValue && shown.size() > 1;
-    entries.push_back(isMainOfSeveral ? mainEntryOf(value, property) : entryOf(value, property));
+  const bool standsAlone = mainValue != nullptr && values.indexOfValue(mainValue) >= values.count();
+  if (standsAlone) add(mainValue);
+  for (std::uint64_t i = 0; i < values.count(); ++i) add(values.valueAtIndex(i));
+  if (!standsAlone && entries.size() == 1) mains.clear();
+  for (const std::size_t main : mains) {
+    entries[main].label += entries[main].label.empty() ? "*" : " *";
   }
   if (entries.empty() && values.count() == 0) entries.push_back({"", {"[no entries]"}});
   return entries;
@@ -76,14 +87,6 @@ void addValue(Table& table, const OVRef<OVValue>& value, const OVProperty& prope
              multiple != nullptr
                  ? entriesOf(*multiple, property)
                  : std::vector<Entry>{entryOf(ov::cast<OVSingleValue>(value), property)});
-}
-
-/// The display name, else the company, else the ID.
-OVString headingOf(const OVString& ID, const OVPersonGeneral& person) {
-  if (OVString name = person.displayName(); !name.empty()) return name;
-  const auto company = ov::cast<OVSingleValue>(person.valueByPropertyName(OVProPertyCompany));
-  OVString name = company == nullptr ? OVString() : ov::cast<OVString>(company->value());
-  return name.empty() ? ID : name;
 }
 
 }  // namespace
@@ -102,7 +105,9 @@ void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
     if (value != nullptr) addValue(table, value, *property);
   }
   if (tags != nullptr && !tags.empty()) addEntries(table, "Tag store", {{"", datumLines(tags)}});
-  out << printable(headingOf(ID, *person)) << '\n';
+  const ov::vcard::Heading heading = ov::vcard::headingOf(*person);
+  out << printable(heading.main.isNull() ? ID : heading.main) << '\n';
+  if (!heading.below.empty()) out << printable(heading.below) << '\n';
   table.print(out, "  ");
 }
 

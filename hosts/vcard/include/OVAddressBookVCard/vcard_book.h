@@ -31,12 +31,20 @@ using Progress = std::function<void(std::uint64_t read, std::uint64_t size)>;
 /// - Day and month without a year are a day of the leap year 1604.
 /// - An address has the five standard fields; post-office box and extension stand on lines of their
 ///   own before the street. Its country code comes from a CC parameter, an X-ABADR line, or the
-///   country's code or English name in the address; it is null when none of them is known.
+///   country's code or name in the address, in English, its own or a widely spoken language; it is
+///   null when none of them is known.
 /// - "Tags" holds the categories: a list of texts, of type `OVValueTypeTags`.
 /// - Everything else is an entry of "Other": the label's name is the property's name with its
 ///   parameters (`X-SHOE-SIZE;TYPE=eu`), the label's display name is the property's name or its
-///   X-ABLabel, the datum is the value as a vCard 4.0 spells it. Saving writes it back as that
-///   line. So does a parameter that has no place: PID of TEL becomes `X-TEL-PID`.
+///   X-ABLabel, the datum is the value as a vCard 4.0 spells it.
+/// - What values do not tell of their lines (parameters such as PID, groups, unusual spellings) is
+///   kept as a small vCard in one more entry of "Other", so that it comes back on export. See
+///   `ov::vcard::readableOther`.
+///
+/// Saving does no harm. The card of a person or group that nobody changed is written byte for byte,
+/// in its own version of vCard; text in other character sets becomes UTF-8. A changed card keeps
+/// every line that the change does not touch, where it stands. New persons and groups are written
+/// as vCards 4.0.
 ///
 /// The UID is the ID. A card without one gets an ID made from its content: the same card always
 /// gets the same. When an ID comes a second time, a card of the same content is left out, and any
@@ -56,7 +64,7 @@ class OVVCardBook final : public OVAddressBook {
   /// changes nothing; what a readable file holds never is an error (see `problems`). Nor does
   /// anything change when `progress` throws or memory runs out (`std::bad_alloc`).
   [[nodiscard]] std::error_code load(const ov::vcard::Progress& progress = {});
-  /// The same for any file.
+  /// The same for any file. What is no ordinary file and has no end after 512 MiB is an error.
   [[nodiscard]] std::error_code addFile(const OVString& path,
                                         const ov::vcard::Progress& progress = {});
 
@@ -78,7 +86,7 @@ class OVVCardBook final : public OVAddressBook {
   /// Calls `progressBlock`, unless it is empty, now and then while reading, and once at the end.
   void loadWithDataProgressBlock(const OVRef<OVData>& data,
                                  const std::function<void()>& progressBlock) override;
-  /// The book as vCards 4.0, groups included.
+  /// All cards, those of groups included, in the order in which they came in.
   [[nodiscard]] OVRef<OVData> saveData() override;
 
   /// Writes `saveData` to the book's file, whole or not at all. `saveError` tells how it went.

@@ -11,7 +11,7 @@ using Any = OVList<OVObject>;
 using Texts = OVList<OVString>;
 using Dates = OVList<OVDate>;
 
-TEST(ListView, SharesItsElementsWithTheList) {
+TEST(ListHandle, SharesItsElementsWithTheList) {
   const auto any = Any::list({OVString("a")});
   const auto texts = ov::cast<Texts>(any);
   ASSERT_NE(texts, nullptr);
@@ -25,19 +25,19 @@ TEST(ListView, SharesItsElementsWithTheList) {
   EXPECT_TRUE(any.empty());
 }
 
-TEST(ListView, OfTheSameKindIsTheListItself) {
+TEST(ListHandle, OfTheSameKindIsTheListItself) {
   const auto texts = Texts::list();
   EXPECT_EQ(ov::cast<Texts>(texts), texts);
 }
 
-TEST(ListView, OutlivesTheList) {
+TEST(ListHandle, OutlivesTheList) {
   auto any = Any::list({OVString("kept")});
   const auto texts = ov::cast<Texts>(any);
   any = nullptr;
   EXPECT_EQ(texts.front(), "kept");
 }
 
-TEST(ListView, ReadsElementsOfAnotherClassAsNullAndKeepsThem) {
+TEST(ListHandle, ReadsElementsOfAnotherClassAsNullAndKeepsThem) {
   const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(1);
   const auto any = Any::list({OVString("text"), date});
   const auto texts = ov::cast<Texts>(any);
@@ -49,7 +49,7 @@ TEST(ListView, ReadsElementsOfAnotherClassAsNullAndKeepsThem) {
 }
 
 // Null cannot be in a list, so that asking for it must not hit what merely reads as null.
-TEST(ListView, ElementsOfAnotherClassAreNotFoundOrRemovedAsNull) {
+TEST(ListHandle, ElementsOfAnotherClassAreNotFoundOrRemovedAsNull) {
   const auto any = Any::list({OVDate::dateWithTimeIntervalSinceReferenceDate(1)});
   const auto texts = ov::cast<Texts>(any);
   EXPECT_FALSE(texts.contains(nullptr));
@@ -58,12 +58,12 @@ TEST(ListView, ElementsOfAnotherClassAreNotFoundOrRemovedAsNull) {
   EXPECT_EQ(any.size(), 1U);
 }
 
-TEST(ListView, KeepsWhetherTheListIsImmutable) {
+TEST(ListHandle, KeepsWhetherTheListIsImmutable) {
   const OVRef<OVObject> immutable = Any::immutableList();
   EXPECT_TRUE(ov::cast<Texts>(immutable).isImmutable());
 }
 
-TEST(ListView, ACopyKeepsElementsOfAnotherClass) {
+TEST(ListHandle, ACopyKeepsElementsOfAnotherClass) {
   const auto any = Any::list({OVDate::dateWithTimeIntervalSinceReferenceDate(1)});
   const auto copy = ov::cast<Texts>(any).copy();
   EXPECT_EQ(ov::cast<Any>(copy).front(), any.front());

@@ -11,7 +11,7 @@ using Any = OVDictionary<OVObject>;
 using Texts = OVDictionary<OVString>;
 using Dates = OVDictionary<OVDate>;
 
-TEST(DictionaryView, SharesItsEntriesWithTheDictionary) {
+TEST(DictionaryHandle, SharesItsEntriesWithTheDictionary) {
   const auto any = Any::dictionary({{"a", OVString("1")}});
   const auto texts = ov::cast<Texts>(any);
   ASSERT_NE(texts, nullptr);
@@ -23,19 +23,19 @@ TEST(DictionaryView, SharesItsEntriesWithTheDictionary) {
   EXPECT_FALSE(any.contains("a"));
 }
 
-TEST(DictionaryView, OfTheSameKindIsTheDictionaryItself) {
+TEST(DictionaryHandle, OfTheSameKindIsTheDictionaryItself) {
   const auto texts = Texts::dictionary();
   EXPECT_EQ(ov::cast<Texts>(texts), texts);
 }
 
-TEST(DictionaryView, OutlivesTheDictionary) {
+TEST(DictionaryHandle, OutlivesTheDictionary) {
   auto any = Any::dictionary({{"a", OVString("kept")}});
   const auto texts = ov::cast<Texts>(any);
   any = nullptr;
   EXPECT_EQ(texts["a"], "kept");
 }
 
-TEST(DictionaryView, ReadsValuesOfAnotherClassAsNullAndKeepsThem) {
+TEST(DictionaryHandle, ReadsValuesOfAnotherClassAsNullAndKeepsThem) {
   const auto date = OVDate::dateWithTimeIntervalSinceReferenceDate(1);
   const auto any = Any::dictionary({{"text", OVString("a")}, {"date", date}});
   const auto texts = ov::cast<Texts>(any);
@@ -46,7 +46,7 @@ TEST(DictionaryView, ReadsValuesOfAnotherClassAsNullAndKeepsThem) {
   EXPECT_EQ(ov::cast<Dates>(texts)["date"], date);
 }
 
-TEST(DictionaryView, KeepsWhetherTheDictionaryIsImmutable) {
+TEST(DictionaryHandle, KeepsWhetherTheDictionaryIsImmutable) {
   const auto any = Any::dictionary();
   EXPECT_FALSE(ov::cast<Texts>(any).isImmutable());
   static_cast<ov::detail::DictionaryObject&>(*any.object()).immutable = true;
