@@ -75,6 +75,19 @@ OVRef<OVObject> collections() {
   return Any::list({shared, dictionary, shared, dictionary, Any::list()});
 }
 
+/// Of the equal texts some are shared, some follow each other, and some lie far apart.
+OVRef<OVObject> manyTexts() {
+  const auto lists = Any::list();
+  const OVString shared = "shared";
+  for (int i = 0; i < 700; ++i) {
+    const auto list = Any::list({OVString(std::to_string(i)), OVString(std::to_string(i % 7)),
+                                 OVNumber::numberWithInteger(i % 5)});
+    if (i % 300 == 0) list.push_back(shared);
+    lists.push_back(list);
+  }
+  return lists;
+}
+
 /// A label of a program's own class, with fields of every plain kind.
 class OwnLabel final : public OVLabel {
  public:
@@ -117,5 +130,6 @@ std::vector<GoldenGraph> goldenArchiveGraphs() {
           {"texts", texts},
           {"data_blocks", dataBlocks},
           {"collections", collections},
+          {"many_texts", manyTexts},
           {"unknown_classes", unknownClasses}};
 }

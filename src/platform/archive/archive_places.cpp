@@ -1,6 +1,12 @@
 #include "platform/archive/archive_places.h"
 
+#include <cxxabi.h>
+
 #include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <typeinfo>
 #include <utility>
 
 #include <OVAddressBookSDK/dictionary.h>
@@ -13,15 +19,33 @@ namespace {
 /// A longer way loses its middle.
 constexpr std::size_t kMostSteps = 64;
 
+[[noreturn]] void raiseRefused(const OVObject& object, const std::string& path) {
+  const char* mangled = typeid(object).name();
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> readable(
+      abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
+  throw std::invalid_argument(std::string("OVKeyedArchiver: the class ") +
+                              (readable ? readable.get() : mangled) + " cannot be archived" +
+                              (path.empty() ? "" : ", at " + path) +
+                              ": let it override classForCoder()");
+}
+
 }  // namespace
 
 void ArchivePlaces::meet(const OVObject& object) {
   if (places_.try_emplace(&object, Place{owner_, {}}).second) unnamed_.push_back(&object);
 }
 
+void ArchivePlaces::refuse(const OVRef<OVObject>& object) {
+  if (refused_ != nullptr) return;
+  meet(*object);
+  refused_ = object;
+}
+
 void ArchivePlaces::name(std::string_view key) {
   for (const OVObject* object : unnamed_) places_[object].key = key;
   unnamed_.clear();
+  if (refused_ != nullptr) raiseRefused(*refused_, pathTo(*refused_));
 }
 
 std::string ArchivePlaces::pathTo(const OVObject& object) const {

@@ -17,7 +17,10 @@ class ArchivePlaces {
   void enter(const OVObject& owner) { owner_ = &owner; }
   /// An object is referred to; the key of that field comes next.
   void meet(const OVObject& object);
-  /// The key of the field that refers to what was met since the last key.
+  /// An object is met that cannot be archived; `name` raises that.
+  void refuse(const OVRef<OVObject>& object);
+  /// The key of the field that refers to what was met since the last key. Throws
+  /// `std::invalid_argument` for an object that was refused, with the way to it.
   void name(std::string_view key);
 
   /// The way from the root, as in `personDic["p-1"].Phone.valueArray[1].value`; "" for the root.
@@ -34,6 +37,7 @@ class ArchivePlaces {
   const OVObject* owner_ = nullptr;
   std::unordered_map<const OVObject*, Place> places_;
   std::vector<const OVObject*> unnamed_;
+  OVRef<OVObject> refused_;  // the first
 };
 
 }  // namespace ov::detail

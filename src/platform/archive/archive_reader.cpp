@@ -3,34 +3,25 @@
 #include <string>
 #include <utility>
 
-#include <OVAddressBookSDK/date.h>
-#include <OVAddressBookSDK/dictionary.h>
-#include <OVAddressBookSDK/number.h>
-
 #include "platform/archive/archive_keys.h"
-#include "platform/arena_text.h"
+#include "platform/archive/class_table.h"
+#include "platform/archive/plain_entries.h"
 #include "platform/maker.h"
 
 namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-namespace {
-
-/// A block may ask for this much memory for each of its bytes, and a little more. Our own blocks
-/// ask for about a tenth of it. Looking through keys counts as well, so that time is bounded where
-/// objects of a hostile block overlap.
-constexpr std::uint64_t kMemoryPerByte = 40;
-constexpr std::uint64_t kMemoryForFree = 1 << 18;
-
-}  // namespace
-
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
     : plist_(block),
       arena_(block.size()),
-      known_(known),
-      budget_(block.size() * kMemoryPerByte + kMemoryForFree),
-      classKey_(keys_.add(archive::kClass)) {}
+      budget_(block.size()),
+      objects_(plist_, budget_),
+      leaves_(plist_, budget_, arena_),
+      classes_(plist_, budget_, objects_, leaves_, known),
+      fields_(plist_, budget_, objects_, classes_),
+      forms_(plist_, budget_, objects_, leaves_, fields_),
+      opaque_(plist_, budget_, leaves_, *this) {}
 
 OVRef<OVObject> ArchiveReader::root() {
   const ObjectArena::Use use(&arena_);
@@ -43,193 +34,178 @@ OVRef<OVObject> ArchiveReader::root() {
 }
 
 OVRef<OVObject> ArchiveReader::readRoot() {
-  const PlistItem top = plist_.item(plist_.top());
-  if (top.kind != Kind::dictionary || !entry(top, archive::kArchiver)) {
+  PlainEntries entries(plist_, budget_);
+  const PlistItem head = plist_.item(plist_.top());
+  if (head.kind != Kind::dictionary || !entries.find(head, archive::kArchiver)) {
     throw OVInvalidArchive("a property list that is no keyed archive");
   }
-  const PlistItem version = requiredEntry(top, archive::kVersion, Kind::integer);
+  const PlistItem version = entries.required(head, archive::kVersion, Kind::integer);
   if (plist_.integer(version).value != archive::kVersionNumber) {
     throw OVInvalidArchive("a keyed archive of an unknown version");
   }
-  objects_ = requiredEntry(top, archive::kObjects, Kind::array);
-  if (objects_.count == 0) throw OVInvalidArchive("the archive holds no objects");
-  const PlistItem null = plist_.item(itemAt(0));
-  if (!PlistReader::isText(null) || plist_.text(null, scratch_) != archive::kNull) {
+  const PlistItem array = entries.required(head, archive::kObjects, Kind::array);
+  if (array.count == 0) throw OVInvalidArchive("the archive holds no objects");
+  if (!plist_.equals(plist_.item(plist_.reference(array, 0)), archive::kNull)) {
     throw OVInvalidArchive("the archive's object 0 is not \"$null\"");
   }
-  charge(objects_.count * sizeof(ArchiveSlot));
-  slots_.reserve(static_cast<std::size_t>(objects_.count));
-  OVRef<OVObject> root = readTop(requiredEntry(top, archive::kTop, Kind::dictionary));
-  fillWaiting();
+  objects_.open(array);
+  OVRef<OVObject> root = readTop(entries.required(head, archive::kTop, Kind::dictionary));
+  while (!waiting_.empty()) {
+    const Waiting next = std::move(waiting_.back());
+    waiting_.pop_back();
+    const ArchiveFields fields = fields_.open(plist_.item(next.item));
+    fill(*next.object, fields);
+    fields_.close(fields);
+  }
   return root;
 }
 
 /// The root; where an archive has other entries instead, a dictionary of all of them.
 OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
-  if (const auto root = entry(top, archive::kRoot)) {
+  if (const auto root = PlainEntries(plist_, budget_).find(top, archive::kRoot)) {
     if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is no reference");
-    checkUid(PlistReader::uid(*root));
+    objects_.check(PlistReader::uid(*root));
     return objectAt(PlistReader::uid(*root));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
   const auto entries = Maker::make<DictionaryObject>();
   for (std::uint64_t i = 0; i < top.count; ++i) {
-    const OVString key(keyText(top, i));
-    const Item value = plist_.reference(top, top.count + i);
-    entries->add(key, objectOf(value));
+    const OVString key = leaves_.text(keyAt(plist_, plist_.reference(top, i)));
+    entries->add(key, objectOf(plist_.reference(top, top.count + i)));
   }
   return entries;
 }
 
-PlistItem ArchiveReader::key(Item item) const {
-  const PlistItem key = plist_.item(item);
-  if (!PlistReader::isText(key)) throw OVInvalidArchive("a dictionary key that is no text");
-  return key;
-}
-
-std::string_view ArchiveReader::keyText(const PlistItem& dictionary, std::uint64_t position) {
-  const PlistItem text = key(plist_.reference(dictionary, position));
-  charge(text.count);
-  return plist_.text(text, scratch_);
-}
-
-std::optional<PlistItem> ArchiveReader::entry(const PlistItem& dictionary, std::string_view key) {
-  charge(dictionary.count);
-  for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    if (plist_.equals(this->key(plist_.reference(dictionary, i)), key)) {
-      return plist_.item(plist_.reference(dictionary, dictionary.count + i));
-    }
-  }
-  return std::nullopt;
-}
-
-PlistItem ArchiveReader::requiredEntry(const PlistItem& dictionary, std::string_view key,
-                                       Kind kind) {
-  const auto found = entry(dictionary, key);
-  if (!found || found->kind != kind) {
-    throw OVInvalidArchive("the archive's " + std::string(key) +
-                           (found ? " is of the wrong kind" : " is missing"));
-  }
-  return *found;
-}
-
-void ArchiveReader::checkUid(std::uint64_t uid) const {
-  if (uid >= objects_.count) {
-    throw OVInvalidArchive("UID " + std::to_string(uid) + " is past the last of " +
-                           std::to_string(objects_.count) + " objects");
-  }
-}
-
-std::uint64_t ArchiveReader::uidOf(Item item) const {
-  std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is no UID");
-  checkUid(uid);
-  return uid;
-}
-
 OVRef<OVObject> ArchiveReader::objectOf(Item item) {
   std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) return leaf(plist_.item(item));
-  checkUid(uid);
+  if (!plist_.isUid(item, uid)) return leaves_.leaf(plist_.item(item));
+  objects_.check(uid);
   return objectAt(uid);
 }
 
 OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
   if (uid == 0) return nullptr;
-  ArchiveSlot& slot = slotAt(uid);
+  ArchiveSlot& slot = objects_.slot(uid);
   if (!slot.isEmpty()) return slot.object();
-  const PlistItem item = plist_.item(itemAt(uid));
+  const PlistItem item = objects_.item(uid);
   if (item.kind == Kind::dictionary) return build(uid, item);
-  slot.set(leaf(item));
+  slot.set(leaves_.leaf(item));
   return slot.object();
 }
 
 OVString ArchiveReader::textOf(Item item) {
   std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) return ov::cast<OVString>(leaf(plist_.item(item)));
-  checkUid(uid);
+  if (!plist_.isUid(item, uid)) return ov::cast<OVString>(leaves_.leaf(plist_.item(item)));
+  objects_.check(uid);
   if (uid == 0) return nullptr;
-  ArchiveSlot& slot = slotAt(uid);
+  ArchiveSlot& slot = objects_.slot(uid);
   if (slot.isEmpty()) {
-    const PlistItem archived = plist_.item(itemAt(uid));
+    const PlistItem archived = objects_.item(uid);
     if (!PlistReader::isText(archived)) return ov::cast<OVString>(objectAt(uid));
-    slot.set(newText(archived));
+    slot.set(leaves_.text(archived));
   }
   return slot.text();
 }
 
-OVString ArchiveReader::newText(const PlistItem& item) {
-  charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
-  const std::string_view text = plist_.text(item, scratch_);
-  return OVString(ArenaText::fits(text) ? ArenaText::make(arena_, text)
-                                        : TextObject::make({&text, 1}));
-}
-
-/// An object that is all in one place: a text, number, date or data block.
-OVRef<OVObject> ArchiveReader::leaf(const PlistItem& item) {
-  charge(item.count * 2 + 96);
-  switch (item.kind) {
-    case Kind::null:
-      return nullptr;
-    case Kind::ascii:
-    case Kind::utf16:
-      return newText(item);
-    case Kind::boolean:
-      return OVNumber::numberWithBool(plist_.boolean(item));
-    case Kind::integer: {
-      const auto [value, isUnsigned] = plist_.integer(item);
-      return isUnsigned ? OVNumber::numberWithUnsigned(static_cast<std::uint64_t>(value))
-                        : OVNumber::numberWithInteger(value);
-    }
-    case Kind::real:
-      return OVNumber::numberWithDouble(plist_.real(item));
-    case Kind::date:
-      return OVDate::dateWithTimeIntervalSinceReferenceDate(plist_.real(item));
-    case Kind::data:
-      return OVData::dataWithBytes(plist_.data(item));
-    default:
-      throw OVInvalidArchive("an object of the archive is a container without a class");
-  }
-}
-
 OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& dictionary) {
-  ArchiveFields fields = openFields(dictionary);
-  const ArchivedClass& record = classOf(fields);
+  ArchiveFields fields = fields_.open(dictionary);
+  const ArchivedClass& record = fields_.classOf(fields);
   fields.hasConstantKeys = !record.isHosts;
   OVRef<OVObject> object = makeEmpty(record, fields);
-  slotAt(uid).set(object);
+  objects_.slot(uid).set(object);
   if (object == nullptr) {
     // A host's class may decline to make an object.
   } else if (depth_ < kDeepest) {
     fill(*object, fields);
   } else {
-    waiting_.push_back({object, itemAt(uid)});
+    waiting_.push_back({object, objects_.itemNumber(uid)});
   }
-  closeFields(fields);
+  fields_.close(fields);
   return object;
 }
 
-void ArchiveReader::fillWaiting() {
-  while (!waiting_.empty()) {
-    const Waiting next = std::move(waiting_.back());
-    waiting_.pop_back();
-    const ArchiveFields fields = openFields(plist_.item(next.item));
-    fill(*next.object, fields);
-    closeFields(fields);
-  }
+/// The object that stands for an archived one. Texts and data blocks are complete, all others still
+/// empty.
+OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const ArchiveFields& fields) {
+  // What one object is taken to need, whatever its class, and for each of its fields.
+  constexpr std::uint64_t kMemoryPerObject = 256;
+  constexpr std::uint64_t kMemoryPerField = 32;
+  budget_.charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
+  if (record.known != nullptr) return record.known->make();
+  if (auto made = forms_.make(record.name, fields)) return made;
+  const auto object = Maker::make<OVOpaqueObject>();
+  object->className_ = record.name;
+  object->classes_ = record.classes;
+  object->classHints_ = record.hints;
+  budget_.charge((record.classes.size() + record.hints.size()) * sizeof(OVString));
+  return object;
 }
 
 void ArchiveReader::fill(OVObject& object, const ArchiveFields& fields) {
-  const Deeper deeper(depth_);
+  const Deeper deeper(*this);
   OVKeyedUnarchiver coder(*this, fields);
   object.initWithCoder(coder);
+}
+
+void ArchiveReader::fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary) {
+  object.fields_.clear();
+  object.fields_ = opaque_.fields(dictionary);
+}
+
+bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view key,
+                                 std::vector<OVRef<OVObject>>& elements) {
+  const auto array = fields_.find(fields, key, Kind::array);
+  if (!array) return false;
+  budget_.charge(array->count * sizeof(OVRef<OVObject>));
+  elements.reserve(static_cast<std::size_t>(array->count));
+  for (std::uint64_t i = 0; i < array->count; ++i) {
+    elements.push_back(objectAt(objects_.uidOf(plist_.reference(*array, i))));
+  }
+  return true;
+}
+
+void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& dictionary) {
+  const auto arrayAt = [&](std::string_view key) {
+    return fields_.find(fields, key, Kind::array).value_or(PlistItem());
+  };
+  const PlistItem keys = arrayAt(archive::kDictionaryKeys);
+  const PlistItem values = arrayAt(archive::kArrayObjects);
+  if (keys.count != values.count) {
+    throw OVInvalidArchive("a dictionary with " + std::to_string(keys.count) + " keys and " +
+                           std::to_string(values.count) + " values");
+  }
+  budget_.charge(keys.count * 3 * sizeof(DictionaryObject::Entry));
+  // The keys first: they mostly stand together.
+  std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
+  std::uint64_t at = 0;
+  for (DictionaryObject::Entry& entry : read) entry.key = textOf(plist_.reference(keys, at++));
+  at = 0;
+  for (DictionaryObject::Entry& entry : read) {
+    entry.value = objectAt(objects_.uidOf(plist_.reference(values, at++)));
+  }
+  dictionary.assign(std::move(read));
+}
+
+bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) {
+  std::uint64_t uid = 0;
+  if (!plist_.isUid(item, uid)) return false;
+  objects_.check(uid);
+  const PlistItem archived = objects_.item(uid);
+  if (archived.kind != Kind::dictionary) return false;
+  // Read where it stands: as an object it may be half filled, and mostly it is never needed as one.
+  ArchiveFields fields = fields_.open(archived);
+  fields.hasConstantKeys = true;
+  const bool isRead = FoundationForms::isList(fields_.classOf(fields).name) &&
+                      readElements(fields, archive::kArrayObjects, elements);
+  fields_.close(fields);
+  return isRead;
 }
 
 /// Lets go of what half-built objects refer to, so that none keeps another alive.
 void ArchiveReader::breakRings() noexcept {
   const ArchiveFields none{{Kind::dictionary, 0, nullptr}};
   waiting_.clear();
-  for (const ArchiveSlot& slot : slots_) {
+  for (const ArchiveSlot& slot : objects_.slots()) {
     OVObject* const object = slot.peek();
     const OVClass* objectClass = object == nullptr ? nullptr : object->classForCoder();
     if (objectClass != nullptr && isLibraryClass(*objectClass)) {

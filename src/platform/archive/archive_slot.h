@@ -19,6 +19,9 @@ class ArchiveSlot {
     if (isText()) heldText()->release();
   }
 
+  /// A handle that takes over the one reference of a new text.
+  [[nodiscard]] static OVString adopted(const TextObject* text) { return OVString(text); }
+
   [[nodiscard]] bool isEmpty() const { return held_ == nullptr; }
 
   /// Only while the slot is empty; null leaves it so.

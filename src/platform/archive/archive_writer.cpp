@@ -1,202 +1,131 @@
 #include "platform/archive/archive_writer.h"
 
-#include <cxxabi.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
-#include <stdexcept>
-#include <typeinfo>
+#include <array>
+#include <utility>
+#include <variant>
 
 #include <OVAddressBookSDK/list.h>
 
+#include "platform/archive/archive_keys.h"
+#include "platform/archive/class_table.h"
+
 namespace ov::detail {
 
-namespace {
-
-[[noreturn]] void raiseRefused(const OVObject& object, const std::string& path) {
-  const char* mangled = typeid(object).name();
-  int status = 0;
-  const std::unique_ptr<char, decltype(&std::free)> readable(
-      abi::__cxa_demangle(mangled, nullptr, nullptr, &status), &std::free);
-  throw std::invalid_argument(std::string("OVKeyedArchiver: the class ") +
-                              (readable ? readable.get() : mangled) + " cannot be archived" +
-                              (path.empty() ? "" : ", at " + path) +
-                              ": let it override classForCoder()");
-}
-
-}  // namespace
-
 ArchiveWriter::ArchiveWriter(Sharing sharing)
-    : inlineLeaves_(plist_), leaves_(plist_), sharing_(sharing) {
+    : objects_(plist_),
+      values_(plist_),
+      classes_(plist_, values_, objects_),
+      fields_(values_),
+      sharing_(sharing) {
   if (sharing == Sharing::byIdentityWithPlaces) places_ = std::make_unique<ArchivePlaces>();
-  nullReference_ = newReference(plist_.text(archive::kNull));
 }
 
 OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   const Number rootReference = reference(root);
-  if (places_ != nullptr) namePlaces({});
+  if (places_ != nullptr) places_->name({});
   while (!restart_ && !waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
     const auto others = static_cast<std::ptrdiff_t>(waiting_.size());
-    writeWaiting(next);
+    write(next);
     // What was met first is to be written first.
     std::reverse(waiting_.begin() + others, waiting_.end());
   }
-  keepPromises();
   return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
 }
 
-void ArchiveWriter::writeWaiting(const Waiting& waiting) {
-  fields_.clear();
+void ArchiveWriter::write(const Waiting& waiting) {
   ClassEntry& entry = *waiting.entry;
   writesHosts_ = !entry.isTrusted;
-  nextKey_ = KeySequence::Walk(entry.keys);
+  fields_.begin(countsReferences() ? &entry.keys : nullptr);
   if (places_ != nullptr) places_->enter(*waiting.object);
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
-  const Number record = entry.kind == Kind::opaque
-                            ? classRecord(static_cast<const OVOpaqueObject&>(*waiting.object))
-                            : classRecord(entry);
-  fields_.push_back({classKey(), record});
-  objects_[waiting.uid] = plist_.dictionary(fields_.span());
-  if (textsSincePromises_ >= kTextsTogether) keepPromises();
+  const Number record = entry.kind == WrittenClasses::Kind::opaque
+                            ? classes_.record(static_cast<const OVOpaqueObject&>(*waiting.object))
+                            : classes_.record(entry);
+  fields_.addRaw(classes_.key(), record);
+  objects_.place(waiting.uid, plist_.dictionary(fields_.entries()));
 }
 
 ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
   using Entry = PlistWriter::Entry;
-  const Number top = plist_.dictionary(std::array{Entry{key(archive::kRoot), root}});
-  const Entry version{key(archive::kVersion), inlineInteger(archive::kVersionNumber)};
-  const Entry archiver{key(archive::kArchiver), inlineText(archive::kArchiverName)};
-  const Number topKey = key(archive::kTop);
-  const Number objectsKey = key(archive::kObjects);
-  // From here on nothing is looked up again.
-  leaves_.reset();
-  inlineLeaves_.reset();
-  const Number objects = plist_.array(objects_.span());
-  objects_.reset();
+  const Number top = plist_.dictionary(std::array{Entry{values_.key(archive::kRoot), root}});
+  const Entry version{values_.key(archive::kVersion), values_.integer(archive::kVersionNumber)};
+  const Entry archiver{values_.key(archive::kArchiver), values_.text(archive::kArchiverName)};
+  const Number topKey = values_.key(archive::kTop);
+  const Number objectsKey = values_.key(archive::kObjects);
   return plist_.dictionary(
-      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects}});
+      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects_.array()}});
 }
 
-ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object) {
-  return leafOrObjectReference(object, nullptr);
-}
-
-ArchiveWriter::Number ArchiveWriter::reference(OVRef<OVObject>&& copy) {
-  return leafOrObjectReference(copy, &copy);
-}
-
-ArchiveWriter::Number ArchiveWriter::leafOrObjectReference(const OVRef<OVObject>& object,
-                                                           OVRef<OVObject>* copy) {
-  if (object == nullptr) return nullReference_;
+ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object,
+                                               OVRef<OVObject>* copy) {
+  if (object == nullptr) return objects_.null();
   const OVClass* objectClass = object->classForCoder();
   if (objectClass == nullptr) return refuse(object);
-  ClassEntry& entry = entryOf(*objectClass);
+  ClassEntry& entry = classes_.of(*objectClass);
+  const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
   switch (entry.kind) {
-    case Kind::text:
-      return textReference(static_cast<const TextObject&>(*object));
-    case Kind::number:
-    case Kind::data:
-      writeLeaf(*object, entry.kind);
-      return leafReference(leaves_.addLast());
+    case WrittenClasses::Kind::text:
+      if (!isShared) return reference(static_cast<const TextObject&>(*object));
+      [[fallthrough]];
+    case WrittenClasses::Kind::leaf:
+      return leafReference(object, isShared);
     default:
-      return objectReference(object, entry, copy);
+      return objectReference(object, entry, isShared, copy);
   }
 }
 
-/// The error waits for the key under which the object stands.
-ArchiveWriter::Number ArchiveWriter::refuse(const OVRef<OVObject>& object) {
-  if (places_ == nullptr) {
-    restart_ = true;
-  } else if (refused_ == nullptr) {
-    places_->meet(*object);
-    refused_ = object;
-  }
-  return nullReference_;
+/// What is shared is known again by its address; what is not, where it was written lately.
+ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
+  const auto write = [&] {
+    plist_.text({text.data(), text.size()});
+    return objects_.addLeaf();
+  };
+  if (!text.isShared()) return write();
+  const auto [known, isNew] = met_.at(text);
+  if (isNew) known.number = write();
+  return known.number;
 }
 
-void ArchiveWriter::namePlaces(std::string_view key) {
-  places_->name(key);
-  if (refused_ != nullptr) raiseRefused(*refused_, places_->pathTo(*refused_));
+ArchiveWriter::Number ArchiveWriter::leafReference(const OVRef<OVObject>& leaf, bool isShared) {
+  const auto write = [&] {
+    writeLeaf(plist_, *leaf);
+    return objects_.addLeaf();
+  };
+  if (!isShared) return write();
+  const auto [known, isNew] = met_.at(leaf);
+  if (isNew) known.number = write();
+  return known.number;
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
-                                                     ClassEntry& entry, OVRef<OVObject>* copy) {
-  if (countsReferences() && !entry.trusts(*object)) restart_ = true;
-  const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
-  const auto uid = static_cast<std::uint32_t>(objects_.size());
+                                                     ClassEntry& entry, bool isShared,
+                                                     OVRef<OVObject>* copy) {
+  if (countsReferences() && !entry.isOf(*object)) restart_ = true;
+  const std::uint32_t uid = objects_.nextUid();
   Number reference = 0;
   if (countsReferences() && !isShared) {
-    reference = newReference(0);
+    reference = objects_.add();
   } else {
-    const auto [known, isNew] = met_.at(object.get());
+    const auto [known, isNew] = met_.at(object);
     if (!isNew) return known.number;
-    if (!countsReferences() || copy != nullptr) kept_.push_back(object);
     if (places_ != nullptr) places_->meet(*object);
-    reference = known.number = newReference(0);
+    reference = known.number = objects_.add();
   }
   waiting_.push_back({object.get(), &entry, uid, copy == nullptr ? nullptr : std::move(*copy)});
   return reference;
 }
 
-ArchiveWriter::Number ArchiveWriter::reference(const OVString& text) {
-  return text.isNull() ? nullReference_ : textReference(*text.text_);
-}
-
-ArchiveWriter::Number ArchiveWriter::textReference(const TextObject& text) {
-  const bool mayWait = countsReferences() && leaves_.size() >= kManyLeaves;
-  // Counted whether it waits or not: the order in the block must not depend on who shares a text.
-  const bool waits = mayWait && textsSincePromises_++ < PlistWriter::kPromises;
-  if (countsReferences() && text.isShared()) {
-    const RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    if (recent[0].text.text_ == &text) return recent[0].reference;
-    if (recent[1].text.text_ == &text) return recent[1].reference;
+ArchiveWriter::Number ArchiveWriter::refuse(const OVRef<OVObject>& object) {
+  if (places_ == nullptr) {
+    restart_ = true;
+  } else {
+    places_->refuse(object);
   }
-  const LeafTable::Hash hash = hashOf(text);
-  return waits ? promiseText(text, hash) : writeText(text, hash);
-}
-
-LeafTable::Hash ArchiveWriter::hashOf(const TextObject& text) const {
-  return leaves_.hashOf({text.data(), text.size()});
-}
-
-ArchiveWriter::Number ArchiveWriter::writeText(const TextObject& text, LeafTable::Hash hash) {
-  plist_.text({text.data(), text.size()});
-  const Number reference = leafReference(leaves_.addLast(hash));
-  if (countsReferences() && text.isShared()) {
-    RecentText* recent = &recentTexts_[recentSlot(&text) & ~1U];
-    recent[1] = std::move(recent[0]);
-    recent[0] = {held(text), reference};
-  }
-  return reference;
-}
-
-/// Once the texts outgrow the processor's caches, looking one up waits for memory several times.
-/// They are then written some at a time, after the objects that hold them, and wait together.
-ArchiveWriter::Number ArchiveWriter::promiseText(const TextObject& text, LeafTable::Hash hash) {
-  leaves_.touchTag(hash);
-  promised_[promisedCount_] = {held(text), hash};
-  return PlistWriter::promise(promisedCount_++);
-}
-
-void ArchiveWriter::keepPromises() {
-  const std::span promised(promised_.data(), promisedCount_);
-  for (const PromisedText& each : promised) leaves_.touchSlot(each.hash);
-  for (const PromisedText& each : promised) leaves_.touchOffset(each.hash);
-  for (const PromisedText& each : promised) leaves_.touchBytes(each.hash);
-  for (Number i = 0; i < promisedCount_; ++i) {
-    const auto& [text, hash] = promised_[i];
-    plist_.fulfil(PlistWriter::promise(i), writeText(*text.text_, hash));
-  }
-  promisedCount_ = 0;
-  textsSincePromises_ = 0;
-}
-
-/// A leaf's UID follows it directly.
-ArchiveWriter::Number ArchiveWriter::leafReference(LeafTable::Result leaf) {
-  return leaf.isNew ? newReference(leaf.object) : leaf.object + 1;
+  return objects_.null();
 }
 
 ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObject>> items) {
@@ -231,12 +160,38 @@ ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObjec
     list->items.assign(items.begin(), items.end());
     return reference(list);
   }
-  const std::size_t uid = objects_.size();
-  const Number reference = newReference(0);
-  const PlistWriter::Entry elements{key(archive::kArrayObjects), referenceArray(items)};
-  const PlistWriter::Entry type{classKey(), classRecord(entryOf(kMutableArrayClass))};
-  objects_[uid] = plist_.dictionary(std::array{elements, type});
+  const std::uint32_t uid = objects_.nextUid();
+  const Number reference = objects_.add();
+  const PlistWriter::Entry elements{values_.key(archive::kArrayObjects), referenceArray(items)};
+  const PlistWriter::Entry type{classes_.key(), classes_.record(classes_.of(kMutableArrayClass))};
+  objects_.place(uid, plist_.dictionary(std::array{elements, type}));
   return reference;
+}
+
+ArchiveWriter::Number ArchiveWriter::opaqueValue(const OVOpaqueValue& value) {
+  if (const auto* reference = std::get_if<OVOpaqueValue::Reference>(&value.content)) {
+    return this->reference(reference->object);
+  }
+  if (const auto* leaf = std::get_if<OVOpaqueValue::Inline>(&value.content)) {
+    return values_.leaf(leaf->object);
+  }
+  if (const auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
+    return arrayOf(*array, false);
+  }
+  if (const auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {
+    return arrayOf(set->elements, true);
+  }
+  std::vector<PlistWriter::Entry> entries;
+  for (const auto& [name, member] : std::get<OVOpaqueValue::Dictionary>(value.content)) {
+    entries.push_back({values_.key(name), opaqueValue(member)});
+  }
+  return plist_.dictionary(entries);
+}
+
+ArchiveWriter::Number ArchiveWriter::arrayOf(const OVOpaqueValue::Array& values, bool asSet) {
+  std::vector<Number> numbers;
+  for (const OVOpaqueValue& value : values) numbers.push_back(opaqueValue(value));
+  return asSet ? plist_.set(numbers) : plist_.array(numbers);
 }
 
 }  // namespace ov::detail

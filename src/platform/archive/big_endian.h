@@ -30,6 +30,7 @@ template <class Unsigned>
 
 /// The low `width` bytes of `number`, most significant first.
 inline void storeBigEndian(std::byte* place, std::uint64_t number, unsigned width) {
+  if (width == 4) return storeAs<std::uint32_t>(place, number);
   for (unsigned i = width; i-- > 0; number >>= 8) place[i] = static_cast<std::byte>(number);
 }
 

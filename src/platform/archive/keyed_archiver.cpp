@@ -32,17 +32,17 @@ void OVKeyedArchiver::encodeListForKey(std::span<const OVRef<OVObject>> items,
 }
 
 void OVKeyedArchiver::encodeIntegerForKey(std::int64_t value, std::string_view key) {
-  writer_.field(key, writer_.inlineInteger(value));
+  writer_.field(key, writer_.values().integer(value));
 }
 
 void OVKeyedArchiver::encodeBoolForKey(bool value, std::string_view key) {
-  writer_.field(key, writer_.inlineBool(value));
+  writer_.field(key, writer_.values().boolean(value));
 }
 
 void OVKeyedArchiver::encodeDoubleForKey(double value, std::string_view key) {
-  writer_.field(key, writer_.inlineReal(value));
+  writer_.field(key, writer_.values().real(value));
 }
 
 void OVKeyedArchiver::encodeBytesForKey(std::span<const std::byte> bytes, std::string_view key) {
-  writer_.field(key, writer_.inlineData(bytes));
+  writer_.field(key, writer_.values().data(bytes));
 }

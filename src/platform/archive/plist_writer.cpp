@@ -25,13 +25,8 @@ PlistWriter::PlistWriter() {
   std::memcpy(body_.extend(plist::kHeader.size()), plist::kHeader.data(), plist::kHeader.size());
 }
 
-void PlistWriter::raiseOffsets() {
-  const std::uint64_t left = kFirstPromise - offsets_.size();
-  if (left == 0) throw std::length_error("OVKeyedArchiver: more objects than can be numbered");
-  const std::uint64_t size = body_.size();
-  rises_.resize(size >> 32, static_cast<Number>(offsets_.size()));
-  // An object takes a byte at least.
-  checkAt_ = std::min(((size >> 32) + 1) << 32, size + left);
+void PlistWriter::refuseMore() {
+  throw std::length_error("OVKeyedArchiver: more objects than can be numbered");
 }
 
 void PlistWriter::longMarker(unsigned kind, std::size_t length) {
@@ -155,50 +150,45 @@ std::byte* PlistWriter::narrowObject(const std::byte* from, std::size_t length, 
 
 /// Rewrites the body in place with references of `width` bytes.
 void PlistWriter::narrowReferences(unsigned width) {
-  std::uint64_t to = plist::kHeader.size();
-  std::uint64_t from = to;
-  std::vector<Number> rises;
-  GrowingArray<std::uint32_t> narrowed;
-  for (std::size_t i = 0; i < offsets_.size(); ++i) {
-    const std::uint64_t past = end(i);
-    std::byte* place = narrowObject(body_.data() + from, static_cast<std::size_t>(past - from),
-                                    body_.data() + to, width);
-    rises.resize(to >> 32, static_cast<Number>(i));
-    narrowed.push_back(static_cast<std::uint32_t>(to));
-    to = static_cast<std::uint64_t>(place - body_.data());
-    from = past;
+  const std::byte* from = body_.data() + plist::kHeader.size();
+  std::byte* to = body_.data() + plist::kHeader.size();
+  ObjectLengths narrowed;
+  ObjectLengths::Walk lengths(lengths_);
+  for (Number i = 0; i < count_; ++i) {
+    const auto length = static_cast<std::size_t>(lengths.next());
+    std::byte* const past = narrowObject(from, length, to, width);
+    narrowed.push_back(static_cast<std::uint64_t>(past - to));
+    from += length;
+    to = past;
   }
-  offsets_ = std::move(narrowed);
-  rises_ = std::move(rises);
-  body_.truncate(static_cast<std::size_t>(to));
+  lengths_ = std::move(narrowed);
+  body_.truncate(static_cast<std::size_t>(to - body_.data()));
 }
 
 void PlistWriter::writeTable(Number top, unsigned referenceSize) {
   const std::uint64_t tableOffset = body_.size();
   const unsigned offsetSize = bytesFor(tableOffset);
-  const std::size_t count = offsets_.size();
-  std::byte* place = body_.extend(count * offsetSize);
-  if (offsetSize == 4) {
-    for (std::size_t i = 0; i < count; ++i) storeAs<std::uint32_t>(place + 4 * i, offsets_[i]);
-  } else {
-    for (std::size_t i = 0; i < count; ++i, place += offsetSize) {
-      storeBigEndian(place, offset(i), offsetSize);
-    }
+  std::byte* place = body_.extend(std::size_t{count_} * offsetSize);
+  std::uint64_t offset = plist::kHeader.size();
+  ObjectLengths::Walk lengths(lengths_);
+  for (Number i = 0; i < count_; ++i, place += offsetSize) {
+    storeBigEndian(place, offset, offsetSize);
+    offset += lengths.next();
   }
   std::byte* trailer = body_.extend(plist::kTrailerSize);
   std::memset(trailer, 0, 6);
   trailer[6] = static_cast<std::byte>(offsetSize);
   trailer[7] = static_cast<std::byte>(referenceSize);
-  storeAs<std::uint64_t>(trailer + 8, count);
+  storeAs<std::uint64_t>(trailer + 8, count_);
   storeAs<std::uint64_t>(trailer + 16, top);
   storeAs<std::uint64_t>(trailer + 24, tableOffset);
 }
 
 OVRef<OVData> PlistWriter::finish(Number top) {
-  const unsigned referenceSize = bytesFor(offsets_.size());
+  endLast();
+  const unsigned referenceSize = bytesFor(count_);
   if (referenceSize < kWideReference) narrowReferences(referenceSize);
   writeTable(top, referenceSize);
-  offsets_.reset();
   const std::size_t size = body_.size();
   const std::shared_ptr<const std::byte> owner = body_.release();
   return OVData::dataWithBytesNoCopy({owner.get(), size}, owner);

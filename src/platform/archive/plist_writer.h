@@ -1,17 +1,17 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include <OVAddressBookSDK/data.h>
 
 #include "platform/archive/big_endian.h"
 #include "platform/archive/growing_array.h"
+#include "platform/archive/object_lengths.h"
 #include "platform/archive/plist_format.h"
 
 namespace ov::detail {
@@ -45,20 +45,19 @@ class PlistWriter {
   };
   Number dictionary(std::span<const Entry> entries);
 
-  /// Numbers that stand for objects written later, each in one container.
-  static constexpr Number kPromises = 64;
-  [[nodiscard]] static constexpr Number promise(Number which) { return kFirstPromise + which; }
-  /// Puts the object's number where the promise stands, if anywhere; the promise is free again.
-  void fulfil(Number promise, Number object);
-
-  /// Have the system fetch what `bytesOf` will look at.
-  void touchOffset(Number object) const { __builtin_prefetch(offsets_.data() + object); }
-  void touchBytes(Number object) const { __builtin_prefetch(body_.data() + offset(object)); }
-
-  /// Bytes of an object already written.
-  [[nodiscard]] std::span<const std::byte> bytesOf(Number object) const;
-  [[nodiscard]] Number count() const { return static_cast<Number>(offsets_.size()); }
-  /// Takes the object written last back.
+  [[nodiscard]] Number count() const { return count_; }
+  /// The object written last; where it begins stays the same while the list is written.
+  [[nodiscard]] std::uint64_t lastOffset() const { return last_; }
+  [[nodiscard]] std::span<const std::byte> lastBytes() const {
+    return {body_.data() + last_, body_.data() + body_.size()};
+  }
+  /// Whether an object that begins at `offset` has the bytes of the one written last.
+  [[nodiscard]] bool isLike(std::uint64_t offset) const {
+    // Its first bytes tell its length: it is as long if they are the same.
+    const std::span<const std::byte> bytes = lastBytes();
+    return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
+  }
+  /// Takes the object written last back; there is none until the next.
   void removeLast();
 
   /// The finished list; the writer is spent.
@@ -67,39 +66,38 @@ class PlistWriter {
  private:
   /// Containers are written with references of this size and narrowed at the end.
   static constexpr unsigned kWideReference = 4;
-  static constexpr Number kFirstPromise = 0xFFFFFFFF - kPromises;
+  static constexpr Number kMost = 0xFFFFFFFE;
 
   Number begin();
-  [[gnu::cold]] void raiseOffsets();
+  [[noreturn, gnu::cold]] static void refuseMore();
+  void endLast();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
   void marker(unsigned kind, std::size_t length);
   void longMarker(unsigned kind, std::size_t length);
   void references(std::span<const Number> objects);
-  void reference(std::byte* place, Number object);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
   Number utf16(std::string_view text);
-  [[nodiscard]] std::uint64_t offset(std::size_t object) const;
-  [[nodiscard]] std::uint64_t end(std::size_t object) const;
   void narrowReferences(unsigned width);
   static std::byte* narrowObject(const std::byte* from, std::size_t length, std::byte* to,
                                  unsigned width);
   void writeTable(Number top, unsigned referenceSize);
 
   GrowingArray<std::byte> body_;
-  // Offsets rise with the numbers: of each the low half is kept, and the objects at which the
-  // high half rises.
-  GrowingArray<std::uint32_t> offsets_;
-  std::vector<Number> rises_;
-  std::array<std::size_t, kPromises> promises_{};  // where each stands in the body
-  // The body's size at which an offset's high half may rise, or numbers may have run out.
-  std::uint64_t checkAt_ = 1ULL << 32;
+  ObjectLengths lengths_;   // but for the one written last
+  std::uint64_t last_ = 0;  // where that begins; 0 when there is none
+  Number count_ = 0;
 };
 
+inline void PlistWriter::endLast() {
+  if (last_ != 0) lengths_.push_back(body_.size() - last_);
+}
+
 inline PlistWriter::Number PlistWriter::begin() {
-  if (body_.size() >= checkAt_) raiseOffsets();
-  offsets_.push_back(static_cast<std::uint32_t>(body_.size()));
-  return static_cast<Number>(offsets_.size() - 1);
+  if (count_ == kMost) refuseMore();
+  endLast();
+  last_ = body_.size();
+  return count_++;
 }
 
 inline void PlistWriter::marker(unsigned kind, std::size_t length) {
@@ -110,22 +108,10 @@ inline void PlistWriter::marker(unsigned kind, std::size_t length) {
   longMarker(kind, length);
 }
 
-inline void PlistWriter::reference(std::byte* place, Number object) {
-  if (object >= kFirstPromise) {
-    promises_[object - kFirstPromise] = static_cast<std::size_t>(place - body_.data());
-  }
-  storeAs<std::uint32_t>(place, object);
-}
-
-inline void PlistWriter::fulfil(Number promise, Number object) {
-  const std::size_t place = std::exchange(promises_[promise - kFirstPromise], 0);
-  if (place != 0) storeAs<std::uint32_t>(body_.data() + place, object);
-}
-
 inline void PlistWriter::references(std::span<const Number> objects) {
   std::byte* place = body_.extend(objects.size() * kWideReference);
   for (std::size_t i = 0; i < objects.size(); ++i) {
-    reference(place + i * kWideReference, objects[i]);
+    storeAs<std::uint32_t>(place + i * kWideReference, objects[i]);
   }
 }
 
@@ -161,31 +147,14 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
   std::byte* values = keys + entries.size() * kWideReference;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     storeAs<std::uint32_t>(keys + i * kWideReference, entries[i].key);
-    reference(values + i * kWideReference, entries[i].value);
+    storeAs<std::uint32_t>(values + i * kWideReference, entries[i].value);
   }
   return number;
 }
 
-inline std::uint64_t PlistWriter::offset(std::size_t object) const {
-  std::uint64_t offset = offsets_[object];
-  for (const Number rise : rises_) offset += object >= rise ? 1ULL << 32 : 0;
-  return offset;
-}
-
-inline std::uint64_t PlistWriter::end(std::size_t object) const {
-  return object + 1 < offsets_.size() ? offset(object + 1) : body_.size();
-}
-
-inline std::span<const std::byte> PlistWriter::bytesOf(Number object) const {
-  return {body_.data() + offset(object), body_.data() + end(object)};
-}
-
 inline void PlistWriter::removeLast() {
-  body_.truncate(static_cast<std::size_t>(offset(offsets_.size() - 1)));
-  offsets_.pop_back();
-  if (rises_.empty() || rises_.back() != offsets_.size()) return;
-  rises_.pop_back();
-  checkAt_ = 0;
+  body_.truncate(static_cast<std::size_t>(std::exchange(last_, 0)));
+  --count_;
 }
 
 }  // namespace ov::detail

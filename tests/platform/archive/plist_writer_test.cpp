@@ -18,8 +18,8 @@ namespace {
 template <class Write>
 std::string written(Write write) {
   PlistWriter writer;
-  const Number number = write(writer);
-  const auto bytes = writer.bytesOf(number);
+  write(writer);
+  const auto bytes = writer.lastBytes();
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include <OVAddressBookSDK/object.h>
+
+#include "platform/archive/read_classes.h"
+#include "platform/archive/read_fields.h"
+#include "platform/archive/read_leaves.h"
+#include "platform/archive/read_objects.h"
+
+namespace ov::detail {
+
+/// The forms in which archives hold texts, data, dates, lists and dictionaries as objects.
+class FoundationForms {
+ public:
+  FoundationForms(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
+                  ReadLeaves& leaves, ReadFields& fields)
+      : plist_(plist), budget_(budget), objects_(objects), leaves_(leaves), fields_(fields) {}
+
+  /// The object that an archived one is: a text or data block, or a date or collection that is
+  /// still empty. Null when it is neither.
+  [[nodiscard]] OVRef<OVObject> make(std::string_view className, const ArchiveFields& fields);
+
+  [[nodiscard]] static bool isList(std::string_view className);
+
+ private:
+  [[nodiscard]] OVRef<OVObject> makeLeaf(std::string_view className, const ArchiveFields& fields);
+  [[nodiscard]] bool areTexts(const PlistItem& array);
+  [[nodiscard]] bool isText(std::uint64_t uid);
+
+  const PlistReader& plist_;
+  ReadingBudget& budget_;
+  const ReadObjects& objects_;
+  ReadLeaves& leaves_;
+  ReadFields& fields_;
+};
+
+}  // namespace ov::detail

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <OVAddressBookSDK/opaque_object.h>
+
+#include "platform/archive/plist_reader.h"
+#include "platform/archive/read_leaves.h"
+#include "platform/archive/reading_budget.h"
+
+namespace ov::detail {
+
+class ArchiveReader;
+
+/// Reads what stands in an object whose class nobody knows.
+class OpaqueReader {
+ public:
+  /// The objects that it refers to come from `objects`.
+  OpaqueReader(const PlistReader& plist, ReadingBudget& budget, ReadLeaves& leaves,
+               ArchiveReader& objects)
+      : plist_(plist), budget_(budget), leaves_(leaves), objects_(objects) {}
+
+  /// All but the class, in their order.
+  [[nodiscard]] std::vector<OVOpaqueField> fields(const PlistItem& dictionary);
+
+ private:
+  std::vector<OVOpaqueField> fields(const PlistItem& dictionary, unsigned depth);
+  OVOpaqueValue value(std::uint64_t item, unsigned depth);
+  OVOpaqueValue::Array array(const PlistItem& container, unsigned depth);
+
+  const PlistReader& plist_;
+  ReadingBudget& budget_;
+  ReadLeaves& leaves_;
+  ArchiveReader& objects_;
+  std::string scratch_;
+};
+
+}  // namespace ov::detail

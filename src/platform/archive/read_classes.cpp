@@ -1,0 +1,60 @@
+#include "platform/archive/read_classes.h"
+
+#include <optional>
+#include <string>
+
+#include "platform/archive/archive_keys.h"
+
+namespace ov::detail {
+
+using Kind = PlistItem::Kind;
+
+const ArchivedClass& ReadClasses::find(std::uint64_t uid) {
+  auto at = records_.find(uid);
+  if (at == records_.end()) at = records_.emplace(uid, read(uid)).first;
+  recent_[static_cast<std::size_t>(uid % recent_.size())] = {uid, &at->second};
+  return at->second;
+}
+
+ArchivedClass ReadClasses::read(std::uint64_t uid) {
+  const PlistItem dictionary = objects_.item(uid);
+  PlainEntries entries(plist_, budget_);
+  const auto name = dictionary.kind == Kind::dictionary
+                        ? entries.find(dictionary, archive::kClassName)
+                        : std::nullopt;
+  if (!name || !PlistReader::isText(*name)) {
+    throw OVInvalidArchive("object " + std::to_string(uid) +
+                           " of the archive is used as a class and is none");
+  }
+  budget_.charge(sizeof(ArchivedClass) + 64);
+  ArchivedClass record;
+  record.name = leaves_.text(*name);
+  if (const auto classes = entries.find(dictionary, archive::kClasses)) {
+    record.classes = texts(*classes);
+  }
+  if (const auto hints = entries.find(dictionary, archive::kClassHints)) {
+    record.hints = texts(*hints);
+  }
+  if (known_ == Known::registeredClasses) {
+    record.known = registeredClass(record.name);
+    for (std::size_t i = 0; record.known == nullptr && i < record.hints.size(); ++i) {
+      record.known = registeredClass(record.hints[i]);
+    }
+  }
+  record.isHosts = record.known != nullptr && !isLibraryClass(*record.known);
+  return record;
+}
+
+std::vector<OVString> ReadClasses::texts(const PlistItem& array) {
+  if (array.kind != Kind::array) throw OVInvalidArchive("a class record without a list of names");
+  budget_.charge(array.count * sizeof(OVString));
+  std::vector<OVString> texts;
+  for (std::uint64_t i = 0; i < array.count; ++i) {
+    const PlistItem item = plist_.item(plist_.reference(array, i));
+    if (!PlistReader::isText(item)) throw OVInvalidArchive("a class name that is no text");
+    texts.push_back(leaves_.text(item));
+  }
+  return texts;
+}
+
+}  // namespace ov::detail

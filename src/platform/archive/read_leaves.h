@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+#include "platform/archive/plist_reader.h"
+#include "platform/archive/reading_budget.h"
+#include "platform/object_arena.h"
+
+namespace ov::detail {
+
+/// Makes objects of what stands in one place of a property list: texts, numbers, dates and data.
+class ReadLeaves {
+ public:
+  /// Texts are made in the arena.
+  ReadLeaves(const PlistReader& plist, ReadingBudget& budget, ObjectArena& arena)
+      : plist_(plist), budget_(budget), arena_(arena) {}
+
+  [[nodiscard]] OVString text(const PlistItem& item);
+  /// Null for null. Throws `OVInvalidArchive` for a container or a UID.
+  [[nodiscard]] OVRef<OVObject> leaf(const PlistItem& item);
+  /// The same, where a long one that many objects hold is made once, as our own writer writes it.
+  [[nodiscard]] OVRef<OVObject> sharedLeaf(const PlistItem& item);
+
+ private:
+  struct Long {
+    PlistItem item;
+    OVRef<OVObject> object;
+  };
+
+  const PlistReader& plist_;
+  ReadingBudget& budget_;
+  ObjectArena& arena_;
+  std::unordered_map<const std::byte*, Long> long_;
+  std::string scratch_;
+};
+
+}  // namespace ov::detail

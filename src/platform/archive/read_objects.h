@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/archive/archive_slot.h"
+#include "platform/archive/large_memory.h"
+#include "platform/archive/plist_reader.h"
+#include "platform/archive/reading_budget.h"
+
+namespace ov::detail {
+
+/// The objects of an archive by their UIDs: where they stand in the property list, and what was
+/// made of them.
+class ReadObjects {
+ public:
+  ReadObjects(const PlistReader& plist, ReadingBudget& budget) : plist_(plist), budget_(budget) {}
+
+  /// Begins with the array that lists them.
+  void open(const PlistItem& array) {
+    array_ = array;
+    budget_.charge(array.count * sizeof(ArchiveSlot));
+    slots_.reserve(static_cast<std::size_t>(array.count));
+  }
+
+  /// Throws `OVInvalidArchive` where there is no such object.
+  void check(std::uint64_t uid) const {
+    if (uid >= array_.count) refuse(uid);
+  }
+  /// The UID that stands there; throws `OVInvalidArchive` for anything else.
+  [[nodiscard]] std::uint64_t uidOf(std::uint64_t item) const {
+    std::uint64_t uid = 0;
+    if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is no UID");
+    check(uid);
+    return uid;
+  }
+  /// The item of an object, and its number in the property list. The UID has been checked.
+  [[nodiscard]] PlistItem item(std::uint64_t uid) const { return plist_.item(itemNumber(uid)); }
+  [[nodiscard]] std::uint64_t itemNumber(std::uint64_t uid) const {
+    return plist_.reference(array_, uid);
+  }
+  /// Stays where it is.
+  [[nodiscard]] ArchiveSlot& slot(std::uint64_t uid) {
+    const auto at = static_cast<std::size_t>(uid);
+    if (at >= slots_.size()) slots_.resize(at + 1);  // there is room for all of them
+    return slots_[at];
+  }
+  [[nodiscard]] std::span<const ArchiveSlot> slots() const { return slots_; }
+
+ private:
+  [[noreturn, gnu::cold]] void refuse(std::uint64_t uid) const {
+    throw OVInvalidArchive("UID " + std::to_string(uid) + " is past the last of " +
+                           std::to_string(array_.count) + " objects");
+  }
+
+  const PlistReader& plist_;
+  ReadingBudget& budget_;
+  PlistItem array_;
+  std::vector<ArchiveSlot, LargeAllocator<ArchiveSlot>> slots_;  // up to the last one used
+};
+
+}  // namespace ov::detail

@@ -1,0 +1,67 @@
+#include "platform/archive/written_classes.h"
+
+#include <utility>
+#include <vector>
+
+#include "platform/archive/class_table.h"
+
+namespace ov::detail {
+
+namespace {
+
+WrittenClasses::Kind kindOf(const OVClass& objectClass) {
+  using enum WrittenClasses::Kind;
+  if (&objectClass == &kTextClass) return text;
+  if (&objectClass == &kNumberClass || &objectClass == &kDataClass) return leaf;
+  return &objectClass == &kOpaqueClass ? opaque : other;
+}
+
+}  // namespace
+
+WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
+  const auto [at, isNew] = entries_.try_emplace(&objectClass);
+  Entry& entry = at->second;
+  if (isNew) {
+    entry.objectClass = &objectClass;
+    entry.kind = kindOf(objectClass);
+    entry.isTrusted = isLibraryClass(objectClass) || objectClass.encodesItsOwnOnce;
+    if (entry.isTrusted && objectClass.make != nullptr) {
+      if (const OVRef<OVObject> example = objectClass.make()) {
+        const OVObject& object = *example;
+        entry.type = &typeid(object);
+      }
+    }
+  }
+  recent_[slotOf(objectClass)] = &entry;
+  return entry;
+}
+
+WrittenClasses::Number WrittenClasses::newRecord(Entry& entry) {
+  const OVClass& objectClass = *entry.objectClass;
+  std::vector<OVString> names{objectClass.name};
+  for (const OVClass* at = objectClass.superclass; at != nullptr; at = at->superclass) {
+    names.emplace_back(at->name);
+  }
+  names.emplace_back(archive::kRootClass);
+  std::vector<OVString> hints;
+  if (objectClass.standIn != nullptr) hints.emplace_back(objectClass.standIn->name);
+  entry.record = record(names.front(), names, hints);
+  return entry.record;
+}
+
+WrittenClasses::Number WrittenClasses::record(const OVString& name, std::span<const OVString> names,
+                                              std::span<const OVString> hints) {
+  std::string identity = name.str();
+  for (const OVString& each : names) identity.append(1, '\0').append(each);
+  for (const OVString& each : hints) identity.append(1, '\1').append(each);
+  if (const auto at = records_.find(identity); at != records_.end()) return at->second;
+
+  std::vector<PlistWriter::Entry> entries{{values_.key(archive::kClassName), values_.text(name)}};
+  if (!names.empty()) entries.push_back({values_.key(archive::kClasses), values_.texts(names)});
+  if (!hints.empty()) entries.push_back({values_.key(archive::kClassHints), values_.texts(hints)});
+  const Number reference = objects_.add(plist_.dictionary(entries));
+  records_.emplace(std::move(identity), reference);
+  return reference;
+}
+
+}  // namespace ov::detail

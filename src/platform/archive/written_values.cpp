@@ -1,0 +1,93 @@
+#include "platform/archive/written_values.h"
+
+#include <variant>
+#include <vector>
+
+#include <OVAddressBookSDK/data.h>
+#include <OVAddressBookSDK/date.h>
+#include <OVAddressBookSDK/number.h>
+
+#include "platform/archive/class_table.h"
+#include "platform/utf8.h"
+
+namespace ov::detail {
+
+namespace {
+
+PlistWriter::Number writeNumber(PlistWriter& plist, const OVNumber& number) {
+  const auto value = number.value();
+  if (const auto* flag = std::get_if<bool>(&value)) return plist.boolean(*flag);
+  if (const auto* integer = std::get_if<std::int64_t>(&value)) return plist.integer(*integer);
+  if (const auto* natural = std::get_if<std::uint64_t>(&value)) {
+    return plist.unsignedInteger(*natural);
+  }
+  return plist.real(std::get<double>(value));
+}
+
+}  // namespace
+
+PlistWriter::Number writeLeaf(PlistWriter& plist, const OVObject& leaf) {
+  const OVClass* leafClass = leaf.classForCoder();
+  if (leafClass == &kTextClass) {
+    const auto& text = static_cast<const TextObject&>(leaf);
+    return plist.text({text.data(), text.size()});
+  }
+  if (leafClass == &kDataClass) return plist.data(static_cast<const OVData&>(leaf).bytes());
+  if (leafClass == &kNumberClass) return writeNumber(plist, static_cast<const OVNumber&>(leaf));
+  return plist.date(static_cast<const OVDate&>(leaf).timeIntervalSinceReferenceDate());
+}
+
+PlistWriter::Number WrittenValues::newKey(std::string_view key) {
+  const bool isWellFormed = wellFormedPrefix(key) == key.size();
+  const Number number = isWellFormed ? text(key) : text(repaired(key));
+  keys_.add(key, number);
+  return number;
+}
+
+PlistWriter::Number WrittenValues::text(std::string_view text) {
+  plist_.text(text);
+  return lastOrEarlier();
+}
+
+PlistWriter::Number WrittenValues::integer(std::int64_t value) {
+  const bool isSmall = value >= 0 && value < static_cast<std::int64_t>(smallIntegers_.size());
+  if (isSmall && smallIntegers_[static_cast<std::size_t>(value)] != 0) {
+    return smallIntegers_[static_cast<std::size_t>(value)];
+  }
+  plist_.integer(value);
+  const Number number = lastOrEarlier();
+  if (isSmall) smallIntegers_[static_cast<std::size_t>(value)] = number;
+  return number;
+}
+
+PlistWriter::Number WrittenValues::boolean(bool value) {
+  plist_.boolean(value);
+  return lastOrEarlier();
+}
+
+PlistWriter::Number WrittenValues::real(double value) {
+  plist_.real(value);
+  return lastOrEarlier();
+}
+
+PlistWriter::Number WrittenValues::data(std::span<const std::byte> bytes) {
+  plist_.data(bytes);
+  return lastOrEarlier();
+}
+
+PlistWriter::Number WrittenValues::leaf(const OVRef<OVObject>& leaf) {
+  if (leaf == nullptr) {
+    plist_.null();
+  } else {
+    writeLeaf(plist_, *leaf);
+  }
+  return lastOrEarlier();
+}
+
+PlistWriter::Number WrittenValues::texts(std::span<const OVString> texts) {
+  std::vector<Number> numbers;
+  for (const OVString& each : texts) numbers.push_back(text(each));
+  return plist_.array(numbers);
+}
+
+}  // namespace ov::detail

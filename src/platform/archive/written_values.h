@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include <OVAddressBookSDK/object.h>
+#include <OVAddressBookSDK/text.h>
+
+#include "platform/archive/key_numbers.h"
+#include "platform/archive/plist_writer.h"
+#include "platform/archive/recent_leaves.h"
+
+namespace ov::detail {
+
+/// Writes a text, number, date or data block as one object of a property list.
+PlistWriter::Number writeLeaf(PlistWriter& plist, const OVObject& leaf);
+
+/// What stands in the objects of an archive themselves: their keys, each written once, and plain
+/// values, equal ones written once in a while.
+class WrittenValues {
+ public:
+  using Number = PlistWriter::Number;
+
+  explicit WrittenValues(PlistWriter& plist) : plist_(plist), recent_(plist) {}
+
+  Number key(std::string_view key) {
+    const Number number = keys_.find(key);
+    return number == KeyNumbers::kNone ? newKey(key) : number;
+  }
+  Number text(std::string_view text);
+  Number texts(std::span<const OVString> texts);
+  Number integer(std::int64_t value);
+  Number boolean(bool value);
+  Number real(double value);
+  Number data(std::span<const std::byte> bytes);
+  /// A text, number, date or data block; null for null.
+  Number leaf(const OVRef<OVObject>& leaf);
+
+ private:
+  [[gnu::cold]] Number newKey(std::string_view key);
+  Number lastOrEarlier() { return recent_.addLast().object; }
+
+  PlistWriter& plist_;
+  RecentLeaves recent_;
+  KeyNumbers keys_;
+  std::array<Number, 256> smallIntegers_{};  // 0: not written yet
+};
+
+}  // namespace ov::detail

@@ -1,0 +1,165 @@
+// The rooms of the reader of archives, each by itself.
+
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include <OVAddressBookSDK/label.h>
+#include <OVAddressBookSDK/number.h>
+
+#include "platform/archive/foundation_forms.h"
+#include "platform/archive/plain_entries.h"
+#include "platform/archive/read_classes.h"
+#include "platform/archive/read_fields.h"
+#include "platform/archive/read_leaves.h"
+#include "platform/archive/read_objects.h"
+#include "platform/archive/reading_budget.h"
+#include "support/archive_builder.h"
+
+using namespace ov::detail;  // NOLINT(google-build-using-namespace)
+using Kind = PlistItem::Kind;
+using Uid = ArchiveBuilder::Uid;
+
+namespace {
+
+/// An archive whose objects are listed, and nothing else is read.
+struct Rooms {
+  explicit Rooms(OVRef<OVData> block, ReadClasses::Known known)
+      : data(std::move(block)),
+        plist(data->bytes()),
+        budget(data->size()),
+        objects(plist, budget),
+        leaves(plist, budget, arena),
+        classes(plist, budget, objects, leaves, known),
+        fields(plist, budget, objects, classes),
+        forms(plist, budget, objects, leaves, fields) {
+    objects.open(PlainEntries(plist, budget).required(head(), "$objects", Kind::array));
+  }
+  PlistItem head() { return plist.item(plist.top()); }
+
+  OVRef<OVData> data;
+  PlistReader plist;
+  ReadingBudget budget;
+  ObjectArena arena{1000};
+  ReadObjects objects;
+  ReadLeaves leaves;
+  ReadClasses classes;
+  ReadFields fields;
+  FoundationForms forms;
+};
+
+class ArchiveReaderRooms : public testing::Test {
+ protected:
+  Rooms& rooms(ReadClasses::Known known = ReadClasses::Known::registeredClasses) {
+    rooms_ = std::make_unique<Rooms>(archive_.archive(0), known);
+    return *rooms_;
+  }
+
+  ArchiveBuilder archive_;
+
+ private:
+  std::unique_ptr<Rooms> rooms_;
+};
+
+TEST(ReadingBudget, IsRefusedWhenItIsSpent) {
+  ReadingBudget budget(0);
+  budget.charge(1 << 18);
+  budget.charge(0);
+  EXPECT_THROW(budget.charge(1), OVInvalidArchive);
+  EXPECT_NO_THROW(ReadingBudget(1).charge((1 << 18) + 40));
+}
+
+TEST_F(ArchiveReaderRooms, PlainEntriesAreFoundByTheirKeys) {
+  Rooms& rooms = this->rooms();
+  PlainEntries entries(rooms.plist, rooms.budget);
+  EXPECT_EQ(rooms.plist.integer(entries.required(rooms.head(), "$version", Kind::integer)).value,
+            100000);
+  EXPECT_FALSE(entries.find(rooms.head(), "$absent"));
+  EXPECT_THROW((void)entries.required(rooms.head(), "$absent", Kind::array), OVInvalidArchive);
+  EXPECT_THROW((void)entries.required(rooms.head(), "$version", Kind::array), OVInvalidArchive);
+}
+
+TEST_F(ArchiveReaderRooms, ObjectsAreReachedByTheirUids) {
+  const Uid text = archive_.addText("text");
+  const auto reference = archive_.to(text);
+  const auto past = archive_.to(text + 1);
+  Rooms& rooms = this->rooms();
+  EXPECT_EQ(rooms.objects.uidOf(reference), text);
+  EXPECT_TRUE(rooms.plist.equals(rooms.objects.item(text), "text"));
+  EXPECT_THROW((void)rooms.objects.uidOf(past), OVInvalidArchive);
+  EXPECT_THROW((void)rooms.objects.uidOf(rooms.objects.itemNumber(text)), OVInvalidArchive);
+  ArchiveSlot& slot = rooms.objects.slot(text);
+  EXPECT_TRUE(slot.isEmpty());
+  slot.set(OVString("made"));
+  (void)rooms.objects.slot(0);
+  EXPECT_EQ(rooms.objects.slot(text).text(), "made");
+}
+
+TEST_F(ArchiveReaderRooms, LeavesBecomeObjects) {
+  const Uid text = archive_.addText("text");
+  const Uid number = archive_.add(archive_.integer(7));
+  const Uid bytes = archive_.add(archive_.bytes(std::string(100, 'b')));
+  Rooms& rooms = this->rooms();
+  EXPECT_EQ(rooms.leaves.text(rooms.objects.item(text)), "text");
+  EXPECT_EQ(ov::cast<OVNumber>(rooms.leaves.leaf(rooms.objects.item(number)))->integerValue(), 7);
+  const PlistItem data = rooms.objects.item(bytes);
+  EXPECT_NE(rooms.leaves.leaf(data), rooms.leaves.leaf(data));
+  EXPECT_EQ(rooms.leaves.sharedLeaf(data), rooms.leaves.sharedLeaf(data));
+  EXPECT_THROW((void)rooms.leaves.leaf(rooms.head()), OVInvalidArchive);
+}
+
+TEST_F(ArchiveReaderRooms, AClassIsKnownByItsRecord) {
+  const Uid label = archive_.classRecord("OVLabel", {"NSObject"});
+  const Uid other = archive_.classRecord("Other", {"Parent", "NSObject"});
+  const Uid text = archive_.addText("text");
+  Rooms& rooms = this->rooms();
+  EXPECT_EQ(rooms.classes.record(label).known, &OVLabel::archivedClass());
+  EXPECT_FALSE(rooms.classes.record(label).isHosts);
+  const ArchivedClass& unknown = rooms.classes.record(other);
+  EXPECT_EQ(unknown.known, nullptr);
+  EXPECT_EQ(unknown.name, "Other");
+  EXPECT_EQ(unknown.classes[1], "Parent");
+  EXPECT_EQ(&rooms.classes.record(other), &unknown);
+  EXPECT_THROW((void)rooms.classes.record(text), OVInvalidArchive);
+  EXPECT_EQ(this->rooms(ReadClasses::Known::noClasses).classes.record(label).known, nullptr);
+}
+
+TEST_F(ArchiveReaderRooms, FieldsAreFoundByTheirKeys) {
+  const auto value = archive_.integer(1);
+  const auto second = archive_.integer(2);
+  const Uid one = archive_.object("One", {{"a", value}, {"$$b", second}, {"a", second}});
+  const Uid like = archive_.object("One", {{"a", second}, {"$$b", value}, {"a", value}});
+  const Uid bare = archive_.add(archive_.fields({{"a", value}}));
+  Rooms& rooms = this->rooms();
+  for (const Uid uid : {one, like}) {
+    const ArchiveFields fields = rooms.fields.open(rooms.objects.item(uid));
+    EXPECT_EQ(rooms.fields.find(fields, "a"), uid == one ? value : second);
+    EXPECT_EQ(rooms.fields.find(fields, "$b"), uid == one ? second : value);
+    EXPECT_FALSE(rooms.fields.find(fields, "absent"));
+    EXPECT_TRUE(rooms.fields.find(fields, "a", Kind::integer));
+    EXPECT_FALSE(rooms.fields.find(fields, "a", Kind::ascii));
+    EXPECT_EQ(rooms.fields.classOf(fields).name, "One");
+    rooms.fields.close(fields);
+  }
+  const ArchiveFields fields = rooms.fields.open(rooms.objects.item(bare));
+  EXPECT_THROW((void)rooms.fields.classOf(fields), OVInvalidArchive);
+}
+
+TEST_F(ArchiveReaderRooms, FoundationFormsAreTakenForWhatTheyAre) {
+  const Uid text = archive_.object("NSMutableString", {{"NS.string", archive_.ascii("text")}});
+  const Uid list = archive_.arrayOf("NSArray", {text});
+  const Uid odd = archive_.dictionaryOf("NSDictionary", {list}, {text});
+  Rooms& rooms = this->rooms();
+  const auto made = [&](Uid uid) {
+    const ArchiveFields fields = rooms.fields.open(rooms.objects.item(uid));
+    auto object = rooms.forms.make(rooms.fields.classOf(fields).name, fields);
+    rooms.fields.close(fields);
+    return object;
+  };
+  EXPECT_EQ(ov::cast<OVString>(made(text)), "text");
+  EXPECT_TRUE(ov::cast<OVList<OVObject>>(made(list)).empty());
+  EXPECT_NE(made(list), nullptr);
+  EXPECT_EQ(made(odd), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+#include "platform/archive/recent_leaves.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/archive/object_lengths.h"
+
+using ov::detail::ObjectLengths;
+using ov::detail::PlistWriter;
+using ov::detail::RecentLeaves;
+
+namespace {
+
+class RecentLeavesOf : public testing::Test {
+ protected:
+  RecentLeaves::Result text(std::string_view text) {
+    plist_.text(text);
+    return leaves_.addLast();
+  }
+
+  PlistWriter plist_;
+  RecentLeaves leaves_{plist_};
+};
+
+TEST_F(RecentLeavesOf, AnEqualTextIsTheEarlierOne) {
+  const auto first = text("equal");
+  EXPECT_TRUE(first.isNew);
+  EXPECT_TRUE(text("other").isNew);
+  const auto again = text("equal");
+  EXPECT_FALSE(again.isNew);
+  EXPECT_EQ(again.object, first.object);
+  EXPECT_EQ(plist_.count(), 2U);
+}
+
+TEST_F(RecentLeavesOf, WhatBeginsAlikeDiffers) {
+  for (const std::size_t length : {0U, 1U, 14U, 15U, 300U}) {
+    EXPECT_TRUE(text(std::string(length, 'x')).isNew) << length;
+  }
+  plist_.data({});
+  EXPECT_TRUE(leaves_.addLast().isNew);
+}
+
+TEST_F(RecentLeavesOf, ThousandsOfOthersMayComeBetween) {
+  for (int i = 0; i < 4000; ++i) text(std::to_string(i));
+  for (int i = 0; i < 4000; ++i) EXPECT_FALSE(text(std::to_string(i)).isNew) << i;
+}
+
+TEST_F(RecentLeavesOf, AMillionOthersMayNot) {
+  text("first");
+  for (int i = 0; i < 1'000'000; ++i) text(std::to_string(i));
+  EXPECT_TRUE(text("first").isNew);
+}
+
+TEST(ObjectLengths, ComeBackInTheirOrder) {
+  ObjectLengths lengths;
+  const std::uint64_t all[] = {1, 255, 256, 2, std::uint64_t{5} << 32, 3};
+  for (const std::uint64_t length : all) lengths.push_back(length);
+  ObjectLengths::Walk walk(lengths);
+  for (const std::uint64_t length : all) EXPECT_EQ(walk.next(), length);
+}
+
+}  // namespace
