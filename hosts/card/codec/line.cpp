@@ -105,7 +105,7 @@ std::string_view Line::value() const {
   });
   if (hasPlainValue_) return text;
   return decoded().value = context_->arena.copy(
-      canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES"));
+             canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES"));
 }
 
 std::string_view Line::text() const {
@@ -134,8 +134,7 @@ std::optional<Binary> Line::binary() const {
 
 Line::Decoded& Line::decoded() const {
   if (decoded_ == nullptr) {
-    decoded_ =
-        new (context_->arena.allocate(sizeof(Decoded), alignof(Decoded))) Decoded;
+    decoded_ = new (context_->arena.allocate(sizeof(Decoded), alignof(Decoded))) Decoded;
   }
   return *decoded_;
 }

@@ -108,7 +108,7 @@ class Line {
   bool hasPlainHeader_ = true;
   bool isSpelledAnew_ = false;
   std::uint32_t openCards_ = 0;  // inside this line
-  std::uint32_t charset_ = 0;    // its place among the character sets of the card, from 1; 0 for none
+  std::uint32_t charset_ = 0;  // its place among the character sets of the card, from 1; 0 for none
 };
 
 }  // namespace ov::card
