@@ -26,7 +26,7 @@ std::string digestOf(std::string_view bytes) {
 std::string mediaTypeFor(const Line& line, std::string_view bytes) {
   const std::string_view given = line.parameterValue("MEDIATYPE");
   if (!given.empty()) return std::string(given);
-  if (const std::string_view type = mediaTypeOf(bytes); !type.empty()) return std::string(type);
+  if (const auto type = mediaTypeOf(bytes); type != kUnknownMediaType) return std::string(type);
   const std::string_view type = line.parameterValue("TYPE");
   return type.empty() ? std::string() : "image/" + lowerASCII(type);
 }

@@ -164,9 +164,14 @@ bool PersonReading::set(const OVString& property, const OVRef<OVObject>& datum) 
 
 void PersonReading::addTag(std::string_view tag) {
   if (tag.empty() || seenTags_.contains(tag) || isProbe_) return;
-  const OVString text(tag);
+  const OVString text = shared(tag);
   seenTags_.insert(text.view());
+  if (tags_ == nullptr) tags_ = OVList<OVString>::list();
   tags_.push_back(text);
+}
+
+OVString PersonReading::shared(std::string_view text) const {
+  return labels_ == nullptr ? OVString(text) : labels_->shared(text);
 }
 
 bool PersonReading::hasLine(std::string_view name) {

@@ -12,7 +12,13 @@
 #include "platform/archive/written_objects.h"
 #include "platform/archive/written_values.h"
 
-using namespace ov::detail;  // NOLINT(google-build-using-namespace)
+using ov::detail::KeySequence;
+using ov::detail::MetObjects;
+using ov::detail::PlistWriter;
+using ov::detail::WrittenClasses;
+using ov::detail::WrittenFields;
+using ov::detail::WrittenObjects;
+using ov::detail::WrittenValues;
 
 namespace {
 
@@ -54,11 +60,11 @@ TEST_F(ArchiveWriterRooms, AnEqualLeafIsTheEarlierObject) {
 
 TEST_F(ArchiveWriterRooms, AClassHasOneRecord) {
   WrittenClasses::Entry& label = classes_.of(OVLabel::archivedClass());
-  EXPECT_TRUE(label.isLibrarys);
+  EXPECT_TRUE(label.isTrusted);
   EXPECT_EQ(&classes_.of(OVLabel::archivedClass()), &label);
   EXPECT_EQ(classes_.record(label), classes_.record(label));
   static constexpr OVClass twin{"OVLabel", nullptr, nullptr};
-  EXPECT_FALSE(classes_.of(twin).isLibrarys);
+  EXPECT_FALSE(classes_.of(twin).isTrusted);
   EXPECT_EQ(classes_.record(classes_.of(twin)), classes_.record(label));
   static constexpr OVClass other{"Other", nullptr, nullptr};
   EXPECT_NE(classes_.record(classes_.of(other)), classes_.record(label));
