@@ -32,13 +32,17 @@ class OV_EXPORT DictionaryObject final : public OVObject {
   void set(const OVString& key, OVRef<OVObject> value);
   /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
   void add(const OVString& key, OVRef<OVObject> value);
-  /// These entries instead of all others. Of equal keys the first counts, values may be null.
+  /// These entries instead of all others, values may be null. Of equal keys the first counts; what
+  /// has the others is `repeated`.
   void assign(std::vector<Entry> entries);
   bool erase(std::string_view key);
   void clear();
 
   /// All slots, removed ones included.
   [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
+  /// Entries of a foreign dictionary whose keys others had before: written back, else unseen. They
+  /// go with the key.
+  [[nodiscard]] const std::vector<Entry>& repeated() const { return repeated_; }
   /// Counts the insertions and removals, so that a walk through the dictionary notices them.
   [[nodiscard]] std::uint32_t changes() const { return changes_; }
 
@@ -56,6 +60,7 @@ class OV_EXPORT DictionaryObject final : public OVObject {
   void rebuild();
 
   std::vector<Entry> entries_;
+  std::vector<Entry> repeated_;
   std::vector<std::uint32_t> slots_;  // open addressing: position + 1, or 0; empty while small
   std::size_t live_ = 0;
   std::uint32_t changes_ = 0;

@@ -20,10 +20,11 @@ class ArchiveWriter;
 
 /// Writes an object graph into one data block: a keyed archive in a binary property list.
 ///
-/// Each object is written once, under its identity, so that sharing and cycles survive; equal texts
-/// are written once. The same graph always gives the same bytes. A coder is handed to
-/// `OVObject::encodeWithCoder` and lives for that call. Meanwhile nothing in the graph may change
-/// but what is atomic: an `OVAtomic`, and what headers say may be set while a book is saved.
+/// Each object is written once, under its identity, so that sharing and cycles survive; of texts
+/// that are equal but not shared, most are written once. The same graph always gives the same
+/// bytes. A coder is handed to `OVObject::encodeWithCoder` and lives for that call. Meanwhile
+/// nothing in the graph may change but what is atomic: an `OVAtomic`, and what headers say may be
+/// set while a book is saved.
 ///
 /// Keys are UTF-8 texts without a NUL. Writing a key twice in one object is an error of its class:
 /// readers take the first.
@@ -42,7 +43,7 @@ class OV_EXPORT OVKeyedArchiver {
   /// The same for a copy of the owner's reference, such as one that an `OVAtomic` gives: the object
   /// lives until it is written, even when the owner lets go of it meanwhile.
   void encodeObjectForKey(OVRef<OVObject>&& object, std::string_view key);
-  /// The same for a text. Equal texts are written once.
+  /// The same for a text.
   void encodeObjectForKey(const OVString& text, std::string_view key);
   /// The same for a list or a dictionary.
   /// @{

@@ -55,8 +55,9 @@ class OV_EXPORT OVKeyedUnarchiver {
   /// `OVInvalidArchive`, for null data too.
   [[nodiscard]] static OVRef<OVObject> unarchiveObjectWithData(const OVRef<OVData>& data);
 
-  /// The same, with no class but texts, numbers, dates, data, lists and dictionaries known: every
-  /// other object arrives as an `OVOpaqueObject`. For looking into archives of any origin.
+  /// The same, with no class but numbers, dates, lists, dictionaries and plain texts and data
+  /// known: every other object, such as an "NSMutableString", arrives as an `OVOpaqueObject`. For
+  /// looking into archives of any origin.
   [[nodiscard]] static OVRef<OVObject> unarchiveOpaqueObjectWithData(const OVRef<OVData>& data);
 
   /// Lets archives build objects of a host's class, from now on and in every thread.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
 #include <limits>
 #include <new>
 #include <span>
@@ -10,6 +9,7 @@
 #include <utility>
 
 #include "platform/dispose.h"
+#include "platform/keyed_hash.h"
 
 namespace ov::detail {
 
@@ -26,12 +26,13 @@ std::size_t slotsFor(std::size_t entries) {
   return entries <= kSmall ? 0 : std::bit_ceil(entries + entries / 2);
 }
 
-std::size_t hashOf(std::string_view key) { return std::hash<std::string_view>()(key); }
+std::size_t hashOf(std::string_view key) { return KeyedHash()(key); }
 
 }  // namespace
 
 DictionaryObject::~DictionaryObject() {
   for (Entry& entry : entries_) dispose(std::move(entry.value));
+  for (Entry& entry : repeated_) dispose(std::move(entry.value));
 }
 
 const DictionaryObject::Entry* DictionaryObject::find(std::string_view key) const {
@@ -76,6 +77,7 @@ void DictionaryObject::add(const OVString& key, OVRef<OVObject> value) {
 void DictionaryObject::assign(std::vector<Entry> entries) {
   std::vector<std::uint32_t> slots(slotsFor(entries.size()));
   const std::vector<Entry> replaced = std::exchange(entries_, std::move(entries));
+  const std::vector<Entry> replacedToo = std::exchange(repeated_, {});
   slots_.swap(slots);
   live_ = 0;
   ++changes_;
@@ -84,8 +86,7 @@ void DictionaryObject::assign(std::vector<Entry> entries) {
     if (isFirst(i)) {
       ++live_;
     } else {
-      entry.key = nullptr;
-      dispose(std::exchange(entry.value, nullptr));
+      repeated_.push_back(std::exchange(entry, {}));
     }
   }
 }
@@ -125,6 +126,7 @@ void DictionaryObject::append(const OVString& key, OVRef<OVObject> value) {
 bool DictionaryObject::erase(std::string_view key) {
   const Entry* found = find(key);
   if (found == nullptr) return false;
+  std::erase_if(repeated_, [key](const Entry& each) { return each.key == key; });
   // The slot stays taken by an entry without a key, so that probing goes on past it.
   Entry& entry = entries_[static_cast<std::size_t>(found - entries_.data())];
   entry.key = nullptr;
@@ -141,6 +143,7 @@ bool DictionaryObject::erase(std::string_view key) {
 
 void DictionaryObject::clear() {
   const std::vector<Entry> removed = std::exchange(entries_, {});
+  const std::vector<Entry> removedToo = std::exchange(repeated_, {});
   slots_.clear();
   live_ = 0;
   ++changes_;

@@ -39,7 +39,9 @@ OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueTyp
       valueType_(valueType),
       subValueType_(subValueType) {}
 
-OVList<const OVProperty> OVProperty::StandardPropertyArray() { return catalogue.get(buildCatalogue).list; }
+OVList<const OVProperty> OVProperty::StandardPropertyArray() {
+  return catalogue.get(buildCatalogue).list;
+}
 
 OVDictionary<const OVProperty> OVProperty::StandardPropertyDictionary() {
   return catalogue.get(buildCatalogue).dictionary;
@@ -47,7 +49,8 @@ OVDictionary<const OVProperty> OVProperty::StandardPropertyDictionary() {
 
 OVRef<OVProperty> OVProperty::propertyWithName(const OVStringView& name) {
   const std::size_t row = ov::detail::standardPropertyNamed(name.view());
-  return row == ov::detail::kStandardPropertyCount ? nullptr : catalogue.get(buildCatalogue).list[row];
+  return row == ov::detail::kStandardPropertyCount ? nullptr
+                                                   : catalogue.get(buildCatalogue).list[row];
 }
 
 void OVProperty::testAddress() { OVLog::sharedLog()->log("aa"); }

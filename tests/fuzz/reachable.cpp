@@ -1,6 +1,7 @@
 #include "fuzz/reachable.h"
 
 #include <unordered_set>
+#include <utility>
 #include <variant>
 
 #include <OVAddressBookSDK/dictionary.h>
@@ -72,8 +73,10 @@ class Emptier final : public OVObject {
   static const OVClass& archivedClass();
   [[nodiscard]] const OVClass* classForCoder() const override { return &archivedClass(); }
   void initWithCoder(OVKeyedUnarchiver& coder) override {
-    if (objects == nullptr) return;
-    for (const OVRef<OVObject>& each : *objects) each->initWithCoder(coder);
+    // Once: there may be one of these among the objects.
+    const Objects* const all = std::exchange(objects, nullptr);
+    if (all == nullptr) return;
+    for (const OVRef<OVObject>& each : *all) each->initWithCoder(coder);
   }
 
   static inline const Objects* objects = nullptr;

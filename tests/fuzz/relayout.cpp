@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/archive/big_endian.h"
@@ -94,9 +95,45 @@ void change(std::string& object) {
       LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(object.data()), size, object.size()));
 }
 
+unsigned kindOf(const Parts& parts, std::size_t number) {
+  const std::string& object = parts.objects[parts.numbers[number]];
+  return object.empty() ? 0 : static_cast<unsigned char>(object.front()) & 0xF0U;
+}
+
+/// Another number whose object is of the same kind; the same one when there is none.
+std::size_t numberLike(const Parts& parts, std::size_t number, unsigned chance) {
+  const std::size_t count = parts.numbers.size();
+  for (std::size_t i = 0, other = chance; i < count; ++i, ++other) {
+    if (other % count != number && kindOf(parts, other % count) == kindOf(parts, number)) {
+      return other % count;
+    }
+  }
+  return number;
+}
+
+/// Lets an array, a set or a dictionary refer to something else in one place.
+void redirect(Parts& parts, unsigned chance) {
+  const auto width = static_cast<unsigned char>(parts.trailer[7]);
+  std::string& object = parts.objects[parts.numbers[chance % parts.numbers.size()]];
+  const std::size_t references = width == 0 || object.empty() ? 0 : (object.size() - 1) / width;
+  if (references == 0 || static_cast<unsigned char>(object.front()) < plist::kArray) return;
+  const std::size_t which = chance / 7 % references;
+  put(object, object.size() - (which + 1) * width, chance / 64 % parts.numbers.size(), width);
+}
+
 void changeOne(Parts& parts, unsigned chance) {
   std::string& object = parts.objects[chance / 8 % parts.objects.size()];
+  const std::size_t number = chance / 8 % parts.numbers.size();
   switch (chance % 8) {
+    case 3:  // keys, class names or references change places
+      std::swap(parts.numbers[number], parts.numbers[numberLike(parts, number, chance / 64)]);
+      break;
+    case 4:  // one takes the place of another
+      parts.numbers[number] = parts.numbers[numberLike(parts, number, chance / 64)];
+      break;
+    case 5:
+      redirect(parts, chance / 8);
+      break;
     case 0:  // one more number for an object
       parts.numbers.push_back(chance / 8 % parts.objects.size());
       break;

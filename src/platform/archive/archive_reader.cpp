@@ -12,6 +12,13 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
+namespace {
+
+/// So many bytes of a dictionary's keys are hashed in the time that a byte of memory stands for.
+constexpr std::size_t kHashedPerByte = 16;
+
+}  // namespace
+
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
     : plist_(block),
       arena_(block.size()),
@@ -20,7 +27,7 @@ ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
       leaves_(plist_, budget_, arena_),
       classes_(plist_, budget_, objects_, leaves_, known),
       fields_(plist_, budget_, objects_, classes_),
-      forms_(plist_, budget_, objects_, leaves_, fields_),
+      forms_(plist_, budget_, objects_, leaves_, fields_, known),
       opaque_(plist_, budget_, leaves_, *this) {}
 
 OVRef<OVObject> ArchiveReader::root() {
@@ -174,11 +181,14 @@ void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& d
     throw OVInvalidArchive("a dictionary with " + std::to_string(keys.count) + " keys and " +
                            std::to_string(values.count) + " values");
   }
-  budget_.charge(keys.count * 3 * sizeof(DictionaryObject::Entry));
+  budget_.charge(keys.count * 4 * sizeof(DictionaryObject::Entry));
   // The keys first: they mostly stand together.
   std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
   std::uint64_t at = 0;
-  for (DictionaryObject::Entry& entry : read) entry.key = textOf(plist_.reference(keys, at++));
+  for (DictionaryObject::Entry& entry : read) {
+    entry.key = textOf(plist_.reference(keys, at++));
+    budget_.charge(entry.key.size() / kHashedPerByte);
+  }
   at = 0;
   for (DictionaryObject::Entry& entry : read) {
     entry.value = objectAt(objects_.uidOf(plist_.reference(values, at++)));

@@ -137,16 +137,18 @@ ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObje
 }
 
 void ArchiveWriter::entryFields(const DictionaryObject& dictionary) {
-  const std::size_t count = dictionary.size();
+  const std::size_t count = dictionary.size() + dictionary.repeated().size();
   const std::size_t keys = elements_.size();
   const std::size_t values = keys + count;
   elements_.extend(2 * count);
   std::size_t i = 0;
-  for (const DictionaryObject::Entry& entry : dictionary.entries()) {
-    if (entry.key.isNull()) continue;
-    elements_[keys + i] = reference(entry.key);
-    elements_[values + i] = reference(entry.value);
-    ++i;
+  for (const auto* entries : {&dictionary.entries(), &dictionary.repeated()}) {
+    for (const DictionaryObject::Entry& entry : *entries) {
+      if (entry.key.isNull()) continue;
+      elements_[keys + i] = reference(entry.key);
+      elements_[values + i] = reference(entry.value);
+      ++i;
+    }
   }
   field(archive::kDictionaryKeys, plist_.array(elements_.span().subspan(keys, count)));
   field(archive::kArrayObjects, plist_.array(elements_.span().subspan(values, count)));

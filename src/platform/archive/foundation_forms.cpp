@@ -38,7 +38,7 @@ OVRef<OVObject> FoundationForms::make(std::string_view className, const ArchiveF
     if (!keys || !values || !areTexts(*keys)) return nullptr;
     return Maker::restore<DictionaryObject>(isImmutable);
   }
-  return makeLeaf(className, fields);
+  return makesLeaves_ ? makeLeaf(className, fields) : nullptr;
 }
 
 OVRef<OVObject> FoundationForms::makeLeaf(std::string_view className, const ArchiveFields& fields) {
@@ -65,6 +65,7 @@ bool FoundationForms::areTexts(const PlistItem& array) {
 bool FoundationForms::isText(std::uint64_t uid) {
   const PlistItem item = objects_.item(uid);
   if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
+  if (!makesLeaves_) return false;
   ArchiveFields fields = fields_.open(item);
   fields.hasConstantKeys = true;
   const bool isText = isTextClass(fields_.classOf(fields).name) &&

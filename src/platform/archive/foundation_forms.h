@@ -15,9 +15,16 @@ namespace ov::detail {
 /// The forms in which archives hold texts, data, dates, lists and dictionaries as objects.
 class FoundationForms {
  public:
+  /// With no classes known, texts and data that are objects are left as they are, so that their
+  /// classes are told.
   FoundationForms(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
-                  ReadLeaves& leaves, ReadFields& fields)
-      : plist_(plist), budget_(budget), objects_(objects), leaves_(leaves), fields_(fields) {}
+                  ReadLeaves& leaves, ReadFields& fields, ReadClasses::Known known)
+      : plist_(plist),
+        budget_(budget),
+        objects_(objects),
+        leaves_(leaves),
+        fields_(fields),
+        makesLeaves_(known == ReadClasses::Known::registeredClasses) {}
 
   /// The object that an archived one is: a text or data block, or a date or collection that is
   /// still empty. Null when it is neither.
@@ -35,6 +42,7 @@ class FoundationForms {
   const ReadObjects& objects_;
   ReadLeaves& leaves_;
   ReadFields& fields_;
+  bool makesLeaves_;
 };
 
 }  // namespace ov::detail

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/keyed_hash.h"
+
 namespace ov::detail {
 
 /// Numbers given to key texts.
@@ -33,13 +35,7 @@ class KeyNumbers {
   }
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view key) const {
-      return std::hash<std::string_view>()(key);
-    }
-  };
-  using Numbers = std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>>;
+  using Numbers = std::unordered_map<std::string, std::uint32_t, KeyedHash, std::equal_to<>>;
   struct Recent {
     const char* address = nullptr;
     const std::string* text = nullptr;

@@ -11,7 +11,7 @@ namespace ov::detail {
 namespace {
 
 /// The same on every machine, and never 0.
-std::uint32_t hashOf(std::span<const std::byte> bytes) {
+std::uint32_t leafHash(std::span<const std::byte> bytes) {
   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
   std::uint64_t hash = bytes.size();
   const auto mix = [&hash](std::uint64_t word) {
@@ -33,7 +33,7 @@ RecentLeaves::Set& RecentLeaves::setOf(std::uint32_t hash) {
 
 RecentLeaves::Result RecentLeaves::addLast() {
   const PlistWriter::Number last = writer_.count() - 1;
-  const std::uint32_t hash = hashOf(writer_.lastBytes());
+  const std::uint32_t hash = leafHash(writer_.lastBytes());
   Set& set = setOf(hash);
   for (const Leaf& leaf : set) {
     if (leaf.hash == hash && writer_.isLike(leaf.offset)) {

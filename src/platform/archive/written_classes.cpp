@@ -9,7 +9,7 @@ namespace ov::detail {
 
 namespace {
 
-WrittenClasses::Kind kindOf(const OVClass& objectClass) {
+WrittenClasses::Kind kindOfClass(const OVClass& objectClass) {
   using enum WrittenClasses::Kind;
   if (&objectClass == &kTextClass) return text;
   if (&objectClass == &kNumberClass || &objectClass == &kDataClass) return leaf;
@@ -23,7 +23,7 @@ WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
   Entry& entry = at->second;
   if (isNew) {
     entry.objectClass = &objectClass;
-    entry.kind = kindOf(objectClass);
+    entry.kind = kindOfClass(objectClass);
     entry.isTrusted = isLibraryClass(objectClass) || objectClass.encodesItsOwnOnce;
     if (entry.isTrusted && objectClass.make != nullptr) {
       if (const OVRef<OVObject> example = objectClass.make()) {

@@ -9,6 +9,7 @@
 
 #include "support/archive_builder.h"
 #include "support/host_node.h"
+#include "support/plist_text.h"
 #include "support/printers.h"
 #include "support/refusal.h"
 
@@ -108,6 +109,20 @@ TEST(ArchiveGuards, OfAKeyTwiceTheFirstCounts) {
   const auto read = unarchived<OVDictionary<OVString>>(archive.archive(dictionary));
   EXPECT_EQ(read.size(), 1U);
   EXPECT_EQ(read["key"], "first");
+}
+
+TEST(ArchiveGuards, EntriesWhoseKeyStoodBeforeAreWrittenBack) {
+  ArchiveBuilder archive;
+  const auto text = [&](const char* each) { return archive.addText(each); };
+  const Uid dictionary = archive.dictionaryOf("NSDictionary", {text("a"), text("b"), text("a")},
+                                              {text("first"), text("other"), text("second")});
+  const auto read = unarchived<OVDictionary<OVString>>(archive.archive(dictionary));
+  const auto written = archiveOf(read);
+  EXPECT_EQ(archivedObjects(written)[1],
+            "{NS.keys: [#2, #4, #2], NS.objects: [#3, #5, #6], $class: #7}");
+  EXPECT_TRUE(archiveOf(unarchived(written))->text() == written->text());
+  read.erase("a");
+  EXPECT_EQ(archivedObjects(archiveOf(read))[1], "{NS.keys: [#2], NS.objects: [#3], $class: #4}");
 }
 
 }  // namespace

@@ -73,6 +73,21 @@ TEST(ArchiveLimits, ManyKeysThatAreTheSameLongText) {
   EXPECT_THAT(refusal(archive.archiveWithTop(top)), testing::HasSubstr("more memory"));
 }
 
+TEST(ArchiveLimits, ManyDictionariesWithTheSameLongKey) {
+  ArchiveBuilder archive;
+  std::vector<Uid> keys{archive.addText(std::string(500000, 'k'))};
+  for (const char* each : {"a", "b", "c", "d", "e", "f", "g", "h"}) {
+    keys.push_back(archive.addText(each));
+  }
+  const Number all = archive.toAll(keys);
+  const Number dictionary =
+      archive.fields({{"NS.keys", all},
+                      {"NS.objects", all},
+                      {"$class", archive.to(archive.classNamed("NSDictionary"))}});
+  EXPECT_THAT(refusal(archive.archive(archive.arrayOf("NSArray", copies(archive, dictionary)))),
+              testing::HasSubstr("more memory"));
+}
+
 TEST(ArchiveLimits, ManyObjectsThatHoldTheSameLongList) {
   ArchiveBuilder archive;
   const Number elements = archive.array(std::vector<Number>(kMany, archive.to(0)));

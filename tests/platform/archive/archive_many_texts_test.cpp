@@ -16,7 +16,7 @@ using ov::detail::PlistReader;
 
 namespace {
 
-using Texts = OVList<OVString>;
+using TextList = OVList<OVString>;
 
 constexpr int kLists = 12000;
 constexpr int kTexts = 10;
@@ -31,14 +31,14 @@ std::string textAt(int list, int place) {
 OVList<OVObject> manyTexts() {
   auto lists = OVList<OVObject>::list();
   for (int list = 0; list < kLists; ++list) {
-    const auto texts = Texts::list();
+    const auto texts = TextList::list();
     for (int place = 0; place < kTexts; ++place) texts.push_back(OVString(textAt(list, place)));
     lists.push_back(texts);
   }
   return lists;
 }
 
-OVRef<OVData> archiveOf(const OVList<OVObject>& lists) {
+OVRef<OVData> blockOfLists(const OVList<OVObject>& lists) {
   return OVKeyedArchiver::archivedDataWithRootObject(lists);
 }
 
@@ -55,11 +55,11 @@ std::map<std::string, int> textsIn(const OVRef<OVData>& data) {
 }
 
 TEST(ArchiveOfManyTexts, EveryTextComesBackInItsPlace) {
-  const auto data = archiveOf(manyTexts());
+  const auto data = blockOfLists(manyTexts());
   const auto read = ov::cast<OVList<OVObject>>(OVKeyedUnarchiver::unarchiveObjectWithData(data));
   ASSERT_EQ(read.size(), std::size_t{kLists});
   for (int list = 0; list < kLists; ++list) {
-    const auto texts = ov::cast<Texts>(read[static_cast<std::size_t>(list)]);
+    const auto texts = ov::cast<TextList>(read[static_cast<std::size_t>(list)]);
     ASSERT_EQ(texts.size(), std::size_t{kTexts});
     for (int place = 0; place < kTexts; ++place) {
       ASSERT_EQ(texts[static_cast<std::size_t>(place)], textAt(list, place));
@@ -71,16 +71,16 @@ TEST(ArchiveOfManyTexts, EqualTextsThatLieTogetherAreWrittenOnceInAWhile) {
   const auto lists = OVList<OVObject>::list();
   for (int list = 0; list < kLists; ++list) {
     const OVString text = std::to_string(list / 100);
-    lists.push_back(Texts::list({std::string_view(text), "always", std::to_string(list)}));
+    lists.push_back(TextList::list({std::string_view(text), "always", std::to_string(list)}));
   }
-  const auto texts = textsIn(archiveOf(lists));
+  const auto texts = textsIn(blockOfLists(lists));
   EXPECT_LT(texts.at("always"), kLists / 1000);
   EXPECT_LE(texts.at("50"), 2);  // once for list 50, once for those from 5000 on
   EXPECT_EQ(texts.at("11999"), 1);
 }
 
 TEST(ArchiveOfManyTexts, MostEqualTextsAreFoundEvenWhereTheyLieApart) {
-  const auto texts = textsIn(archiveOf(manyTexts()));
+  const auto texts = textsIn(blockOfLists(manyTexts()));
   int again = 0;
   for (const auto& [text, times] : texts) again += times - 1;
   EXPECT_LT(again, kLists * 4 / 20);  // four texts of each list are met again and again
@@ -99,19 +99,19 @@ TEST(ArchiveOfManyTexts, ASharedTextIsWrittenOnceHoweverFarApart) {
     }
     lists.push_back(texts);
   }
-  const auto texts = textsIn(archiveOf(lists));
+  const auto texts = textsIn(blockOfLists(lists));
   EXPECT_EQ(texts.at("shared"), 1);
   EXPECT_EQ(texts.at("shared as an object"), 1);
 }
 
 TEST(ArchiveOfManyTexts, TheSameTextsGiveTheSameBytes) {
-  EXPECT_TRUE(archiveOf(manyTexts())->text() == archiveOf(manyTexts())->text());
+  EXPECT_TRUE(blockOfLists(manyTexts())->text() == blockOfLists(manyTexts())->text());
 }
 
 TEST(ArchiveOfManyTexts, ABlockThatIsReadAndWrittenAgainIsUnchanged) {
-  const auto data = archiveOf(manyTexts());
+  const auto data = blockOfLists(manyTexts());
   const auto read = ov::cast<OVList<OVObject>>(OVKeyedUnarchiver::unarchiveObjectWithData(data));
-  EXPECT_TRUE(archiveOf(read)->text() == data->text());
+  EXPECT_TRUE(blockOfLists(read)->text() == data->text());
 }
 
 }  // namespace

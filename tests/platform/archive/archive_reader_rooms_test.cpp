@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <OVAddressBookSDK/label.h>
+#include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/archive/foundation_forms.h"
@@ -16,7 +17,19 @@
 #include "platform/archive/reading_budget.h"
 #include "support/archive_builder.h"
 
-using namespace ov::detail;  // NOLINT(google-build-using-namespace)
+using ov::detail::ArchivedClass;
+using ov::detail::ArchiveFields;
+using ov::detail::ArchiveSlot;
+using ov::detail::FoundationForms;
+using ov::detail::ObjectArena;
+using ov::detail::PlainEntries;
+using ov::detail::PlistItem;
+using ov::detail::PlistReader;
+using ov::detail::ReadClasses;
+using ov::detail::ReadFields;
+using ov::detail::ReadingBudget;
+using ov::detail::ReadLeaves;
+using ov::detail::ReadObjects;
 using Kind = PlistItem::Kind;
 using Uid = ArchiveBuilder::Uid;
 
@@ -32,7 +45,7 @@ struct Rooms {
         leaves(plist, budget, arena),
         classes(plist, budget, objects, leaves, known),
         fields(plist, budget, objects, classes),
-        forms(plist, budget, objects, leaves, fields) {
+        forms(plist, budget, objects, leaves, fields, known) {
     objects.open(PlainEntries(plist, budget).required(head(), "$objects", Kind::array));
   }
   PlistItem head() { return plist.item(plist.top()); }

@@ -12,7 +12,13 @@
 #include "platform/archive/written_objects.h"
 #include "platform/archive/written_values.h"
 
-using namespace ov::detail;  // NOLINT(google-build-using-namespace)
+using ov::detail::KeySequence;
+using ov::detail::MetObjects;
+using ov::detail::PlistWriter;
+using ov::detail::WrittenClasses;
+using ov::detail::WrittenFields;
+using ov::detail::WrittenObjects;
+using ov::detail::WrittenValues;
 
 namespace {
 

@@ -118,6 +118,22 @@ TEST_F(FoundationForms, Dates) {
   EXPECT_EQ(timeless->timeIntervalSinceReferenceDate(), 0);
 }
 
+TEST_F(FoundationForms, WithoutClassesTextAndDataObjectsTellTheirs) {
+  const Uid string = archive_.object("NSMutableString", {{"NS.string", archive_.ascii("text")}});
+  const Uid data = archive_.object("NSMutableData", {{"NS.data", archive_.bytes("b")}});
+  const Uid keyed = archive_.dictionaryOf("NSDictionary", {string}, {data});
+  const auto block = archive_.archive(archive_.arrayOf("NSArray", {string, data, keyed}));
+  const auto list =
+      ov::cast<OVList<OVOpaqueObject>>(OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(block));
+  ASSERT_EQ(list.size(), 3U);
+  EXPECT_EQ(list[0]->className(), "NSMutableString");
+  EXPECT_EQ(list[0]->fields()[0].key, "NS.string");
+  EXPECT_EQ(list[1]->className(), "NSMutableData");
+  EXPECT_EQ(list[2]->className(), "NSDictionary");
+  const auto written = archiveOf(list);
+  EXPECT_THAT(archivedObjects(written), testing::Contains("{NS.string: \"text\", $class: #5}"));
+}
+
 TEST_F(FoundationForms, Numbers) {
   EXPECT_EQ(read<OVNumber>(archive_.add(archive_.integer(7, 8)))->integerValue(), 7);
   EXPECT_EQ(read<OVNumber>(archive_.add(archive_.shortReal(0.5F)))->doubleValue(), 0.5);
