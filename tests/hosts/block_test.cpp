@@ -253,6 +253,18 @@ TEST(ThroughABlock, AGroupKeepsAllItsLines) {
   EXPECT_EQ(throughBlock(*bookOf(once)), once);
 }
 
+TEST(ThroughABlock, AGroupKeepsItsOtherNames) {
+  const auto lines = linesAfterBlock("KIND:group\nFN:a\nN:c;d;;;\nFN:b");
+  EXPECT_THAT(lines, ElementsAre("UID:1", "KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
+}
+
+TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
+  EXPECT_THAT(linesAfterBlock("PHOTO;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO:data:application/octet-stream;base64,QUJDRA=="));
+  EXPECT_THAT(linesAfterBlock("PHOTO;X-A=b;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO;X-A=b:data:application/octet-stream;base64,QUJDRA=="));
+}
+
 TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {
   const std::string text = card("UID:g\nKIND:group\nFN:G\nMEMBER:h") +
                            card("UID:h\nKIND:group\nFN:H\nMEMBER;X-A=b:g\nMEMBER:h");
