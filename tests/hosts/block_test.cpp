@@ -263,6 +263,12 @@ TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
               Contains("PHOTO:data:application/octet-stream;base64,QUJDRA=="));
   EXPECT_THAT(linesAfterBlock("PHOTO;X-A=b;BASE64:QUJDRA==\n", "2.1"),
               Contains("PHOTO;X-A=b:data:application/octet-stream;base64,QUJDRA=="));
+  EXPECT_THAT(linesAfterBlock("PHOTO;JPEG;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO;TYPE=JPEG:data:image/jpeg;base64,QUJDRA=="));
+}
+
+TEST(ThroughABlock, ATypeWithoutAWordIsNothing) {
+  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("UID:1", "FN:a", "N:a;;;;"));
 }
 
 TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {
