@@ -268,7 +268,7 @@ TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
 }
 
 TEST(ThroughABlock, ATypeWithoutAWordIsNothing) {
-  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("UID:1", "FN:a", "N:a;;;;"));
+  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("FN:a", "N:a;;;;"));
 }
 
 TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {
