@@ -88,10 +88,9 @@ format: setup ## Format the sources
 
 bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 unless given
 	scripts/setup bench
-	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON -DOV_BUILD_TESTS=OFF \
-	  -DOV_BUILD_TOOLS=OFF -DOV_BUILD_VCARD=OFF -DOV_BUILD_EXAMPLES=OFF
+	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON
 	cmake --build build/bench -j $(BUILD_JOBS)
-	bench/run.py build/bench/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
+	bench/run.py build/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md
 
 consumers: setup ## Use the library as a subfolder with each compiler and standard, shared and static

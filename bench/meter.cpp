@@ -2,6 +2,8 @@
 
 #include <malloc.h>
 
+#include <algorithm>
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -26,5 +28,15 @@ std::size_t peakBytes() { return statusLine("VmHWM"); }
 void resetPeak() { std::ofstream("/proc/self/clear_refs") << 5; }
 
 void settle() { malloc_trim(0); }
+
+double processorSeconds() {
+  return static_cast<double>(std::clock()) / static_cast<double>(CLOCKS_PER_SEC);
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
 
 }  // namespace bench

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <vector>
@@ -14,29 +13,39 @@ void resetPeak();
 /// Gives freed memory back to the system, so that the numbers above mean something.
 void settle();
 
+/// Seconds of the processor that the process has taken so far.
+[[nodiscard]] double processorSeconds();
+
+/// Medians of all runs, and the memory of the first.
 struct Cost {
-  double seconds = 0;         // median
-  std::size_t extraPeak = 0;  // memory above what was held before the first run
+  double seconds = 0;
+  double processorSeconds = 0;
+  std::size_t extraPeak = 0;  // above what was held before
 };
+
+[[nodiscard]] double median(std::vector<double> values);
 
 /// Runs `operation` `runs` times; `forget` drops its result outside the timed part.
 template <class Operation, class Forget>
 Cost measure(int runs, Operation operation, Forget forget) {
   std::vector<double> seconds;
+  std::vector<double> processor;
   Cost cost;
   for (int run = 0; run < runs; ++run) {
     settle();
     const std::size_t before = residentBytes();
     resetPeak();
     const auto start = std::chrono::steady_clock::now();
+    const double processorStart = processorSeconds();
     operation();
+    processor.push_back(processorSeconds() - processorStart);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     seconds.push_back(taken.count());
     if (run == 0) cost.extraPeak = peakBytes() - before;
     forget();
   }
-  std::nth_element(seconds.begin(), seconds.begin() + runs / 2, seconds.end());
-  cost.seconds = seconds[static_cast<std::size_t>(runs) / 2];
+  cost.seconds = median(seconds);
+  cost.processorSeconds = median(processor);
   return cost;
 }
 

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Measures the library against its peers in one run.
 
-usage: run.py PROGRAMS OUT [--sizes 1000,10000,...] [--page docs/performance.md]
+usage: run.py BUILD OUT [--sizes 1000,10000,...] [--only-cards] [--page docs/performance.md]
 
-PROGRAMS is the folder of the built programs. OUT gets results.json; the tables between the markers
-of the page are replaced, and performance.svg is drawn beside it (into OUT without a page). Every point is a process of its own, and every program
-is run on one core.
+BUILD is a build folder with the benchmarks. OUT gets results.json; the tables between the markers of
+the page are replaced, and performance.svg is drawn beside it (into OUT without a page). Every point
+is a process of its own, and every program is run on one core.
 """
 
 import argparse
@@ -20,19 +20,13 @@ import sys
 import tempfile
 import time
 
+from cards import card_points, card_table
+from processes import measured, pinned
+
 RUNS = {1000: 9, 10000: 7, 100000: 5, 1000000: 3}
 PLISTLIB_LIMIT = 100000
 VCARD_LIMIT = 10000
-
-
-def pinned(command):
-    return ["taskset", "-c", "0", *map(str, command)] if shutil.which("taskset") else command
-
-
-def measured(command):
-    """The last line of the program's output as JSON."""
-    done = subprocess.run(pinned(command), capture_output=True, text=True, check=True)
-    return json.loads(done.stdout.splitlines()[-1])
+CARDS = (10000, 100000)
 
 
 def graph_points(programs, size):
@@ -58,7 +52,7 @@ def plist_points(programs, size, folder, missing):
            "restore_seconds": statistics.median(seconds)}
 
 
-def card_points(programs, size, missing):
+def vcard_points(programs, size, missing):
     for program, name in (("measure_ebook", "libebook-contacts (vCard)"),
                           ("measure_kcontacts", "KContacts (vCard)")):
         if (programs / program).exists():
@@ -76,7 +70,7 @@ def all_points(programs, sizes):
             if size <= PLISTLIB_LIMIT:
                 points += plist_points(programs, size, folder, missing)
             if size <= VCARD_LIMIT:
-                points += card_points(programs, size, missing)
+                points += vcard_points(programs, size, missing)
             print(f"measured {size} persons", file=sys.stderr)
     return points, sorted(missing)
 
@@ -155,34 +149,51 @@ def draw(points, out):
     return ""
 
 
-def write_page(page, text):
-    begin, end = "<!-- measured: begin -->", "<!-- measured: end -->"
+def write_page(page, texts):
+    """Replaces what stands between the markers of each name."""
     content = page.read_text()
-    head, rest = content.split(begin)
-    page.write_text(head + begin + "\n" + text + "\n" + end + rest.split(end)[1])
+    for name, text in texts.items():
+        begin, end = f"<!-- {name}: begin -->", f"<!-- {name}: end -->"
+        head, rest = content.split(begin)
+        content = head + begin + "\n" + text + "\n" + end + rest.split(end)[1]
+    page.write_text(content)
+
+
+def measure_books(options, results):
+    programs = options.build / "bench"
+    points, missing = all_points(programs, [int(n) for n in options.sizes.split(",")])
+    operations = measured([programs / "measure_operations", 10000, 10000])
+    results |= {"points": points, "operations": operations, "missing": missing}
+    note = draw(points, options.page.parent if options.page else options.out)
+    if note:
+        print(note, file=sys.stderr)
+    return "\n\n".join([machine() + ".", table(points, missing), operations_table(operations)])
+
+
+def measure_cards(options, results):
+    points, missing = card_points(options.build, CARDS)
+    results |= {"cards": points, "missing with cards": missing}
+    return "\n\n".join([machine() + ".", card_table(points, missing)])
 
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("programs", type=pathlib.Path)
+    parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("out", type=pathlib.Path)
     parser.add_argument("--sizes", default="1000,10000,100000")
+    parser.add_argument("--only-cards", action="store_true")
     parser.add_argument("--page", type=pathlib.Path)
     options = parser.parse_args()
     options.out.mkdir(parents=True, exist_ok=True)
 
-    points, missing = all_points(options.programs, [int(n) for n in options.sizes.split(",")])
-    operations = measured([options.programs / "measure_operations", 10000, 10000])
-    text = "\n\n".join([machine() + ".", table(points, missing), operations_table(operations)])
-    print(text)
-    (options.out / "results.json").write_text(
-        json.dumps({"machine": machine(), "points": points, "operations": operations,
-                    "missing": missing}, indent=1) + "\n")
-    note = draw(points, options.page.parent if options.page else options.out)
-    if note:
-        print(note, file=sys.stderr)
+    results, texts = {"machine": machine()}, {}
+    if not options.only_cards:
+        texts["measured"] = measure_books(options, results)
+    texts["measured with cards"] = measure_cards(options, results)
+    print("\n\n".join(texts.values()))
+    (options.out / "results.json").write_text(json.dumps(results, indent=1) + "\n")
     if options.page:
-        write_page(options.page, text)
+        write_page(options.page, texts)
 
 
 if __name__ == "__main__":

@@ -6,11 +6,11 @@
 
 namespace bench {
 
-/// Another contacts library. One of these stands in each program that measures one.
+/// A library that reads cards. One of these stands in each program that measures one.
 [[nodiscard]] const char* peerName();
-/// The sample persons as vCards, made through the library's own objects.
+/// The sample persons as vCards, made through the objects of another library.
 [[nodiscard]] std::string writeCards(std::uint32_t persons);
-/// Reads the cards into the library's objects, which it holds; returns how many.
+/// Reads the cards into the library's objects, which it holds, if it has any; returns how many.
 [[nodiscard]] std::size_t readCards(const std::string& cards);
 void forgetCards();
 

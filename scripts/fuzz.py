@@ -22,6 +22,7 @@ FUZZERS = {
     "unarchiver": ("unarchiver",),
     "differential": ("plist", "unarchiver"),
     "card": ("card",),
+    "card_book": ("card",),
 }
 LARGEST_FOUND = 1000  # bytes of a file that goes into the tree
 
@@ -49,7 +50,7 @@ def fuzz(build, name, seconds):
         "-rss_limit_mb=2048",
         "-max_len=8192",
         "-print_final_stats=1",
-        f"-dict={FUZZ / ('card.dict' if name == 'card' else 'archive.dict')}",
+        f"-dict={FUZZ / ('card.dict' if name.startswith('card') else 'archive.dict')}",
         f"-artifact_prefix={folder(build, 'findings')}/{name}-",
         folder(build, "corpus", name),
         *seeds(name),
@@ -100,7 +101,7 @@ def main():
     options = parser.parse_args()
     build = options.build.resolve()
     if options.merge:
-        for name in ("plist", "unarchiver", "card"):
+        for name in ("plist", "unarchiver", "card", "card_book"):
             merge(build, name)
         return 0
     return 0 if all([fuzz(build, name, options.seconds) for name in FUZZERS]) else 1

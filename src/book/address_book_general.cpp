@@ -87,6 +87,7 @@ OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
   for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     general->setValueByProperty(person->valueByProperty(property), property);
   }
+  general->entries_.shrink_to_fit();
   if (const auto source = ov::cast<OVPersonGeneral>(person)) general->takeWhatReadsAsNull(*source);
   return general;
 }

@@ -44,7 +44,7 @@ OVRef<OVInstantMessageServer> make(OVString name, OVString displayName) {
   return ov::detail::Maker::make<OVInstantMessageServer>(std::move(name), std::move(displayName));
 }
 
-Services build() {
+Services buildServices() {
   Services services;
   for (const Row& row : kRows) {
     const auto server = make(OVString(*row.name), OVString(*row.displayName));
@@ -70,15 +70,15 @@ OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithStoredName(
 }
 
 OVList<const OVInstantMessageServer> OVInstantMessageServer::supportServer() {
-  return servicesOnce.get(build).list;
+  return servicesOnce.get(buildServices).list;
 }
 
 OVDictionary<const OVInstantMessageServer> OVInstantMessageServer::StandardServerDictionary() {
-  return servicesOnce.get(build).byName;
+  return servicesOnce.get(buildServices).byName;
 }
 
 OVRef<OVInstantMessageServer> OVInstantMessageServer::serverWithName(const OVStringView& name) {
-  if (auto server = servicesOnce.get(build).byName[name]) return server;
+  if (auto server = servicesOnce.get(buildServices).byName[name]) return server;
   const OVString unknown(name);
   return make(unknown, unknown);
 }

@@ -18,7 +18,7 @@ struct Catalogue {
 
 ov::detail::BuiltOnce<Catalogue> catalogue;
 
-Catalogue build() {
+Catalogue buildCatalogue() {
   Catalogue made;
   for (const ov::detail::StandardProperty& row : ov::detail::standardProperties()) {
     const auto property = ov::detail::Maker::make<OVProperty>(
@@ -39,15 +39,18 @@ OVProperty::OVProperty(OVString name, OVString displayName, OVValueType valueTyp
       valueType_(valueType),
       subValueType_(subValueType) {}
 
-OVList<const OVProperty> OVProperty::StandardPropertyArray() { return catalogue.get(build).list; }
+OVList<const OVProperty> OVProperty::StandardPropertyArray() {
+  return catalogue.get(buildCatalogue).list;
+}
 
 OVDictionary<const OVProperty> OVProperty::StandardPropertyDictionary() {
-  return catalogue.get(build).dictionary;
+  return catalogue.get(buildCatalogue).dictionary;
 }
 
 OVRef<OVProperty> OVProperty::propertyWithName(const OVStringView& name) {
   const std::size_t row = ov::detail::standardPropertyNamed(name.view());
-  return row == ov::detail::kStandardPropertyCount ? nullptr : catalogue.get(build).list[row];
+  return row == ov::detail::kStandardPropertyCount ? nullptr
+                                                   : catalogue.get(buildCatalogue).list[row];
 }
 
 void OVProperty::testAddress() { OVLog::sharedLog()->log("aa"); }

@@ -67,6 +67,16 @@ TEST_P(ThroughABlock, LinesComeBackAsTheyStood) {
   EXPECT_EQ(linesAfterBlock(lines), expected);
 }
 
+TEST_P(ThroughABlock, AFileBookKeepsTheLinesToo) {
+  std::string lines = GetParam();
+  lines += "\n";
+  const auto book = bookOf(card("UID:1\n" + lines));
+  onlyPerson(*book)->addTag("t");
+  EXPECT_EQ(book->saveData()->text(), card("UID:1\n" + lines + "CATEGORIES:t"));
+  onlyPerson(*book)->removeTag("t");
+  EXPECT_EQ(book->saveData()->text(), card("UID:1\n" + lines));
+}
+
 constexpr const char* kLines[] = {
     // What belongs to one of several values.
     "ADR;LABEL=\"a^nb\";GEO=g;TYPE=home:;;x;;;;\nADR;PID=1;ALTID=2;CC=FR;X-A=b:;;y;;;;France",
@@ -86,6 +96,7 @@ constexpr const char* kLines[] = {
     "FN:c a b\nN:a,b;c;;;",
     "KIND:org\nX-ABSHOWAS:COMPANY\nORG:Acme",
     "FN:A B\nN:B;A;;;\nFN:C\nFN:C\nX-A:1",
+    "FN:A B\nN:B;A;;;\nFN:A B\nFN:C\nFN:B",
     // Values.
     "NICKNAME:a\\,b,c",
     "ORG:A;R\\;D",
@@ -96,6 +107,8 @@ constexpr const char* kLines[] = {
     "BDAY:0000-01-01",
     "BDAY:99991231T235960",
     "PHOTO;MEDIATYPE=image/heic:data:image/heic;base64,AAAA",
+    "PHOTO:data:image/avif;base64,AAAAHGZ0eXBhdmlmAAAA",
+    "PHOTO:data:image/webp;base64,UklGRgAAAABXRUJQVlA4",
     "PHOTO;X-CROP=\"1,2\":data:image/png;base64,iVBORw0K",
     "PHOTO:data:image/png;base64,iVBORw0K\nPHOTO:data:image/png;base64,iVBORw0KGg==",
     // Accounts.
@@ -103,6 +116,8 @@ constexpr const char* kLines[] = {
     "IMPP:sip:a@b;transport=tcp",
     "IMPP:aim:goim?screenname=J",
     "IMPP;X-SERVICE-TYPE=Skype;TYPE=home:skype:me",
+    "IMPP;X-SERVICE-TYPE=JABBER;TYPE=work:xmpp:a@b",
+    "IMPP;SERVICE-TYPE=Skype:me",
     // Other properties.
     "X-MESSAGING/XMPP-ALL:me",
     "X-SHOE-SIZE;TYPE=eu:44\nX-LIST:a,b\\,c\nREV:20200101T000000Z",
@@ -142,6 +157,48 @@ TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
   EXPECT_THAT(
       linesAfterBlock("TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=46=6F):1", "2.1"),
       ElementsAre("TEL;X-CUSTOM=Fo:1"));
+}
+
+TEST(ThroughABlock, LinesThatLookEncodedSwallowNoOther) {
+  const char* lines = "TEL;TYPE=QUOTED-PRINTABLE;ENCODING=QUOTED-PRINTABLE:1=3D\nTEL:2";
+  for (const char* version : {"2.1", "3.0", "4.0"}) {
+    EXPECT_THAT(linesAfterBlock(lines, version),
+                ElementsAre(testing::EndsWith(":1="), testing::EndsWith("TEL:2")))
+        << version;
+  }
+}
+
+TEST(ThroughABlock, ParametersMayEndInEqualsSigns) {
+  EXPECT_THAT(linesAfterBlock("EMAIL;X-A=b=;X-C=d==:e@f", "3.0"),
+              ElementsAre("EMAIL;X-A=\"b=\";X-C=\"d==\":e@f"));
+}
+
+TEST(ThroughABlock, TextInOtherCharacterSetsComesBackInUTF8) {
+  for (const char* version : {"2.1", "3.0", "4.0"}) {
+    EXPECT_THAT(linesAfterBlock("FN:\xE4\x80\nNOTE:\xDF", version),
+                ElementsAre("FN:\u00E4\u20AC", "NOTE:\u00DF"))
+        << version;
+  }
+  EXPECT_THAT(problems(*bookOf(card("FN:x\nNOTE:\xDF", "4.0"))),
+              ElementsAre("4: bytes that are no UTF-8 text were read as Windows-1252"));
+}
+
+TEST(ThroughABlock, LinesMayEndInAnExtraReturn) {
+  const auto book =
+      bookOf("BEGIN:VCARD\r\r\nVERSION:3.0\r\r\nUID:1\r\r\nFN:A\r\r\n B\r\r\nEND:VCARD\r\r\n");
+  EXPECT_THAT(problems(*book), IsEmpty());
+  EXPECT_THAT(linesIn(throughBlock(*book)), ElementsAre("UID:1", "FN:AB"));
+}
+
+TEST(ThroughABlock, ALoneSurrogateCostsOneCharacter) {
+  std::string text = "\xFF\xFE";
+  for (const char c : card("UID:1\nFN:A?\nNOTE:b")) {
+    text += c == '?' ? '\x01' : c;
+    text += c == '?' ? '\xD8' : '\0';
+  }
+  const auto book = bookOf(text);
+  EXPECT_EQ(problems(*book).size(), 1U);
+  EXPECT_THAT(linesIn(throughBlock(*book)), ElementsAre("UID:1", "FN:A\uFFFD", "NOTE:b"));
 }
 
 TEST(ThroughABlock, ALabelOfTheUsersOwnReadsWell) {
@@ -193,6 +250,34 @@ TEST(ThroughABlock, AGroupKeepsAllItsLines) {
   lines.erase(lines.begin(), lines.begin() + 6);  // the persons come first
   std::vector<std::string> expected = linesIn(card(kGroupWithLines));
   EXPECT_EQ(lines, expected);
+  EXPECT_EQ(throughBlock(*bookOf(once)), once);
+}
+
+TEST(ThroughABlock, AGroupKeepsItsOtherNames) {
+  const auto lines = linesAfterBlock("KIND:group\nFN:a\nN:c;d;;;\nFN:b");
+  EXPECT_THAT(lines, ElementsAre("KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
+}
+
+TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
+  EXPECT_THAT(linesAfterBlock("PHOTO;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO:data:application/octet-stream;base64,QUJDRA=="));
+  EXPECT_THAT(linesAfterBlock("PHOTO;X-A=b;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO;X-A=b:data:application/octet-stream;base64,QUJDRA=="));
+  EXPECT_THAT(linesAfterBlock("PHOTO;JPEG;BASE64:QUJDRA==\n", "2.1"),
+              Contains("PHOTO;TYPE=JPEG:data:image/jpeg;base64,QUJDRA=="));
+}
+
+TEST(ThroughABlock, ATypeWithoutAWordIsNothing) {
+  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("FN:a", "N:a;;;;"));
+}
+
+TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {
+  const std::string text = card("UID:g\nKIND:group\nFN:G\nMEMBER:h") +
+                           card("UID:h\nKIND:group\nFN:H\nMEMBER;X-A=b:g\nMEMBER:h");
+  const auto book = bookOf(text);
+  EXPECT_EQ(book->saveData()->text(), text);
+  const std::string once = throughBlock(*book);
+  EXPECT_EQ(linesIn(once), linesIn(text));
   EXPECT_EQ(throughBlock(*bookOf(once)), once);
 }
 

@@ -2,6 +2,7 @@
 // bytes of memory, which grow with it.
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 
 #include "hosts/cards.h"
 #include "hosts/snapshot.h"
+#include "mapping/keyed_hash.h"
 
 namespace {
 
@@ -74,6 +76,14 @@ TEST(Costs, OfProblemsAreThoseOfTheFirst) {
   const std::vector<std::string> found = problems(*book);
   EXPECT_LE(found.size(), 200U);
   EXPECT_THAT(found.back(), testing::HasSubstr("times)"));
+}
+
+TEST(Costs, OfTextsChosenToCollideAreThoseOfOthers) {
+  const std::string_view chosen[] = {"iw7c95gtabcdefgh", "e7h5kh3z!&#HuQ8S", "32v1u0zddH]?l*?y",
+                                     "etw3j5gg}*_C~cMN"};
+  std::set<std::size_t> hashes;
+  for (const std::string_view text : chosen) hashes.insert(ov::card::KeyedHash()(text));
+  EXPECT_EQ(hashes.size(), std::size(chosen));
 }
 
 TEST(Costs, OfOddLinesAreThoseOfEachLine) {

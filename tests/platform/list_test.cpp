@@ -235,7 +235,8 @@ TEST(List, ChangingWhileOrderingIsRaised) {
 TEST(List, OrderingWhileWalkingIsRaised) {
   const auto list = Texts::list({"b", "a"});
   const auto walk = [&list] {
-    for (const auto& text : list) list.sort([](const auto& a, const auto& b) { return a < b; });
+    for ([[maybe_unused]] const auto& text : list)
+      list.sort([](const auto& a, const auto& b) { return a < b; });
   };
   EXPECT_THROW(walk(), std::logic_error);
 }

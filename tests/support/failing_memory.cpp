@@ -1,5 +1,8 @@
 #include "support/failing_memory.h"
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 
@@ -14,6 +17,8 @@ void __real_free(void* block);                             // NOLINT(bugprone-re
 namespace {
 
 std::atomic<long> blocks = 0;
+std::atomic<std::size_t> bytes = 0;
+std::atomic<std::size_t> mostBytes = 0;
 
 struct Plan {
   bool isOn = false;
@@ -24,12 +29,18 @@ struct Plan {
 thread_local Plan plan;
 
 void* counted(void* block) {
-  if (block != nullptr) ++blocks;
+  if (block == nullptr) return block;
+  ++blocks;
+  bytes += malloc_usable_size(block);
+  mostBytes = std::max<std::size_t>(mostBytes, bytes);
   return block;
 }
 
 void release(void* block) {
-  if (block != nullptr) --blocks;
+  if (block != nullptr) {
+    --blocks;
+    bytes -= malloc_usable_size(block);
+  }
   __real_free(block);
 }
 
@@ -67,6 +78,9 @@ bool MemoryShortage::strikes() {
 }
 
 long blocksInUse() { return blocks; }
+std::size_t bytesInUse() { return bytes; }
+std::size_t mostBytesInUse() { return mostBytes; }
+void forgetMostBytes() { mostBytes = bytes.load(); }
 
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new(std::size_t size, std::align_val_t alignment) {
@@ -93,8 +107,14 @@ void* __wrap_calloc(std::size_t count, std::size_t size) {
 }
 void* __wrap_realloc(void* block, std::size_t size) {
   if (MemoryShortage::strikes()) return nullptr;
+  const std::size_t before = block == nullptr ? 0 : malloc_usable_size(block);
   void* grown = __real_realloc(block, size);
-  return block == nullptr ? counted(grown) : grown;
+  if (grown == nullptr) return nullptr;
+  if (block != nullptr) {
+    --blocks;
+    bytes -= before;
+  }
+  return counted(grown);
 }
 void __wrap_free(void* block) { release(block); }
 // NOLINTEND(bugprone-reserved-identifier)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <new>
 
 #include <gtest/gtest.h>
@@ -28,6 +29,20 @@ class MemoryShortage {
 
 /// Blocks of memory that have been allocated and not freed.
 [[nodiscard]] long blocksInUse();
+
+/// Bytes in these blocks, and the most that there were since `forgetMostBytes`.
+[[nodiscard]] std::size_t bytesInUse();
+[[nodiscard]] std::size_t mostBytesInUse();
+void forgetMostBytes();
+
+/// The most bytes that the operation holds at a time.
+template <class Operation>
+std::size_t mostBytesOf(Operation operation) {
+  const std::size_t before = bytesInUse();
+  forgetMostBytes();
+  operation();
+  return mostBytesInUse() - before;
+}
 
 /// Calls `operation` with its first allocation failing, then with its second, and so on until it
 /// gets all that it asks for; then does the same with all memory gone from there on.

@@ -36,7 +36,7 @@ CardReader::CardReader(std::string_view text, Problems& problems)
 
 const Card* CardReader::next() {
   card_.reset();
-  encoded_.clear();
+  charsetNames_.clear();
   context_.arena.release();
   if (!findBegin()) return nullptr;
   readCard();
@@ -55,7 +55,7 @@ bool CardReader::findBegin() {
 }
 
 void CardReader::readCard() {
-  Card& card = card_.emplace(context_.arena.resource());
+  Card& card = card_.emplace(&context_.arena);
   const TextLine& begin = cursor_.line();
   card.number = begin.number;
   card.lineEnd = begin.end.empty() ? "\r\n" : begin.end;
@@ -63,11 +63,16 @@ void CardReader::readCard() {
   cursor_.advance();
 
   open_ = 1;
+  hasEncoded_ = false;
   isSpelledAnew_ = false;
   readLines();
   endCard();
   card.source = between(start, text_.data() + cursor_.offset());
-  for (Encoded& encoded : encoded_) decode(encoded);
+  if (hasEncoded_) {
+    for (Line& line : card.lines) {
+      if (line.isEncoded_) decode(line);
+    }
+  }
   if (isSpelledAnew_) spellAnew();
 
   rest_.clear();
@@ -91,11 +96,7 @@ void CardReader::readLines() {
     const bool isPlain = isUTF8(line.source());
     open_ += line.openCards_;
     if (isProperty && line.name() != "VERSION") {
-      const bool hasNUL = hasNUL_ && line.source().find('\0') != std::string_view::npos;
-      const bool isEncoded = line.encoding_ == Encoding::QuotedPrintable ||
-                             !(notes.charset.empty() || isUTF8Name(notes.charset));
-      if (isEncoded || !isPlain || hasNUL)
-        encoded_.push_back({&line, notes.charset, notes.hasPlainHeader});
+      markEncoded(line, notes, isPlain);
       continue;
     }
     if (isProperty && !isVersionKnown) {
@@ -116,25 +117,42 @@ void CardReader::endCard() {
   }
 }
 
-void CardReader::decode(Encoded& encoded) {
-  Line& line = *encoded.line;
+void CardReader::markEncoded(Line& line, const LineReader::Notes& notes, bool isUTF8) {
+  const bool hasNUL = hasNUL_ && line.source().find('\0') != std::string_view::npos;
+  const bool hasCharset = !notes.charset.empty() && !isUTF8Name(notes.charset);
+  if (line.encoding_ != Encoding::QuotedPrintable && !hasCharset && isUTF8 && !hasNUL) return;
+  line.isEncoded_ = hasEncoded_ = true;
+  line.hasPlainHeader_ = notes.hasPlainHeader;
+  if (notes.charset.empty()) return;
+  charsetNames_.push_back(notes.charset);
+  line.charset_ = static_cast<std::uint32_t>(charsetNames_.size());
+}
+
+void CardReader::decode(Line& line) {
   if (!line.isBase64()) {
+    const std::string_view charset = line.charset_ == 0 ? "" : charsetNames_[line.charset_ - 1];
     std::string bytes = line.holdsCard_ ? line.nestedCard() : line.bytes();
     if (bytes.find('\0') != std::string::npos) {
       problems_.warning(line.number_, "NUL characters were replaced");
     }
-    const std::string text = inUTF8(std::move(bytes), encoded.charset, line.number_);
+    const std::string text = inUTF8(std::move(bytes), charset, line.number_);
     line.decoded().plain = context_.arena.copy(text);
   }
   if (isUTF8(line.source_)) return;
-  const std::size_t blanks = context_.version == Version::V2_1 ? 0 : 1;
-  encoded.hasPlainValue = isUTF8(line.raw_) || isUTF8(unfolded(line.raw_, blanks));
-  // Otherwise a fold cuts a character in two.
-  encoded.isSpelledAnew = !encoded.hasPlainHeader || !encoded.hasPlainValue;
-  isSpelledAnew_ = isSpelledAnew_ || encoded.isSpelledAnew;
-  if (encoded.isSpelledAnew && encoded.hasPlainValue && context_.version != Version::V2_1) {
+  const bool hasPlainValue = holdsUTF8(line);
+  // Else a fold cuts a character in two.
+  line.isSpelledAnew_ = !line.hasPlainHeader_ || !hasPlainValue;
+  isSpelledAnew_ = isSpelledAnew_ || line.isSpelledAnew_;
+  if (!hasPlainValue) open_ -= line.openCards_;  // its new spelling ends them
+  if (line.isSpelledAnew_ && hasPlainValue && context_.version != Version::V2_1) {
     problems_.warning(line.number_, kGuessed);
   }
+}
+
+/// Whether the value is in UTF-8, folded or not.
+bool CardReader::holdsUTF8(const Line& line) const {
+  const std::size_t blanks = context_.version == Version::V2_1 ? 0 : 1;
+  return isUTF8(line.raw_) || isUTF8(unfolded(line.raw_, blanks));
 }
 
 std::string CardReader::inUTF8(std::string bytes, std::string_view charset, std::size_t line) {
@@ -156,47 +174,42 @@ std::string CardReader::inUTF8(std::string bytes, std::string_view charset, std:
   return guessedUTF8(bytes);
 }
 
-/// Makes a source in UTF-8 of what stands in the text.
+/// Makes a source in UTF-8 of what stands in the text, in exactly as much memory as it takes.
 void CardReader::spellAnew() {
   Card& card = *card_;
-  source_.clear();
-  std::vector<std::size_t> places;  // where each line begins and ends
-  auto encoded = encoded_.begin();
-  const char* at = card.source.data();
-  for (Line& line : card.lines) {
-    source_ += guessedUTF8(between(at, line.source_.data()));
-    at = endOf(line.source_);
-    places.push_back(source_.size());
-    const bool isEncoded = encoded != encoded_.end() && encoded->line == &line;
-    if (isEncoded && encoded->isSpelledAnew) {
-      spellAnew(*encoded);
-    } else {
-      source_ += line.source_;
+  const auto eachPiece = [&](const auto& use) {
+    const char* at = card.source.data();
+    for (Line& line : card.lines) {
+      const std::string_view source = line.source_;
+      use(guessedUTF8(between(at, source.data())), nullptr);
+      use(line.isSpelledAnew_ ? spelledAnew(line) : std::string(source), &line);
+      at = endOf(source);
     }
-    if (isEncoded) ++encoded;
-    places.push_back(source_.size());
-  }
-  source_ += guessedUTF8(between(at, endOf(card.source)));
-
+    use(guessedUTF8(between(at, endOf(card.source))), nullptr);
+  };
+  std::size_t size = 0;
+  eachPiece([&](const std::string& piece, const Line* /*line*/) { size += piece.size(); });
+  source_.clear();
+  source_.reserve(size);
+  eachPiece([&](const std::string& piece, Line* line) {
+    const char* const place = source_.data() + source_.size();
+    source_ += piece;
+    if (line != nullptr) line->source_ = {place, piece.size()};
+  });
   card.source = source_;
   card.isSpelledAnew = true;
-  auto place = places.begin();
-  for (Line& line : card.lines) {
-    line.source_ = between(source_.data() + place[0], source_.data() + place[1]);
-    place += 2;
-  }
 }
 
-void CardReader::spellAnew(const Encoded& encoded) {
-  const Line& line = *encoded.line;
-  if (!encoded.hasPlainValue) {
-    LineWriter(source_, context_.version, card_->lineEnd).lineLike(line, line.value());
-    open_ -= line.openCards_;  // the value ends them
-    return;
+std::string CardReader::spelledAnew(const Line& line) const {
+  std::string source;
+  if (!holdsUTF8(line)) {
+    LineWriter(source, context_.version, card_->lineEnd).lineLike(line, line.value());
+    return source;
   }
-  if (!line.group_.empty()) source_.append(line.group_).append(".");
-  source_.append(line.name_).append(line.parametersAsTheyStand_).append(":");
-  source_ += between(line.raw_.data(), endOf(line.source_));
+  if (!line.group_.empty()) source.append(line.group_).append(".");
+  source.append(line.name_).append(line.parametersAsTheyStand_).append(":");
+  source += between(line.raw_.data(), endOf(line.source_));
+  return source;
 }
 
 }  // namespace ov::card

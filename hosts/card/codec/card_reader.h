@@ -34,23 +34,17 @@ class CardReader {
   [[nodiscard]] std::size_t offset() const { return cursor_.offset(); }
 
  private:
-  /// A line that is not just ASCII or UTF-8.
-  struct Encoded {
-    Line* line;
-    std::string_view charset;
-    bool hasPlainHeader;
-    bool hasPlainValue = true;
-    bool isSpelledAnew = false;
-  };
-
   bool findBegin();
   void readCard();
   void readLines();
   void endCard();
-  void decode(Encoded& encoded);
+  /// Marks a line that is not just ASCII or UTF-8 unfolded and decoded.
+  void markEncoded(Line& line, const LineReader::Notes& notes, bool isUTF8);
+  void decode(Line& line);
+  [[nodiscard]] bool holdsUTF8(const Line& line) const;
   [[nodiscard]] std::string inUTF8(std::string bytes, std::string_view charset, std::size_t line);
-  void spellAnew(const Encoded& encoded);
   void spellAnew();
+  [[nodiscard]] std::string spelledAnew(const Line& line) const;
 
   std::string_view text_;
   bool hasNUL_;
@@ -61,7 +55,8 @@ class CardReader {
   Charsets charsets_;
   std::optional<Card> card_;
   std::size_t open_ = 0;  // cards that have begun and not ended
-  std::vector<Encoded> encoded_;
+  bool hasEncoded_ = false;
+  std::vector<std::string_view> charsetNames_;  // that lines of the card name, one for each line
   bool isSpelledAnew_ = false;
   std::string source_;  // of a card that is spelled anew
   std::string rest_;

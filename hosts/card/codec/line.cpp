@@ -91,37 +91,37 @@ int Line::preference() const {
 
 std::string_view Line::value() const {
   if (hasPlainValue_) return plain();
-  if (decoded_ != nullptr && decoded_->value) return *decoded_->value;
+  if (decoded_ != nullptr && decoded_->value.data() != nullptr) return decoded_->value;
   if (isBase64()) {
     hasPlainValue_ = std::all_of(raw_.begin(), raw_.end(), isBase64Digit);
     if (hasPlainValue_) return raw_;
-    return decoded().value.emplace(context_->arena.copy(withoutBlanks(raw_)));
+    return decoded().value = context_->arena.copy(withoutBlanks(raw_));
   }
   const std::string_view text = plain();
-  if (holdsCard_) return decoded().value.emplace(context_->arena.copy(escapeText(text)));
+  if (holdsCard_) return decoded().value = context_->arena.copy(escapeText(text));
   const bool isOld = context_->version == Version::V2_1;
   hasPlainValue_ = std::none_of(text.begin(), text.end(), [&](char c) {
     return c == '\\' || c == '\r' || c == '\n' || c == '\0' || (isOld && c == ',');
   });
   if (hasPlainValue_) return text;
-  return decoded().value.emplace(context_->arena.copy(
-      canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES")));
+  return decoded().value = context_->arena.copy(
+             canonicalValue(text, isOld ? Escaping::Old : Escaping::New, name_ == "CATEGORIES"));
 }
 
 std::string_view Line::text() const {
   if (hasPlainText_) return value();
-  if (decoded_ != nullptr && decoded_->text) return *decoded_->text;
+  if (decoded_ != nullptr && decoded_->text.data() != nullptr) return decoded_->text;
   const std::string_view escaped = value();
   hasPlainText_ = escaped.find('\\') == std::string_view::npos;
   if (hasPlainText_) return escaped;
-  return decoded().text.emplace(context_->arena.copy(unescape(escaped)));
+  return decoded().text = context_->arena.copy(unescape(escaped));
 }
 
 std::optional<Binary> Line::binary() const {
   if (isBase64()) return Binary{decodeBase64(raw_), {}};
   // Photos are large: nothing of the digits is copied before it is decoded.
-  const bool isDecoded = decoded_ != nullptr && decoded_->plain;
-  const std::string_view whole = isDecoded ? *decoded_->plain : raw_;
+  const bool isDecoded = decoded_ != nullptr && decoded_->plain.data() != nullptr;
+  const std::string_view whole = isDecoded ? decoded_->plain : raw_;
   const std::size_t comma = whole.find(',');
   if (comma == std::string_view::npos) return std::nullopt;
   DataURI uri(unescape(unfolded(whole.substr(0, comma + 1), 1)));
@@ -134,17 +134,16 @@ std::optional<Binary> Line::binary() const {
 
 Line::Decoded& Line::decoded() const {
   if (decoded_ == nullptr) {
-    decoded_ =
-        new (context_->arena.resource()->allocate(sizeof(Decoded), alignof(Decoded))) Decoded;
+    decoded_ = new (context_->arena.allocate(sizeof(Decoded), alignof(Decoded))) Decoded;
   }
   return *decoded_;
 }
 
 std::string_view Line::plain() const {
-  if (decoded_ != nullptr && decoded_->plain) return *decoded_->plain;
-  if (holdsCard_) return decoded().plain.emplace(context_->arena.copy(nestedCard()));
+  if (decoded_ != nullptr && decoded_->plain.data() != nullptr) return decoded_->plain;
+  if (holdsCard_) return decoded().plain = context_->arena.copy(nestedCard());
   if (!isFolded_) return raw_;
-  return decoded().plain.emplace(context_->arena.copy(bytes()));
+  return decoded().plain = context_->arena.copy(bytes());
 }
 
 std::string Line::bytes() const {

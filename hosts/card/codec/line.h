@@ -76,10 +76,11 @@ class Line {
   friend class CardReader;
   friend class LineReader;
 
+  /// Null views have not been decoded.
   struct Decoded {
-    std::optional<std::string_view> plain;  // in UTF-8, unfolded, its escapes as they stand
-    std::optional<std::string_view> value;
-    std::optional<std::string_view> text;
+    std::string_view plain;  // in UTF-8, unfolded, its escapes as they stand
+    std::string_view value;
+    std::string_view text;
   };
 
   [[nodiscard]] Decoded& decoded() const;
@@ -103,7 +104,11 @@ class Line {
   Encoding encoding_ = Encoding::None;
   bool isFolded_ = false;
   bool holdsCard_ = false;
+  bool isEncoded_ = false;  // more than ASCII or UTF-8 as it stands
+  bool hasPlainHeader_ = true;
+  bool isSpelledAnew_ = false;
   std::uint32_t openCards_ = 0;  // inside this line
+  std::uint32_t charset_ = 0;  // its place among the character sets of the card, from 1; 0 for none
 };
 
 }  // namespace ov::card

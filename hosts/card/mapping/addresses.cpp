@@ -39,13 +39,14 @@ std::vector<std::string> partsOf(std::string_view value) {
   return parts;
 }
 
-OVRef<OVObjectAddress> addressOf(const std::vector<std::string>& parts) {
+OVRef<OVObjectAddress> addressOf(const std::vector<std::string>& parts,
+                                 const PersonReading& reading) {
   OVRef<OVObjectAddress> address = OVObjectAddress::init();
   std::string street;
   for (std::size_t i = 0; i < std::min(parts.size(), kFields.size()); ++i) {
     if (parts[i].empty()) continue;
     if (i > kStreet) {
-      address->setStringValueForFieldName(parts[i], *kFields[i]);
+      address->setStringValueForFieldName(reading.shared(parts[i]), *kFields[i]);
     } else {
       street.append(street.empty() ? "" : "\n").append(parts[i]);
     }
@@ -92,7 +93,7 @@ Fit readAddress(const Line& line, const Binding& binding, PersonReading& reading
   if (std::all_of(parts.begin(), parts.end(), isEmpty)) {
     return line.parameterValue("LABEL").empty() ? Fit::Nothing : Fit::Other;
   }
-  const OVRef<OVObjectAddress> address = addressOf(parts);
+  const OVRef<OVObjectAddress> address = addressOf(parts, reading);
   const LineGroup* const group = reading.group();
   OVString code;
   if (!codeOfCard(line, group, code)) {

@@ -90,9 +90,16 @@ OVString oddLinesOf(const Lines& lines, const GroupReading& reading) {
   LineSink sink(text, Version::V4_0, "\n");
   sink.begin();
   const std::size_t start = text.size();
+  // A further name is told from the group's own only beside that.
+  bool hasOtherName = false;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    hasOtherName |=
+        reading.roles[i] == Role::Other && (lines[i].name() == "FN" || lines[i].name() == "N");
+  }
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const Role role = reading.roles[i];
-    const bool isOdd = role == Role::Other || (role != Role::ID && !isPlain(lines[i]));
+    const bool isOdd = role == Role::Other || (role == Role::Name && hasOtherName) ||
+                       (role != Role::ID && !isPlain(lines[i]));
     if (isOdd) sink.writeAlone(lines[i], Preference::AsItStands);
   }
   if (text.size() == start) return nullptr;

@@ -223,6 +223,15 @@ LabelTexts LabelReader::read(const Line& line, const OVProperty& property,
   return {saysNothing ? own->name : texts.name, own->displayName, texts.isUsual};
 }
 
+OVString LabelReader::shared(std::string_view text) {
+  constexpr std::size_t kMost = 4096;
+  constexpr std::size_t kLongest = 64;
+  if (const auto at = texts_.find(text); at != texts_.end()) return at->second;
+  OVString made(text);
+  if (texts_.size() < kMost && text.size() <= kLongest) texts_.emplace(made.view(), made);
+  return made;
+}
+
 LabelSpelling spellingOf(const OVRef<OVLabel>& label, const OVProperty& property,
                          std::string_view lineName) {
   if (label == nullptr) return {};

@@ -36,9 +36,13 @@ class LabelReader {
   /// the property's very name says, `own` a label that stands on a line of its own, or null.
   [[nodiscard]] LabelTexts read(const Line& line, const OVProperty& property,
                                 std::string_view impliedType, const OwnLabel* own);
+  /// A text that other cards are likely to say too, such as a city: one text for all of them, as
+  /// long as there are not too many.
+  [[nodiscard]] OVString shared(std::string_view text);
 
  private:
   std::unordered_map<std::string, LabelTexts, KeyedHash, std::equal_to<>> known_;
+  std::unordered_map<std::string_view, OVString, KeyedHash> texts_;  // the keys view the texts
 };
 
 /// How a label is written.

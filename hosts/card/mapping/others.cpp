@@ -34,9 +34,8 @@ bool isStrangeBase64(const Line& line) {
 std::string dataURI(std::string_view digits) {
   constexpr std::size_t kEnoughForAnyType = 64;
   const std::string beginning = decodeBase64(digits.substr(0, kEnoughForAnyType));
-  const std::string_view type = mediaTypeOf(beginning);
   std::string uri = "data:";
-  uri += type.empty() ? "application/octet-stream" : type;
+  uri += mediaTypeOf(beginning);
   return uri.append(";base64,").append(digits);
 }
 

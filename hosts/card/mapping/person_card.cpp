@@ -26,9 +26,9 @@ std::string digestOf(std::string_view bytes) {
 std::string mediaTypeFor(const Line& line, std::string_view bytes) {
   const std::string_view given = line.parameterValue("MEDIATYPE");
   if (!given.empty()) return std::string(given);
-  if (const std::string_view type = mediaTypeOf(bytes); !type.empty()) return std::string(type);
+  if (const auto type = mediaTypeOf(bytes); type != kUnknownMediaType) return std::string(type);
   const std::string_view type = line.parameterValue("TYPE");
-  return type.empty() ? std::string() : "image/" + lowerASCII(type);
+  return type.empty() ? std::string(kUnknownMediaType) : "image/" + lowerASCII(type);
 }
 
 /// Writes a person as a new card, with the odd lines that still hold.
@@ -137,9 +137,9 @@ class NewCard {
 /// Writes the line of a photo with a digest in place of the bytes.
 void writePhotoName(const Line& line, std::string_view bytes, LineSink& sink) {
   std::string parameters = parametersOf(line, Preference::AsItStands);
-  const std::string_view type = mediaTypeOf(bytes);
   if (const auto binary = line.binary(); binary && line.parameter("MEDIATYPE") == nullptr &&
-                                         !binary->mediaType.empty() && binary->mediaType != type) {
+                                         !binary->mediaType.empty() &&
+                                         binary->mediaType != mediaTypeFor(line, bytes)) {
     appendParameter(parameters, "MEDIATYPE", {binary->mediaType});
   }
   sink.line({line.group(), line.name(), parameters}, digestOf(bytes));

@@ -57,7 +57,9 @@ std::string_view mediaTypeOf(std::string_view bytes) {
   constexpr std::size_t kSizeOfSize = 4;
   if (bytes.starts_with("RIFF") && bytes.substr(0, 12).ends_with("WEBP")) return "image/webp";
   if (const auto type = typeIn(kBeginnings, bytes); !type.empty()) return type;
-  return bytes.size() < kSizeOfSize ? "" : typeIn(kBrands, bytes.substr(kSizeOfSize));
+  const std::string_view box = bytes.substr(std::min(bytes.size(), kSizeOfSize));
+  if (const auto type = typeIn(kBrands, box); !type.empty()) return type;
+  return kUnknownMediaType;
 }
 
 Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading) {
@@ -88,7 +90,6 @@ bool spellPhoto(const Binding& binding, const PersonValues& values, const OVSing
   if (image == nullptr || image->data() == nullptr) return false;
   spelling.bytes = image->data();
   spelling.mediaType = mediaTypeOf(image->data()->text());
-  if (spelling.mediaType.empty()) spelling.mediaType = "application/octet-stream";
   return spelling.bytes->size() > 0;
 }
 

@@ -50,7 +50,8 @@ bool spellTags(const Binding& binding, const PersonValues& values, const OVSingl
 Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellPhoto(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                 Spelling& spelling);
-/// The media type that the beginning of an image tells; "" for others.
+inline constexpr std::string_view kUnknownMediaType = "application/octet-stream";
+/// The media type that the beginning of an image tells, or the unknown one.
 [[nodiscard]] std::string_view mediaTypeOf(std::string_view bytes);
 
 /// The year that stands for none: a leap year, so that every day of every year has its place.

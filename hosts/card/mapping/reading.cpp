@@ -16,6 +16,14 @@ bool isCompanion(const Line& line) {
   return line.name() == "X-ABLABEL" || line.name() == "X-ABADR";
 }
 
+/// TYPE without a word, which is not written either.
+bool saysNothing(const Parameter& parameter) {
+  return parameter.name == "TYPE" &&
+         std::all_of(parameter.values.begin(), parameter.values.end(), [](std::string_view value) {
+           return value.find_first_not_of(", \t") == std::string_view::npos;
+         });
+}
+
 }  // namespace
 
 bool saysGroup(const Line& line) {
@@ -96,8 +104,9 @@ void PersonReading::read(const Line& line, Claim& claim) {
   }
   if (claim.binding == nullptr) claim.binding = binding;
   if (claim.fit == Fit::Usual &&
-      std::any_of(line.parameters().begin(), line.parameters().end(),
-                  [&](const Parameter& each) { return !binding->understands(each.name); })) {
+      std::any_of(line.parameters().begin(), line.parameters().end(), [&](const Parameter& each) {
+        return !binding->understands(each.name) && !saysNothing(each);
+      })) {
     claim.fit = Fit::Unusual;
   }
   claim.isOdd = claim.fit == Fit::Unusual;
@@ -164,9 +173,14 @@ bool PersonReading::set(const OVString& property, const OVRef<OVObject>& datum) 
 
 void PersonReading::addTag(std::string_view tag) {
   if (tag.empty() || seenTags_.contains(tag) || isProbe_) return;
-  const OVString text(tag);
+  const OVString text = shared(tag);
   seenTags_.insert(text.view());
+  if (tags_ == nullptr) tags_ = OVList<OVString>::list();
   tags_.push_back(text);
+}
+
+OVString PersonReading::shared(std::string_view text) const {
+  return labels_ == nullptr ? OVString(text) : labels_->shared(text);
 }
 
 bool PersonReading::hasLine(std::string_view name) {

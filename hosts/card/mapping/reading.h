@@ -66,6 +66,7 @@ class PersonReading {
   /// The UID; null when there is none.
   [[nodiscard]] const OVString& id() const { return id_; }
   [[nodiscard]] ValueTable takeValues() { return std::move(values_); }
+  /// Null when there are none.
   [[nodiscard]] const OVList<OVString>& tags() const { return tags_; }
   /// One for each line.
   [[nodiscard]] const std::vector<Claim>& claims() const { return claims_; }
@@ -84,6 +85,8 @@ class PersonReading {
            int preference);
   [[nodiscard]] LabelTexts labelOf(const Line& line, const Binding& binding);
   void addTag(std::string_view tag);
+  /// A text that other cards are likely to say too.
+  [[nodiscard]] OVString shared(std::string_view text) const;
   /// The group of the line that is being read; null without.
   [[nodiscard]] const LineGroup* group() const { return current_->group; }
   [[nodiscard]] OVRef<OVImage> knownPhoto() const { return photo_; }
@@ -120,7 +123,7 @@ class PersonReading {
   OVString id_;
   ValueTable values_;
   std::vector<Several> several_;
-  OVList<OVString> tags_ = OVList<OVString>::list();
+  OVList<OVString> tags_ = nullptr;
   std::unordered_set<std::string_view, KeyedHash> seenTags_;
   std::map<std::string, LineGroup, std::less<>> groups_;
   std::vector<Claim> claims_;

@@ -49,8 +49,8 @@ Fit readOrganization(const Line& line, const Binding& /*binding*/, PersonReading
   }
   while (units.ends_with(';')) units.pop_back();
   if (company.empty() && units.empty()) return Fit::Nothing;
-  if (!company.empty()) reading.set(OVProPertyCompany, OVString(company));
-  if (!units.empty()) reading.set(OVProPertyDepartment, OVString(units));
+  if (!company.empty()) reading.set(OVProPertyCompany, reading.shared(company));
+  if (!units.empty()) reading.set(OVProPertyDepartment, reading.shared(units));
   return isUsual ? Fit::Usual : Fit::Unusual;
 }
 

@@ -19,7 +19,8 @@ class ValueTable {
   [[nodiscard]] OVRef<OVValue> find(const OVStringView& property) const;
   /// Null takes the value away.
   void set(const OVString& property, OVRef<OVValue> value);
-  void reserve(std::size_t count) { values_.reserve(count); }
+  /// Gives back the memory that nothing stands in.
+  void shrink() { values_.shrink_to_fit(); }
 
  private:
   std::vector<std::pair<OVString, OVRef<OVValue>>> values_;

@@ -20,7 +20,7 @@ OVRef<GeneralGroup> GeneralGroup::make(OVString oddLines) {
 const OVClass& GeneralGroup::archivedClass() {
   static const OVClass record{"OVCardGroup", &OVGroupGeneral::archivedClass(),
                               []() -> OVRef<OVObject> { return make(nullptr); },
-                              &OVGroupGeneral::archivedClass()};
+                              &OVGroupGeneral::archivedClass(), true};
   return record;
 }
 

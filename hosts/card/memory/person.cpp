@@ -33,7 +33,9 @@ Person::Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_
     : id_(std::move(id)),
       values_(std::move(values)),
       tags_(std::move(tags)),
-      book_(std::move(book)) {}
+      book_(std::move(book)) {
+  values_.shrink();
+}
 
 OVString Person::addressBookID() const {
   const auto book = book_.lock();

@@ -70,7 +70,7 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString companyName() const override;
   [[nodiscard]] OVString jobTitle() const override;
 
-  /// The tags that count while the book has no tag manager.
+  /// The tags that count while the book has no tag manager; null for none.
   [[nodiscard]] const OVList<OVString>& ownTags() const { return tags_; }
   /// Keeps the card, in which `id` is the UID, or null.
   void setSource(CardSource source, OVString id);

@@ -15,8 +15,7 @@ OVRef<OVTagManager> Person::tagManager() const {
 
 OVList<OVString> Person::tagArray() const {
   const OVRef<OVTagManager> manager = tagManager();
-  if (manager == nullptr) return tags_.copy();
-  const OVList<OVString> tags = manager->tagsByPersonID(id_);
+  const OVList<OVString> tags = manager == nullptr ? tags_ : manager->tagsByPersonID(id_);
   return tags == nullptr ? OVList<OVString>::list() : tags.copy();
 }
 
@@ -26,6 +25,7 @@ void Person::addTag(const OVString& tag) {
     manager->addPersonIDForTag(id_, tag);
   } else if (!tags_.contains(tag)) {
     isHandedOut_ = true;
+    if (tags_ == nullptr) tags_ = OVList<OVString>::list();
     tags_.push_back(tag);
   }
 }
@@ -34,7 +34,7 @@ void Person::removeTag(const OVString& tag) {
   if (tag.isNull()) return;
   if (const auto manager = tagManager()) {
     manager->removePersonIDFromTag(id_, tag);
-  } else {
+  } else if (tags_ != nullptr) {
     isHandedOut_ = true;
     tags_.remove(tag);
   }

@@ -37,7 +37,7 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
 
 void ArchiveWriter::write(const Waiting& waiting) {
   ClassEntry& entry = *waiting.entry;
-  writesHosts_ = !entry.isLibrarys;
+  writesHosts_ = !entry.isTrusted;
   fields_.begin(countsReferences() ? &entry.keys : nullptr);
   if (places_ != nullptr) places_->enter(*waiting.object);
   OVKeyedArchiver coder(*this);

@@ -29,7 +29,7 @@ class ArchiveWriter {
  public:
   /// The library's own classes write each field once, under a constant key, and hand out the
   /// references they hold, each once: an object is met as often as its references are counted, and
-  /// lives as long as the graph. A host's class may do otherwise.
+  /// lives as long as the graph. A host's class may do otherwise, unless it promises the same.
   ///
   /// In an archive that cannot be written, something cannot be archived: the last way finds out
   /// where that stands.

@@ -1,6 +1,7 @@
 #include "platform/archive/recent_leaves.h"
 
 #include <algorithm>
+#include <ranges>
 #include <span>
 #include <utility>
 
@@ -54,8 +55,8 @@ void RecentLeaves::add(Set& set, Leaf leaf) {
 void RecentLeaves::grow() {
   const std::vector<Set> old = std::exchange(sets_, std::vector<Set>(sets_.size() * 4));
   for (const Set& set : old) {
-    for (auto leaf = set.rbegin(); leaf != set.rend(); ++leaf) {
-      if (leaf->hash != 0) add(setOf(leaf->hash), *leaf);
+    for (const Leaf& leaf : std::ranges::reverse_view(set)) {
+      if (leaf.hash != 0) add(setOf(leaf.hash), leaf);
     }
   }
 }

@@ -24,11 +24,12 @@ WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
   if (isNew) {
     entry.objectClass = &objectClass;
     entry.kind = kindOfClass(objectClass);
-    entry.isLibrarys = isLibraryClass(objectClass);
-    if (entry.isLibrarys && objectClass.make != nullptr) {
-      const OVRef<OVObject> example = objectClass.make();
-      const OVObject& object = *example;
-      entry.type = &typeid(object);
+    entry.isTrusted = isLibraryClass(objectClass) || objectClass.encodesItsOwnOnce;
+    if (entry.isTrusted && objectClass.make != nullptr) {
+      if (const OVRef<OVObject> example = objectClass.make()) {
+        const OVObject& object = *example;
+        entry.type = &typeid(object);
+      }
     }
   }
   recent_[slotOf(objectClass)] = &entry;

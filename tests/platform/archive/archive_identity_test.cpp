@@ -1,4 +1,5 @@
 #include <memory>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -121,9 +122,12 @@ TEST(ArchiveIdentity, AListMayHoldItself) {
 /// Hands out an object that nobody else refers to, more than once.
 class Reporter : public OVObject {
  public:
+  explicit Reporter(bool promisesNotTo = false) : promisesNotTo_(promisesNotTo) {}
+
   const OVClass* classForCoder() const override {
     static constexpr OVClass record{"Reporter", nullptr, nullptr};
-    return &record;
+    static constexpr OVClass promising{"Reporter", nullptr, nullptr, nullptr, true};
+    return promisesNotTo_ ? &promising : &record;
   }
   void encodeWithCoder(OVKeyedArchiver& coder) const override {
     coder.encodeObjectForKey(only_, "a");
@@ -133,17 +137,30 @@ class Reporter : public OVObject {
 
  private:
   OVRef<OVObject> only_ = newDate();
+  bool promisesNotTo_;
 };
 
+/// What stands in the fields of the object that is read back.
+std::vector<OVRef<OVObject>> fieldsOf(const OVRef<OVObject>& object) {
+  std::vector<OVRef<OVObject>> fields;
+  const auto read = ov::cast<OVOpaqueObject>(unarchived(archiveOf(object)));
+  for (const auto& field : read->fields()) {
+    fields.push_back(std::get<OVOpaqueValue::Reference>(field.value.content).object);
+  }
+  return fields;
+}
+
 TEST(ArchiveIdentity, AHostMayHandOutItsOnlyReferenceTwice) {
-  const auto data = archiveOf(std::make_shared<Reporter>());
-  const auto read = ov::cast<OVOpaqueObject>(unarchived(data));
-  const auto objectAt = [&](std::size_t i) {
-    return std::get<OVOpaqueValue::Reference>(read->fields()[i].value.content).object;
-  };
-  ASSERT_NE(objectAt(0), nullptr);
-  EXPECT_EQ(objectAt(0), objectAt(1));
-  EXPECT_EQ((ov::cast<Any>(objectAt(2)))[0], objectAt(0));
+  const auto fields = fieldsOf(std::make_shared<Reporter>());
+  ASSERT_NE(fields[0], nullptr);
+  EXPECT_EQ(fields[0], fields[1]);
+  EXPECT_EQ((ov::cast<Any>(fields[2]))[0], fields[0]);
+}
+
+TEST(ArchiveIdentity, AHostThatPromisesNotToIsTakenAtItsWord) {
+  const auto fields = fieldsOf(std::make_shared<Reporter>(true));
+  ASSERT_NE(fields[0], nullptr);
+  EXPECT_NE(fields[0], fields[1]);
 }
 
 /// Archives as the class that it derives from, with an object made for the purpose.

@@ -42,14 +42,15 @@ TEST(OpaqueObjects, TellTheirClassAndFields) {
   EXPECT_EQ(read->className(), "XYPlane");
   EXPECT_THAT(read->classes(), ElementsAre("XYPlane", "XYVehicle", "NSObject"));
   EXPECT_TRUE(read->classHints().empty());
-  ASSERT_EQ(read->fields().size(), 3U);
-  const auto& [wingsKey, wings] = read->fields()[0];
+  const auto fields = read->fields();
+  ASSERT_EQ(fields.size(), 3U);
+  const auto& [wingsKey, wings] = fields[0];
   EXPECT_EQ(wingsKey, "wings");
   const auto number = ov::cast<OVNumber>(std::get<OVOpaqueValue::Inline>(wings.content).object);
   EXPECT_EQ(number->integerValue(), 2);
-  const auto& held = std::get<OVOpaqueValue::Reference>(read->fields()[1].value.content);
+  const auto& held = std::get<OVOpaqueValue::Reference>(fields[1].value.content);
   EXPECT_EQ(ov::cast<OVLabel>(held.object)->name(), "Home");
-  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(read->fields()[2].value.content).object, nullptr);
+  EXPECT_EQ(std::get<OVOpaqueValue::Reference>(fields[2].value.content).object, nullptr);
 }
 
 TEST(OpaqueObjects, AreWrittenBackInTheOrderOfTheirFields) {

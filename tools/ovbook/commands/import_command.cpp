@@ -123,11 +123,12 @@ struct Import {
       checkPath(file);
       checkTarget(target, file);
     }
-    const auto cards = readCards(files, session);
+    auto cards = readCards(files, session);
     requireCards(*cards, files);
     report(cards->problems(), showsAllMessages, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
     const auto book = snapshotOf(*cards);
+    if (tags == nullptr) cards = nullptr;  // the block needs the memory
     const auto data = book->saveToData();
     writeFile(target, data, session.out());
     if (tags != nullptr) tagPersons(tags, *cards);

@@ -1,0 +1,51 @@
+// Reading a card takes memory in proportion to its size, whatever stands in it.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "hosts/card/codec/cards.h"
+#include "support/failing_memory.h"
+
+namespace ov::card {
+namespace {
+
+constexpr std::size_t kMost = 64;  // bytes for one of the card
+
+class NoProblems final : public Problems {
+ public:
+  void error(std::size_t /*line*/, std::string_view /*reason*/) override {}
+  void warning(std::size_t /*line*/, std::string_view /*reason*/) override {}
+};
+
+void readValues(std::string_view text) {
+  NoProblems problems;
+  CardReader reader(text, problems);
+  while (const Card* const found = reader.next()) {
+    for (const Line& line : found->lines) static_cast<void>(line.text());
+  }
+}
+
+std::string repeated(std::string_view part, std::size_t size) {
+  std::string text;
+  while (text.size() < size) text += part;
+  return text;
+}
+
+TEST(MemoryOfACard, IsInProportionToItsSize) {
+  for (const std::string_view line :
+       {"A:\n", "A:b\n", "A:\xE9\n", "A:\\\n", "A:\\n\n", "A;\xE9:\n", "\xE9.A:\n", "A;B:\n",
+        "A;B=\xE9:\n", "A;BASE64:\n", "A;QUOTED-PRINTABLE:=\n", "A;CHARSET=x:\xE9\n", "A;b=:\n"}) {
+    for (const std::string_view version : {"2.1", "4.0"}) {
+      for (const std::size_t size : {50000U, 100000U, 300000U, 600000U, 999000U}) {
+        const std::string text = card(repeated(line, size), version);
+        const std::size_t most = mostBytesOf([&] { readValues(text); });
+        EXPECT_LE(most, kMost * text.size())
+            << line << " in " << version << " takes " << most / text.size() << " times its size";
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace ov::card
