@@ -255,7 +255,7 @@ TEST(ThroughABlock, AGroupKeepsAllItsLines) {
 
 TEST(ThroughABlock, AGroupKeepsItsOtherNames) {
   const auto lines = linesAfterBlock("KIND:group\nFN:a\nN:c;d;;;\nFN:b");
-  EXPECT_THAT(lines, ElementsAre("UID:1", "KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
+  EXPECT_THAT(lines, ElementsAre("KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
 }
 
 TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
@@ -268,7 +268,7 @@ TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
 }
 
 TEST(ThroughABlock, ATypeWithoutAWordIsNothing) {
-  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("UID:1", "FN:a", "N:a;;;;"));
+  EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("FN:a", "N:a;;;;"));
 }
 
 TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {

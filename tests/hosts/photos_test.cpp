@@ -48,8 +48,8 @@ TEST(Photos, TellTheirMediaType) {
       {"\0\0\0\x1C"
        "ftypavif...."s,
        "image/avif"},
-      {"RIFF....WAVE", ""},
-      {"what", ""},
+      {"RIFF....WAVE", "application/octet-stream"},
+      {"what", "application/octet-stream"},
   };
   for (const auto& [bytes, type] : rows) EXPECT_EQ(ov::card::mediaTypeOf(bytes), type);
 }

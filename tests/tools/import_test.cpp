@@ -284,6 +284,7 @@ TEST_F(Import, TellsOfEverythingThatIsChanged) {
   const std::pair<const char*, const char*> rows[] = {
       {"NOTE:\xE4\n", "were read as Windows-1252"},
       {"NOTE;CHARSET=x-unheard-of:a\n", "x-unheard-of"},
+      {"PHOTO;ENCODING=b:?!\n", "this value is no base64"},
       {"NOTE;X-A=\"open:a\n", "quotes without a partner"},
       {"END:VCARD\nBEGIN:VCARD\nUID:a\nFN:other\n", "got the ID a-2"},
       {"END:VCARD\nBEGIN:VCARD\nKIND:group\nFN:g\nMEMBER:nobody\n",

@@ -106,7 +106,10 @@ void LineReader::takeValue(Line& line) {
     takeContinuations();
   }
   // Some cards say so of an address, too.
-  if (line.isBase64() && !takeBase64()) line.encoding_ = Encoding::None;
+  if (line.isBase64() && !takeBase64()) {
+    problems_.warning(line.number_, "this value is no base64; it was taken as it stands");
+    line.encoding_ = Encoding::None;
+  }
   line.isFolded_ = value_ < last_.text.data();
   if (line.name_ == "AGENT" && line.encoding_ == Encoding::None && !line.isFolded_) {
     takeCard(line);

@@ -92,7 +92,10 @@ OVRef<OVDate> dateOf(const Line& line) {
 }
 
 /// Whether writing the date gives the same moment again, with as much of it.
-bool isUsualDate(std::string_view text, const OVDate& date) {
+bool isUsualDate(const Line& line, const OVDate& date) {
+  const std::string_view text = trim(line.text());
+  const bool hasYear = !text.starts_with("--");
+  if (hasYear && line.parameters().empty() && date.day().year == kNoYear) return false;
   const std::string_view time = text.substr(std::min(text.find('T'), text.size()));
   if (time.empty()) return true;
   std::string plain(time);
@@ -138,7 +141,7 @@ Fit readBirthday(const Line& line, const Binding& binding, PersonReading& readin
   if (line.value().empty()) return Fit::Nothing;
   const OVRef<OVDate> date = dateOf(line);
   if (date == nullptr || !reading.set(*binding.property, date)) return Fit::Other;
-  return isUsualDate(trim(line.text()), *date) ? Fit::Usual : Fit::Unusual;
+  return isUsualDate(line, *date) ? Fit::Usual : Fit::Unusual;
 }
 
 bool spellBirthday(const Binding& binding, const PersonValues& values,
@@ -153,7 +156,7 @@ Fit readDate(const Line& line, const Binding& binding, PersonReading& reading) {
   const OVRef<OVDate> date = dateOf(line);
   if (date == nullptr) return Fit::Other;
   const Fit fit = reading.add(line, binding, date);
-  return isUsualDate(trim(line.text()), *date) ? fit : Fit::Unusual;
+  return isUsualDate(line, *date) ? fit : Fit::Unusual;
 }
 
 bool spellDate(const Binding& /*binding*/, const PersonValues& /*values*/,

@@ -15,7 +15,7 @@ using Kind = PlistItem::Kind;
 namespace {
 
 /// So many bytes of a dictionary's keys are hashed in the time that a byte of memory stands for.
-constexpr std::size_t kHashedPerByte = 16;
+constexpr std::size_t kHashedPerByte = 8;
 
 }  // namespace
 

@@ -54,9 +54,9 @@ void RecentLeaves::add(Set& set, Leaf leaf) {
 void RecentLeaves::grow() {
   const std::vector<Set> old = std::exchange(sets_, std::vector<Set>(sets_.size() * 4));
   for (const Set& set : old) {
-    for (auto leaf = set.rbegin(); leaf != set.rend(); ++leaf) {
-      if (leaf->hash != 0) add(setOf(leaf->hash), *leaf);
-    }
+    std::for_each(set.rbegin(), set.rend(), [this](const Leaf& leaf) {
+      if (leaf.hash != 0) add(setOf(leaf.hash), leaf);
+    });
   }
 }
 

@@ -60,11 +60,11 @@ TEST_F(ArchiveWriterRooms, AnEqualLeafIsTheEarlierObject) {
 
 TEST_F(ArchiveWriterRooms, AClassHasOneRecord) {
   WrittenClasses::Entry& label = classes_.of(OVLabel::archivedClass());
-  EXPECT_TRUE(label.isLibrarys);
+  EXPECT_TRUE(label.isTrusted);
   EXPECT_EQ(&classes_.of(OVLabel::archivedClass()), &label);
   EXPECT_EQ(classes_.record(label), classes_.record(label));
   static constexpr OVClass twin{"OVLabel", nullptr, nullptr};
-  EXPECT_FALSE(classes_.of(twin).isLibrarys);
+  EXPECT_FALSE(classes_.of(twin).isTrusted);
   EXPECT_EQ(classes_.record(classes_.of(twin)), classes_.record(label));
   static constexpr OVClass other{"Other", nullptr, nullptr};
   EXPECT_NE(classes_.record(classes_.of(other)), classes_.record(label));

@@ -131,7 +131,7 @@ TEST_F(FoundationForms, WithoutClassesTextAndDataObjectsTellTheirs) {
   EXPECT_EQ(list[1]->className(), "NSMutableData");
   EXPECT_EQ(list[2]->className(), "NSDictionary");
   const auto written = archiveOf(list);
-  EXPECT_THAT(archivedObjects(written), testing::Contains("{NS.string: \"text\", $class: #5}"));
+  EXPECT_THAT(archivedObjects(written), testing::Contains("{NS.string: \"text\", $class: #6}"));
 }
 
 TEST_F(FoundationForms, Numbers) {
