@@ -34,8 +34,9 @@ struct OVClass {
   /// this class has is lost there.
   const OVClass* standIn = nullptr;
   /// True promises that an object holds whatever it encodes for as long as it lives, and encodes it
-  /// once, under keys that are literals. An archive takes about twice the time and more memory to
-  /// write as soon as it meets an object of a class of yours that does not promise so.
+  /// once; what breaks the promise may come back as several objects. An archive takes about twice
+  /// the time and more memory to write as soon as it meets an object of a class of yours that does
+  /// not promise so.
   bool encodesItsOwnOnce = false;
 };
 

@@ -192,9 +192,9 @@ void CardReader::spellAnew() {
   source_.clear();
   source_.reserve(size);
   eachPiece([&](const std::string& piece, Line* line) {
-    const char* const place = source_.data() + source_.size();
+    const std::size_t place = source_.size();
     source_ += piece;
-    if (line != nullptr) line->source_ = {place, piece.size()};
+    if (line != nullptr) line->source_ = std::string_view(source_).substr(place);
   });
   card.source = source_;
   card.isSpelledAnew = true;

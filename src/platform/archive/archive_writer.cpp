@@ -37,8 +37,8 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
 
 void ArchiveWriter::write(const Waiting& waiting) {
   ClassEntry& entry = *waiting.entry;
-  writesHosts_ = !entry.isTrusted;
-  fields_.begin(countsReferences() ? &entry.keys : nullptr);
+  writesHosts_ = entry.isHosts;
+  fields_.begin(countsReferences() && !writesHosts_ ? &entry.keys : nullptr);
   if (places_ != nullptr) places_->enter(*waiting.object);
   OVKeyedArchiver coder(*this);
   waiting.object->encodeWithCoder(coder);
@@ -115,7 +115,13 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
     if (places_ != nullptr) places_->meet(*object);
     reference = known.number = objects_.add();
   }
-  waiting_.push_back({object.get(), &entry, uid, copy == nullptr ? nullptr : std::move(*copy)});
+  waiting_.push_back({object.get(), &entry, uid, nullptr});
+  // A host may break its promise to hold what it encodes.
+  if (copy != nullptr) {
+    waiting_.back().keeper = std::move(*copy);
+  } else if (writesHosts_) {
+    waiting_.back().keeper = object;
+  }
   return reference;
 }
 

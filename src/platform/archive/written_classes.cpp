@@ -24,7 +24,8 @@ WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
   if (isNew) {
     entry.objectClass = &objectClass;
     entry.kind = kindOfClass(objectClass);
-    entry.isTrusted = isLibraryClass(objectClass) || objectClass.encodesItsOwnOnce;
+    entry.isHosts = !isLibraryClass(objectClass);
+    entry.isTrusted = !entry.isHosts || objectClass.encodesItsOwnOnce;
     if (entry.isTrusted && objectClass.make != nullptr) {
       if (const OVRef<OVObject> example = objectClass.make()) {
         const OVObject& object = *example;

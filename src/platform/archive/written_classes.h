@@ -30,6 +30,7 @@ class WrittenClasses {
     const OVClass* objectClass = nullptr;
     Number record = 0;  // 0: not written yet
     Kind kind = Kind::other;
+    bool isHosts = false;
     bool isTrusted = false;  // to hold what it encodes, and to encode it once
     /// The very class, where a host may derive one that archives under the same name.
     const std::type_info* type = nullptr;

@@ -163,6 +163,31 @@ TEST(ArchiveIdentity, AHostThatPromisesNotToIsTakenAtItsWord) {
   EXPECT_NE(fields[0], fields[1]);
 }
 
+/// Promises to hold what it encodes, under keys that are literals, and does neither.
+class Forgetful : public OVObject {
+ public:
+  const OVClass* classForCoder() const override {
+    static constexpr OVClass record{"Forgetful", nullptr, nullptr, nullptr, true};
+    return &record;
+  }
+  void encodeWithCoder(OVKeyedArchiver& coder) const override {
+    for (int i = 0; i < 3; ++i) {
+      const auto label = OVLabel::init();
+      label->setName(std::to_string(i));
+      coder.encodeObjectForKey(label, "label" + std::to_string(i));
+    }
+  }
+};
+
+TEST(ArchiveIdentity, AHostThatBreaksItsPromiseIsArchivedAllTheSame) {
+  const auto fields = fieldsOf(std::make_shared<Forgetful>());
+  ASSERT_EQ(fields.size(), 3U);
+  for (int i = 0; i < 3; ++i) {
+    const auto label = ov::cast<OVLabel>(fields[static_cast<std::size_t>(i)]);
+    EXPECT_EQ(label->name(), std::to_string(i));
+  }
+}
+
 /// Archives as the class that it derives from, with an object made for the purpose.
 class HostValue : public OVMutableSingleValue {
  public:
