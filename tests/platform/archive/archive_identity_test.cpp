@@ -163,7 +163,7 @@ TEST(ArchiveIdentity, AHostThatPromisesNotToIsTakenAtItsWord) {
   EXPECT_NE(fields[0], fields[1]);
 }
 
-/// Promises to hold what it encodes, under keys that are literals, and does neither.
+/// Promises to hold what it encodes, and does not; its keys are no literals either.
 class Forgetful : public OVObject {
  public:
   const OVClass* classForCoder() const override {
