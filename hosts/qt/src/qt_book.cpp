@@ -97,7 +97,10 @@ OVQtBook::OVQtBook(OVRef<OVAddressBook> book, QObject* parent)
           });
 }
 
-OVQtBook::~OVQtBook() { inner_->observers.clear(); }
+OVQtBook::~OVQtBook() {
+  inner_->observers.clear();
+  inner_->stack.blockSignals(true);  // its end is no change of the book
+}
 
 const OVRef<OVAddressBook>& OVQtBook::book() const { return inner_->steps.book; }
 
