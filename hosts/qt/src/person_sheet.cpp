@@ -99,7 +99,11 @@ int OVPersonSheet::rowCount(const QModelIndex& parent) const {
 
 bool OVPersonSheet::isMain(const Row& row) const {
   const auto several = ov::cast<OVMultipleValue>(person_->valueByProperty(row.property));
-  return several != nullptr && several->count() > 1 && several->mainValue() == row.entry;
+  if (several == nullptr || several->mainValue() != row.entry) return false;
+  const auto isBeside = [&](const Row& other) {
+    return other.property == row.property && other.entry != row.entry;
+  };
+  return std::any_of(rows_.begin(), rows_.end(), isBeside);
 }
 
 QString OVPersonSheet::labelOf(const Row& row) const {

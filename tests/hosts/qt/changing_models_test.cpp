@@ -101,9 +101,9 @@ void ChangingModels::changeSomething() {
 }  // namespace
 
 TEST_P(ChangingModels, KeepTheRulesOfModelsAndShowTheBook) {
-  for (int i = 0; i < 600; ++i) {
+  for (int i = 0; i < 300; ++i) {
     changeSomething();
     ASSERT_NO_FATAL_FAILURE(check()) << "after change " << i;
-    if (i % 150 == 149) OVAddressBook::setlastNameInFront(i % 300 == 149);
+    if (i % 50 == 49) OVAddressBook::setlastNameInFront(i % 100 == 49);
   }
 }

@@ -3,6 +3,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
 
 #include <algorithm>
 
@@ -18,31 +19,48 @@ namespace ovcontacts {
 
 using ov::qt::qString;
 
-AddressEditor::AddressEditor(QWidget* parent)
-    : ValueEditor(parent), country_(new QComboBox), form_(new QFormLayout(this)) {
-  form_->setContentsMargins(0, 0, 0, 0);
+AddressEditor::AddressEditor(QWidget* parent) : ValueEditor(parent), country_(new QComboBox) {
   country_->addItem(tr("(not known)"), QString());
   for (const auto& country : OVCountry::allCountry()) {
     country_->addItem(qString(country->name()), qString(country->code()));
   }
   country_->setCurrentIndex(std::max(0, country_->findData(qString(ov::qt::userCountryCode()))));
-  form_->addRow(tr("&Layout of:"), country_);
+  form()->addRow(tr("&Layout of:"), country_);
   showFields();
   connect(country_, &QComboBox::currentIndexChanged, this, &AddressEditor::showFields);
 }
 
 void AddressEditor::showFields() {
-  while (form_->rowCount() > 1) form_->removeRow(1);
+  int row = 0;
+  QFormLayout::ItemRole role = QFormLayout::FieldRole;
+  form()->getWidgetPosition(country_, &row, &role);
+  while (form()->rowCount() > row + 1) form()->removeRow(row + 1);
   const QString chosen = country_->currentData().toString();
   const OVString code = chosen.isEmpty() ? ov::qt::userCountryCode() : ov::qt::ovString(chosen);
   for (const auto& field : OVAddressFormater::fieldArrayByCountryCode(code)) {
     const QString name = qString(OVObjectAddress::standFieldName(field->name()));
-    auto* const text = new QLineEdit(texts_.value(name).toString());
-    form_->addRow(translated(qString(field->displayName())) + QLatin1Char(':'), text);
-    connect(text, &QLineEdit::textChanged, this,
-            [this, name](const QString& now) { texts_.insert(name, now); });
-    if (focusProxy() == nullptr || form_->rowCount() == 2) setFocusProxy(text);
+    QWidget* const text = editorOf(name);
+    form()->addRow(translated(qString(field->displayName())) + QLatin1Char(':'), text);
+    if (form()->rowCount() == row + 2) setFocusProxy(text);
   }
+}
+
+/// A street may have several lines.
+QWidget* AddressEditor::editorOf(const QString& field) {
+  const QString now = texts_.value(field).toString();
+  if (field != qString(OVAddressFieldStreet)) {
+    auto* const text = new QLineEdit(now);
+    connect(text, &QLineEdit::textChanged, this,
+            [this, field](const QString& typed) { texts_.insert(field, typed); });
+    return text;
+  }
+  auto* const text = new QPlainTextEdit(now);
+  constexpr int kLines = 3;
+  text->setTabChangesFocus(true);
+  text->setFixedHeight(text->fontMetrics().lineSpacing() * kLines + 12);
+  connect(text, &QPlainTextEdit::textChanged, this,
+          [this, field, text] { texts_.insert(field, text->toPlainText()); });
+  return text;
 }
 
 QVariant AddressEditor::value() const {

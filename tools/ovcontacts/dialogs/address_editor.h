@@ -5,7 +5,6 @@
 #include "dialogs/value_editor.h"
 
 class QComboBox;
-class QFormLayout;
 
 namespace ovcontacts {
 
@@ -21,9 +20,9 @@ class AddressEditor final : public ValueEditor {
 
  private:
   void showFields();
+  [[nodiscard]] QWidget* editorOf(const QString& field);
 
   QComboBox* country_;
-  QFormLayout* form_;
   QVariantMap texts_;
 };
 

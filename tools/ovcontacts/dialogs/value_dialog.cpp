@@ -29,11 +29,9 @@ ValueDialog::ValueDialog(const QString& property, OVValueType type, bool maySeve
   for (const QString& label : labelsFor(property)) label_->addItem(translated(label), label);
 
   auto* const layout = new QVBoxLayout(this);
-  auto* const labels = new QFormLayout;
   // A service is what tells accounts apart.
   const bool hasLabel = maySeveral && type != OVValueTypeInstantMessage;
-  if (hasLabel) labels->addRow(tr("L&abel:"), label_);
-  layout->addLayout(labels);
+  if (hasLabel) editor_->form()->insertRow(0, tr("L&abel:"), label_);
   layout->addWidget(editor_);
   layout->addWidget(main_);
   label_->setVisible(hasLabel);

@@ -23,9 +23,7 @@ namespace {
 class TextEditor final : public ValueEditor {
  public:
   TextEditor(const QString& name, QWidget* parent) : ValueEditor(parent), text_(new QLineEdit) {
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(name, text_);
+    form()->addRow(name, text_);
     setFocusProxy(text_);
   }
   [[nodiscard]] QVariant value() const override { return text_->text(); }
@@ -38,10 +36,8 @@ class TextEditor final : public ValueEditor {
 class NoteEditor final : public ValueEditor {
  public:
   explicit NoteEditor(QWidget* parent) : ValueEditor(parent), text_(new QPlainTextEdit) {
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
     text_->setTabChangesFocus(true);
-    form->addRow(ValueEditor::tr("&Text:"), text_);
+    form()->addRow(ValueEditor::tr("&Text:"), text_);
     setFocusProxy(text_);
   }
   [[nodiscard]] QVariant value() const override { return text_->toPlainText(); }
@@ -57,14 +53,12 @@ class DateEditor final : public ValueEditor {
       : ValueEditor(parent),
         date_(new QDateEdit),
         hasYear_(new QCheckBox(ValueEditor::tr("The &year is known"))) {
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
     date_->setCalendarPopup(true);
     date_->setMinimumDate(QDate(1, 1, 1));
     date_->setDate(QDate(2000, 1, 1));
     hasYear_->setChecked(true);
-    form->addRow(ValueEditor::tr("&Date:"), date_);
-    form->addRow(QString(), hasYear_);
+    form()->addRow(ValueEditor::tr("&Date:"), date_);
+    form()->addRow(QString(), hasYear_);
     setFocusProxy(date_);
   }
   [[nodiscard]] QVariant value() const override {
@@ -86,12 +80,10 @@ class DateEditor final : public ValueEditor {
 class NameEditor final : public ValueEditor {
  public:
   explicit NameEditor(QWidget* parent) : ValueEditor(parent) {
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
     for (QLineEdit*& part : parts_) part = new QLineEdit;
-    form->addRow(ValueEditor::tr("&First name:"), parts_[0]);
-    form->addRow(ValueEditor::tr("&Middle name:"), parts_[1]);
-    form->addRow(ValueEditor::tr("&Last name:"), parts_[2]);
+    form()->addRow(ValueEditor::tr("&First name:"), parts_[0]);
+    form()->addRow(ValueEditor::tr("&Middle name:"), parts_[1]);
+    form()->addRow(ValueEditor::tr("&Last name:"), parts_[2]);
     setFocusProxy(parts_[0]);
   }
   [[nodiscard]] QVariant value() const override {
@@ -112,13 +104,11 @@ class AccountEditor final : public ValueEditor {
  public:
   explicit AccountEditor(QWidget* parent)
       : ValueEditor(parent), user_(new QLineEdit), service_(new QComboBox) {
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
     for (const auto& each : OVInstantMessageServer::supportServer()) {
       service_->addItem(ov::qt::qString(each->displayName()), ov::qt::qString(each->name()));
     }
-    form->addRow(ValueEditor::tr("&User name:"), user_);
-    form->addRow(ValueEditor::tr("&Service:"), service_);
+    form()->addRow(ValueEditor::tr("&User name:"), user_);
+    form()->addRow(ValueEditor::tr("&Service:"), service_);
     setFocusProxy(user_);
   }
   [[nodiscard]] QVariant value() const override {
@@ -140,6 +130,10 @@ class AccountEditor final : public ValueEditor {
 };
 
 }  // namespace
+
+ValueEditor::ValueEditor(QWidget* parent) : QWidget(parent), form_(new QFormLayout(this)) {
+  form_->setContentsMargins(0, 0, 0, 0);
+}
 
 ValueEditor* ValueEditor::make(OVValueType type, QWidget* parent) {
   switch (type) {

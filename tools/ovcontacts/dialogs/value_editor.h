@@ -5,6 +5,8 @@
 
 #include <OVAddressBookSDK/value_type.h>
 
+class QFormLayout;
+
 namespace ovcontacts {
 
 /// Edits one datum in the form of `ov::qt::editedFormOf`.
@@ -12,13 +14,19 @@ class ValueEditor : public QWidget {
   Q_OBJECT
 
  public:
-  using QWidget::QWidget;
+  explicit ValueEditor(QWidget* parent);
 
   /// One for data of the type, the parent's.
   [[nodiscard]] static ValueEditor* make(OVValueType type, QWidget* parent);
 
   [[nodiscard]] virtual QVariant value() const = 0;
   virtual void setValue(const QVariant& value) = 0;
+
+  /// Where the fields are, for others to be put beside them.
+  [[nodiscard]] QFormLayout* form() const { return form_; }
+
+ private:
+  QFormLayout* form_;
 };
 
 }  // namespace ovcontacts

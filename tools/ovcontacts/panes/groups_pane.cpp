@@ -2,14 +2,17 @@
 
 #include <OVAddressBookQt/qt_text.h>
 
+#include "panes/group_delegate.h"
+
 namespace ovcontacts {
 
 GroupsPane::GroupsPane(QWidget* parent) : QTreeView(parent) {
   setObjectName(QStringLiteral("groups"));
   setAccessibleName(tr("Groups and tags"));
   setModel(&model_);
+  setItemDelegate(new GroupDelegate(this));
   setHeaderHidden(true);
-  setIndentation(14);
+  setIndentation(16);
   setFrameShape(QFrame::NoFrame);
   setUniformRowHeights(true);
   setEditTriggers(EditKeyPressed | SelectedClicked);
@@ -17,6 +20,7 @@ GroupsPane::GroupsPane(QWidget* parent) : QTreeView(parent) {
   setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
           &GroupsPane::selectionChosen);
+  viewport()->setBackgroundRole(QPalette::Window);
   connect(&model_, &QAbstractItemModel::rowsInserted, this,
           [this](const QModelIndex& above) { expand(above); });
 }

@@ -10,6 +10,7 @@
 #include <OVAddressBookQt/persons_model.h>
 
 #include "shown/avatar.h"
+#include "shown/isolated.h"
 
 namespace ovcontacts {
 
@@ -83,7 +84,7 @@ void PersonDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                       static_cast<int>(QStyle::visualAlignment(option.direction, Qt::AlignLeft) |
                                        Qt::AlignAbsolute | Qt::AlignVCenter) |
                           Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
+                      isolated(QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width())));
   };
   painter->save();
   drawLine(places.name, option.font, shownName(index), 1);

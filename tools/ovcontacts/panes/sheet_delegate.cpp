@@ -10,6 +10,7 @@
 
 #include <OVAddressBookQt/person_sheet.h>
 
+#include "shown/isolated.h"
 #include "shown/words.h"
 
 namespace ovcontacts {
@@ -29,7 +30,9 @@ QString labelText(const QModelIndex& index) {
 }
 
 QString valueText(const QModelIndex& index) {
-  const QString text = index.data().toString();
+  QStringList lines = index.data().toString().split(QLatin1Char('\n'));
+  for (QString& line : lines) line = isolated(line);
+  const QString text = lines.join(QLatin1Char('\n'));
   return index.data(OVPersonSheet::MainRole).toBool() ? text + QStringLiteral("\u2002\u2605")
                                                       : text;
 }

@@ -59,6 +59,7 @@ SheetHeader::SheetHeader(QWidget* parent)
   layout->addSpacing(kSide + 16);
   layout->addLayout(texts, 1);
   setMinimumHeight(kSide + 28);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
 }
 
 void SheetHeader::show(const OVRef<IOVPerson>& person) {

@@ -40,13 +40,11 @@ SheetPane::SheetPane(QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(header_);
-  layout->addWidget(list_);
+  layout->addWidget(list_, 1);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   connect(list_, &QListView::doubleClicked, this, &SheetPane::editCurrent);
-  for (const auto change : {&QAbstractItemModel::modelReset}) {
-    connect(&sheet_, change, this, &SheetPane::refreshHeader);
-  }
+  connect(&sheet_, &QAbstractItemModel::modelReset, this, &SheetPane::refreshHeader);
   connect(&sheet_, &QAbstractItemModel::dataChanged, this, &SheetPane::refreshHeader);
   connect(&sheet_, &QAbstractItemModel::rowsRemoved, this, &SheetPane::refreshHeader);
 }

@@ -48,7 +48,7 @@ void checkRows(const QAbstractItemView& view, QStringList& faults) {
 QStringList faultsOf(const QWidget& window) {
   QStringList faults;
   for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-    if (!widget->isVisible() || widget->visibleRegion().isEmpty()) continue;
+    if (!widget->isVisible() || widget->isWindow()) continue;
     const auto* const parent = widget->parentWidget();
     const bool isScrolled =
         qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()) != nullptr;

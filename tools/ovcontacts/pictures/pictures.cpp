@@ -137,15 +137,17 @@ std::vector<Picture> drawPictures(QApplication& application, const QString& cont
   pictures.push_back(stage.draw("main-dark"));
   QApplication::setPalette(lightPalette());
   {
-    const auto person = stage.window().persons().currentPerson();
-    ValueDialog dialog(QStringLiteral("Phone"), OVValueTypePhone, true, nullptr);
-    dialog.setValue(ov::qt::qString(person->mainPhone()->phoneNumber()));
-    dialog.setLabel(QStringLiteral("Work"));
+    OVPersonSheet& sheet = *stage.window().sheet().sheet();
+    const QModelIndexList found =
+        sheet.match(sheet.index(0), OVPersonSheet::PropertyNameRole, QStringLiteral("Address"));
+    ValueDialog dialog(QStringLiteral("Address"), OVValueTypeAddress, true, nullptr);
+    dialog.setValue(found.value(0).data(Qt::EditRole));
+    dialog.setLabel(found.value(0).data(OVPersonSheet::LabelRole).toString());
     dialog.setMain(true);
     dialog.show();
     pictures.push_back(stage.draw("edit", &dialog));
   }
-  stage.window().persons().search()->setText(QStringLiteral("5550 1"));
+  stage.window().persons().search()->setText(QStringLiteral("lind"));
   pictures.push_back(stage.draw("search"));
   stage.window().persons().search()->clear();
   addOffices(stage.window());

@@ -9,6 +9,7 @@
 #include <QtGui/QPainterPath>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace ovcontacts {
 
@@ -23,8 +24,9 @@ QString firstLetter(const QString& word) {
 }
 
 QColor colorFor(const QString& name) {
-  const auto hue = static_cast<int>(qHash(name, 7) % 360U);
-  return QColor::fromHsl(hue, 95, 115);
+  std::uint32_t sum = 7;  // the same in every process, unlike Qt's hash
+  for (const QChar letter : name) sum = sum * 31 + letter.unicode();
+  return QColor::fromHsl(static_cast<int>(sum % 360), 95, 115);
 }
 
 }  // namespace

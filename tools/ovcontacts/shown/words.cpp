@@ -52,7 +52,18 @@ namespace {
                                              QT_TRANSLATE_NOOP("Words", "State"),
                                              QT_TRANSLATE_NOOP("Words", "Postal Code"),
                                              QT_TRANSLATE_NOOP("Words", "ZIP"),
-                                             QT_TRANSLATE_NOOP("Words", "Country or Area")};
+                                             QT_TRANSLATE_NOOP("Words", "Country or Region"),
+                                             QT_TRANSLATE_NOOP("Words", "Adjacent area"),
+                                             QT_TRANSLATE_NOOP("Words", "County"),
+                                             QT_TRANSLATE_NOOP("Words", "Island"),
+                                             QT_TRANSLATE_NOOP("Words", "Postal districts"),
+                                             QT_TRANSLATE_NOOP("Words", "Jurisdiction"),
+                                             QT_TRANSLATE_NOOP("Words", "Town/City"),
+                                             QT_TRANSLATE_NOOP("Words", "Postcode"),
+                                             QT_TRANSLATE_NOOP("Words", "Suburb"),
+                                             QT_TRANSLATE_NOOP("Words", "Country/City"),
+                                             QT_TRANSLATE_NOOP("Words", "Prefecture"),
+                                             QT_TRANSLATE_NOOP("Words", "Further Divisions")};
 
 }  // namespace
 

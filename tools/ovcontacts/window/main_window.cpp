@@ -65,7 +65,7 @@ void MainWindow::makePanes() {
   splitter->setStretchFactor(0, 0);
   splitter->setStretchFactor(1, 0);
   splitter->setStretchFactor(2, 1);
-  splitter->setSizes({190, 320, 570});
+  splitter->setSizes({210, 320, 550});
   setCentralWidget(splitter);
 }
 

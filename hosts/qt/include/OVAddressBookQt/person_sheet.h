@@ -27,7 +27,7 @@ class OVPersonSheet : public QAbstractListModel {
     PropertyNameRole,                 ///< QString: its name
     LabelRole,                        ///< QString, to be set where there may be several values
     TypeRole,                         ///< int: the `OVValueType` of the datum
-    MainRole,                         ///< bool: of several values the main one; true can be set
+    MainRole,                         ///< bool: of several rows the main one; true can be set
     SeveralRole,                      ///< bool: whether the property may have several values
     URLRole,                          ///< QUrl: what a click opens; invalid for nothing
   };
