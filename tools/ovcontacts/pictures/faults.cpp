@@ -52,7 +52,9 @@ QStringList faultsOf(const QWidget& window) {
     const auto* const parent = widget->parentWidget();
     const bool isScrolled =
         qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()) != nullptr;
-    if (!isScrolled && !parent->rect().contains(widget->geometry())) {
+    constexpr int kHandle = 2;  // where a splitter is right to left
+    const QRect room = parent->rect().adjusted(-kHandle, 0, kHandle, 0);
+    if (!isScrolled && !room.contains(widget->geometry())) {
       faults.append(fault(*widget, QStringLiteral("is outside of what it is in")));
     }
     if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
