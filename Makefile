@@ -7,6 +7,8 @@ TEST_JOBS ?= $(shell echo $$(($$(nproc) + 1)))
 # Builds of the same file in several folders share one entry, also below ctest, which changes
 # the locale; precompiled headers are cached.
 export CCACHE_NOHASHDIR := 1
+# The compiler tells what a file includes, so that nothing is preprocessed twice.
+export CCACHE_DEPEND := 1
 export CCACHE_SLOPPINESS := pch_defines,time_macros,locale
 
 MAKEFLAGS += --no-print-directory

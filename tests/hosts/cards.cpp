@@ -60,19 +60,6 @@ void describe(const OVList<IOVGroup>& groups, const std::string& indent, std::os
 
 }  // namespace
 
-std::string repeated(std::string_view part, int count) {
-  std::string text;
-  text.reserve(part.size() * static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) text += part;
-  return text;
-}
-
-std::string card(std::string_view lines, std::string_view version) {
-  std::string text = "BEGIN:VCARD\nVERSION:" + std::string(version) + "\n" + std::string(lines);
-  if (!lines.empty() && !lines.ends_with('\n')) text += '\n';
-  return text + "END:VCARD\n";
-}
-
 OVRef<OVVCardBook> bookOf(std::string_view text) {
   OVRef<OVVCardBook> book = OVVCardBook::init();
   book->loadWithData(OVData::dataWithText(text));

@@ -7,11 +7,7 @@
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
-/// A card of the lines, which are ended by "\n"; a last line needs no end.
-std::string card(std::string_view lines, std::string_view version = "4.0");
-
-/// The part so many times.
-std::string repeated(std::string_view part, int count);
+#include "support/card_text.h"
 
 /// A new book of the cards in `text`.
 OVRef<OVVCardBook> bookOf(std::string_view text);

@@ -16,6 +16,8 @@ function(ov_consumer_test name linkage)
       --build-options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
                       "-DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}"
                       -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
+                      -DCMAKE_UNITY_BUILD=ON
+                      -DCMAKE_UNITY_BUILD_BATCH_SIZE=${CMAKE_UNITY_BUILD_BATCH_SIZE}
                       "-DCMAKE_CXX_FLAGS_RELEASE=${CMAKE_CXX_FLAGS_RELEASE}" ${ARGN}
       --test-command ${CMAKE_CURRENT_SOURCE_DIR}/run_consumer.sh ${folder}/consumer ${linkage}
                      ${PROJECT_VERSION})
@@ -76,7 +78,7 @@ if(OV_TEST_EVERY_CONSUMER)
         ov_consumer_test(
           add_subdirectory_${linkage}.${compiler}.${standard} ${linkage} -DOV_PROGRAM=main
           -DOV_LIBRARY=OVAddressBookSDK${suffix} -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
-          -DOV_WARNINGS_AS_ERRORS=ON -DCMAKE_CXX_COMPILER=${compiler}
+          -DOV_WARNINGS_AS_ERRORS=ON -DCMAKE_CXX_COMPILER=${compiler} -DCMAKE_UNITY_BUILD=OFF
           -DCMAKE_CXX_STANDARD=${standard})
       endforeach()
     endforeach()

@@ -1,7 +1,5 @@
 #include "codec/card_reader.h"
 
-#include <random>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -173,69 +171,11 @@ void expectStable(std::string_view text) {
   EXPECT_EQ(again, sources) << testing::PrintToString(std::string(text));
 }
 
-const std::string kCard = card(
-    "item1.TEL;TYPE=home,pref;X=\"a;b:c\":1\nitem1.X-ABLabel:_$!<Home>!$_\n"
-    "NOTE;ENCODING=QUOTED-PRINTABLE;CHARSET=SHIFT_JIS:=8E=52=\n=3B\nFN;CHARSET=ISO-8859-1:\xE4;\n"
-    "PHOTO;ENCODING=b;TYPE=PNG:\n QUJD\n\nADR;CC=DE:;;a\\nb;c,d;;;X\nAGENT:\nBEGIN:VCARD\nFN:x\n"
-    "END:VCARD\nN:a,b;c;;d;e\nBDAY:--0229\nIMPP:aim:%41\nKIND:org\nCATEGORIES:a,b",
-    "2.1");
-
-TEST(HostileCards, MayBeCutAnywhere) {
-  for (std::size_t size = 0; size <= kCard.size(); ++size) expectStable(kCard.substr(0, size));
-}
-
-TEST(HostileCards, MayLackAnyByte) {
-  for (std::size_t i = 0; i < kCard.size(); ++i) {
-    std::string text = kCard;
-    expectStable(text.erase(i, 1));
-  }
-}
-
-TEST(HostileCards, MayHaveAnyByteChanged) {
-  std::mt19937 random(1);  // NOLINT: the same bytes in every run
-  const std::string interesting =
-      "\r\n\t ;:,=\\\"^.%\0\x80\xFF"
-      "BEGIN:VCARD\nEND:VCARD\n";
-  for (int round = 0; round < 3000; ++round) {
-    std::string text = kCard;
-    for (unsigned changes = random() % 4 + 1; changes > 0; --changes) {
-      const std::size_t at = random() % text.size();
-      if (random() % 2 == 0) {
-        text[at] = interesting[random() % interesting.size()];
-      } else {
-        text.insert(at, 1, interesting[random() % interesting.size()]);
-      }
-    }
-    expectStable(text);
-  }
-}
-
-TEST(HostileCards, MayBeAnyBytes) {
-  std::mt19937 random(2);  // NOLINT: the same bytes in every run
-  for (int round = 0; round < 100; ++round) {
-    std::string lines;
-    for (int i = 0; i < 200; ++i) lines += static_cast<char>(random());
-    expectStable(lines);
-    expectStable("BEGIN:VCARD\nVERSION:4.0\n" + lines + "\nEND:VCARD\n");
-    expectStable("BEGIN:VCARD\nVERSION:2.1\nN:" + lines + "\nEND:VCARD\n");
-    expectStable("BEGIN:VCARD\nVERSION:3.0\nX-A;" + lines + ":x\nEND:VCARD\n");
-  }
-}
-
-TEST(HostileCards, MayNestWithoutEnd) {
-  std::string text;
-  for (int i = 0; i < 5000; ++i) text += "BEGIN:VCARD\nAGENT:\n";
-  expectStable(text);
-  for (int i = 0; i < 5000; ++i) text += "END:VCARD\n";
-  expectStable(text);
-}
-
-std::string repeated(std::string_view part, int count) {
-  std::string text;
-  text.reserve(part.size() * static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) text += part;
-  return text;
-}
+TEST(HostileCards, MayBeCutAnywhere) { useCutCards(expectStable); }
+TEST(HostileCards, MayLackAnyByte) { useCardsThatLackAByte(expectStable); }
+TEST(HostileCards, MayHaveAnyByteChanged) { useChangedCards(3000, expectStable); }
+TEST(HostileCards, MayBeAnyBytes) { useAnyBytes(expectStable); }
+TEST(HostileCards, MayNestWithoutEnd) { useNestedCards(expectStable); }
 
 /// What would take forever if the time grew with the square of the size.
 TEST(HostileCards, TakeTimeInProportionToTheirSize) {

@@ -15,12 +15,6 @@ void ProblemLog::warning(std::size_t line, std::string_view reason) {
   texts.push_back(std::to_string(line) + ": " + std::string(reason));
 }
 
-std::string card(std::string_view lines, std::string_view version) {
-  std::string text = "BEGIN:VCARD\nVERSION:" + std::string(version) + "\n" + std::string(lines);
-  if (!lines.empty() && !lines.ends_with('\n')) text += '\n';
-  return text + "END:VCARD\n";
-}
-
 std::vector<std::string> readCards(std::string_view text,
                                    const std::function<void(const Card&)>& use) {
   ProblemLog problems;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "codec/card_reader.h"
+#include "support/card_text.h"
 
 namespace ov::card {
 
@@ -18,8 +19,7 @@ class ProblemLog final : public Problems {
   std::vector<std::string> texts;
 };
 
-/// A card of the lines, which are ended by "\n"; a last line needs no end.
-std::string card(std::string_view lines, std::string_view version = "4.0");
+using ::card;
 
 /// Reads all cards of a text, and hands over each; returns the problems.
 std::vector<std::string> readCards(std::string_view text,
