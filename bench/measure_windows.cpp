@@ -87,8 +87,8 @@ int main(int count, char** arguments) {
   const auto block = bench::libraryBook(persons)->saveToData();
 
   OVRef<OVAddressBookGeneral> book;
-  const auto restoring =
-      bench::measure(kRuns, [&] { book = restored(block); }, [&] { book = nullptr; });
+  const auto restoring = bench::measure(
+      kRuns, [&] { book = restored(block); }, [&] { book = nullptr; });
   std::unique_ptr<Shown> shown;
   const auto opening = bench::measure(
       kRuns, [&] { shown = std::make_unique<Shown>(OVBlockBook::initWithBook(restored(block))); },
@@ -104,15 +104,16 @@ int main(int count, char** arguments) {
 
   const auto all = open->allPersons();
   std::size_t scanned = 0;
-  const auto scanning =
-      bench::measure(kRuns, [&] { scanned = scan(all, "z"); }, [] {});
+  const auto scanning = bench::measure(
+      kRuns, [&] { scanned = scan(all, "z"); }, [] {});
   const auto typing = bench::measure(
       kRuns, [&] { window.found.setText("z"); }, [&] { window.found.setText(""); });
   window.found.setText("z");
-  const auto more =
-      bench::measure(kRuns, [&] { window.found.setText("zq"); }, [&] { window.found.setText("z"); });
-  std::printf("{\"restoring\": %f, \"opening\": %f, \"scanning\": %f, \"typing\": %f, "
-              "\"typingOn\": %f, \"found\": %d, \"scanned\": %zu, \"bytes\": %zu}\n",
-              restoring.seconds, opening.seconds, scanning.seconds, typing.seconds, more.seconds,
-              window.found.rowCount(), scanned, after - before);
+  const auto more = bench::measure(
+      kRuns, [&] { window.found.setText("zq"); }, [&] { window.found.setText("z"); });
+  std::printf(
+      "{\"restoring\": %f, \"opening\": %f, \"scanning\": %f, \"typing\": %f, "
+      "\"typingOn\": %f, \"found\": %d, \"scanned\": %zu, \"bytes\": %zu}\n",
+      restoring.seconds, opening.seconds, scanning.seconds, typing.seconds, more.seconds,
+      window.found.rowCount(), scanned, after - before);
 }

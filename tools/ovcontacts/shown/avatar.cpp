@@ -26,7 +26,8 @@ QString firstLetter(const QString& word) {
 QColor colorFor(const QString& name) {
   std::uint32_t sum = 7;  // the same in every process, unlike Qt's hash
   for (const QChar letter : name) sum = sum * 31 + letter.unicode();
-  return QColor::fromHsl(static_cast<int>(sum % 360), 95, 115);
+  constexpr std::uint32_t kMixing = 2654435769U;
+  return QColor::fromHsl(static_cast<int>((sum * kMixing >> 16) % 360), 95, 115);
 }
 
 }  // namespace
