@@ -74,8 +74,9 @@ fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless 
 cppcheck: setup ## Run cppcheck over the library and the hosts
 	mkdir -p build/cppcheck
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
-	  --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
-	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src src hosts
+	  --library=qt --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
+	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src -I hosts/qt/include \
+	  -I hosts/qt/src src hosts
 
 docs: setup ## Write the reference of the public headers to build/reference/html
 	mkdir -p build/reference

@@ -32,7 +32,7 @@ void speak(QApplication& application, const QLocale& locale) {
   install(application, "qt", locale, QStringLiteral("qtbase"),
           QLibraryInfo::path(QLibraryInfo::TranslationsPath));
   install(application, "own", locale, QStringLiteral("ovcontacts"), QStringLiteral(":/i18n"));
-  application.setLayoutDirection(locale.textDirection());
+  QGuiApplication::setLayoutDirection(locale.textDirection());
 }
 
 void setUp(QApplication& application) {

@@ -52,8 +52,7 @@ QByteArray cardsOf(const OVQtBook::Persons& persons) {
   const auto general = OVAddressBookGeneral::init();
   for (const auto& person : persons) general->addPerson(person);
   const auto data = ov::vcard::exportBook(general);
-  const std::string_view text = data->text();
-  return {text.data(), static_cast<qsizetype>(text.size())};
+  return {data->text().data(), static_cast<qsizetype>(data->size())};
 }
 
 Document::Document(QObject* parent) : QObject(parent) {
@@ -105,7 +104,7 @@ QString Document::save() {
 
 QString Document::saveAs(const QString& path) {
   const Format format = formatOf(path);
-  const QString wrong = write(path, format);
+  QString wrong = write(path, format);
   if (!wrong.isEmpty()) return wrong;
   path_ = QFileInfo(path).absoluteFilePath();
   format_ = format;

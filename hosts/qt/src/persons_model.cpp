@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 #include <OVAddressBookQt/qt_text.h>
 #include <OVAddressBookSDK/data.h>
@@ -17,8 +16,7 @@ namespace {
 QByteArray bytesOf(const OVRef<OVImage>& image) {
   const auto data = image == nullptr ? nullptr : image->data();
   if (data == nullptr) return {};
-  const std::string_view bytes = data->text();
-  return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+  return {data->text().data(), static_cast<qsizetype>(data->size())};
 }
 
 QString companyOf(const IOVPerson& person) {

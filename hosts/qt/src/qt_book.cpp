@@ -44,6 +44,8 @@ IDs idsOf(const OVQtBook::Persons& persons) {
 }  // namespace
 
 struct OVQtBook::Inner {
+  explicit Inner(BookSteps itsSteps) : steps(std::move(itsSteps)) {}
+
   BookSteps steps;
   QUndoStack stack;
   std::vector<OVNotificationObserver> observers;

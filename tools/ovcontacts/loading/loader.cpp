@@ -1,9 +1,14 @@
 #include "loading/loader.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+
 #include <chrono>
+#include <functional>
 #include <mutex>
 #include <new>
 #include <thread>
+#include <utility>
 
 namespace ovcontacts {
 
@@ -14,24 +19,42 @@ struct Loader::Job {
   std::mutex mutex;
   Loader* loader = nullptr;  // null once nobody wants to know
 
-  /// Calls `tell` on the loader's thread, unless the job is not wanted any more by then.
-  template <class Tell>
-  static void tell(const std::shared_ptr<Job>& job, Tell tell) {
-    const std::lock_guard lock(job->mutex);
-    if (job->loader == nullptr) return;
-    QMetaObject::invokeMethod(
-        job->loader,
-        [job, tell] {
-          if (job->loader != nullptr) tell(*job->loader);
-        },
-        Qt::QueuedConnection);
-  }
   void forget() {
     cancellation.cancel();
     const std::lock_guard lock(mutex);
     loader = nullptr;
   }
 };
+
+/// Something to be done on the loader's thread, unless the job is not wanted any more by then.
+class Loader::Told final : public QEvent {
+ public:
+  using Tell = std::function<void(Loader&)>;
+
+  static void post(const std::shared_ptr<Job>& job, Tell tell) {
+    const std::lock_guard lock(job->mutex);
+    if (job->loader == nullptr) return;
+    // The queue's from now on.
+    QCoreApplication::postEvent(job->loader, new Told(job, std::move(tell)));
+  }
+  Told(std::shared_ptr<Job> job, Tell tell)
+      : QEvent(QEvent::User), job_(std::move(job)), tell_(std::move(tell)) {}
+
+  void run(Loader& loader) const {
+    if (job_->loader != nullptr) tell_(loader);
+  }
+
+ private:
+  std::shared_ptr<Job> job_;
+  Tell tell_;
+};
+
+bool Loader::event(QEvent* event) {
+  const auto* const told = dynamic_cast<const Told*>(event);
+  if (told == nullptr) return QObject::event(event);
+  told->run(*this);
+  return true;
+}
 
 Loader::Loader(QObject* parent) : QObject(parent) {}
 
@@ -62,17 +85,17 @@ void Loader::run(const std::shared_ptr<Job>& job) {
     job->cancellation.check();
     if (all != 0 && Clock::now() < next) return;
     next = Clock::now() + kBetweenReports;
-    Job::tell(job, [=](Loader& loader) { emit loader.progressed(done, all); });
+    Told::post(job, [=](Loader& loader) { emit loader.progressed(done, all); });
   };
   const auto fail = [&](const QString& reason) {
-    Job::tell(job, [name = job->source->name(), reason](Loader& loader) {
+    Told::post(job, [name = job->source->name(), reason](Loader& loader) {
       loader.job_.reset();
       emit loader.failed(name, reason);
     });
   };
   try {
     const OpenedBook book = job->source->open(progress, job->cancellation);
-    Job::tell(job, [book](Loader& loader) {
+    Told::post(job, [book](Loader& loader) {
       loader.job_.reset();
       emit loader.opened(book);
     });

@@ -33,7 +33,7 @@ QFont smallFont(QFont font) {
 QString belowName(const QModelIndex& index) {
   for (const int role : {int{OVPersonsModel::BelowRole}, int{OVPersonsModel::CompanyRole},
                          int{OVPersonsModel::MainEmailRole}, int{OVPersonsModel::MainPhoneRole}}) {
-    const QString text = index.data(role).toString();
+    QString text = index.data(role).toString();
     if (!text.isEmpty() && text != shownName(index)) return text;
   }
   return {};

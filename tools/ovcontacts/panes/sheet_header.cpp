@@ -29,8 +29,7 @@ QByteArray pictureOf(const IOVPerson& person) {
   const auto image = person.thumbnail();
   const auto data = image == nullptr ? nullptr : image->data();
   if (data == nullptr) return {};
-  const std::string_view bytes = data->text();
-  return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+  return {data->text().data(), static_cast<qsizetype>(data->size())};
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ QImage decoded(const QByteArray& picture) {
   if (std::max(size.width(), size.height()) > kMostPixels) {
     reader.setScaledSize(size.scaled(kMostPixels, kMostPixels, Qt::KeepAspectRatio));
   }
-  const QImage image = reader.read();
+  QImage image = reader.read();
   cache.insert(picture, new QImage(image));  // the cache's from now on
   return image;
 }

@@ -34,7 +34,7 @@ class OVPersonsModel : public QAbstractListModel {
 
   /// Shows another book's persons; null for none.
   void setBook(OVQtBook* book);
-  [[nodiscard]] OVQtBook* book() const { return book_; }
+  [[nodiscard]] OVQtBook* book() const { return book_.data(); }
   void setOrder(OVPersonOrder order);
   [[nodiscard]] OVPersonOrder order() const { return order_; }
 
