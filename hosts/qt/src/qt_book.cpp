@@ -1,5 +1,7 @@
 #include <OVAddressBookQt/qt_book.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
 #include <QtCore/QThread>
 #include <QtGui/QUndoCommand>
 
@@ -31,6 +33,16 @@ class Command final : public QUndoCommand {
  private:
   std::function<void()> redo_;
   std::function<void()> undo_;
+};
+
+/// What another thread reported, to be told on ours.
+class Report final : public QEvent {
+ public:
+  explicit Report(std::function<void()> tell) : QEvent(User), tell_(std::move(tell)) {}
+  void tell() const { tell_(); }
+
+ private:
+  std::function<void()> tell_;
 };
 
 IDs idsOf(const OVQtBook::Persons& persons) {
@@ -102,6 +114,13 @@ OVQtBook::OVQtBook(OVRef<OVAddressBook> book, QObject* parent)
 OVQtBook::~OVQtBook() {
   inner_->observers.clear();
   inner_->stack.blockSignals(true);  // its end is no change of the book
+}
+
+bool OVQtBook::event(QEvent* event) {
+  const auto* const report = dynamic_cast<const Report*>(event);
+  if (report == nullptr) return QObject::event(event);
+  report->tell();
+  return true;
 }
 
 const OVRef<OVAddressBook>& OVQtBook::book() const { return inner_->steps.book; }

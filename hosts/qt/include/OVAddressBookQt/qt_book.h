@@ -85,6 +85,10 @@ class OVQtBook : public QObject {
   void groupsChanged();
   void tagsChanged();
 
+ protected:
+  /// Hears what other threads report.
+  bool event(QEvent* event) override;
+
  private:
   friend struct ov::qt::BookSteps;
   struct Inner;
