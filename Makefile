@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo pictures check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers symbols abi abi-baseline packages packages-check install clean
+.PHONY: help demo pictures check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -104,6 +104,11 @@ bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 u
 consumers: setup ## Use the library as a subfolder with each compiler and standard, shared and static
 	cmake --preset dev -B build/consumers -DOV_TEST_EVERY_CONSUMER=ON
 	ctest --test-dir build/consumers -R consumer.add_subdirectory_ -j $(TEST_JOBS) --output-on-failure
+
+cross: ## Build for s390x (big-endian) and i386 (32 bits), run the tests of archives, compare blocks
+	scripts/setup cross
+	scripts/cross s390x $(BUILD_JOBS)
+	scripts/cross i386 $(BUILD_JOBS)
 
 symbols: setup ## Write abi/symbols.txt, the list of what the shared library exports, anew
 	cmake --preset optimised

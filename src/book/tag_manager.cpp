@@ -156,7 +156,7 @@ void OVTagManager::Batch::end() {
 std::uint64_t OVTagManager::count() const { return tags().size(); }
 
 OVString OVTagManager::tagAtIndex(std::uint64_t index) const {
-  return index < count() ? tags()[index] : OVString();
+  return index < count() ? tags()[static_cast<std::size_t>(index)] : OVString();
 }
 
 Texts OVTagManager::personIDsByTag(const OVStringView& tag) const { return tagKeyDic()[tag]; }

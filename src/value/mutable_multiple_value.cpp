@@ -52,7 +52,8 @@ OVRef<OVSingleValue> OVMutableMultipleValue::mainValue() const {
 }
 
 OVRef<OVSingleValue> OVMutableMultipleValue::valueAtIndex(std::uint64_t index) const {
-  return index < count() ? ov::cast<OVSingleValue>(elements_[index]) : nullptr;
+  if (index >= count()) return nullptr;
+  return ov::cast<OVSingleValue>(elements_[static_cast<std::size_t>(index)]);
 }
 
 std::uint64_t OVMutableMultipleValue::indexOfValue(const OVRef<OVSingleValue>& value) const {
@@ -93,8 +94,9 @@ void OVMutableMultipleValue::setMainValue(const OVRef<OVSingleValue>& value) {
 void OVMutableMultipleValue::replaceValueForIndex(const OVRef<OVSingleValue>& value,
                                                   std::uint64_t index) {
   if (!hasDatum(value) || index >= count()) return;
-  if (isMain(elements_[index])) setMainValue(value);
-  elements_[index] = value;
+  OVRef<OVObject>& element = elements_[static_cast<std::size_t>(index)];
+  if (isMain(element)) setMainValue(value);
+  element = value;
 }
 
 void OVMutableMultipleValue::replaceValueForOriginal(const OVRef<OVSingleValue>& value,

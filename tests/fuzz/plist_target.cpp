@@ -88,8 +88,9 @@ void write(const PlistReader& reader, const PlistItem& item, PlistWriter& writer
     case Kind::dictionary: {
       const std::vector<Number> numbers = references(reader, item);
       std::vector<PlistWriter::Entry> entries;
-      for (std::size_t i = 0; i < item.count; ++i) {
-        entries.push_back({numbers[i], numbers[i + item.count]});
+      const auto count = static_cast<std::size_t>(item.count);
+      for (std::size_t i = 0; i < count; ++i) {
+        entries.push_back({numbers[i], numbers[i + count]});
       }
       writer.dictionary(entries);
       break;

@@ -17,6 +17,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 using testing::Not;
 
 /// The book as it is exported from the block of its snapshot.
@@ -256,6 +257,14 @@ TEST(ThroughABlock, AGroupKeepsAllItsLines) {
 TEST(ThroughABlock, AGroupKeepsItsOtherNames) {
   const auto lines = linesAfterBlock("KIND:group\nFN:a\nN:c;d;;;\nFN:b");
   EXPECT_THAT(lines, ElementsAre("KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
+}
+
+TEST(ThroughABlock, AGroupKeepsItsOtherIDs) {
+  const std::string text = card("UID:a\nKIND:group\nFN:G\nUID:b\nNOTE:n\nUID:b\nUID:c");
+  const std::string once = throughBlock(*bookOf(text));
+  EXPECT_THAT(linesIn(once), IsSupersetOf({"UID:a", "UID:b", "UID:b", "UID:c", "NOTE:n"}));
+  EXPECT_EQ(throughBlock(*bookOf(once)), once);
+  EXPECT_EQ(ov::vcard::exportBook(bookOf(once))->text(), once);
 }
 
 TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {

@@ -23,7 +23,7 @@ class ArchiveBuilder : public PlistBuilder {
   Uid addText(std::string_view text) { return add(ascii(text)); }
   /// A place whose object comes later, for rings.
   Uid reserve() { return add(0); }
-  void place(Uid uid, Number object) { archived_[uid] = object; }
+  void place(Uid uid, Number object) { archived_[static_cast<std::size_t>(uid)] = object; }
 
   /// A record {"$classname", "$classes"}. The ancestors follow the class itself.
   Uid classRecord(std::string_view name, const std::vector<std::string_view>& ancestors);

@@ -37,7 +37,9 @@ class PlistBuilder {
 
   /// What a container refers to, for a list that has to be tied together afterwards. Its length
   /// stays as it was.
-  std::vector<Number>& references(Number container) { return objects_[container].references; }
+  std::vector<Number>& references(Number container) {
+    return objects_[static_cast<std::size_t>(container)].references;
+  }
   [[nodiscard]] Number count() const { return objects_.size(); }
 
   /// 1 to 8, or 0 for the fewest bytes that do.

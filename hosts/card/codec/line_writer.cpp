@@ -86,12 +86,11 @@ void LineWriter::binary(const LineHeader& header, std::string_view bytes,
 }
 
 void LineWriter::start(const LineHeader& header) {
-  column_ = 0;
-  if (!header.group.empty()) {
-    put(header.group);
-    put(".");
-  }
-  put(header.name);
+  const std::size_t begin = out_.size();
+  if (!header.group.empty()) out_.append(header.group).append(".");
+  out_.append(header.name);
+  column_ = out_.size() - begin;
+  isNameAlone_ = true;
   put(version_ == Version::V4_0 ? header.parameters
                                 : spelledParameters(header.parameters, version_));
 }
@@ -126,9 +125,12 @@ void LineWriter::put(std::string_view text) {
 }
 
 void LineWriter::fold(std::string_view text) {
-  while (column_ + text.size() > kLongestLine) {
+  while (!text.empty() && column_ + text.size() > kLongestLine) {
     const std::size_t room = column_ < kLongestLine ? kLongestLine - column_ : 0;
     std::size_t size = fitting(text, room);
+    // Alone on its line, a name may be taken for base64 that goes on; its separator is none.
+    if (size == 0 && isNameAlone_) size = 1;
+    isNameAlone_ = false;
     if (size == 0 && column_ == 1) size = room;  // no character at all
     out_.append(text.substr(0, size)).append(lineEnd_).append(" ");
     text.remove_prefix(size);
@@ -136,6 +138,7 @@ void LineWriter::fold(std::string_view text) {
   }
   out_ += text;
   column_ += text.size();
+  if (!text.empty()) isNameAlone_ = false;
 }
 
 void LineWriter::endLine() {

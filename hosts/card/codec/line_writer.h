@@ -54,6 +54,7 @@ class LineWriter {
   Version version_;
   std::string_view lineEnd_;
   std::size_t column_ = 0;
+  bool isNameAlone_ = false;
 };
 
 }  // namespace ov::card

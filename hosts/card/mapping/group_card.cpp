@@ -172,6 +172,7 @@ void writeGroup(const GroupContent& group, std::string& out) {
     sink.line({{}, "MEMBER", parametersOf(*member.line, Preference::AsItStands)},
               member.line->value());
   }
+  writeRole(Role::ID);  // the first of several: the group's own is no odd line
   writeRole(Role::Other);
   sink.end();
 }

@@ -75,6 +75,17 @@ TEST(LineWriter, FoldsWhatIsNoTextAtAll) {
   EXPECT_EQ(unfolded(written(Version::V4_0, {.name = "X"}, value), 1), "X:" + value);
 }
 
+TEST(LineWriter, LeavesNoNameAloneBehindBase64) {
+  for (const std::size_t size : {74U, 75U, 76U, 200U}) {
+    const std::string name(size, 'A');
+    const std::string text =
+        written(Version::V4_0, {.name = "X", .parameters = ";ENCODING=b"}, "") +
+        written(Version::V4_0, {.name = name}, "a") +
+        written(Version::V4_0, {.name = name, .parameters = ";B=c"}, "d");
+    EXPECT_THAT(Lines(text).all, ElementsAre("X base64:", name + ":a", name + ";B=c:d"));
+  }
+}
+
 TEST(LineWriter, WritesWhatIsReadInEveryVersion) {
   for (const std::string_view text : {"",
                                       "plain",

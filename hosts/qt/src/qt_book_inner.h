@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QtGui/QUndoCommand>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include <OVAddressBookQt/qt_book.h>
+#include <OVAddressBookSDK/notification_center.h>
+
+#include "book_steps.h"
+
+namespace ov::qt {
+
+/// A change as two calls.
+class Command final : public QUndoCommand {
+ public:
+  Command(const QString& text, std::function<void()> redo, std::function<void()> undo)
+      : QUndoCommand(text), redo_(std::move(redo)), undo_(std::move(undo)) {}
+
+  void redo() override { redo_(); }
+  void undo() override { undo_(); }
+
+ private:
+  std::function<void()> redo_;
+  std::function<void()> undo_;
+};
+
+[[nodiscard]] inline IDs idsOf(const OVQtBook::Persons& persons) {
+  IDs ids;
+  for (const auto& person : persons) {
+    if (person != nullptr) ids.push_back(person->ID());
+  }
+  return ids;
+}
+
+}  // namespace ov::qt
+
+struct OVQtBook::Inner {
+  explicit Inner(ov::qt::BookSteps itsSteps) : steps(std::move(itsSteps)) {}
+
+  ov::qt::BookSteps steps;
+  QUndoStack stack;
+  std::vector<OVNotificationObserver> observers;
+  bool isReporting = false;
+
+  void push(const QString& text, std::function<void()> redo, std::function<void()> undo) {
+    stack.push(
+        new ov::qt::Command(text, std::move(redo), std::move(undo)));  // the stack's from now on
+  }
+};
