@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -74,12 +74,18 @@ fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless 
 cppcheck: setup ## Run cppcheck over the library and the hosts
 	mkdir -p build/cppcheck
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
-	  --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
-	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src src hosts
+	  --library=qt --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
+	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src -I hosts/qt/include \
+	  -I hosts/qt/src src hosts
 
 docs: setup ## Write the reference of the public headers to build/reference/html
 	mkdir -p build/reference
 	OV_REFERENCE_FOLDER=build/reference doxygen docs/Doxyfile
+
+pictures: setup ## Draw docs/pictures/ from the contacts program
+	cmake --preset optimised
+	$(call build_preset,optimised) --target ovcontacts_pictures
+	build/optimised/tools/ovcontacts/ovcontacts_pictures examples/contacts.vcf docs/pictures
 
 mutate: setup ## Change src/ in MUTANTS=42 places, one at a time: the tests must notice 90 % or more
 	scripts/mutate.py --count $(or $(MUTANTS),42) --seed $(or $(SEED),1) --jobs $(BUILD_JOBS) \

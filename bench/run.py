@@ -27,6 +27,7 @@ RUNS = {1000: 9, 10000: 7, 100000: 5, 1000000: 3}
 PLISTLIB_LIMIT = 100000
 VCARD_LIMIT = 10000
 CARDS = (10000, 100000)
+WINDOW_PERSONS = 100000
 
 
 def graph_points(programs, size):
@@ -176,20 +177,44 @@ def measure_cards(options, results):
     return "\n\n".join([machine() + ".", card_table(points, missing)])
 
 
+def measure_windows(options, results):
+    program = options.build / "bench" / "measure_windows"
+    found = measured([program, WINDOW_PERSONS])
+    results |= {"windows": found}
+    rows = [
+        ("restoring a block", "restoring", None),
+        ("restoring it and showing the first names", "opening", "restoring"),
+        ("a plain scan of the texts that a search looks into, for one letter", "scanning", None),
+        ("filtering by that letter, typed", "typing", "scanning"),
+        ("filtering by the next", "typingOn", "scanning"),
+    ]
+    lines = [f"| {WINDOW_PERSONS} persons | ms | × |", "|---|---|---|"]
+    for text, key, beside in rows:
+        times = cell(found[key] / found[beside] if beside else None, "{:.2f}")
+        lines.append(f"| {text} | {found[key] * 1000:.1f} | {times} |")
+    lines.append(f"| memory of the models and the list beside the book: bytes a person "
+                 f"| {found['bytes'] / WINDOW_PERSONS:.0f} | - |")
+    return "\n\n".join([machine() + ".", "\n".join(lines)])
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("out", type=pathlib.Path)
     parser.add_argument("--sizes", default="1000,10000,100000")
     parser.add_argument("--only-cards", action="store_true")
+    parser.add_argument("--only-windows", action="store_true")
     parser.add_argument("--page", type=pathlib.Path)
     options = parser.parse_args()
     options.out.mkdir(parents=True, exist_ok=True)
 
     results, texts = {"machine": machine()}, {}
-    if not options.only_cards:
+    if not options.only_cards and not options.only_windows:
         texts["measured"] = measure_books(options, results)
-    texts["measured with cards"] = measure_cards(options, results)
+    if not options.only_windows:
+        texts["measured with cards"] = measure_cards(options, results)
+    if not options.only_cards:
+        texts["measured with windows"] = measure_windows(options, results)
     print("\n\n".join(texts.values()))
     (options.out / "results.json").write_text(json.dumps(results, indent=1) + "\n")
     if options.page:

@@ -31,6 +31,17 @@ if(OV_BUILD_VCARD)
   install(DIRECTORY hosts/vcard/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           COMPONENT Development FILES_MATCHING PATTERN "*.h")
 endif()
+if(OV_BUILD_QT)
+  ov_install_library(Qt OVAddressBookQt)
+  ov_install_library(QtStatic OVAddressBookQt_static)
+  install(DIRECTORY hosts/qt/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          COMPONENT Development FILES_MATCHING PATTERN "*.h")
+endif()
+if(TARGET ovcontacts)
+  install(TARGETS ovcontacts RUNTIME COMPONENT Contacts)
+  install(FILES tools/ovcontacts/ovcontacts.desktop
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Contacts)
+endif()
 if(OV_BUILD_TOOLS)
   install(TARGETS ovbook RUNTIME COMPONENT Tools)
   install(FILES man/ovbook.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
@@ -52,6 +63,12 @@ install(FILES ${generated_dir}/OVAddressBookSDKConfig.cmake
 # Relative to the file itself, so that the prefix can be chosen at install time.
 set(pkgconfig_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH pkgconfig_prefix ${pkgconfig_dir} ${CMAKE_INSTALL_PREFIX})
-configure_file(cmake/OVAddressBookSDK.pc.in ${generated_dir}/OVAddressBookSDK.pc @ONLY)
-install(FILES ${generated_dir}/OVAddressBookSDK.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
-        COMPONENT Development)
+set(pkgconfig_names OVAddressBookSDK)
+if(OV_BUILD_QT)
+  list(APPEND pkgconfig_names OVAddressBookQt)
+endif()
+foreach(name ${pkgconfig_names})
+  configure_file(cmake/${name}.pc.in ${generated_dir}/${name}.pc @ONLY)
+  install(FILES ${generated_dir}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+          COMPONENT Development)
+endforeach()

@@ -47,8 +47,18 @@ This package holds the headers, the static library, and the files by
 which CMake and pkg-config find it.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${runtime_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libicu-dev, libsqlite3-dev")
+set(recommended)
 if(OV_BUILD_VCARD)
-  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS libglib2.0-dev)
+  list(APPEND recommended libglib2.0-dev)
+endif()
+if(OV_BUILD_QT)
+  list(APPEND recommended qt6-base-dev)
+endif()
+list(JOIN recommended ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS)
+if(TARGET ovcontacts)
+  ov_package(Contacts ovcontacts utils "contacts program"
+             "The program shows and changes address books in data blocks and vCard
+files: persons, groups and tags.")
 endif()
 if(OV_BUILD_TOOLS)
   ov_package(Tools ovbook utils "snapshots of address books on the command line"

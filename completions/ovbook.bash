@@ -6,7 +6,7 @@ _ovbook_options() {
     '') printf '%s\n' -h --help --version ;;
     import) printf '%s\n' -h --help -o --output --tags --all-messages ;;
     export) printf '%s\n' -h --help -o --output --tags ;;
-    list) printf '%s\n' -h --help --tsv ;;
+    list) printf '%s\n' -h --help --sort --match --tsv ;;
     show) printf '%s\n' -h --help --tags ;;
     dump) printf '%s\n' -h --help --json ;;
     format) printf '%s\n' -h --help --country --one-line ;;
@@ -40,7 +40,8 @@ _ovbook() {
       [[ $word == '=' ]] && continue
       [[ $option == --country ]] && country=$word
       option=''
-    elif [[ $word == -o || $word == --output || $word == --tags || $word == --country ]]; then
+    elif [[ $word == -o || $word == --output || $word == --tags || $word == --country ||
+      $word == --sort || $word == --match ]]; then
       option=$word
     elif [[ $word == -* ]]; then
       continue
@@ -62,7 +63,11 @@ _ovbook() {
       mapfile -t COMPREPLY < <(compgen -f -- "$current")
       return
       ;;
-    --tags) return ;;
+    --tags | --match) return ;;
+    --sort)
+      mapfile -t COMPREPLY < <(compgen -W 'name company none' -- "$current")
+      return
+      ;;
     --country)
       mapfile -t COMPREPLY < <(compgen -W "$(_ovbook_arguments country 0)" -- "$current")
       return

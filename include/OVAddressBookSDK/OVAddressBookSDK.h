@@ -35,7 +35,10 @@
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/person_general.h>
+#include <OVAddressBookSDK/person_heading.h>
+#include <OVAddressBookSDK/person_matcher.h>
 #include <OVAddressBookSDK/person_name.h>
+#include <OVAddressBookSDK/person_sorter.h>
 #include <OVAddressBookSDK/phone.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
@@ -57,6 +59,24 @@ class OV_EXPORT OVLocale {
   /// every locale: an "I" becomes an "i" in Turkish too. The library compares the display names of
   /// services with it. Codes of countries do not depend on it.
   [[nodiscard]] virtual OVString lowercase(const OVString& text) const = 0;
+
+  /// Bytes whose order is that of the texts for a reader of the current locale: of two keys the
+  /// smaller is the one of the text that comes first. Parts that are to be ordered one after the
+  /// other, such as last and first name, stand in one text with U+FFFE between them. "" for null.
+  ///
+  /// The platform's default gives the collation keys of ICU for `currentLocaleIdentifier`, in the
+  /// common order of most languages where that names none ("en_US_POSIX"). Keys are for the moment:
+  /// those of another locale or another process may differ. A host's locale orders by `lowercase`
+  /// unless it knows better.
+  [[nodiscard]] virtual std::string sortKey(const OVString& text) const;
+
+  /// The text as a search compares it: what differs only in case, accents or width is equal; null
+  /// for null. A text of ASCII becomes its lower case in every locale: the library does that by
+  /// itself, and asks only for other texts.
+  ///
+  /// The platform's default gives "jurgen grossling" for "J\u00fcrgen Gr\u00f6\u00dfling". A
+  /// host's locale gives `lowercase` unless it knows better.
+  [[nodiscard]] virtual OVString searchForm(const OVString& text) const;
 
  protected:
   OVLocale() = default;

@@ -74,3 +74,12 @@ class OV_EXPORT IOVPerson : public OVObject {
   /// Optional: null unless a host's person class knows better.
   [[nodiscard]] virtual OVString showNameChineesPinyin() const;
 };
+
+namespace ov {
+
+/// Takes the value of a property from a person of any class: from a general person with
+/// `removeValueByPropertyName`, from others with a null value. False when there still is one, since
+/// the person's class keeps it.
+OV_EXPORT bool removeValue(IOVPerson& person, const OVString& name);
+
+}  // namespace ov

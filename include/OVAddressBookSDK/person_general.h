@@ -30,11 +30,14 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
   /// Null when there is none, and for a null name.
   [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
-  /// Replaces an earlier value. Does nothing when value or property is null: a value can be
-  /// replaced, never removed.
+  /// Replaces an earlier value. Does nothing when value or property is null: what takes a value
+  /// away is `removeValueByPropertyName`.
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
   /// The same under any name; does nothing when value or name is null.
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
+
+  /// Takes the value under the name away. Does nothing where there is none, and for null.
+  void removeValueByPropertyName(const OVStringView& name);
 
   [[nodiscard]] OVRef<OVImage> thumbnail() const override;
   /// Null keeps the old thumbnail.

@@ -62,6 +62,13 @@ void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const 
   if (value != nullptr && !name.isNull()) setObject(value, name);
 }
 
+void OVPersonGeneral::removeValueByPropertyName(const OVStringView& name) {
+  const auto at = entryUnder(entries_, name);
+  if (at == entries_.end()) return;
+  const OVRef<OVObject> removed = std::move(at->value);  // goes away when the person is whole
+  entries_.erase(at);
+}
+
 void OVPersonGeneral::setObject(OVRef<OVObject> object, const OVString& name) {
   const auto known = entryUnder(entries_, name);
   if (known != entries_.end()) {

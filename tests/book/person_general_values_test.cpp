@@ -28,6 +28,18 @@ TEST_F(PersonValues, AreTheVeryObjectsSet) {
   EXPECT_EQ(person->valueByProperty(OVProperty::propertyWithName("Company")), value);
 }
 
+TEST_F(PersonValues, CanBeTakenAway) {
+  person->setValueByPropertyName(textValue("Inc."), OVProPertyCompany);
+  person->setValueByPropertyName(textValue("Ann"), OVProPertyNickname);
+  person->removeValueByPropertyName("Company");
+  person->removeValueByPropertyName("Note");
+  person->removeValueByPropertyName(nullptr);
+  EXPECT_EQ(person->valueByPropertyName(OVProPertyCompany), nullptr);
+  EXPECT_EQ(filledNames(), std::vector<OVString>{OVProPertyNickname});
+  EXPECT_TRUE(ov::removeValue(*person, OVProPertyNickname));
+  EXPECT_TRUE(filledNames().empty());
+}
+
 TEST_F(PersonValues, AreKeptUnderThePropertysName) {
   const auto property = OVProperty::propertyWithName(OVProPertyMaidenName);
   const auto value = textValue("Miller");

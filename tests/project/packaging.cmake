@@ -65,6 +65,14 @@ if(OV_BUILD_VCARD)
   set_tests_properties(project.consumer.vcard_shared project.consumer.vcard_static
                        PROPERTIES FIXTURES_REQUIRED installed)
 endif()
+if(OV_BUILD_QT)
+  ov_consumer_test(qt_shared shared -DOV_PROGRAM=qt -DOV_COMPONENTS=Qt -DOV_LIBRARY=OVAddressBookQt
+                   -DCMAKE_PREFIX_PATH=${prefix})
+  ov_consumer_test(qt_static static -DOV_PROGRAM=qt "-DOV_COMPONENTS=Static$<SEMICOLON>Qt"
+                   -DOV_LIBRARY=OVAddressBookQt_static -DCMAKE_PREFIX_PATH=${prefix})
+  set_tests_properties(project.consumer.qt_shared project.consumer.qt_static
+                       PROPERTIES FIXTURES_REQUIRED installed)
+endif()
 # With the flags of the main build, so that the compiler cache knows the files already.
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}

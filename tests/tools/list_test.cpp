@@ -11,6 +11,8 @@ namespace {
 
 class List : public OvbookTest {
  protected:
+  const OVRef<OVAddressBookGeneral> book_ = OVAddressBookGeneral::init();
+
   void add(const OVString& ID, const OVString& name, const OVString& phone, const OVString& email) {
     const auto person = OVPersonGeneral::initWithID(ID);
     set(*person, OVProPertyName, OVValueTypePersonName,
@@ -37,8 +39,6 @@ class List : public OvbookTest {
     multiple->addValue(single);
     person.setValueByPropertyName(multiple, property);
   }
-
-  OVRef<OVAddressBookGeneral> book_ = OVAddressBookGeneral::init();
 };
 
 }  // namespace
@@ -69,6 +69,39 @@ TEST_F(List, KeepsTheOrderOfTheBook) {
   for (const char* ID : {"3", "1", "2"}) add(ID, ID, nullptr, nullptr);
   EXPECT_EQ(list({"--tsv"}), success("3\t3\t\t\n1\t1\t\t\n2\t2\t\t\n"));
 }
+
+TEST_F(List, SortsByNameAsTheLocaleDoes) {
+  for (const char* name : {"Zoe", "\u00c9mile", "emil", "Ann"}) add(name, name, nullptr, nullptr);
+  EXPECT_EQ(list({"--tsv", "--sort", "name"}), success("Ann\tAnn\t\t\nemil\temil\t\t\n"
+                                                       "\u00c9mile\t\u00c9mile\t\t\n"
+                                                       "Zoe\tZoe\t\t\n"));
+  EXPECT_EQ(list({"--tsv", "--sort", "none", "--match", "z"}), success("Zoe\tZoe\t\t\n"));
+}
+
+TEST_F(List, SortsByCompany) {
+  const auto company = [&](const OVString& ID, const OVString& name) {
+    const auto person = OVPersonGeneral::initWithID(ID);
+    person->setValueByPropertyName(textValue(name), OVProPertyCompany);
+    book_->addPerson(person);
+  };
+  company("1", "Tidal");
+  add("2", "Ann", nullptr, nullptr);
+  company("3", "Ebb");
+  EXPECT_EQ(list({"--tsv", "--sort", "company"}),
+            success("3\tEbb\t\t\n1\tTidal\t\t\n2\tAnn\t\t\n"));
+}
+
+TEST_F(List, MatchFindsNamesNumbersAndAddresses) {
+  add("1", "J\u00fcrgen", "+44 (55) 50-23", nullptr);
+  add("2", "Ann", nullptr, "ann@jurgen.example");
+  add("3", "Bob", "5551", nullptr);
+  EXPECT_EQ(list({"--tsv", "--match", "JURGEN"}),
+            success("1\tJ\u00fcrgen\t+44 (55) 50-23\t\n2\tAnn\t\tann@jurgen.example\n"));
+  EXPECT_EQ(list({"--tsv", "--match", "5550"}), success("1\tJ\u00fcrgen\t+44 (55) 50-23\t\n"));
+  EXPECT_EQ(list({"--match", "nobody"}), success());
+}
+
+TEST_F(List, AnUnknownOrderIsNotUnderstood) { EXPECT_EQ(list({"--sort", "age"}).status, 2); }
 
 TEST_F(List, TsvEscapesWhatWouldEndAFieldOrALine) {
   add("tab\there", "back\\slash", "new\nline", "return\r\u0085\u2028");

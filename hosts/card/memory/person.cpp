@@ -6,10 +6,10 @@
 #include <OVAddressBookSDK/image.h>
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
+#include <OVAddressBookSDK/person_heading.h>
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/phone.h>
 
-#include "mapping/heading.h"
 #include "mapping/others.h"
 #include "mapping/person_card.h"
 #include "mapping/properties.h"
@@ -135,7 +135,7 @@ void Person::setIsOrganization(bool isOrganization) {
   setValueByProperty(OVPersonGeneral::singleValueByMacValueProperty(yes, property), property);
 }
 
-bool Person::isOrganization() const { return meansOrganization(text(OVProPertyIsOrganization)); }
+bool Person::isOrganization() const { return ov::isOrganization(*this); }
 
 OVString Person::showName() const {
   const bool wasHandedOut = isHandedOut_;

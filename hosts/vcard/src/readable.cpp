@@ -5,7 +5,6 @@
 
 #include "codec/ascii.h"
 #include "codec/escapes.h"
-#include "mapping/heading.h"
 #include "mapping/others.h"
 
 namespace ov::vcard {
@@ -29,11 +28,6 @@ ReadableOther readableRow(std::string_view value) {
 }
 
 }  // namespace
-
-Heading headingOf(const IOVPerson& person) {
-  const ov::card::Heading heading = ov::card::headingOf(person);
-  return {heading.main, heading.below};
-}
 
 std::optional<ReadableOther> readableOther(const OVSingleValue& entry) {
   if (ov::card::isOddLinesEntry(entry)) return std::nullopt;

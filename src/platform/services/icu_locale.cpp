@@ -12,6 +12,7 @@
 #include "platform/built_once.h"
 #include "platform/services/environment.h"
 #include "platform/services/locale_identifier.h"
+#include "platform/services/search_form.h"
 
 namespace ov {
 
@@ -52,5 +53,22 @@ OVString IcuLocale::currentLocaleIdentifier() const {
 }
 
 OVString IcuLocale::lowercase(const OVString& text) const { return inLowerCase(text); }
+
+std::string IcuLocale::sortKey(const OVString& text) const {
+  return text.isNull() ? std::string() : collation()->keyOf(text);
+}
+
+OVString IcuLocale::searchForm(const OVString& text) const { return ov::searchForm(text); }
+
+/// That of the current identifier, which may have changed since the last call.
+std::shared_ptr<const Collation> IcuLocale::collation() const {
+  const OVString identifier = currentLocaleIdentifier();
+  const std::lock_guard lock(mutex_);
+  if (collation_ == nullptr || identifier != collationIdentifier_) {
+    collation_ = std::make_shared<const Collation>(identifier);
+    collationIdentifier_ = identifier;
+  }
+  return collation_;
+}
 
 }  // namespace ov

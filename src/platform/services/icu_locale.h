@@ -1,10 +1,16 @@
 #pragma once
 
+#include <memory>
+#include <mutex>
+#include <string>
+
 #include <OVAddressBookSDK/locale.h>
+
+#include "platform/services/collation.h"
 
 namespace ov {
 
-/// Countries and case mappings of ICU.
+/// Countries, case mappings and collations of ICU.
 class IcuLocale final : public OVLocale {
  public:
   /// A null identifier stands for that of the environment.
@@ -13,9 +19,16 @@ class IcuLocale final : public OVLocale {
   [[nodiscard]] OVList<OVString> isoCountryCodes() const override;
   [[nodiscard]] OVString currentLocaleIdentifier() const override;
   [[nodiscard]] OVString lowercase(const OVString& text) const override;
+  [[nodiscard]] std::string sortKey(const OVString& text) const override;
+  [[nodiscard]] OVString searchForm(const OVString& text) const override;
 
  private:
+  [[nodiscard]] std::shared_ptr<const Collation> collation() const;
+
   const OVString identifier_;
+  mutable std::mutex mutex_;
+  mutable OVString collationIdentifier_;
+  mutable std::shared_ptr<const Collation> collation_;
 };
 
 }  // namespace ov

@@ -22,6 +22,10 @@ OVRef<OVLocale> OVLocale::currentLocale() { return theLocale().get(); }
 
 void OVLocale::setCurrentLocale(OVRef<OVLocale> locale) { theLocale().set(std::move(locale)); }
 
+std::string OVLocale::sortKey(const OVString& text) const { return lowercase(text).str(); }
+
+OVString OVLocale::searchForm(const OVString& text) const { return lowercase(text); }
+
 OVRef<OVLocale> OVLocale::withIdentifier(const OVString& identifier) {
   return std::make_shared<ov::IcuLocale>(identifier.isNull() ? OVString("en_US_POSIX")
                                                              : identifier);

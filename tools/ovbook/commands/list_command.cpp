@@ -1,6 +1,11 @@
 #include <ostream>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
-#include <OVAddressBookVCard/vcard_readable.h>
+#include <OVAddressBookSDK/person_heading.h>
+#include <OVAddressBookSDK/person_matcher.h>
+#include <OVAddressBookSDK/person_sorter.h>
 
 #include "book_file.h"
 #include "commands/commands.h"
@@ -13,19 +18,54 @@ namespace ovbook {
 
 namespace {
 
+/// The persons to be listed, with the IDs that they have in the book; null for what is no person.
+using Listed = std::vector<std::pair<OVString, OVRef<OVPersonGeneral>>>;
+
+Listed matching(const OVAddressBookGeneral& book, const OVPersonMatcher& matcher) {
+  Listed listed;
+  const auto persons = personsOf(book);
+  for (const auto& [ID, person] : persons) {
+    const bool matches = person == nullptr ? matcher.matchesAll() : matcher.matches(*person);
+    if (matches) listed.emplace_back(ID, person);
+  }
+  return listed;
+}
+
+Listed sorted(const Listed& listed, OVPersonOrder order) {
+  if (order == OVPersonOrder::None) return listed;
+  std::vector<OVRef<IOVPerson>> persons;
+  std::unordered_map<const IOVPerson*, std::vector<OVString>> IDs;
+  for (const auto& [ID, person] : listed) {
+    persons.push_back(person);
+    IDs[person.get()].push_back(ID);
+  }
+  OVPersonSorter(order).sort(persons);
+  Listed result;
+  for (const auto& person : persons) {
+    auto& left = IDs[person.get()];
+    result.emplace_back(left.front(), std::static_pointer_cast<OVPersonGeneral>(person));
+    if (left.size() > 1) left.erase(left.begin());
+  }
+  return result;
+}
+
+OVPersonOrder orderNamed(const std::string& word) {
+  if (word == "name") return OVPersonOrder::Name;
+  return word == "company" ? OVPersonOrder::Company : OVPersonOrder::None;
+}
+
 /// ID, heading, main phone and main e-mail address; what is missing is "".
 std::vector<std::string> rowOf(const OVString& ID, const OVRef<OVPersonGeneral>& person) {
   std::vector<std::string> row{ID.str(), "", "", ""};
   if (person == nullptr) return row;
-  row[1] = ov::vcard::headingOf(*person).main.str();
+  row[1] = ov::headingOf(*person).main.str();
   if (const auto phone = person->mainPhone()) row[2] = phone->displayString().str();
   if (const auto email = person->mainEmail()) row[3] = email->email().str();
   return row;
 }
 
-void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
-  const auto persons = personsOf(book);
-  for (const auto& [ID, person] : persons) {
+void listForPrograms(const Listed& listed, std::ostream& out) {
+  for (const auto& [ID, person] : listed) {
     const char* separator = "";
     for (const std::string& field : rowOf(ID, person)) {
       out << separator << tsvField(field);
@@ -35,10 +75,9 @@ void listForPrograms(const OVAddressBookGeneral& book, std::ostream& out) {
   }
 }
 
-void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
+void listForPeople(const Listed& listed, std::ostream& out) {
   Table table;
-  const auto persons = personsOf(book);
-  for (const auto& [ID, person] : persons) {
+  for (const auto& [ID, person] : listed) {
     std::vector<std::string> row = rowOf(ID, person);
     for (std::string& cell : row) cell = printable(cell);
     table.add(std::move(row));
@@ -51,15 +90,30 @@ void listForPeople(const OVAddressBookGeneral& book, std::ostream& out) {
 void addListCommand(const Command& ovbook, Session& session) {
   const Command command = ovbook.addCommand("list", "List the persons of a book");
   command.setFooter(
-      "One line a person, in the book's order: ID, name, main phone number, main e-mail address.\n"
-      "An organisation goes by its company; a person without a name by company, nickname, e-mail\n"
-      "address or phone number. With --tsv, tabs, line breaks and other control characters inside\n"
-      "a field stand as \\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
+      "One line a person: ID, name, main phone number, main e-mail address. An organisation goes "
+      "by\n"
+      "its company; a person without a name by company, nickname, e-mail address or phone number.\n"
+      "Who is listed first is as the locale and the name order (ovbook name-order) have it, or "
+      "the\n"
+      "book's own order. TEXT is words, each of them a part of a name, the company, a phone "
+      "number\n"
+      "or an e-mail address; case and accents do not count, and of numbers only the digits do.\n"
+      "With --tsv, tabs, line breaks and other control characters inside a field stand as \\t, "
+      "\\n,\n"
+      "\\r or \\uXXXX, and a backslash as \\\\.");
   const Argument book = command.addArgument("BOOK", "The book to list").required();
+  const Argument sort =
+      command
+          .addOption("--sort", "ORDER",
+                     "By name, by company, or none, the book's own order (default)")
+          .oneOf({"name", "company", "none"});
+  const Argument match = command.addOption("--match", "TEXT", "Only persons who match the text");
   const Argument tsv = command.addFlag("--tsv", "Fields apart by one tab, for programs");
   command.setAction([=, &session] {
     const auto opened = openBook(book.text());
-    tsv.isGiven() ? listForPrograms(*opened, session.out()) : listForPeople(*opened, session.out());
+    const Listed listed =
+        sorted(matching(*opened, OVPersonMatcher(match.text())), orderNamed(sort.text()));
+    tsv.isGiven() ? listForPrograms(listed, session.out()) : listForPeople(listed, session.out());
   });
 }
 

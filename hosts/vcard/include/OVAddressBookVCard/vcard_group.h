@@ -19,7 +19,7 @@ class OVVCardGroup final : public IOVGroup {
   [[nodiscard]] OVString ID() const override;
   [[nodiscard]] OVString displayName() const override;
   /// Null counts as "".
-  void setDisplayName(const OVString& name);
+  void setDisplayName(const OVString& name) override;
 
   /// New lists, in the order in which the members were added.
   [[nodiscard]] OVList<IOVGroup> subGroups() const override;
@@ -30,14 +30,14 @@ class OVVCardGroup final : public IOVGroup {
 
   /// False, changing nothing, when the person is null, belongs to another book or is a member
   /// already.
-  bool addPerson(const OVRef<IOVPerson>& person);
+  bool addPerson(const OVRef<IOVPerson>& person) override;
   /// False when the person is no member.
-  bool removePerson(const OVRef<IOVPerson>& person);
+  bool removePerson(const OVRef<IOVPerson>& person) override;
   /// False, changing nothing, when the group is null, belongs to another book, is a sub-group
   /// already, or would come to stand inside itself.
-  bool addSubGroup(const OVRef<IOVGroup>& group);
+  bool addSubGroup(const OVRef<IOVGroup>& group) override;
   /// The group stays in the book. False when it is no sub-group of this one.
-  bool removeSubGroup(const OVRef<IOVGroup>& group);
+  bool removeSubGroup(const OVRef<IOVGroup>& group) override;
 
  private:
   friend struct ov::vcard::GroupObjects;

@@ -2,24 +2,15 @@
 
 #include <optional>
 
-#include <OVAddressBookSDK/person.h>
+#include <OVAddressBookSDK/person_heading.h>
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/text.h>
 
 namespace ov::vcard {
 
-/// How a person is called.
-struct Heading {
-  /// Null for a person of whom nothing is known that could be a name.
-  OVString main;
-  /// The person in an organisation; null for none.
-  OVString below;
-};
-
-/// The heading of a person of any book: the display name; the company of an organisation, with the
-/// display name below; else the first of company, nickname, e-mail address, phone number, account
-/// and URL.
-[[nodiscard]] Heading headingOf(const IOVPerson& person);
+/// How a person is called; see `ov::headingOf`.
+using Heading = OVPersonHeading;
+using ov::headingOf;
 
 /// An entry of "Other" as a person would read it.
 struct ReadableOther {

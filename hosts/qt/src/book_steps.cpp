@@ -1,0 +1,161 @@
+#include "book_steps.h"
+
+#include <algorithm>
+
+#include <OVAddressBookSDK/notification_names.h>
+#include <OVAddressBookSDK/property.h>
+
+namespace ov::qt {
+
+namespace {
+
+void addBelow(const OVList<IOVGroup>& groups, std::vector<OVRef<IOVGroup>>& all) {
+  for (const auto& group : groups) {
+    if (group == nullptr || std::find(all.begin(), all.end(), group) != all.end()) continue;
+    all.push_back(group);
+    addBelow(group->subGroups(), all);
+  }
+}
+
+template <class List>
+IDs idsOf(const List& list) {
+  IDs ids;
+  for (const auto& each : list) ids.push_back(each->ID());
+  return ids;
+}
+
+}  // namespace
+
+OVString notificationFor(const OVString& property) {
+  if (property == OVProPertyName) return OVPersonChangeNameNotification;
+  if (property == OVProPertyPhone) return OVPersonChangePhoneNotification;
+  return property == OVProPertyEmail ? OVPersonChangeEmailNotification : OVString();
+}
+
+OVString BookSteps::currentID(OVString id) const {
+  for (auto at = laterIDs.find(id); at != laterIDs.end(); at = laterIDs.find(id)) id = at->second;
+  return id;
+}
+
+OVRef<IOVPerson> BookSteps::person(const OVString& id) const {
+  const auto found = book->personsForIDs(OVList<OVString>::list({currentID(id)}));
+  return found.empty() ? nullptr : found.front();
+}
+
+OVRef<IOVGroup> BookSteps::group(const OVString& id) const {
+  return id.isNull() ? nullptr : book->groupByID(currentID(id));
+}
+
+std::vector<OVRef<IOVGroup>> BookSteps::allGroups() const {
+  std::vector<OVRef<IOVGroup>> all;
+  addBelow(book->rootGroups(), all);
+  return all;
+}
+
+void BookSteps::setValue(const OVString& id, const OVString& property,
+                         const OVRef<OVValue>& value) {
+  const auto changed = person(id);
+  if (changed == nullptr) return;
+  if (value == nullptr) {
+    ov::removeValue(*changed, property);
+  } else {
+    changed->setValueByPropertyName(value, property);
+  }
+  emit shown.personChanged(changed, property);
+}
+
+OVRef<IOVPerson> BookSteps::bring(const OVRef<IOVPerson>& person) {
+  auto came = person == nullptr ? book->newPerson() : book->addOneFromOtherPerson(person);
+  if (came == nullptr) return nullptr;
+  if (person != nullptr && came->ID() != person->ID()) laterIDs[person->ID()] = came->ID();
+  emit shown.personAdded(came);
+  if (!came->tagArray().empty()) emit shown.tagsChanged();
+  return came;
+}
+
+RemovedPerson BookSteps::remove(const OVString& id) {
+  RemovedPerson removed{person(id), tagsOf(id), {}};
+  if (removed.person == nullptr) return removed;
+  for (const auto& each : allGroups()) {
+    if (each->persons().contains(removed.person)) removed.groups.push_back(each->ID());
+  }
+  book->removePersons(OVList<IOVPerson>::list({removed.person}));
+  emit shown.personRemoved(removed.person);
+  return removed;
+}
+
+void BookSteps::bringBack(const RemovedPerson& removed) {
+  const auto came = removed.person == nullptr ? nullptr : bring(removed.person);
+  if (came == nullptr) return;
+  if (!removed.tags.empty()) setTags(came->ID(), removed.tags);
+  for (const OVString& id : removed.groups) {
+    if (const auto each = group(id)) each->addPerson(came);
+  }
+}
+
+RemovedGroup BookSteps::removeGroup(const OVString& id) {
+  const auto leaving = group(id);
+  if (leaving == nullptr) return {};
+  RemovedGroup removed{leaving->ID(),
+                       leaving->displayName(),
+                       idsOf(leaving->persons()),
+                       idsOf(leaving->subGroups()),
+                       {}};
+  for (const auto& each : allGroups()) {
+    if (each->subGroups().contains(leaving)) removed.parents.push_back(each->ID());
+  }
+  book->removeGroup(leaving);
+  emit shown.groupsChanged();
+  return removed;
+}
+
+void BookSteps::bringBack(const RemovedGroup& removed) {
+  const auto came = removed.id.isNull() ? nullptr : book->addGroupByName(removed.name);
+  if (came == nullptr) return;
+  if (came->ID() != removed.id) laterIDs[removed.id] = came->ID();
+  for (const OVString& id : removed.persons) came->addPerson(person(id));
+  for (const OVString& id : removed.subGroups) came->addSubGroup(group(id));
+  for (const OVString& id : removed.parents) {
+    if (const auto parent = group(id)) parent->addSubGroup(came);
+  }
+  emit shown.groupsChanged();
+}
+
+void BookSteps::rename(const OVString& id, const OVString& name) {
+  if (const auto renamed = group(id)) renamed->setDisplayName(name);
+  emit shown.groupsChanged();
+}
+
+void BookSteps::join(const OVString& groupID, const IDs& persons) {
+  const auto joined = group(groupID);
+  for (const OVString& id : persons) {
+    if (joined != nullptr) joined->addPerson(person(id));
+  }
+  emit shown.groupsChanged();
+}
+
+void BookSteps::leave(const OVString& groupID, const IDs& persons) {
+  const auto left = group(groupID);
+  for (const OVString& id : persons) {
+    if (left != nullptr) left->removePerson(person(id));
+  }
+  emit shown.groupsChanged();
+}
+
+IDs BookSteps::tagsOf(const OVString& id) const {
+  const auto manager = book->tagManager();
+  const auto tags = manager == nullptr ? nullptr : manager->tagsByPersonID(currentID(id));
+  return {tags.begin(), tags.end()};
+}
+
+void BookSteps::setTags(const OVString& id, const IDs& tags) {
+  const auto manager = book->tagManager();
+  if (manager == nullptr) return;
+  auto list = OVList<OVString>::list();
+  for (const OVString& tag : tags) list.push_back(tag);
+  manager->setTagsForPersonID(list, currentID(id));
+  if (const auto changed = person(id)) emit shown.personChanged(changed, OVProPertyTags);
+  emit shown.tagsChanged();
+}
+
+}  // namespace ov::qt

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include <OVAddressBookQt/qt_book.h>
+#include <OVAddressBookSDK/tag_manager.h>
+
+namespace ov::qt {
+
+using Persons = OVQtBook::Persons;
+using IDs = std::vector<OVString>;
+
+/// What a person who was taken out of the book leaves behind.
+struct RemovedPerson {
+  OVRef<IOVPerson> person;
+  IDs tags;
+  IDs groups;
+};
+
+/// What a group that was taken out of the book leaves behind.
+struct RemovedGroup {
+  OVString id;
+  OVString name;
+  IDs persons;
+  IDs subGroups;
+  IDs parents;
+};
+
+/// The single steps that changes of a book are made of. Each changes the book, and tells so.
+struct BookSteps {
+  OVQtBook& shown;
+  OVRef<OVAddressBook> book;
+  /// The IDs that persons and groups got when they came back.
+  std::unordered_map<OVString, OVString> laterIDs;
+
+  [[nodiscard]] OVString currentID(OVString id) const;
+  [[nodiscard]] OVRef<IOVPerson> person(const OVString& id) const;
+  [[nodiscard]] OVRef<IOVGroup> group(const OVString& id) const;
+  [[nodiscard]] std::vector<OVRef<IOVGroup>> allGroups() const;
+
+  void setValue(const OVString& id, const OVString& property, const OVRef<OVValue>& value);
+  /// The person that came; null when the book takes none.
+  OVRef<IOVPerson> bring(const OVRef<IOVPerson>& person);
+  RemovedPerson remove(const OVString& id);
+  void bringBack(const RemovedPerson& removed);
+
+  RemovedGroup removeGroup(const OVString& id);
+  void bringBack(const RemovedGroup& removed);
+  void rename(const OVString& id, const OVString& name);
+  void join(const OVString& groupID, const IDs& persons);
+  void leave(const OVString& groupID, const IDs& persons);
+
+  [[nodiscard]] IDs tagsOf(const OVString& id) const;
+  void setTags(const OVString& id, const IDs& tags);
+};
+
+/// Keeps reports of our own from coming back.
+[[nodiscard]] OVString notificationFor(const OVString& property);
+
+}  // namespace ov::qt

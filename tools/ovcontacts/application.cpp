@@ -1,0 +1,45 @@
+#include "application.h"
+
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QLocale>
+#include <QtCore/QTranslator>
+#include <QtWidgets/QApplication>
+
+#include <OVAddressBookSDK/user_defaults.h>
+
+namespace ovcontacts {
+
+namespace {
+
+/// The application's translator; the one before it goes.
+void install(QApplication& application, const char* name, const QLocale& locale,
+             const QString& file, const QString& folder) {
+  auto* const before = application.findChild<QTranslator*>(QLatin1String(name));
+  if (before != nullptr) {
+    QCoreApplication::removeTranslator(before);
+    delete before;
+  }
+  auto* const translator = new QTranslator(&application);
+  translator->setObjectName(QLatin1String(name));
+  if (translator->load(locale, file, QStringLiteral("_"), folder)) {
+    QCoreApplication::installTranslator(translator);
+  }
+}
+
+}  // namespace
+
+void speak(QApplication& application, const QLocale& locale) {
+  install(application, "qt", locale, QStringLiteral("qtbase"),
+          QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+  install(application, "own", locale, QStringLiteral("ovcontacts"), QStringLiteral(":/i18n"));
+  QGuiApplication::setLayoutDirection(locale.textDirection());
+}
+
+void setUp(QApplication& application) {
+  QApplication::setApplicationName(QStringLiteral("ovcontacts"));
+  QApplication::setApplicationDisplayName(QCoreApplication::translate("Application", "Contacts"));
+  OVUserDefaults::setApplicationIdentifier("ovcontacts");
+  speak(application, QLocale());
+}
+
+}  // namespace ovcontacts

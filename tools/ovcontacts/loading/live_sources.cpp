@@ -1,0 +1,7 @@
+#include "loading/live_sources.h"
+
+namespace ovcontacts {
+
+std::vector<std::shared_ptr<BookSource>> liveSources() { return {}; }
+
+}  // namespace ovcontacts

@@ -1,0 +1,127 @@
+#include <QtCore/QFile>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QToolButton>
+
+#include <OVAddressBookQt/qt_text.h>
+#include <OVAddressBookSDK/image.h>
+#include <OVAddressBookSDK/person_general.h>
+
+#include "shown/avatar.h"
+#include "window/main_window.h"
+
+namespace ovcontacts {
+
+void MainWindow::makeContactMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("&Contact"));
+  const auto canChange = [this] { return document_.book()->canChange(); };
+  const auto hasPerson = [this, canChange] {
+    return canChange() && persons_->currentPerson() != nullptr;
+  };
+  const auto hasValue = [this, hasPerson] {
+    return hasPerson() && sheet_->list()->currentIndex().flags().testFlag(Qt::ItemIsEditable);
+  };
+  auto* const newOne =
+      add(menu, nullptr, tr("&New Contact"), QKeySequence::New, [this] { newPerson(); });
+  enableWhile(newOne, canChange);
+  enableWhile(add(menu, persons_->list(), tr("&Remove Contacts"), QKeySequence::Delete,
+                  [this] { removePersons(); }),
+              hasPerson);
+  menu.addSeparator();
+  QMenu& values = *menu.addMenu(tr("&Add"));
+  sheet_->fill(values);
+  values.setObjectName(QStringLiteral("add"));
+  enableWhile(values.menuAction(), hasPerson);
+  sheet_->list()->addAction(values.menuAction());
+  enableWhile(add(menu, sheet_->list(), tr("&Edit Value\u2026"), QKeySequence(Qt::Key_Return),
+                  [this] { sheet_->editCurrent(); }),
+              hasValue);
+  enableWhile(add(menu, sheet_->list(), tr("Re&move Value"), QKeySequence::Delete,
+                  [this] { sheet_->removeCurrent(); }),
+              hasValue);
+  enableWhile(add(menu, sheet_->list(), tr("Ma&ke It the Main One"), QKeySequence(),
+                  [this] { sheet_->makeCurrentMain(); }),
+              [this, hasValue] {
+                return hasValue() &&
+                       sheet_->list()->currentIndex().data(OVPersonSheet::SeveralRole).toBool();
+              });
+  enableWhile(
+      add(menu, sheet_->list(), tr("&Open It"), QKeySequence(Qt::CTRL | Qt::Key_Return),
+          [this] { sheet_->openCurrent(); }),
+      [this] {
+        return sheet_->list()->currentIndex().data(OVPersonSheet::URLRole).toUrl().isValid();
+      });
+  menu.addSeparator();
+  enableWhile(
+      add(menu, nullptr, tr("Choose &Picture\u2026"), QKeySequence(), [this] { choosePicture(); }),
+      hasPerson);
+  enableWhile(
+      add(menu, nullptr, tr("Remove Pic&ture"), QKeySequence(), [this] { removePicture(); }),
+      [this, hasPerson] {
+        return hasPerson() && persons_->currentPerson()->thumbnail() != nullptr;
+      });
+  isOrganization_ = menu.addAction(tr("Is an Or&ganization"));
+  isOrganization_->setCheckable(true);
+  connect(isOrganization_, &QAction::toggled, this, &MainWindow::setOrganization);
+  enableWhile(isOrganization_, hasPerson);
+
+  QToolBar& bar = *addToolBar(tr("Contact"));
+  bar.setObjectName(QStringLiteral("bar"));
+  bar.setMovable(false);
+  bar.setToolButtonStyle(Qt::ToolButtonTextOnly);
+  bar.addAction(newOne);
+  addButton_ = new QToolButton(&bar);
+  addButton_->setText(tr("Add Value"));
+  addButton_->setMenu(&values);
+  addButton_->setPopupMode(QToolButton::InstantPopup);
+  bar.addWidget(addButton_);
+  bar.addSeparator();
+  bar.addAction(undo_);
+  bar.addAction(redo_);
+}
+
+void MainWindow::newPerson() {
+  OVQtBook& book = *document_.book();
+  const auto person = book.addPerson();
+  if (person == nullptr) return;
+  if (const auto group = groups_->selectedGroup()) book.addToGroup(group, {person});
+  if (const auto tag = groups_->selectedTag(); !tag.isNull()) book.addTag(tag, {person});
+  persons_->reveal(person);
+  sheet_->addValue(ov::qt::qString(OVProPertyName));
+}
+
+void MainWindow::removePersons() { document_.book()->removePersons(persons_->selectedPersons()); }
+
+void MainWindow::choosePicture() {
+  const auto person = persons_->currentPerson();
+  if (person == nullptr || !document_.book()->canChange()) return;
+  const QString path = QFileDialog::getOpenFileName(this, tr("Choose Picture"), {},
+                                                    tr("Pictures (*.png *.jpg *.jpeg *.gif)"));
+  if (path.isEmpty()) return;
+  QFile file(path);
+  const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  if (decoded(bytes).isNull()) {
+    showWrong(tr("The picture cannot be used."), tr("It cannot be read, or is no picture."));
+    return;
+  }
+  const auto image = OVImage::imageWithData(OVData::dataWithText(bytes.toStdString()));
+  const auto property = OVProperty::propertyWithName(OVProPertyThumbnail);
+  document_.book()->setValue(person, OVProPertyThumbnail,
+                             OVPersonGeneral::singleValueByMacValueProperty(image, property));
+}
+
+void MainWindow::removePicture() {
+  document_.book()->setValue(persons_->currentPerson(), OVProPertyThumbnail, nullptr);
+}
+
+void MainWindow::setOrganization(bool isOrganization) {
+  const auto property = OVProperty::propertyWithName(OVProPertyIsOrganization);
+  const auto yes = isOrganization
+                       ? OVPersonGeneral::singleValueByMacValueProperty(OVString("true"), property)
+                       : nullptr;
+  document_.book()->setValue(persons_->currentPerson(), OVProPertyIsOrganization, yes);
+}
+
+}  // namespace ovcontacts

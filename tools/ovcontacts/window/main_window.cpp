@@ -1,0 +1,163 @@
+#include "window/main_window.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
+#include <QtGui/QCloseEvent>
+#include <QtGui/QDesktopServices>
+#include <QtGui/QDragEnterEvent>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QSplitter>
+
+#include "loading/file_source.h"
+
+namespace ovcontacts {
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+  setObjectName(QStringLiteral("main"));
+  setAcceptDrops(true);
+  makePanes();
+  makeProgress();
+  makeFileMenu();
+  makeEditMenu();
+  makeContactMenu();
+  makeGroupMenu();
+  makeViewMenu();
+  connect(&document_, &Document::bookAboutToChange, this, [this] {
+    sheet_->setBook(nullptr);
+    groups_->setBook(nullptr);
+    persons_->setBook(nullptr);
+  });
+  connect(&document_, &Document::bookChanged, this, &MainWindow::showBook);
+  connect(&document_, &Document::titleChanged, this, &MainWindow::showTitle);
+  connect(groups_, &GroupsPane::selectionChosen, this, &MainWindow::chooseByGroup);
+  connect(persons_, &PersonsPane::currentPersonChanged, this, [this] {
+    const auto person = persons_->currentPerson();
+    if (person != sheet_->sheet()->person()) sheet_->setPerson(person);
+    enableActions();
+  });
+  connect(persons_->list()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &MainWindow::enableActions);
+  connect(sheet_->list()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &MainWindow::enableActions);
+  connect(sheet_, &SheetPane::urlOpened, this,
+          [](const QUrl& url) { QDesktopServices::openUrl(url); });
+  connect(sheet_->header(), &SheetHeader::pictureClicked, this, &MainWindow::choosePicture);
+  resize(1080, 700);
+  showBook();
+  showTitle();
+}
+
+/// The panes go before the book that they show, and tell nobody.
+MainWindow::~MainWindow() {
+  for (QObject* const pane : findChildren<QObject*>()) pane->disconnect(this);
+  delete takeCentralWidget();
+}
+
+void MainWindow::makePanes() {
+  auto* const splitter = new QSplitter(this);
+  splitter->setObjectName(QStringLiteral("panes"));
+  splitter->setHandleWidth(1);
+  splitter->setChildrenCollapsible(false);
+  groups_ = new GroupsPane(splitter);
+  persons_ = new PersonsPane(splitter);
+  sheet_ = new SheetPane(splitter);
+  splitter->setStretchFactor(0, 0);
+  splitter->setStretchFactor(1, 0);
+  splitter->setStretchFactor(2, 1);
+  splitter->setSizes({210, 320, 550});
+  setCentralWidget(splitter);
+}
+
+void MainWindow::showBook() {
+  OVQtBook* const book = document_.book();
+  groups_->setBook(book);
+  persons_->setBook(book);
+  sheet_->setBook(book);
+  sheet_->setPerson(persons_->currentPerson());
+  connect(&book->undoStack(), &QUndoStack::indexChanged, this, &MainWindow::enableActions);
+  enableActions();
+}
+
+void MainWindow::showTitle() {
+  setWindowTitle(document_.title() + QStringLiteral("[*]"));
+  setWindowModified(document_.isModified());
+}
+
+void MainWindow::chooseByGroup() {
+  if (const auto group = groups_->selectedGroup()) {
+    persons_->showGroup(group);
+  } else if (const auto tag = groups_->selectedTag(); !tag.isNull()) {
+    persons_->showTag(tag);
+  } else {
+    persons_->showEverybody();
+  }
+  enableActions();
+}
+
+void MainWindow::enableActions() {
+  for (const auto& [action, isPossible] : conditions_) action->setEnabled(isPossible());
+  const auto& stack = document_.book()->undoStack();
+  undo_->setEnabled(stack.canUndo());
+  redo_->setEnabled(stack.canRedo());
+  undo_->setText(stack.canUndo() ? tr("&Undo %1").arg(stack.undoText()) : tr("&Undo"));
+  redo_->setText(stack.canRedo() ? tr("&Redo %1").arg(stack.redoText()) : tr("&Redo"));
+  const auto person = persons_->currentPerson();
+  const QSignalBlocker quiet(isOrganization_);
+  isOrganization_->setChecked(person != nullptr && person->isOrganization());
+}
+
+QAction* MainWindow::add(QMenu& menu, QWidget* pane, const QString& text, const QKeySequence& keys,
+                         const std::function<void()>& run) {
+  auto* const action = menu.addAction(text);
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this, run);
+  if (pane == nullptr) return action;
+  pane->addAction(action);
+  // The same key means something else in each pane.
+  if (keys == QKeySequence(QKeySequence::Delete) || keys == QKeySequence(Qt::Key_Return)) {
+    action->setShortcutContext(Qt::WidgetShortcut);
+  }
+  return action;
+}
+
+void MainWindow::enableWhile(QAction* action, std::function<bool()> isPossible) {
+  conditions_.emplace_back(action, std::move(isPossible));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!mayLeaveBook()) return event->ignore();
+  loader_.cancel();
+  event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  // What comes from our own list is here already.
+  if (event->source() != nullptr) return;
+  const QMimeData& data = *event->mimeData();
+  if (data.hasFormat(QStringLiteral("text/vcard")) || data.hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QMimeData& data = *event->mimeData();
+  if (data.hasFormat(QStringLiteral("text/vcard"))) {
+    addCards(data.data(QStringLiteral("text/vcard")));
+  } else if (!data.urls().isEmpty() && data.urls().front().isLocalFile()) {
+    openFile(data.urls().front().toLocalFile());
+  }
+  event->acceptProposedAction();
+}
+
+void MainWindow::addCards(const QByteArray& cards) {
+  const auto from = bookOfCards(cards);
+  if (from == nullptr) {
+    showWrong(tr("Nothing was added."), tr("There is no contact in what was dropped."));
+    return;
+  }
+  OVQtBook::Persons persons;
+  for (const auto& person : from->allPersons()) persons.push_back(person);
+  const auto came = document_.book()->addCopies(persons);
+  if (!came.empty()) persons_->reveal(came.front());
+}
+
+}  // namespace ovcontacts
