@@ -1,0 +1,153 @@
+#include "connection.h"
+
+#include "signals.h"
+
+namespace ov::eds {
+
+namespace {
+
+bool isLocalSource(ESource* source) {
+  if (e_source_has_extension(source, E_SOURCE_EXTENSION_ADDRESS_BOOK) == FALSE) return false;
+  auto* const backend =
+      E_SOURCE_BACKEND(e_source_get_extension(source, E_SOURCE_EXTENSION_ADDRESS_BOOK));
+  return taken(e_source_backend_dup_backend_name(backend)) == "local";
+}
+
+}  // namespace
+
+Connection::Connection(std::shared_ptr<Session> session, GRef<ESource> source)
+    : session_(std::move(session)),
+      source_(std::move(source)),
+      uid_(e_source_get_uid(source_.get())),
+      isLocal_(isLocalSource(source_.get())) {}
+
+std::shared_ptr<Connection> Connection::open(std::shared_ptr<Session> session,
+                                             const std::string& uid, const Call& call,
+                                             std::error_code& error) {
+  auto source = session->source(uid);
+  if (source == nullptr ||
+      e_source_has_extension(source.get(), E_SOURCE_EXTENSION_ADDRESS_BOOK) == FALSE) {
+    error = OVEDSError::NoBook;
+    return nullptr;
+  }
+  std::shared_ptr<Connection> connection(new Connection(std::move(session), std::move(source)));
+  connection->watchSource();
+  std::shared_ptr<Client> client;
+  error = connection->ensureOpen(call, client);
+  return error ? nullptr : connection;
+}
+
+void Connection::watchSource() {
+  session_->worker().post([weak = weak_from_this()] {
+    const auto connection = weak.lock();
+    if (connection == nullptr) return;
+    connection->statusHandler_ = Signals::status(connection->source_.get(), weak);
+    connection->removedHandler_ = Signals::removed(connection->session_->registry(), weak);
+  });
+}
+
+Connection::~Connection() {
+  drop(client_);
+  struct Left {
+    GRef<ESource> source;
+    GRef<ESourceRegistry> registry;
+    gulong status;
+    gulong removed;
+  };
+  const auto left = std::make_shared<Left>(Left{anotherRef(source_.get()),
+                                                anotherRef(session_->registry()), statusHandler_,
+                                                removedHandler_});
+  session_->worker().post([left] {
+    if (left->status != 0) g_signal_handler_disconnect(left->source.get(), left->status);
+    if (left->removed != 0) g_signal_handler_disconnect(left->registry.get(), left->removed);
+  });
+}
+
+std::string Connection::name() const { return taken(e_source_dup_display_name(source_.get())); }
+
+void Connection::setNewsCallback(std::function<void()> callback) {
+  const std::lock_guard lock(mutex_);
+  callback_ = std::move(callback);
+}
+
+void Connection::tell() {
+  std::function<void()> callback;
+  {
+    const std::lock_guard lock(mutex_);
+    callback = callback_;
+  }
+  if (callback) callback();
+}
+
+OVEDSState Connection::state() const {
+  if (isGone_) return OVEDSState::Gone;
+  if (!isLocal_) {
+    switch (e_source_get_connection_status(source_.get())) {
+      case E_SOURCE_CONNECTION_STATUS_AWAITING_CREDENTIALS:
+        return OVEDSState::CredentialsNeeded;
+      case E_SOURCE_CONNECTION_STATUS_DISCONNECTED:
+      case E_SOURCE_CONNECTION_STATUS_SSL_FAILED:
+        return OVEDSState::Offline;
+      default:
+        break;
+    }
+    if (isOffline_) return OVEDSState::Offline;
+  }
+  return isWritable_ ? OVEDSState::Connected : OVEDSState::ReadOnly;
+}
+
+void Connection::statusChanged() {
+  // Whoever waits has looked at the state before, or will see it now.
+  { const std::lock_guard lock(mutex_); }
+  changed_.notify_all();
+  tell();
+}
+
+void Connection::progressed(bool isEnd) {
+  if (!isEnd) return;
+  {
+    const std::lock_guard lock(mutex_);
+    ++refreshesEnded_;
+  }
+  changed_.notify_all();
+}
+
+void Connection::failed() {
+  isOffline_ = true;
+  statusChanged();
+}
+
+void Connection::died() {
+  std::shared_ptr<Client> client;
+  {
+    const std::lock_guard lock(mutex_);
+    client = client_;
+  }
+  drop(client);
+  if (inbox_.addIncomplete()) tell();
+}
+
+void Connection::removed(const std::string& uid) {
+  if (uid != uid_) return;
+  isGone_ = true;
+  statusChanged();
+}
+
+/// The last references go on the session's thread, where the signals come in.
+void Connection::drop(const std::shared_ptr<Client>& client) {
+  if (client == nullptr) return;
+  {
+    const std::lock_guard lock(mutex_);
+    if (client_ == client) client_ = nullptr;
+  }
+  session_->worker().post([client] {
+    for (const gpointer object : {static_cast<gpointer>(client->view.get()),
+                                  static_cast<gpointer>(client->book.get())}) {
+      if (object != nullptr) g_signal_handlers_disconnect_matched(object, G_SIGNAL_MATCH_UNBLOCKED, 0, 0, nullptr, nullptr, nullptr);
+    }
+    client->view.reset();
+    client->book.reset();
+  });
+}
+
+}  // namespace ov::eds
