@@ -133,18 +133,15 @@ void Connection::removed(const std::string& uid) {
   statusChanged();
 }
 
-/// The last references go on the session's thread, where the signals come in.
-void Connection::drop(const std::shared_ptr<Client>& client) {
+/// The last references go on the session's thread, where the signals come in. By value: it may be
+/// `client_` itself.
+void Connection::drop(std::shared_ptr<Client> client) {  // NOLINT(performance-unnecessary-value-param)
   if (client == nullptr) return;
   {
     const std::lock_guard lock(mutex_);
     if (client_ == client) client_ = nullptr;
   }
   session_->worker().post([client] {
-    for (const gpointer object : {static_cast<gpointer>(client->view.get()),
-                                  static_cast<gpointer>(client->book.get())}) {
-      if (object != nullptr) g_signal_handlers_disconnect_matched(object, G_SIGNAL_MATCH_UNBLOCKED, 0, 0, nullptr, nullptr, nullptr);
-    }
     client->view.reset();
     client->book.reset();
   });

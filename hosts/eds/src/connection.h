@@ -75,7 +75,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   [[nodiscard]] std::error_code makeClient(const Call& call, std::shared_ptr<Client>& client);
   [[nodiscard]] std::error_code startView(Client& client, const Call& call);
   void watchSource();
-  void drop(const std::shared_ptr<Client>& client);
+  void drop(std::shared_ptr<Client> client);
   using Request = std::function<void(EBookClient*, GCancellable*, GError**)>;
   [[nodiscard]] Outcome request(const Call& call, bool mayRepeat, const Request& make);
   [[nodiscard]] Outcome readCards(const std::string& query, Cards& cards, const Call& call);

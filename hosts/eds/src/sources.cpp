@@ -3,6 +3,7 @@
 #include <libebook/libebook.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "service_call.h"
 #include "session_core.h"
@@ -87,7 +88,7 @@ OVString addCardDAVSource(Session& session, const OVString& name, const OVEDSSer
   const std::unique_ptr<GUri, FreeURI> uri(
       g_uri_parse(server.url.str().c_str(), G_URI_FLAGS_ENCODED, nullptr));
   const std::string scheme = uri == nullptr ? "" : g_uri_get_scheme(uri.get());
-  if ((scheme != "http" && scheme != "https") || g_uri_get_host(uri.get()) == nullptr) {
+  if ((scheme != "http" && scheme != "https") || std::string_view(g_uri_get_host(uri.get())).empty()) {
     error = std::make_error_code(std::errc::invalid_argument);
     return nullptr;
   }
