@@ -42,7 +42,12 @@ void viewIsThere(GObject* source, GAsyncResult* result, gpointer data) {
   e_book_client_get_view_finish(reinterpret_cast<EBookClient*>(source), result, &view,
                                 fault.out());
   GRef<EBookClientView> owned(view);
-  if (view != nullptr) Signals::watch(view, request->connection);
+  if (view != nullptr) {
+    Signals::watch(view, request->connection);
+    // What is there now is read; only what comes later is news.
+    e_book_client_view_set_flags(view, E_BOOK_CLIENT_VIEW_FLAGS_NONE, fault.out());
+    if (!fault) e_book_client_view_start(view, fault.out());
+  }
   request->reply->give({std::move(owned), std::move(fault)});
 }
 
@@ -101,11 +106,7 @@ std::error_code Connection::startView(Client& client, const Call& call) {
   if (!came) return std::make_error_code(std::errc::timed_out);
   if (came->result == nullptr) return request.errorOf(came->fault);
   client.view = std::move(came->result);
-  Fault fault;
-  // What is there now is read; only what comes later is news.
-  e_book_client_view_set_flags(client.view.get(), E_BOOK_CLIENT_VIEW_FLAGS_NONE, fault.out());
-  if (!fault) e_book_client_view_start(client.view.get(), fault.out());
-  return request.errorOf(fault);
+  return request.errorOf(came->fault);
 }
 
 }  // namespace ov::eds

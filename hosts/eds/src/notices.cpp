@@ -45,9 +45,12 @@ void postNotices(BookContent& book, const OVRef<OVObject>& object) {
   const auto center = OVNotificationCenter::defaultCenter();
   const std::vector<Notice> notices = std::exchange(book.notices, {});
   for (const Notice& notice : notices) {
-    const auto info = OVDictionary<OVObject>::dictionary();
-    info.set(OVChangeNameNotification_PersonKey, notice.person);
-    if (notice.value != nullptr) info.set(notice.key, notice.value);
+    OVDictionary<OVObject> info = nullptr;
+    if (notice.person != nullptr) {
+      info = OVDictionary<OVObject>::dictionary();
+      info.set(OVChangeNameNotification_PersonKey, notice.person);
+      if (notice.value != nullptr) info.set(notice.key, notice.value);
+    }
     center->postNotificationName(notice.name, object, info);
   }
 }

@@ -46,7 +46,14 @@ std::error_code Saver::run() {
   collect();
   if (count_ == 0) return {};
   if (book_.connection->state() == OVEDSState::Gone) return OVEDSError::NoBook;
-  if (!book_.connection->isWritable()) return OVEDSError::ReadOnly;
+  if (!book_.connection->isWritable()) {
+    // What was read from a process that was about to die says nothing.
+    Connection::Cards none;
+    if (const auto asked = book_.connection->fetch({"-"}, none, call_); asked.error) {
+      return asked.error;
+    }
+    if (!book_.connection->isWritable()) return OVEDSError::ReadOnly;
+  }
   // Lists name persons, so these come first.
   if (const auto error = writeAll(Kind::Add, std::move(newPersons_))) return error;
   if (const auto error = writeAll(Kind::Add, std::move(newGroups_))) return error;

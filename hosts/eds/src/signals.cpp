@@ -1,5 +1,7 @@
 #include "signals.h"
 
+#include <string_view>
+
 namespace ov::eds {
 
 namespace {
@@ -28,8 +30,7 @@ gulong Signals::removed(ESourceRegistry* registry, const Weak& connection) {
 void Signals::watch(EBookClient* client, const Weak& connection) {
   connect(client, "backend-died", G_CALLBACK(died), connection);
   connect(client, "backend-error", G_CALLBACK(failed), connection);
-  connect(client, "notify::online", G_CALLBACK(propertyCame), connection);
-  connect(client, "notify::readonly", G_CALLBACK(propertyCame), connection);
+  connect(client, "backend-property-changed", G_CALLBACK(propertyCame), connection);
 }
 
 void Signals::watch(EBookClientView* view, const Weak& connection) {
@@ -55,11 +56,19 @@ void Signals::failed(EClient* /*client*/, const gchar* /*message*/, gpointer dat
   if (const auto connection = target(data)) connection->failed();
 }
 
-void Signals::propertyCame(EClient* client, GParamSpec* /*property*/, gpointer data) {
+/// Told by the service itself; the client's own properties are those of nobody once that has died.
+void Signals::propertyCame(EClient* /*client*/, const gchar* name, const gchar* value,
+                           gpointer data) {
   const auto connection = target(data);
-  if (connection == nullptr) return;
-  connection->isWritable_ = e_client_is_readonly(client) == FALSE;
-  connection->statusChanged();
+  if (connection == nullptr || name == nullptr || value == nullptr) return;
+  const bool isTrue = std::string_view(value) == "TRUE";
+  if (std::string_view(name) == "readonly") {
+    connection->isWritable_ = !isTrue;
+    connection->statusChanged();
+  } else if (std::string_view(name) == "online") {
+    connection->isOffline_ = !isTrue;
+    connection->statusChanged();
+  }
 }
 
 void Signals::cardsCame(EBookClientView* /*view*/, const GSList* contacts, gpointer data) {

@@ -20,7 +20,7 @@ struct Signals {
   static void sourceWent(ESourceRegistry* registry, ESource* source, gpointer data);
   static void died(EClient* client, gpointer data);
   static void failed(EClient* client, const gchar* message, gpointer data);
-  static void propertyCame(EClient* client, GParamSpec* property, gpointer data);
+  static void propertyCame(EClient* client, const gchar* name, const gchar* value, gpointer data);
   static void cardsCame(EBookClientView* view, const GSList* contacts, gpointer data);
   static void cardsWent(EBookClientView* view, const GSList* uids, gpointer data);
   static void progressCame(EBookClientView* view, guint percent, const gchar* message,
