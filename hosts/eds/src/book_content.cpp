@@ -2,7 +2,10 @@
 
 #include "mapping/others.h"
 #include "mapping/person_card.h"
+#include "mapping/reading.h"
+#include "memory/renewal.h"
 #include "photo_file.h"
+#include "same_card.h"
 
 namespace ov::eds {
 
@@ -14,6 +17,28 @@ using ov::card::Version;
 
 const CardSource& sourceOf(const BookContent::Entry& entry) {
   return entry.person != nullptr ? entry.person->source() : entry.group.group->source;
+}
+
+/// The lines of the service's own that are kept in "Other" are those of the new card.
+void takeOwnLines(ov::card::Person& person, const std::string& card) {
+  const ov::card::CardText text{card};
+  ov::card::LabelReader labels;
+  const ov::card::PersonReading reading(text.lines(), labels);
+  const auto nameOf = [](const OVRef<OVSingleValue>& entry) {
+    const auto label = entry == nullptr ? nullptr : entry->label();
+    const std::string name = label == nullptr ? "" : label->name().str();
+    return name.substr(0, name.find(';'));
+  };
+  const auto before = ov::cast<OVMultipleValue>(person.valueByPropertyName(OVProPertyOther));
+  const auto others = OVMutableMultipleValue::init();
+  for (std::uint64_t i = 0; before != nullptr && i < before->count(); ++i) {
+    const auto entry = before->valueAtIndex(i);
+    if (!isOwnLine(nameOf(entry))) others->addValue(entry);
+  }
+  for (const auto& entry : reading.entries(OVProPertyOther)) {
+    if (isOwnLine(nameOf(entry))) others->addValue(entry);
+  }
+  if (others->count() > 0) person.setValueByPropertyName(others, OVProPertyOther);
 }
 
 std::string idOf(const BookContent::Entry& entry) {
@@ -74,7 +99,10 @@ void BookContent::adopt(const Entry& entry, const std::string& card) {
   const std::string uid = idOf(entry);
   const auto text = std::make_shared<const std::string>(readable(uid, card));
   const CardSource source{text, *text};
-  if (entry.person != nullptr) {
+  if (entry.person != nullptr && entry.person->isAsItCame()) {
+    ov::card::renewPerson(*entry.person, text);
+  } else if (entry.person != nullptr) {
+    takeOwnLines(*entry.person, *text);
     entry.person->setSource(source, entry.person->ID());
   } else {
     entry.group.group->source = source;

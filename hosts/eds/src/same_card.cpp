@@ -23,10 +23,6 @@ constexpr std::array<std::string_view, 6> kOwnLines{"REV",
                                                     "X-EVOLUTION-BOOK-UID"};
 constexpr std::string_view kOwnParameter = "X-EVOLUTION-E164";
 
-bool isOwn(const Line& line) {
-  return std::find(kOwnLines.begin(), kOwnLines.end(), line.name()) != kOwnLines.end();
-}
-
 std::string keyOf(const Parameter& parameter) {
   std::string key(parameter.name);
   std::vector<std::string> values;
@@ -55,7 +51,7 @@ std::vector<std::string> keysOf(std::string_view card, Photos photos) {
   const CardText text{std::string(card)};
   std::vector<std::string> keys;
   for (const Line& line : text.lines()) {
-    const bool isLeftOut = isOwn(line) || (photos == Photos::Ignored && line.name() == "PHOTO");
+    const bool isLeftOut = isOwnLine(line.name()) || (photos == Photos::Ignored && line.name() == "PHOTO");
     if (!isLeftOut) keys.push_back(keyOf(line));
   }
   std::sort(keys.begin(), keys.end());
@@ -63,6 +59,10 @@ std::vector<std::string> keysOf(std::string_view card, Photos photos) {
 }
 
 }  // namespace
+
+bool isOwnLine(std::string_view name) {
+  return std::find(kOwnLines.begin(), kOwnLines.end(), name) != kOwnLines.end();
+}
 
 bool sayTheSame(std::string_view a, std::string_view b, Photos photos) {
   return a == b || keysOf(a, photos) == keysOf(b, photos);

@@ -12,6 +12,9 @@ enum class Photos : bool { Ignored, Compared };
 [[nodiscard]] bool sayTheSame(std::string_view a, std::string_view b,
                               Photos photos = Photos::Compared);
 
+/// Whether a line of that name is the service's own business.
+[[nodiscard]] bool isOwnLine(std::string_view name);
+
 /// The UID of a card; "" without.
 [[nodiscard]] std::string uidOf(std::string_view card);
 

@@ -74,6 +74,22 @@ TEST_F(LiveBook, SavedTwiceAPersonIsChangedTwice) {
   EXPECT_TRUE(book->conflicts().empty());
 }
 
+TEST_F(LiveBook, LinesThatTheServiceAddedSurviveTheNextSave) {
+  const auto book = openedBook();
+  const auto mira = book->newPerson();
+  setName(mira, "Mira", "Halonen");
+  setPhone(mira, "+44 20 7946 0018");
+  EXPECT_FALSE(book->saveWithin({}));
+  putCard("UID:" + mira->ID().str() +
+          "\r\nFN:Mira Halonen\r\nN:Halonen;Mira;;;\r\nX-EVOLUTION-FILE-AS:Mira the Great\r\n");
+  EXPECT_TRUE(applied(*book, [](const auto& changes) { return !changes.empty(); }));
+  setPhone(mira, "555-02");
+  EXPECT_FALSE(book->saveWithin({}));
+  setPhone(mira, "555-03");
+  EXPECT_FALSE(book->saveWithin({}));
+  EXPECT_THAT(storedCards(), HasSubstr("X-EVOLUTION-FILE-AS:Mira the Great"));
+}
+
 TEST_F(LiveBook, RemovedPersonGoesFromTheServiceWithTheNextSave) {
   putCard("UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\n");
   putCard("UID:ida\r\nFN:Ida\r\nN:Ida;;;;\r\n");
