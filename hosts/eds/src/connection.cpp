@@ -42,6 +42,8 @@ void Connection::watchSource() {
     const auto connection = weak.lock();
     if (connection == nullptr) return;
     connection->statusHandler_ = Signals::status(connection->source_.get(), weak);
+    connection->credentialsHandler_ =
+        Signals::credentials(connection->session_->registry(), weak);
     connection->removedHandler_ = Signals::removed(connection->session_->registry(), weak);
   });
 }
@@ -53,12 +55,16 @@ Connection::~Connection() {
     GRef<ESourceRegistry> registry;
     gulong status;
     gulong removed;
+    gulong credentials;
   };
   const auto left = std::make_shared<Left>(Left{anotherRef(source_.get()),
                                                 anotherRef(session_->registry()), statusHandler_,
-                                                removedHandler_});
+                                                removedHandler_, credentialsHandler_});
   session_->worker().post([left] {
     if (left->status != 0) g_signal_handler_disconnect(left->source.get(), left->status);
+    if (left->credentials != 0) {
+      g_signal_handler_disconnect(left->registry.get(), left->credentials);
+    }
     if (left->removed != 0) g_signal_handler_disconnect(left->registry.get(), left->removed);
   });
 }
@@ -81,17 +87,14 @@ void Connection::tell() {
 
 OVEDSState Connection::state() const {
   if (isGone_) return OVEDSState::Gone;
-  if (!isLocal_) {
-    switch (e_source_get_connection_status(source_.get())) {
-      case E_SOURCE_CONNECTION_STATUS_AWAITING_CREDENTIALS:
-        return OVEDSState::CredentialsNeeded;
-      case E_SOURCE_CONNECTION_STATUS_DISCONNECTED:
-      case E_SOURCE_CONNECTION_STATUS_SSL_FAILED:
-        return OVEDSState::Offline;
-      default:
-        break;
-    }
-    if (isOffline_) return OVEDSState::Offline;
+  switch (isLocal_ ? Access::Granted : access_.load()) {
+    case Access::Offline:
+      return OVEDSState::Offline;
+    case Access::NeedsCredentials:
+      return OVEDSState::CredentialsNeeded;
+    case Access::Unknown:
+    case Access::Granted:
+      break;
   }
   return isWritable_ ? OVEDSState::Connected : OVEDSState::ReadOnly;
 }
@@ -112,8 +115,9 @@ void Connection::progressed(bool isEnd) {
   changed_.notify_all();
 }
 
-void Connection::failed() {
-  isOffline_ = true;
+/// The service also tells when it could not ask the server at all.
+void Connection::credentialsRequired(bool isError) {
+  access_ = isError ? Access::Offline : Access::NeedsCredentials;
   statusChanged();
 }
 

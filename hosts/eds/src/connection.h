@@ -78,13 +78,15 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void drop(std::shared_ptr<Client> client);
   using Request = std::function<void(EBookClient*, GCancellable*, GError**)>;
   [[nodiscard]] Outcome request(const Call& call, bool mayRepeat, const Request& make);
+  [[nodiscard]] bool serverAnswers(GCancellable* cancellable) const;
+  [[nodiscard]] bool refreshOnce(const Call& call, const ServiceCall& whole, Outcome& outcome);
   [[nodiscard]] Outcome readCards(const std::string& query, Cards& cards, const Call& call);
   void noteWritten(const Outcome& outcome);
 
   void statusChanged();
   void progressed(bool isEnd);
   void died();
-  void failed();
+  void credentialsRequired(bool isError);
   void removed(const std::string& uid);
   void tell();
 
@@ -95,7 +97,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::atomic<bool> keepsLists_{false};
   std::atomic<bool> isWritable_{false};
   std::atomic<bool> isGone_{false};
-  std::atomic<bool> isOffline_{false};
+  /// What the server last said to us.
+  enum class Access : int { Unknown, Granted, Offline, NeedsCredentials };
+  std::atomic<Access> access_{Access::Unknown};
   std::atomic<bool> waitsForServer_{false};
   Inbox inbox_;
 
@@ -107,6 +111,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   bool hasBeenOpen_ = false;
   gulong statusHandler_ = 0;
   gulong removedHandler_ = 0;
+  gulong credentialsHandler_ = 0;
 };
 
 }  // namespace ov::eds

@@ -146,13 +146,11 @@ Connection::Outcome Connection::remove(const std::vector<std::string>& uids, con
 
 void Connection::noteWritten(const Outcome& outcome) {
   if (isLocal_) return;
-  if (outcome.error == OVEDSError::Offline) isOffline_ = true;
+  if (outcome.error == OVEDSError::Offline) access_ = Access::Offline;
   if (outcome.error) return;
-  if (e_source_get_connection_status(source_.get()) == E_SOURCE_CONNECTION_STATUS_CONNECTED) {
-    isOffline_ = false;
-  } else {
-    waitsForServer_ = true;
-  }
+  // The service takes changes for a server that it may not ask, and keeps them.
+  if (access_ == Access::Offline) access_ = Access::Granted;
+  if (access_ != Access::Granted) waitsForServer_ = true;
 }
 
 }  // namespace ov::eds

@@ -40,9 +40,17 @@ bool Credentials::mayAnswer(const std::string& uid) const {
   return at == shared_->asked.end() || !at->second.isHopeless;
 }
 
+int Credentials::answersGiven(const std::string& uid) const {
+  const std::lock_guard lock(shared_->mutex);
+  const auto at = shared_->asked.find(uid);
+  return at == shared_->asked.end() ? 0 : at->second.answers;
+}
+
 void Credentials::forgive(const std::string& uid) {
   const std::lock_guard lock(shared_->mutex);
-  shared_->asked.erase(uid);
+  Asked& asked = shared_->asked[uid];
+  asked.times = 0;
+  asked.isHopeless = false;
 }
 
 void Credentials::required(ESourceRegistry* /*registry*/, ESource* source,
@@ -90,6 +98,7 @@ void Credentials::answer(Shared& shared, ESource* source, bool wasRejected,
       return;
     }
     asked.last = given;
+    ++asked.answers;
   }
   ENamedParameters* const parameters = e_named_parameters_new();
   const std::string user = given.user.isNull() ? userOf(source) : given.user.str();

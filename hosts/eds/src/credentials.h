@@ -30,15 +30,17 @@ class Credentials {
   /// Whether somebody may answer for that source: false without a callback, and after an answer
   /// that did not help.
   [[nodiscard]] bool mayAnswer(const std::string& uid) const;
-  /// Gives every source new chances.
+  /// How often somebody has answered for that source.
+  [[nodiscard]] int answersGiven(const std::string& uid) const;
+  /// Gives the source new chances.
   void forgive(const std::string& uid);
 
  private:
   struct Asked {
     int times = 0;
     bool isHopeless = false;
+    int answers = 0;
     OVEDSCredentials last;
-    std::function<void()> changed;
   };
   struct Shared {
     mutable std::mutex mutex;

@@ -27,9 +27,12 @@ gulong Signals::removed(ESourceRegistry* registry, const Weak& connection) {
   return connect(registry, "source-removed", G_CALLBACK(sourceWent), connection);
 }
 
+gulong Signals::credentials(ESourceRegistry* registry, const Weak& connection) {
+  return connect(registry, "credentials-required", G_CALLBACK(credentialsAsked), connection);
+}
+
 void Signals::watch(EBookClient* client, const Weak& connection) {
   connect(client, "backend-died", G_CALLBACK(died), connection);
-  connect(client, "backend-error", G_CALLBACK(failed), connection);
   connect(client, "backend-property-changed", G_CALLBACK(propertyCame), connection);
 }
 
@@ -48,12 +51,18 @@ void Signals::sourceWent(ESourceRegistry* /*registry*/, ESource* source, gpointe
   if (const auto connection = target(data)) connection->removed(e_source_get_uid(source));
 }
 
-void Signals::died(EClient* /*client*/, gpointer data) {
-  if (const auto connection = target(data)) connection->died();
+void Signals::credentialsAsked(ESourceRegistry* /*registry*/, ESource* source,
+                               ESourceCredentialsReason reason, const gchar* /*certificate*/,
+                               GTlsCertificateFlags /*errors*/, const GError* /*error*/,
+                               gpointer data) {
+  const auto connection = target(data);
+  if (connection == nullptr || connection->uid_ != e_source_get_uid(source)) return;
+  connection->credentialsRequired(reason == E_SOURCE_CREDENTIALS_REASON_ERROR ||
+                                  reason == E_SOURCE_CREDENTIALS_REASON_SSL_FAILED);
 }
 
-void Signals::failed(EClient* /*client*/, const gchar* /*message*/, gpointer data) {
-  if (const auto connection = target(data)) connection->failed();
+void Signals::died(EClient* /*client*/, gpointer data) {
+  if (const auto connection = target(data)) connection->died();
 }
 
 /// Told by the service itself; the client's own properties are those of nobody once that has died.
@@ -61,14 +70,9 @@ void Signals::propertyCame(EClient* /*client*/, const gchar* name, const gchar* 
                            gpointer data) {
   const auto connection = target(data);
   if (connection == nullptr || name == nullptr || value == nullptr) return;
-  const bool isTrue = std::string_view(value) == "TRUE";
-  if (std::string_view(name) == "readonly") {
-    connection->isWritable_ = !isTrue;
-    connection->statusChanged();
-  } else if (std::string_view(name) == "online") {
-    connection->isOffline_ = !isTrue;
-    connection->statusChanged();
-  }
+  if (std::string_view(name) != "readonly") return;
+  connection->isWritable_ = std::string_view(value) != "TRUE";
+  connection->statusChanged();
 }
 
 void Signals::cardsCame(EBookClientView* /*view*/, const GSList* contacts, gpointer data) {
