@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo pictures check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18

@@ -75,6 +75,14 @@ TEST(DoNoHarm, WritesPersonsThatWereOnlyLookedAtAsTheyStood) {
   EXPECT_EQ(saved(*book), all);
 }
 
+TEST(DoNoHarm, WritesPhotosThatAreNoneAsTheyStood) {
+  const std::string text =
+      card("UID:a\nFN:a\nPHOTO:data:\nPHOTO:data:;base64,AB\nPHOTO:data:;base64,AR");
+  const auto book = bookOf(text);
+  static_cast<void>(snapshotOf(*book));
+  EXPECT_EQ(saved(*book), text);
+}
+
 TEST(DoNoHarm, TurnsOtherCharacterSetsIntoUTF8) {
   const auto book =
       bookOf("BEGIN:VCARD\r\nVERSION:3.0\r\nFN:\xE4\r\nX-A:\xFF\r\nTEL:1\r\nEND:VCARD\r\n");

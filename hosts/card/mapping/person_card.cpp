@@ -34,8 +34,9 @@ std::string mediaTypeFor(const Line& line, std::string_view bytes) {
 /// Writes a person as a new card, with the odd lines that still hold.
 class NewCard {
  public:
-  NewCard(const IOVPerson& person, const Lines& odd, const PersonReading& reading, std::string& out)
-      : values_(person), plan_(odd, reading, values_), sink_(out, Version::V4_0, "\r\n") {
+  NewCard(const IOVPerson& person, const Lines& odd, const PersonReading& reading, Version version,
+          std::string& out)
+      : values_(person), plan_(odd, reading, values_), sink_(out, version, "\r\n") {
     for (const Line& line : odd) sink_.reserveGroup(line.group());
   }
 
@@ -155,11 +156,11 @@ OVString oddLinesIn(const PersonValues& values) {
 
 }  // namespace
 
-void writePerson(const IOVPerson& person, const OVString& id, std::string& out) {
+void writePerson(const IOVPerson& person, const OVString& id, std::string& out, Version version) {
   const CardText odd(oddLinesIn(PersonValues(person)).str());
   LabelReader labels;
   const PersonReading reading(odd.lines(), labels);
-  NewCard(person, odd.lines(), reading, out).write(id);
+  NewCard(person, odd.lines(), reading, version, out).write(id);
 }
 
 OVString oddLinesOf(const Lines& lines, const PersonReading& reading) {

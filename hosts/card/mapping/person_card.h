@@ -10,8 +10,9 @@
 
 namespace ov::card {
 
-/// Appends the person as a card of version 4.0. A null or empty ID is left out.
-void writePerson(const IOVPerson& person, const OVString& id, std::string& out);
+/// Appends the person as a new card. A null or empty ID is left out.
+void writePerson(const IOVPerson& person, const OVString& id, std::string& out,
+                 Version version = Version::V4_0);
 
 /// Appends the card that the person came from: as it stood where the person still says the same,
 /// else with those of its lines changed that no longer hold. `photo` is as for `PersonReading`.

@@ -33,6 +33,8 @@ bool saysGroup(const Line& line) {
 PersonReading::PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVImage> photo)
     : lines_(&lines), labels_(&labels), photo_(std::move(photo)), claims_(lines.size()) {
   findGroups();
+  const auto isPhoto = [](const Line& line) { return line.name() == "PHOTO"; };
+  if (std::count_if(lines.begin(), lines.end(), isPhoto) > 1) photo_ = nullptr;
   for (const Line& line : lines) {
     if (formatted_ == nullptr && line.name() == "FN" && !line.text().empty()) formatted_ = &line;
   }

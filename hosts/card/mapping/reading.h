@@ -59,8 +59,8 @@ struct Claim {
 /// Reads the lines of a card as the values of a person.
 class PersonReading {
  public:
-  /// `photo` is what the card is known to hold as photo, so that it need not be decoded; null when
-  /// it is not known.
+  /// `photo` is what the card is known to hold as photo, so that it need not be decoded where no
+  /// other line may hold it; null when it is not known.
   PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVImage> photo = nullptr);
 
   /// The UID; null when there is none.

@@ -6,8 +6,8 @@
 #include "card_id.h"
 #include "mapping/group_card.h"
 #include "mapping/others.h"
-#include "mapping/person_card.h"
 #include "membership.h"
+#include "renewal.h"
 
 namespace ov::card {
 
@@ -19,16 +19,6 @@ std::string contentOf(const Store::Entry& entry) {
       entry.person != nullptr ? entry.person->source() : entry.group.group->source;
   if (source.card.empty()) return {};
   return contentID(CardText(std::string(source.card)).lines());
-}
-
-void addOddLines(const OVString& odd, ValueTable& values) {
-  if (odd.isNull()) return;
-  auto others = ov::cast<OVMutableMultipleValue>(values.find(OVProPertyOther));
-  if (others == nullptr) {
-    others = OVMutableMultipleValue::init();
-    values.set(OVProPertyOther, others);
-  }
-  others->addValue(oddLinesEntry(odd));
 }
 
 }  // namespace
@@ -115,11 +105,8 @@ void Arrivals::addPerson(const Card& card) {
   PersonReading reading(card.lines, labels_);
   const OVString id = idFor(card, reading.id());
   if (id.isNull()) return;
-  const OVString odd = oddLinesOf(card.lines, reading);
-  ValueTable values = reading.takeValues();
-  addOddLines(odd, values);
-  const auto person =
-      std::make_shared<Person>(id, std::move(values), reading.tags(), book_.weak_from_this());
+  const auto person = std::make_shared<Person>(id, valuesOf(card.lines, reading), reading.tags(),
+                                               book_.weak_from_this());
   person->setSource(sourceOf(card), reading.id());
   person->order = nextOrder_++;
   persons_.push_back(person);

@@ -26,6 +26,8 @@ class Arrivals {
   ~Arrivals();
 
   void add(const Card& card);
+  /// Has a group of the book, whose members are all missing, find them.
+  void rejoin(std::shared_ptr<Group> group) { rejoining_.push_back(std::move(group)); }
 
   /// Does all that may fail, once everything has been added.
   void prepare();
@@ -65,6 +67,7 @@ class Arrivals {
   LabelReader labels_;
   std::vector<OVRef<Person>> persons_;
   std::vector<Store::GroupPlace> groups_;
+  std::vector<std::shared_ptr<Group>> rejoining_;
   Store::ByText<Store::Entry> byID_;
   std::vector<Wish> wishes_;
   std::vector<Group::Place> rings_;

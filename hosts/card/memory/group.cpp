@@ -99,6 +99,17 @@ OVString Group::allOddLines() const {
   return oddLinesWithMissing(oddLines, ids);
 }
 
+void Group::forgetMembers() {
+  for (const auto& weak : subGroups) {
+    if (const auto sub = weak.lock()) --sub->parents;
+  }
+  subGroups.clear();
+  persons.clear();
+  personSet.clear();
+  missing.clear();
+  inRings.clear();
+}
+
 void Group::write(std::string& out) const {
   GroupContent content = this->content();
   if (source.card.empty()) {

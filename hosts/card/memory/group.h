@@ -58,6 +58,8 @@ struct Group {
   [[nodiscard]] GroupContent content() const;
   /// `oddLines` and the members that are no members here; null for nothing.
   [[nodiscard]] OVString allOddLines() const;
+  /// Forgets the members, and who they were.
+  void forgetMembers();
   /// Appends the group as a card: the one that it came from as far as that still holds.
   void write(std::string& out) const;
 };

@@ -73,6 +73,7 @@ Membership::~Membership() {
 void Membership::join() {
   std::vector<std::shared_ptr<Group>> groups = groupsThatWait();
   for (const Store::GroupPlace& place : arrivals_.groups_) groups.push_back(place.group);
+  groups.insert(groups.end(), arrivals_.rejoining_.begin(), arrivals_.rejoining_.end());
   for (const std::shared_ptr<Group>& group : groups) joinMembersOf(group);
   for (const std::shared_ptr<Group>& group : groups) waitFor(group);
   if (hasNewSubGroups_) cutCycles();

@@ -154,6 +154,17 @@ void Person::setSource(CardSource source, OVString id) {
   sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
 }
 
+void Person::become(ValueTable values, OVList<OVString> tags, CardSource source, OVString id) {
+  values.shrink();
+  if (const auto manager = tagManager()) {
+    manager->setTagsForPersonID(tags == nullptr ? OVList<OVString>::list() : tags, id_);
+  }
+  values_ = std::move(values);
+  tags_ = std::move(tags);
+  setSource(std::move(source), std::move(id));
+  isHandedOut_ = false;
+}
+
 bool Person::isAsItCame() const {
   if (isHandedOut_) return false;
   const auto manager = tagManager();

@@ -75,6 +75,10 @@ class Person final : public IOVPerson {
   /// Keeps the card, in which `id` is the UID, or null.
   void setSource(CardSource source, OVString id);
   [[nodiscard]] const CardSource& source() const { return source_; }
+  /// Says what another card says, in place of everything that was.
+  void become(ValueTable values, OVList<OVString> tags, CardSource source, OVString id);
+  /// False when values or tags have been set, or handed out, so that they may be others by now.
+  [[nodiscard]] bool isAsItCame() const;
 
   /// Appends the person as a card: the one that it came from as far as that still holds.
   void write(std::string& out) const;
@@ -90,7 +94,6 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString text(const OVString& property) const;
   [[nodiscard]] OVRef<OVObject> mainDatum(const OVString& property) const;
   [[nodiscard]] OVRef<OVTagManager> tagManager() const;
-  [[nodiscard]] bool isAsItCame() const;
   [[nodiscard]] OVString idToWrite() const;
   void forgetFormattedName();
 

@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <array>
 #include <filesystem>
 
 #include <OVAddressBookSDK/property.h>
@@ -7,19 +5,8 @@
 
 #include "book_content.h"
 #include "group_objects.h"
+#include "memory/book_lists.h"
 #include "memory/card_id.h"
-
-using ov::card::Person;
-using ov::card::Store;
-
-namespace {
-
-constexpr std::array kCommon{
-    &OVProPertyThumbnail, &OVProPertyName,    &OVProPertyCompany,  &OVProPertyPhone,
-    &OVProPertyEmail,     &OVProPertyAddress, &OVProPertyBirthday, &OVProPertyNote,
-};
-
-}  // namespace
 
 OVString OVVCardBook::ID() const { return content_->store->id; }
 
@@ -31,30 +18,14 @@ OVList<OVProperty> OVVCardBook::supportProperty() const {
   return OVProperty::StandardPropertyArray().copy();
 }
 
-OVList<OVProperty> OVVCardBook::commonProperty() const {
-  auto properties = OVList<OVProperty>::list();
-  for (const OVString* const name : kCommon) {
-    properties.push_back(OVProperty::propertyWithName(*name));
-  }
-  return properties;
-}
+OVList<OVProperty> OVVCardBook::commonProperty() const { return ov::card::commonProperties(); }
 
 std::uint64_t OVVCardBook::allPersonsCount() const { return content_->store->persons.size(); }
 
-OVList<IOVPerson> OVVCardBook::allPersons() const {
-  auto persons = OVList<IOVPerson>::list();
-  for (const OVRef<Person>& person : content_->store->persons) persons.push_back(person);
-  return persons;
-}
+OVList<IOVPerson> OVVCardBook::allPersons() const { return ov::card::allPersons(*content_->store); }
 
 OVList<IOVPerson> OVVCardBook::personsForIDs(const OVList<OVString>& personIDs) const {
-  auto persons = OVList<IOVPerson>::list();
-  if (personIDs == nullptr) return persons;
-  for (const OVString id : personIDs) {
-    const Store::Entry* const entry = content_->store->find(id);
-    if (entry != nullptr && entry->person != nullptr) persons.push_back(entry->person);
-  }
-  return persons;
+  return ov::card::personsForIDs(*content_->store, personIDs);
 }
 
 OVRef<IOVPerson> OVVCardBook::newPerson() {
@@ -63,11 +34,7 @@ OVRef<IOVPerson> OVVCardBook::newPerson() {
 
 void OVVCardBook::removePersons(const OVList<IOVPerson>& persons) {
   if (persons == nullptr) return;
-  std::unordered_set<const Person*> leaving;
-  for (const OVRef<IOVPerson> person : persons) {
-    if (const auto ours = content_->store->personOf(person)) leaving.insert(ours.get());
-  }
-  content_->store->removePersons(leaving);
+  content_->store->removePersons(ov::card::personsIn(*content_->store, persons));
 }
 
 OVRef<IOVPerson> OVVCardBook::addOneFromOtherPerson(const OVRef<IOVPerson>& person) {
@@ -75,9 +42,7 @@ OVRef<IOVPerson> OVVCardBook::addOneFromOtherPerson(const OVRef<IOVPerson>& pers
 }
 
 void OVVCardBook::addBatchPersonStart(std::int64_t count) {
-  constexpr std::int64_t kMost = 1 << 20;  // a count from outside must not cost memory
-  const auto room = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, kMost));
-  content_->store->persons.reserve(content_->store->persons.size() + room);
+  ov::card::makeRoom(*content_->store, count);
 }
 
 OVRef<IOVPerson> OVVCardBook::addBatchPersonForOther(const OVRef<IOVPerson>& person) {
@@ -85,23 +50,13 @@ OVRef<IOVPerson> OVVCardBook::addBatchPersonForOther(const OVRef<IOVPerson>& per
 }
 
 std::uint64_t OVVCardBook::rootGroupsCount() const {
-  const auto& groups = content_->store->groups;
-  return static_cast<std::uint64_t>(
-      std::count_if(groups.begin(), groups.end(),
-                    [](const Store::GroupPlace& place) { return place.group->parents == 0; }));
+  return ov::card::rootGroupsCount(*content_->store);
 }
 
-OVList<IOVGroup> OVVCardBook::rootGroups() const {
-  auto groups = OVList<IOVGroup>::list();
-  for (const Store::GroupPlace& place : content_->store->groups) {
-    if (place.group->parents == 0) groups.push_back(place.object);
-  }
-  return groups;
-}
+OVList<IOVGroup> OVVCardBook::rootGroups() const { return ov::card::rootGroups(*content_->store); }
 
 OVRef<IOVGroup> OVVCardBook::groupByID(const OVString& groupID) const {
-  const Store::Entry* const entry = content_->store->find(groupID);
-  return entry == nullptr ? nullptr : entry->group.object;
+  return ov::card::groupByID(*content_->store, groupID);
 }
 
 OVRef<IOVGroup> OVVCardBook::addGroupByName(const OVString& name) {

@@ -1,0 +1,68 @@
+#include "arriving.h"
+
+#include "codec/card_reader.h"
+#include "memory/arrivals.h"
+#include "memory/renewal.h"
+#include "same_card.h"
+
+namespace ov::eds {
+
+namespace {
+
+/// Keeps what could not be read as it stood.
+class ReadingProblems final : public ov::card::Problems {
+ public:
+  explicit ReadingProblems(std::vector<OVEDSProblem>& problems) : problems_(problems) {}
+  void error(std::size_t /*line*/, std::string_view reason) override {
+    if (problems_.size() < kMost) problems_.push_back({nullptr, OVString(reason)});
+  }
+  void warning(std::size_t line, std::string_view reason) override { error(line, reason); }
+
+ private:
+  static constexpr std::size_t kMost = 1000;
+  std::vector<OVEDSProblem>& problems_;
+};
+
+}  // namespace
+
+void arrive(BookContent& book, std::vector<std::string> cards,
+            const std::vector<GroupRenewal>& renewals, const Progress& progress) {
+  constexpr std::size_t kCardsBetweenReports = 64;
+  std::string all;
+  std::size_t size = 0;
+  for (const std::string& card : cards) size += card.size() + 2;
+  all.reserve(size);
+  const std::size_t count = cards.size();
+  for (std::string& card : cards) {
+    // Few cards are read in another form; only those are looked up.
+    if (card.find("X-EVOLUTION-LIST") != std::string::npos ||
+        card.find("PHOTO") != std::string::npos) {
+      const std::string uid = uidOf(card);
+      card = book.readable(uid, std::move(card));
+    }
+    all += card;
+    if (!all.ends_with('\n')) all += "\r\n";
+    card = {};
+  }
+  const auto text = std::make_shared<const std::string>(std::move(all));
+  ReadingProblems problems(book.readingProblems);
+  ov::card::Arrivals arrivals(*book.store, nullptr, text, problems);
+  ov::card::CardReader reader(*text, problems);
+  std::size_t read = 0;
+  while (const ov::card::Card* const card = reader.next()) {
+    arrivals.add(*card);
+    if (progress && ++read % kCardsBetweenReports == 0) progress(read, count);
+  }
+  for (const GroupRenewal& renewal : renewals) {
+    if (renewal.text == nullptr) {
+      arrivals.rejoin(renewal.group);
+    } else {
+      ov::card::renewGroup(renewal.group, renewal.text, arrivals);
+    }
+  }
+  arrivals.prepare();
+  arrivals.keep();
+  if (progress) progress(count, count);
+}
+
+}  // namespace ov::eds

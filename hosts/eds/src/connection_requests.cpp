@@ -1,0 +1,156 @@
+#include <libebook/libebook.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "connection.h"
+#include "service_error.h"
+
+namespace ov::eds {
+
+namespace {
+
+constexpr const char* kEverything = "(contains \"x-evolution-any-field\" \"\")";
+constexpr int kMostTries = 3;
+
+struct FreeContacts {
+  void operator()(GSList* list) const { g_slist_free_full(list, g_object_unref); }
+};
+struct FreeTexts {
+  void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
+};
+
+std::unique_ptr<GSList, FreeContacts> contactsOf(const Connection::Cards& cards) {
+  GSList* list = nullptr;
+  for (auto card = cards.rbegin(); card != cards.rend(); ++card) {
+    list = g_slist_prepend(list, e_contact_new_from_vcard(card->c_str()));
+  }
+  return std::unique_ptr<GSList, FreeContacts>(list);
+}
+
+/// The text as a word of the service's query language.
+std::string quoted(const std::string& text) {
+  std::string word = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') word += '\\';
+    word += c;
+  }
+  return word += '"';
+}
+
+}  // namespace
+
+Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const Request& make) {
+  Outcome outcome;
+  for (int i = 0; i < kMostTries; ++i) {
+    outcome = {};
+    std::shared_ptr<Client> client;
+    outcome.error = ensureOpen(call, client);
+    if (outcome.error) return outcome;
+    const ServiceCall timed(session_->worker(), call);
+    outcome.error = timed.ended();
+    if (outcome.error) return outcome;
+    Fault fault;
+    make(client->book.get(), timed.cancellable(), fault.out());
+    if (!fault) return outcome;
+    outcome.error = timed.errorOf(fault);
+    outcome.reason = fault.get()->message;
+    outcome.isNotFound = isNotFound(*fault.get());
+    outcome.isTaken = isTaken(*fault.get());
+    outcome.isUnknown = !timed.ended() && isDeadProcess(*fault.get());
+    if (isGone_) outcome.error = OVEDSError::NoBook;
+    if (isOutOfSync(*fault.get())) outcome.error = OVEDSError::Conflict;
+    if (!outcome.isUnknown || isGone_) return outcome;
+    drop(client);
+    inbox_.addIncomplete();
+    if (!mayRepeat) return outcome;
+  }
+  return outcome;
+}
+
+Connection::Outcome Connection::readCards(const std::string& query, Cards& cards,
+                                          const Call& call) {
+  return request(call, true, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
+    GSList* list = nullptr;
+    cards.clear();
+    if (e_book_client_get_contacts_sync(book, query.c_str(), &list, cancellable, error) == FALSE) {
+      return;
+    }
+    const std::unique_ptr<GSList, FreeContacts> contacts(list);
+    for (const GSList* each = list; each != nullptr; each = each->next) {
+      cards.push_back(taken(e_vcard_to_string(E_VCARD(each->data), EVC_FORMAT_VCARD_30)));
+    }
+  });
+}
+
+Connection::Outcome Connection::fetchAll(Cards& cards, const Call& call) {
+  return readCards(kEverything, cards, call);
+}
+
+Connection::Outcome Connection::fetch(const std::vector<std::string>& uids, Cards& cards,
+                                      const Call& call) {
+  constexpr std::size_t kLot = 100;
+  Outcome outcome;
+  cards.clear();
+  for (std::size_t start = 0; start < uids.size(); start += kLot) {
+    std::string query = "(or";
+    const std::size_t end = std::min(start + kLot, uids.size());
+    for (std::size_t i = start; i < end; ++i) query += " (is \"id\" " + quoted(uids[i]) + ")";
+    Cards lot;
+    outcome = readCards(query + ")", lot, call);
+    if (outcome.error) return outcome;
+    cards.insert(cards.end(), std::make_move_iterator(lot.begin()),
+                 std::make_move_iterator(lot.end()));
+  }
+  return outcome;
+}
+
+Connection::Outcome Connection::add(const Cards& cards, const Call& call) {
+  const auto contacts = contactsOf(cards);
+  const Outcome outcome =
+      request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
+        GSList* uids = nullptr;
+        e_book_client_add_contacts_sync(book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
+                                        &uids, cancellable, error);
+        const std::unique_ptr<GSList, FreeTexts> given(uids);
+      });
+  noteWritten(outcome);
+  return outcome;
+}
+
+Connection::Outcome Connection::modify(const Cards& cards, const Call& call) {
+  const auto contacts = contactsOf(cards);
+  const Outcome outcome =
+      request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
+        e_book_client_modify_contacts_sync(
+            book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
+      });
+  noteWritten(outcome);
+  return outcome;
+}
+
+Connection::Outcome Connection::remove(const std::vector<std::string>& uids, const Call& call) {
+  GSList* list = nullptr;
+  for (auto uid = uids.rbegin(); uid != uids.rend(); ++uid) {
+    list = g_slist_prepend(list, g_strdup(uid->c_str()));
+  }
+  const std::unique_ptr<GSList, FreeTexts> given(list);
+  const Outcome outcome =
+      request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
+        e_book_client_remove_contacts_sync(book, list, E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
+                                           cancellable, error);
+      });
+  noteWritten(outcome);
+  return outcome;
+}
+
+void Connection::noteWritten(const Outcome& outcome) {
+  if (isLocal_) return;
+  if (outcome.error == OVEDSError::Offline) access_ = Access::Offline;
+  if (outcome.error) return;
+  // The service takes changes for a server that it may not ask, and keeps them.
+  if (access_ == Access::Offline) access_ = Access::Granted;
+  if (access_ != Access::Granted) waitsForServer_ = true;
+}
+
+}  // namespace ov::eds

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <glib-object.h>
+
+#include <memory>
+#include <string>
+
+namespace ov::eds {
+
+struct Unref {
+  void operator()(gpointer object) const { g_object_unref(object); }
+};
+/// Holds one reference to a GObject.
+template <class T>
+using GRef = std::unique_ptr<T, Unref>;
+
+template <class T>
+GRef<T> anotherRef(T* object) {
+  return GRef<T>(object == nullptr ? nullptr : static_cast<T*>(g_object_ref(object)));
+}
+
+struct Free {
+  void operator()(gpointer memory) const { g_free(memory); }
+};
+using GText = std::unique_ptr<char, Free>;
+
+/// The text, freed; "" for null.
+inline std::string taken(char* text) {
+  const GText owned(text);
+  return owned == nullptr ? std::string() : std::string(owned.get());
+}
+
+/// Receives a GError. Empty for success.
+class Fault {
+ public:
+  Fault() = default;
+  Fault(const Fault&) = delete;
+  Fault& operator=(const Fault&) = delete;
+  Fault(Fault&& other) noexcept : error_(other.error_) { other.error_ = nullptr; }
+  ~Fault() { g_clear_error(&error_); }
+
+  /// For the last argument of a call.
+  [[nodiscard]] GError** out() {
+    g_clear_error(&error_);
+    return &error_;
+  }
+  [[nodiscard]] const GError* get() const { return error_; }
+  explicit operator bool() const { return error_ != nullptr; }
+
+ private:
+  GError* error_ = nullptr;
+};
+
+}  // namespace ov::eds

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace ov::eds {
+
+/// What the service has told of a book and nobody has looked at. Any thread may do anything.
+class Inbox {
+ public:
+  /// By UID: the card as it was told last, or nothing for one that went.
+  using News = std::map<std::string, std::optional<std::string>>;
+  struct Content {
+    News news;
+    /// Everything has to be read again: some news may have been missed.
+    bool isIncomplete = false;
+  };
+
+  /// True when nothing waited before.
+  bool add(std::string uid, std::optional<std::string> card) {
+    const std::lock_guard lock(mutex_);
+    const bool isFirst = isEmpty();
+    content_.news[std::move(uid)] = std::move(card);
+    return isFirst;
+  }
+  bool addIncomplete() {
+    const std::lock_guard lock(mutex_);
+    const bool isFirst = isEmpty();
+    content_.isIncomplete = true;
+    return isFirst;
+  }
+  [[nodiscard]] Content take() {
+    const std::lock_guard lock(mutex_);
+    return std::exchange(content_, {});
+  }
+  /// Puts back what could not be looked at; what has come meanwhile is newer.
+  void putBack(Content content) {
+    const std::lock_guard lock(mutex_);
+    content_.isIncomplete |= content.isIncomplete;
+    content_.news.merge(content.news);
+  }
+  [[nodiscard]] bool empty() const {
+    const std::lock_guard lock(mutex_);
+    return isEmpty();
+  }
+
+ private:
+  [[nodiscard]] bool isEmpty() const { return content_.news.empty() && !content_.isIncomplete; }
+
+  mutable std::mutex mutex_;
+  Content content_;
+};
+
+}  // namespace ov::eds

@@ -1,0 +1,98 @@
+#include "session_core.h"
+
+#include <string_view>
+
+#include "awaited.h"
+#include "service_error.h"
+
+namespace ov::eds {
+
+namespace {
+
+using RegistryReply = Awaited<Reply<GRef<ESourceRegistry>>>;
+
+void registryIsThere(GObject* /*source*/, GAsyncResult* result, gpointer data) {
+  const std::unique_ptr<std::shared_ptr<RegistryReply>> reply(
+      static_cast<std::shared_ptr<RegistryReply>*>(data));
+  Fault fault;
+  GRef<ESourceRegistry> registry(e_source_registry_new_finish(result, fault.out()));
+  (*reply)->give({std::move(registry), std::move(fault)});
+}
+
+/// Somebody took a name on the bus, or lost it.
+void ownerChanged(GDBusConnection* /*bus*/, const gchar* /*sender*/, const gchar* /*path*/,
+                  const gchar* /*interface*/, const gchar* /*signal*/, GVariant* parameters,
+                  gpointer data) {
+  const gchar* name = nullptr;
+  const gchar* owner = nullptr;
+  g_variant_get(parameters, "(&s&s&s)", &name, nullptr, &owner);
+  if (std::string_view(name).find(".dataserver.Sources") == std::string_view::npos) return;
+  *static_cast<std::atomic<bool>*>(data) = std::string_view(owner).empty();
+}
+
+}  // namespace
+
+Session::Session(OVEDSSession::CredentialsCallback ask) : credentials_(std::move(ask)) {}
+
+std::shared_ptr<Session> Session::open(OVEDSSession::CredentialsCallback ask, const Call& call,
+                                       std::error_code& error) {
+  std::shared_ptr<Session> session(new Session(std::move(ask)));
+  error = session->connect(call);
+  return error ? nullptr : session;
+}
+
+std::error_code Session::connect(const Call& call) {
+  const ServiceCall request(worker_, call);
+  if (const auto early = request.ended()) return early;
+  Fault fault;
+  bus_.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, request.cancellable(), fault.out()));
+  if (bus_ == nullptr) {
+    const auto early = request.ended();
+    return early ? early : std::error_code(OVEDSError::NoService);
+  }
+  g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
+  const auto reply = std::make_shared<RegistryReply>();
+  worker_.post([reply, cancellable = std::shared_ptr<GCancellable>(
+                           anotherRef(request.cancellable()))] {
+    e_source_registry_new(cancellable.get(), registryIsThere,
+                          new std::shared_ptr<RegistryReply>(reply));
+  });
+  auto came = reply->takeUntil(request.deadline());
+  if (!came) return std::make_error_code(std::errc::timed_out);
+  if (came->result == nullptr) {
+    const auto early = request.ended();
+    return early ? early : std::error_code(OVEDSError::NoService);
+  }
+  registry_ = std::move(came->result);
+  watch();
+  return {};
+}
+
+void Session::watch() {
+  credentials_.watch(registry_.get());
+  worker_.post([this] {
+    busWatch_ = g_dbus_connection_signal_subscribe(
+        bus_.get(), "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged",
+        "/org/freedesktop/DBus", "org.gnome.evolution.dataserver",
+        G_DBUS_SIGNAL_FLAGS_MATCH_ARG0_NAMESPACE, ownerChanged, &isGone_, nullptr);
+  });
+}
+
+Session::~Session() {
+  if (registry_ == nullptr) return;
+  Awaited<bool> done;
+  const auto leave = [&] {
+    credentials_.leave();
+    if (busWatch_ != 0) g_dbus_connection_signal_unsubscribe(bus_.get(), busWatch_);
+    registry_.reset();
+    done.give(true);
+  };
+  if (worker_.isThisThread()) {
+    leave();
+    return;
+  }
+  worker_.post(leave);
+  (void)done.takeUntil(Worker::Clock::time_point::max());
+}
+
+}  // namespace ov::eds

@@ -1,0 +1,92 @@
+#include <signal.h>
+
+#include <thread>
+
+#include "live_test.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class LiveTrouble : public LiveTest {
+ protected:
+  static void killFactory() { kill(Desktop::ofThisProcess().factory().value(), SIGKILL); }
+
+  static void addPersons(OVEDSBook& book, int count) {
+    for (int i = 0; i < count; ++i) {
+      const auto person = OVPersonGeneral::initWithID(OVString("p" + std::to_string(i)));
+      setName(person, "Person", std::to_string(i).c_str());
+      book.addOneFromOtherPerson(person);
+    }
+  }
+};
+
+TEST_F(LiveTrouble, ADeadFactoryIsStartedAgainByTheNextCall) {
+  const auto book = openedBook();
+  addPersons(*book, 3);
+  EXPECT_FALSE(book->saveWithin({}));
+  killFactory();
+  setPhone(personOf(*book, "p1"), "555-01");
+  EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
+  EXPECT_THAT(storedCards(), HasSubstr("555-01"));
+  std::error_code error;
+  EXPECT_TRUE(book->applyChanges(error).empty());
+  EXPECT_FALSE(error) << error.message();
+}
+
+TEST_F(LiveTrouble, NewsThatCameWhileTheFactoryWasDeadAreApplied) {
+  const auto book = openedBook();
+  killFactory();
+  putCard("UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\n");
+  EXPECT_TRUE(applied(*book, [](const auto& changes) { return changes.cameIn.size() == 1; }));
+}
+
+TEST_F(LiveTrouble, AFactoryKilledAmidABulkAddLosesNothing) {
+  const auto book = openedBook();
+  addPersons(*book, 1200);
+  bool isKilled = false;
+  const auto error = book->saveWithin({}, [&](std::uint64_t, std::uint64_t) {
+    if (!std::exchange(isKilled, true)) killFactory();
+  });
+  EXPECT_FALSE(error) << error.message();
+  EXPECT_TRUE(isKilled);
+  EXPECT_EQ(openedBook()->allPersonsCount(), 1200U);
+  EXPECT_TRUE(book->conflicts().empty());
+}
+
+TEST_F(LiveTrouble, AFactoryKilledAtAnyMomentOfASaveLosesNothing) {
+  const auto book = openedBook();
+  addPersons(*book, 600);
+  EXPECT_FALSE(book->saveWithin({}));
+  for (const int delay : {1, 5, 20}) {
+    const std::string number = "555-" + std::to_string(delay);
+    for (const auto& person : book->allPersons()) setPhone(person, number.c_str());
+    std::thread killer([&] {
+      // A moment within the save, another each time: nothing could be waited for.
+      const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delay);
+      while (std::chrono::steady_clock::now() < end) {
+      }
+      if (const auto factory = Desktop::ofThisProcess().factory()) kill(*factory, SIGKILL);
+    });
+    const auto error = book->saveWithin({});
+    killer.join();
+    EXPECT_FALSE(error) << error.message();
+    EXPECT_TRUE(book->conflicts().empty());
+    const auto again = openedBook();
+    EXPECT_EQ(again->allPersonsCount(), 600U);
+    for (const auto& person : again->allPersons()) ASSERT_EQ(phoneOf(person), OVString(number));
+  }
+}
+
+TEST_F(LiveTrouble, ABookThatIsRemovedWhileItIsOpenIsGone) {
+  const auto book = openedBook();
+  addPersons(*book, 1);
+  EXPECT_FALSE(session->removeBook(bookUID));
+  EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::Gone; }));
+  EXPECT_EQ(book->saveWithin({}), OVEDSError::NoBook);
+  EXPECT_FALSE(book->canOprate());
+  EXPECT_EQ(book->newPerson(), nullptr);
+  EXPECT_EQ(book->allPersonsCount(), 1U);
+}
+
+}  // namespace
