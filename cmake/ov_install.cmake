@@ -31,6 +31,22 @@ if(OV_BUILD_VCARD)
   install(DIRECTORY hosts/vcard/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           COMPONENT Development FILES_MATCHING PATTERN "*.h")
 endif()
+if(OV_BUILD_EDS)
+  foreach(set_and_target EDS:OVAddressBookEDS EDSStatic:OVAddressBookEDS_static)
+    string(REPLACE ":" ";" set_and_target ${set_and_target})
+    list(GET set_and_target 0 set)
+    list(GET set_and_target 1 target)
+    install(TARGETS ${target} EXPORT OVAddressBookSDK${set} ARCHIVE COMPONENT EDSDevelopment)
+    install(EXPORT OVAddressBookSDK${set} NAMESPACE OVAddressBookSDK:: DESTINATION ${package_dir}
+            COMPONENT EDSDevelopment)
+  endforeach()
+  install(DIRECTORY hosts/eds/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          COMPONENT EDSDevelopment FILES_MATCHING PATTERN "*.h")
+endif()
+if(OV_BUILD_EDS AND OV_BUILD_TOOLS)
+  install(TARGETS ovbook-live RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ovbook
+          COMPONENT LiveTools)
+endif()
 if(OV_BUILD_TOOLS)
   install(TARGETS ovbook RUNTIME COMPONENT Tools)
   install(FILES man/ovbook.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
@@ -55,3 +71,8 @@ file(RELATIVE_PATH pkgconfig_prefix ${pkgconfig_dir} ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/OVAddressBookSDK.pc.in ${generated_dir}/OVAddressBookSDK.pc @ONLY)
 install(FILES ${generated_dir}/OVAddressBookSDK.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT Development)
+if(OV_BUILD_EDS)
+  configure_file(cmake/OVAddressBookEDS.pc.in ${generated_dir}/OVAddressBookEDS.pc @ONLY)
+  install(FILES ${generated_dir}/OVAddressBookEDS.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+          COMPONENT EDSDevelopment)
+endif()
