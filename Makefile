@@ -73,7 +73,7 @@ cppcheck: setup ## Run cppcheck over the library and the hosts
 	mkdir -p build/cppcheck
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
 	  --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
-	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src src hosts
+	  -I include -I src -I hosts/card -I hosts/eds/include -I hosts/vcard/include -I hosts/vcard/src src hosts
 
 docs: setup ## Write the reference of the public headers to build/reference/html
 	mkdir -p build/reference

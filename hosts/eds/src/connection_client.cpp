@@ -39,8 +39,7 @@ void viewIsThere(GObject* source, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<ViewRequest> request(static_cast<ViewRequest*>(data));
   Fault fault;
   EBookClientView* view = nullptr;
-  e_book_client_get_view_finish(reinterpret_cast<EBookClient*>(source), result, &view,
-                                fault.out());
+  e_book_client_get_view_finish(reinterpret_cast<EBookClient*>(source), result, &view, fault.out());
   GRef<EBookClientView> owned(view);
   if (view != nullptr) {
     Signals::watch(view, request->connection);
@@ -76,8 +75,7 @@ std::error_code Connection::makeClient(const Call& call, std::shared_ptr<Client>
   if (const auto early = request.ended()) return early;
   const auto reply = std::make_shared<ClientReply>();
   session_->worker().post(
-      [reply, weak = weak_from_this(),
-       source = std::shared_ptr<ESource>(anotherRef(source_.get())),
+      [reply, weak = weak_from_this(), source = std::shared_ptr<ESource>(anotherRef(source_.get())),
        cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
         e_book_client_connect(source.get(), kNoWait, cancellable.get(), clientIsThere,
                               new ClientRequest{reply, weak});

@@ -80,11 +80,11 @@ void Credentials::ask(ESource* source, bool wasRejected) {
   request.bookName = OVString(taken(e_source_dup_display_name(source)));
   request.user = OVString(userOf(source));
   request.wasRejected = wasRejected;
-  request.answer = [shared = shared_, isAnswered = std::make_shared<std::atomic<bool>>(false),
-                    wasRejected, held = std::shared_ptr<ESource>(anotherRef(source))](
-                       const OVEDSCredentials& given) {
-    if (!isAnswered->exchange(true)) answer(*shared, held.get(), wasRejected, given);
-  };
+  request.answer =
+      [shared = shared_, isAnswered = std::make_shared<std::atomic<bool>>(false), wasRejected,
+       held = std::shared_ptr<ESource>(anotherRef(source))](const OVEDSCredentials& given) {
+        if (!isAnswered->exchange(true)) answer(*shared, held.get(), wasRejected, given);
+      };
   ask_(request);
 }
 

@@ -65,11 +65,11 @@ std::error_code Session::connect(const Call& call) {
 
 std::error_code Session::connectRegistry(const ServiceCall& request) {
   const auto reply = std::make_shared<RegistryReply>();
-  worker_.post([reply, cancellable = std::shared_ptr<GCancellable>(
-                           anotherRef(request.cancellable()))] {
-    e_source_registry_new(cancellable.get(), registryIsThere,
-                          new std::shared_ptr<RegistryReply>(reply));
-  });
+  worker_.post(
+      [reply, cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
+        e_source_registry_new(cancellable.get(), registryIsThere,
+                              new std::shared_ptr<RegistryReply>(reply));
+      });
   auto came = reply->takeUntil(request.deadline());
   if (!came) return std::make_error_code(std::errc::timed_out);
   if (came->result == nullptr) {

@@ -30,7 +30,8 @@ void takeTags(const OVAddressBookGeneral& book, const OVTagManager& store) {
 }  // namespace
 
 void addExportCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("export", "Write a book as vCards 4.0, or into one of the desktop");
+  const Command command =
+      ovbook.addCommand("export", "Write a book as vCards 4.0, or into one of the desktop");
   command.setFooter("The file is written whole or not at all. \"-o -\" writes to standard output.");
   const Argument path = command.addArgument("BOOK", "The book to read").required();
   const Argument target =
@@ -48,7 +49,8 @@ void addExportCommand(const Command& ovbook, Session& session) {
     if (target.isGiven()) checkTarget(target.text(), path.text());
     const auto book = openBook(path.text());
     if (store.isGiven()) takeTags(*book, *openTagStore(store.text()));
-    if (liveBook.isGiven()) return session.live().add(*book, liveBook.text(), trial.isGiven(), session);
+    if (liveBook.isGiven())
+      return session.live().add(*book, liveBook.text(), trial.isGiven(), session);
     writeFile(target.text(), ov::vcard::exportBook(book), session.out());
   });
 }

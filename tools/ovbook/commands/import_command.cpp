@@ -168,7 +168,8 @@ struct Import {
 }  // namespace
 
 void addImportCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("import", "Make a book from vCard files, or from one of the desktop");
+  const Command command =
+      ovbook.addCommand("import", "Make a book from vCard files, or from one of the desktop");
   command.setFooter(
       "The book is written whole or not at all; files that hold no card make none. What could not\n"
       "be taken over as it stood is named with file and line; the exit status is 1 where "
@@ -178,8 +179,9 @@ void addImportCommand(const Command& ovbook, Session& session) {
   const Argument target =
       command.addOption("-o,--output", "BOOK", "The book to write; replaced if there is one")
           .required();
-  const Argument liveBook = command.addOption(
-      "--from-book", "UID", "Read this address book of the desktop (see \"ovbook books\"), no files");
+  const Argument liveBook =
+      command.addOption("--from-book", "UID",
+                        "Read this address book of the desktop (see \"ovbook books\"), no files");
   const Argument store = command.addOption(
       "--tags", "STORE", "Also give the persons their categories as tags in this store");
   const Argument all =

@@ -47,9 +47,8 @@ void addMissing(const OVAddressBookGeneral& book, OVEDSBook& target, bool isTria
   }
   if (!isTrial) save(target, session);
   const std::string all = std::to_string(persons.size());
-  session.out() << printable(target.name().view()) << ": "
-                << (isTrial ? "would add " : "added ") << count << " of " << all
-                << (persons.size() == 1 ? " person\n" : " persons\n");
+  session.out() << printable(target.name().view()) << ": " << (isTrial ? "would add " : "added ")
+                << count << " of " << all << (persons.size() == 1 ? " person\n" : " persons\n");
 }
 
 }  // namespace ovbook
