@@ -116,7 +116,11 @@ void Connection::progressed(bool isEnd) {
 
 /// The service also tells when it could not ask the server at all.
 void Connection::credentialsRequired(bool isError) {
-  access_ = isError ? Access::Offline : Access::NeedsCredentials;
+  if (!isError) {
+    access_ = Access::NeedsCredentials;
+  } else if (access_ != Access::NeedsCredentials) {
+    access_ = Access::Offline;
+  }
   statusChanged();
 }
 

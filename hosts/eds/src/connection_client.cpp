@@ -11,6 +11,8 @@ namespace {
 
 constexpr const char* kEverything = "(contains \"x-evolution-any-field\" \"\")";
 
+constexpr int kMostTries = 4;
+
 /// Not to wait for a server.
 constexpr guint32 kNoWait = static_cast<guint32>(-1);
 
@@ -59,7 +61,12 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
     client = client_;
   }
   if (client != nullptr) return {};
-  if (const auto error = makeClient(call, client)) return error;
+  // The process may end for want of work, or die, in this very moment: another takes its place.
+  std::error_code error = OVEDSError::NoService;
+  for (int i = 0; i < kMostTries && error == OVEDSError::NoService; ++i) {
+    error = makeClient(call, client);
+  }
+  if (error) return error;
   bool isSecond = false;
   {
     const std::lock_guard lock(mutex_);

@@ -46,7 +46,6 @@ Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const 
     outcome = {};
     std::shared_ptr<Client> client;
     outcome.error = ensureOpen(call, client);
-    if (outcome.error == OVEDSError::NoService && i + 1 < kMostTries) continue;
     if (outcome.error) return outcome;
     const ServiceCall timed(session_->worker(), call);
     outcome.error = timed.ended();
