@@ -24,7 +24,7 @@ help: ## List the commands
 
 demo: ## Import a contacts file, snapshot it into a data block, restore it, show it
 	@scripts/setup build
-	@cmake --preset release --log-level=WARNING
+	@cmake --preset release --log-level=WARNING -DOV_BUILD_EDS=OFF -DOV_BUILD_QT=OFF
 	@$(call build_preset,release) --target ovbook
 	@scripts/demo build/release/tools/ovbook/ovbook examples/contacts.vcf build/demo
 
@@ -75,7 +75,7 @@ cppcheck: setup ## Run cppcheck over the library and the hosts
 	mkdir -p build/cppcheck
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
 	  --library=qt --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \
-	  -I include -I src -I hosts/card -I hosts/vcard/include -I hosts/vcard/src -I hosts/qt/include \
+	  -I include -I src -I hosts/card -I hosts/eds/include -I hosts/vcard/include -I hosts/vcard/src -I hosts/qt/include \
 	  -I hosts/qt/src src hosts
 
 docs: setup ## Write the reference of the public headers to build/reference/html
@@ -96,7 +96,7 @@ format: setup ## Format the sources
 
 bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 unless given
 	scripts/setup bench
-	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON
+	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON -DOV_BUILD_EDS=OFF
 	cmake --build build/bench -j $(BUILD_JOBS)
 	bench/run.py build/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md

@@ -12,11 +12,15 @@ set(generated_dir ${CMAKE_CURRENT_BINARY_DIR}/package)
 # ov_install_library(SET TARGET): installs a library. Each has an export set of its own, so that a
 # project that uses one library needs the dependencies of that one only.
 function(ov_install_library set target)
+  set(development Development)
+  if(ARGC GREATER 2)
+    set(development ${ARGV2})
+  endif()
   install(TARGETS ${target} EXPORT OVAddressBookSDK${set}
-          LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
-          ARCHIVE COMPONENT Development)
+          LIBRARY COMPONENT Runtime NAMELINK_COMPONENT ${development}
+          ARCHIVE COMPONENT ${development})
   install(EXPORT OVAddressBookSDK${set} NAMESPACE OVAddressBookSDK:: DESTINATION ${package_dir}
-          COMPONENT Development)
+          COMPONENT ${development})
 endfunction()
 
 ov_install_library(Shared OVAddressBookSDK)
@@ -36,6 +40,16 @@ if(OV_BUILD_QT)
   ov_install_library(QtStatic OVAddressBookQt_static)
   install(DIRECTORY hosts/qt/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           COMPONENT Development FILES_MATCHING PATTERN "*.h")
+endif()
+if(OV_BUILD_EDS)
+  ov_install_library(EDS OVAddressBookEDS EDSDevelopment)
+  ov_install_library(EDSStatic OVAddressBookEDS_static EDSDevelopment)
+  install(DIRECTORY hosts/eds/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          COMPONENT EDSDevelopment FILES_MATCHING PATTERN "*.h")
+endif()
+if(OV_BUILD_EDS AND OV_BUILD_TOOLS)
+  install(TARGETS ovbook-live RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/ovbook
+          COMPONENT LiveTools)
 endif()
 if(TARGET ovcontacts)
   install(TARGETS ovcontacts RUNTIME COMPONENT Contacts)
@@ -72,3 +86,8 @@ foreach(name ${pkgconfig_names})
   install(FILES ${generated_dir}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
           COMPONENT Development)
 endforeach()
+if(OV_BUILD_EDS)
+  configure_file(cmake/OVAddressBookEDS.pc.in ${generated_dir}/OVAddressBookEDS.pc @ONLY)
+  install(FILES ${generated_dir}/OVAddressBookEDS.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+          COMPONENT EDSDevelopment)
+endif()

@@ -60,6 +60,23 @@ if(TARGET ovcontacts)
              "The program shows and changes address books in data blocks and vCard
 files: persons, groups and tags.")
 endif()
+if(OV_BUILD_EDS)
+  ov_package(EDSDevelopment libovaddressbookeds-dev libdevel
+             "address books of evolution-data-server (development files)"
+             "${about}
+This package holds what programs need to be built with the address books
+that evolution-data-server keeps: local ones and those of CardDAV servers.")
+  set(CPACK_DEBIAN_EDSDEVELOPMENT_PACKAGE_DEPENDS
+      "libovaddressbooksdk-dev (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), libebook1.2-dev, libicu-dev")
+endif()
+if(OV_BUILD_EDS AND OV_BUILD_TOOLS)
+  ov_package(LiveTools ovbook-live utils "live address books for ovbook"
+             "Lets the command ovbook list, read and fill the address books that the
+desktop keeps with evolution-data-server.")
+  set(CPACK_DEBIAN_LIVETOOLS_PACKAGE_DEPENDS
+      "ovbook (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+  set(CPACK_DEBIAN_LIVETOOLS_PACKAGE_RECOMMENDS evolution-data-server)
+endif()
 if(OV_BUILD_TOOLS)
   ov_package(Tools ovbook utils "snapshots of address books on the command line"
              "The command imports contacts from vCard files, keeps them as one data

@@ -4,8 +4,9 @@
 _ovbook_options() {
   case $1 in
     '') printf '%s\n' -h --help --version ;;
-    import) printf '%s\n' -h --help -o --output --tags --all-messages ;;
-    export) printf '%s\n' -h --help -o --output --tags ;;
+    import) printf '%s\n' -h --help -o --output --from-book --tags --all-messages ;;
+    export) printf '%s\n' -h --help -o --output --to-book --dry-run --tags ;;
+    books) printf '%s\n' -h --help --tsv ;;
     list) printf '%s\n' -h --help --sort --match --tsv ;;
     show) printf '%s\n' -h --help --tags ;;
     dump) printf '%s\n' -h --help --json ;;
@@ -19,7 +20,7 @@ _ovbook_options() {
 _ovbook_arguments() {
   case $1 in
     '')
-      printf '%s\n' import export list show dump name-order countries country layout format tag
+      printf '%s\n' import export books list show dump name-order countries country layout format tag
       ;;
     import) return 1 ;;
     export | list | show | dump) [ "$2" -gt 0 ] ;;
@@ -41,7 +42,8 @@ _ovbook() {
       [[ $option == --country ]] && country=$word
       option=''
     elif [[ $word == -o || $word == --output || $word == --tags || $word == --country ||
-      $word == --sort || $word == --match ]]; then
+      $word == --sort || $word == --match ||
+      $word == --from-book || $word == --to-book ]]; then
       option=$word
     elif [[ $word == -* ]]; then
       continue
@@ -66,6 +68,12 @@ _ovbook() {
     --tags | --match) return ;;
     --sort)
       mapfile -t COMPREPLY < <(compgen -W 'name company none' -- "$current")
+      return
+      ;;
+    --from-book | --to-book)
+      mapfile -t COMPREPLY < <(
+        compgen -W "$(ovbook books --tsv 2>/dev/null | cut -f 1)" -- "$current"
+      )
       return
       ;;
     --country)

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "commands/commands.h"
+#include "live_books.h"
 #include "output/descriptor_buffer.h"
 #include "parser.h"
 #include "session.h"
@@ -16,6 +17,7 @@ namespace {
 void addCommands(const Command& ovbook, Session& session) {
   addImportCommand(ovbook, session);
   addExportCommand(ovbook, session);
+  addBooksCommand(ovbook, session);
   addListCommand(ovbook, session);
   addShowCommand(ovbook, session);
   addDumpCommand(ovbook, session);
@@ -50,8 +52,10 @@ int reportFailures(const std::vector<std::string>& arguments, Session& session) 
 
 }  // namespace
 
-int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-  Session session(out, err);
+int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+        const LiveBooks* live) {
+  const LiveBooksElsewhere elsewhere(arguments);
+  Session session(out, err, live == nullptr ? elsewhere : *live);
   try {
     const int status = reportFailures(arguments, session);
     out.flush();

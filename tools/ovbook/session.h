@@ -7,6 +7,8 @@
 
 namespace ovbook {
 
+class LiveBooks;
+
 /// How the program ends.
 enum ExitStatus : int {
   kDone = 0,
@@ -29,7 +31,8 @@ class Failure : public std::runtime_error {
 class Session {
  public:
   /// The streams outlive the session.
-  Session(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+  Session(std::ostream& out, std::ostream& err, const LiveBooks& live)
+      : out_(out), err_(err), live_(live) {}
 
   /// Writes "ovbook: " and the message, made printable, as one line to `err`.
   void report(std::string_view message);
@@ -38,11 +41,13 @@ class Session {
 
   [[nodiscard]] std::ostream& out() { return out_; }
   [[nodiscard]] std::ostream& err() { return err_; }
+  [[nodiscard]] const LiveBooks& live() const { return live_; }
   [[nodiscard]] ExitStatus status() const { return status_; }
 
  private:
   std::ostream& out_;
   std::ostream& err_;
+  const LiveBooks& live_;
   ExitStatus status_ = kDone;
 };
 

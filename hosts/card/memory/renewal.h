@@ -11,7 +11,8 @@ namespace ov::card {
 /// The values of a person, with an entry of "Other" for what they do not tell of the card.
 [[nodiscard]] ValueTable valuesOf(const Lines& lines, PersonReading& reading);
 
-/// Has the person say what the card in `text` says, the first one there; nothing when there is none.
+/// Has the person say what the card in `text` says, the first one there; nothing when there is
+/// none.
 void renewPerson(Person& person, const std::shared_ptr<const std::string>& text);
 
 /// The same for a group of the book that the arrivals go to; its members are found with theirs.

@@ -31,8 +31,8 @@ void Applier::come(const std::string& uid, const std::string& card) {
     const auto removal = book_.removed.find(uid);
     if (removal == book_.removed.end()) return become(uid, card);
     if (sayTheSame(removal->second, card)) return;
-    book_.conflicts.push_back({OVString(uid), groupOfList(card).has_value(), true, false, nullptr,
-                               OVString(card)});
+    book_.conflicts.push_back(
+        {OVString(uid), groupOfList(card).has_value(), true, false, nullptr, OVString(card)});
     book_.removed.erase(removal);
     return become(uid, card);
   }

@@ -15,9 +15,7 @@ OVString OVEDSBook::name() const { return OVString(content_->connection->name())
 
 bool OVEDSBook::canOprate() const { return content_->connection->isWritable(); }
 
-bool OVEDSBook::canCreateGroup() const {
-  return canOprate() && content_->connection->keepsLists();
-}
+bool OVEDSBook::canCreateGroup() const { return canOprate() && content_->connection->keepsLists(); }
 
 OVList<OVProperty> OVEDSBook::supportProperty() const {
   return OVProperty::StandardPropertyArray().copy();
@@ -86,7 +84,8 @@ void OVEDSBook::removePersons(const OVList<IOVPerson>& persons) {
   const auto leaving = ov::card::personsIn(*content_->store, persons);
   for (const Person* const person : leaving) {
     const std::string uid = person->ID().str();
-    if (const auto base = content_->baseOf(uid); !base.empty()) content_->removed.emplace(uid, base);
+    if (const auto base = content_->baseOf(uid); !base.empty())
+      content_->removed.emplace(uid, base);
     content_->originals.erase(uid);
   }
   content_->store->removePersons(leaving);

@@ -42,8 +42,7 @@ void Connection::watchSource() {
     const auto connection = weak.lock();
     if (connection == nullptr) return;
     connection->statusHandler_ = Signals::status(connection->source_.get(), weak);
-    connection->credentialsHandler_ =
-        Signals::credentials(connection->session_->registry(), weak);
+    connection->credentialsHandler_ = Signals::credentials(connection->session_->registry(), weak);
     connection->removedHandler_ = Signals::removed(connection->session_->registry(), weak);
   });
 }
@@ -57,9 +56,9 @@ Connection::~Connection() {
     gulong removed;
     gulong credentials;
   };
-  const auto left = std::make_shared<Left>(Left{anotherRef(source_.get()),
-                                                anotherRef(session_->registry()), statusHandler_,
-                                                removedHandler_, credentialsHandler_});
+  const auto left =
+      std::make_shared<Left>(Left{anotherRef(source_.get()), anotherRef(session_->registry()),
+                                  statusHandler_, removedHandler_, credentialsHandler_});
   session_->worker().post([left] {
     if (left->status != 0) g_signal_handler_disconnect(left->source.get(), left->status);
     if (left->credentials != 0) {
@@ -117,7 +116,11 @@ void Connection::progressed(bool isEnd) {
 
 /// The service also tells when it could not ask the server at all.
 void Connection::credentialsRequired(bool isError) {
-  access_ = isError ? Access::Offline : Access::NeedsCredentials;
+  if (!isError) {
+    access_ = Access::NeedsCredentials;
+  } else if (access_ != Access::NeedsCredentials) {
+    access_ = Access::Offline;
+  }
   statusChanged();
 }
 
@@ -139,7 +142,8 @@ void Connection::removed(const std::string& uid) {
 
 /// The last references go on the session's thread, where the signals come in. By value: it may be
 /// `client_` itself.
-void Connection::drop(std::shared_ptr<Client> client) {  // NOLINT(performance-unnecessary-value-param)
+void Connection::drop(
+    std::shared_ptr<Client> client) {  // NOLINT(performance-unnecessary-value-param)
   if (client == nullptr) return;
   {
     const std::lock_guard lock(mutex_);

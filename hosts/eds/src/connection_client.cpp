@@ -11,6 +11,8 @@ namespace {
 
 constexpr const char* kEverything = "(contains \"x-evolution-any-field\" \"\")";
 
+constexpr int kMostTries = 4;
+
 /// Not to wait for a server.
 constexpr guint32 kNoWait = static_cast<guint32>(-1);
 
@@ -39,8 +41,7 @@ void viewIsThere(GObject* source, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<ViewRequest> request(static_cast<ViewRequest*>(data));
   Fault fault;
   EBookClientView* view = nullptr;
-  e_book_client_get_view_finish(reinterpret_cast<EBookClient*>(source), result, &view,
-                                fault.out());
+  e_book_client_get_view_finish(reinterpret_cast<EBookClient*>(source), result, &view, fault.out());
   GRef<EBookClientView> owned(view);
   if (view != nullptr) {
     Signals::watch(view, request->connection);
@@ -60,7 +61,12 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
     client = client_;
   }
   if (client != nullptr) return {};
-  if (const auto error = makeClient(call, client)) return error;
+  // The process may end for want of work, or die, in this very moment: another takes its place.
+  std::error_code error = OVEDSError::NoService;
+  for (int i = 0; i < kMostTries && error == OVEDSError::NoService; ++i) {
+    error = makeClient(call, client);
+  }
+  if (error) return error;
   bool isSecond = false;
   {
     const std::lock_guard lock(mutex_);
@@ -76,8 +82,7 @@ std::error_code Connection::makeClient(const Call& call, std::shared_ptr<Client>
   if (const auto early = request.ended()) return early;
   const auto reply = std::make_shared<ClientReply>();
   session_->worker().post(
-      [reply, weak = weak_from_this(),
-       source = std::shared_ptr<ESource>(anotherRef(source_.get())),
+      [reply, weak = weak_from_this(), source = std::shared_ptr<ESource>(anotherRef(source_.get())),
        cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
         e_book_client_connect(source.get(), kNoWait, cancellable.get(), clientIsThere,
                               new ClientRequest{reply, weak});

@@ -73,9 +73,9 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
     std::unique_lock lock(mutex_);
     const auto again = std::min(whole.deadline(), Worker::Clock::now() + kPatience);
     changed_.wait_until(lock, again, [&] {
-      const bool isAnswered = credentials.answersGiven(uid_) != answers &&
-                              e_source_get_connection_status(source_.get()) ==
-                                  E_SOURCE_CONNECTION_STATUS_CONNECTED;
+      const bool isAnswered =
+          credentials.answersGiven(uid_) != answers &&
+          e_source_get_connection_status(source_.get()) == E_SOURCE_CONNECTION_STATUS_CONNECTED;
       return isGone_ || whole.ended() || refreshesEnded_ != ended || isHopeless() || isAnswered;
     });
     isOver = refreshesEnded_ != ended;

@@ -122,8 +122,8 @@ Connection::Outcome Connection::modify(const Cards& cards, const Call& call) {
   const auto contacts = contactsOf(cards);
   const Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
-        e_book_client_modify_contacts_sync(
-            book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
+        e_book_client_modify_contacts_sync(book, contacts.get(),
+                                           E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
       });
   noteWritten(outcome);
   return outcome;

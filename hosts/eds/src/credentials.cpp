@@ -6,7 +6,9 @@ namespace ov::eds {
 
 namespace {
 
-constexpr int kMostAnswersInARow = 5;
+constexpr int kMostAnswersInARow = 10;
+/// The service calls an answer refused also when it has not used it yet.
+constexpr int kMostRefusals = 3;
 
 std::string userOf(ESource* source) {
   if (e_source_has_extension(source, E_SOURCE_EXTENSION_AUTHENTICATION) == FALSE) return {};
@@ -50,6 +52,7 @@ void Credentials::forgive(const std::string& uid) {
   const std::lock_guard lock(shared_->mutex);
   Asked& asked = shared_->asked[uid];
   asked.times = 0;
+  asked.refusals = 0;
   asked.isHopeless = false;
 }
 
@@ -80,11 +83,11 @@ void Credentials::ask(ESource* source, bool wasRejected) {
   request.bookName = OVString(taken(e_source_dup_display_name(source)));
   request.user = OVString(userOf(source));
   request.wasRejected = wasRejected;
-  request.answer = [shared = shared_, isAnswered = std::make_shared<std::atomic<bool>>(false),
-                    wasRejected, held = std::shared_ptr<ESource>(anotherRef(source))](
-                       const OVEDSCredentials& given) {
-    if (!isAnswered->exchange(true)) answer(*shared, held.get(), wasRejected, given);
-  };
+  request.answer =
+      [shared = shared_, isAnswered = std::make_shared<std::atomic<bool>>(false), wasRejected,
+       held = std::shared_ptr<ESource>(anotherRef(source))](const OVEDSCredentials& given) {
+        if (!isAnswered->exchange(true)) answer(*shared, held.get(), wasRejected, given);
+      };
   ask_(request);
 }
 
@@ -93,7 +96,8 @@ void Credentials::answer(Shared& shared, ESource* source, bool wasRejected,
   {
     const std::lock_guard lock(shared.mutex);
     Asked& asked = shared.asked[e_source_get_uid(source)];
-    if (wasRejected && same(asked.last, given)) {
+    if (!same(asked.last, given)) asked.refusals = 0;
+    if (wasRejected && same(asked.last, given) && ++asked.refusals >= kMostRefusals) {
       asked.isHopeless = true;
       return;
     }

@@ -40,6 +40,7 @@ class Credentials {
     int times = 0;
     bool isHopeless = false;
     int answers = 0;
+    int refusals = 0;
     OVEDSCredentials last;
   };
   struct Shared {

@@ -66,9 +66,8 @@ std::error_code applyNews(BookContent& book, const Call& call) {
   Inbox::Content content = book.connection->inbox().take();
   if (content.news.empty() && !content.isIncomplete) return {};
   Applier applier(book);
-  const std::error_code error = content.isIncomplete
-                                    ? applyEverything(book, applier, call)
-                                    : applyEach(book, content.news, applier, call);
+  const std::error_code error = content.isIncomplete ? applyEverything(book, applier, call)
+                                                     : applyEach(book, content.news, applier, call);
   if (error) {
     book.connection->inbox().putBack(std::move(content));
     return error;

@@ -56,7 +56,8 @@ std::optional<std::string> bytesOf(const std::string& uri) {
 }  // namespace
 
 std::optional<std::string> withPhoto(std::string_view card) {
-  if (card.find("PHOTO") == std::string_view::npos || card.find(kScheme) == std::string_view::npos) {
+  if (card.find("PHOTO") == std::string_view::npos ||
+      card.find(kScheme) == std::string_view::npos) {
     return std::nullopt;
   }
   const CardText text{std::string(card)};

@@ -96,9 +96,8 @@ void takeOurs(BookContent& book, const OVEDSConflict& conflict) {
 
 bool OVEDSBook::resolve(const OVString& conflictID, OVEDSResolution resolution) {
   auto& conflicts = content_->conflicts;
-  const auto at = std::find_if(conflicts.begin(), conflicts.end(), [&](const OVEDSConflict& each) {
-    return each.ID == conflictID;
-  });
+  const auto at = std::find_if(conflicts.begin(), conflicts.end(),
+                               [&](const OVEDSConflict& each) { return each.ID == conflictID; });
   if (at == conflicts.end()) return false;
   const OVEDSConflict conflict = *at;
   conflicts.erase(at);

@@ -51,7 +51,8 @@ std::vector<std::string> keysOf(std::string_view card, Photos photos) {
   const CardText text{std::string(card)};
   std::vector<std::string> keys;
   for (const Line& line : text.lines()) {
-    const bool isLeftOut = isOwnLine(line.name()) || (photos == Photos::Ignored && line.name() == "PHOTO");
+    const bool isLeftOut =
+        isOwnLine(line.name()) || (photos == Photos::Ignored && line.name() == "PHOTO");
     if (!isLeftOut) keys.push_back(keyOf(line));
   }
   std::sort(keys.begin(), keys.end());

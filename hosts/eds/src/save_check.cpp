@@ -39,9 +39,8 @@ std::error_code Saver::check(Kind kind, Items& items) {
   Current current;
   const auto outcome = fetchCurrent(book_, uidsOf(items), call_, current);
   if (outcome.error) return outcome.error;
-  std::erase_if(items, [&](Item& item) {
-    return !isToBeWritten(kind, item, in(current, item.uid));
-  });
+  std::erase_if(items,
+                [&](Item& item) { return !isToBeWritten(kind, item, in(current, item.uid)); });
   return {};
 }
 
@@ -78,9 +77,8 @@ void Saver::conflict(const Item& item, const std::string* current) {
 void Saver::done(Kind kind, Items& items) {
   Current current;
   // Without an answer, what was written is what the service holds, but for its own lines.
-  const auto outcome = kind == Kind::Remove
-                           ? Connection::Outcome()
-                           : fetchCurrent(book_, uidsOf(items), call_, current);
+  const auto outcome = kind == Kind::Remove ? Connection::Outcome()
+                                            : fetchCurrent(book_, uidsOf(items), call_, current);
   for (Item& item : items) {
     const std::string* const found = in(current, item.uid);
     done(kind, item, found == nullptr ? &item.card : found);

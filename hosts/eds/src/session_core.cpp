@@ -9,6 +9,8 @@ namespace ov::eds {
 
 namespace {
 
+constexpr int kMostTries = 3;
+
 using RegistryReply = Awaited<Reply<GRef<ESourceRegistry>>>;
 
 void registryIsThere(GObject* /*source*/, GAsyncResult* result, gpointer data) {
@@ -51,12 +53,23 @@ std::error_code Session::connect(const Call& call) {
     return early ? early : std::error_code(OVEDSError::NoService);
   }
   g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
+  // The service ends when nobody needs it, and may do so in this very moment.
+  std::error_code error;
+  for (int i = 0; i < kMostTries; ++i) {
+    error = connectRegistry(request);
+    if (!error || request.ended()) break;
+  }
+  if (!error) watch();
+  return error;
+}
+
+std::error_code Session::connectRegistry(const ServiceCall& request) {
   const auto reply = std::make_shared<RegistryReply>();
-  worker_.post([reply, cancellable = std::shared_ptr<GCancellable>(
-                           anotherRef(request.cancellable()))] {
-    e_source_registry_new(cancellable.get(), registryIsThere,
-                          new std::shared_ptr<RegistryReply>(reply));
-  });
+  worker_.post(
+      [reply, cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
+        e_source_registry_new(cancellable.get(), registryIsThere,
+                              new std::shared_ptr<RegistryReply>(reply));
+      });
   auto came = reply->takeUntil(request.deadline());
   if (!came) return std::make_error_code(std::errc::timed_out);
   if (came->result == nullptr) {
@@ -64,7 +77,6 @@ std::error_code Session::connect(const Call& call) {
     return early ? early : std::error_code(OVEDSError::NoService);
   }
   registry_ = std::move(came->result);
-  watch();
   return {};
 }
 

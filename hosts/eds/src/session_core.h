@@ -38,6 +38,7 @@ class Session : public std::enable_shared_from_this<Session> {
  private:
   explicit Session(OVEDSSession::CredentialsCallback ask);
   [[nodiscard]] std::error_code connect(const Call& call);
+  [[nodiscard]] std::error_code connectRegistry(const ServiceCall& request);
   void watch();
 
   Worker worker_;

@@ -83,8 +83,7 @@ void Signals::cardsCame(EBookClientView* /*view*/, const GSList* contacts, gpoin
     auto* const contact = static_cast<EContact*>(each->data);
     // The text first: as long as nothing has been looked up, it is the one that came.
     std::string card = taken(e_vcard_to_string(E_VCARD(contact), EVC_FORMAT_VCARD_30));
-    const auto* const uid =
-        static_cast<const char*>(e_contact_get_const(contact, E_CONTACT_UID));
+    const auto* const uid = static_cast<const char*>(e_contact_get_const(contact, E_CONTACT_UID));
     if (uid != nullptr) isFirst |= connection->inbox_.add(uid, std::move(card));
   }
   if (isFirst) connection->tell();

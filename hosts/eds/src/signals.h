@@ -12,8 +12,7 @@ namespace ov::eds {
 struct Signals {
   static gulong status(ESource* source, const std::weak_ptr<Connection>& connection);
   static gulong removed(ESourceRegistry* registry, const std::weak_ptr<Connection>& connection);
-  static gulong credentials(ESourceRegistry* registry,
-                            const std::weak_ptr<Connection>& connection);
+  static gulong credentials(ESourceRegistry* registry, const std::weak_ptr<Connection>& connection);
   static void watch(EBookClient* client, const std::weak_ptr<Connection>& connection);
   static void watch(EBookClientView* view, const std::weak_ptr<Connection>& connection);
 

@@ -88,7 +88,8 @@ OVString addCardDAVSource(Session& session, const OVString& name, const OVEDSSer
   const std::unique_ptr<GUri, FreeURI> uri(
       g_uri_parse(server.url.str().c_str(), G_URI_FLAGS_ENCODED, nullptr));
   const std::string scheme = uri == nullptr ? "" : g_uri_get_scheme(uri.get());
-  if ((scheme != "http" && scheme != "https") || std::string_view(g_uri_get_host(uri.get())).empty()) {
+  if ((scheme != "http" && scheme != "https") ||
+      std::string_view(g_uri_get_host(uri.get())).empty()) {
     error = std::make_error_code(std::errc::invalid_argument);
     return nullptr;
   }
@@ -100,8 +101,7 @@ OVString addCardDAVSource(Session& session, const OVString& name, const OVEDSSer
   const int port = g_uri_get_port(uri.get());
   const int usual = scheme == "https" ? kSecure : kPlain;
   e_source_authentication_set_host(authentication, g_uri_get_host(uri.get()));
-  e_source_authentication_set_port(authentication,
-                                   static_cast<guint16>(port > 0 ? port : usual));
+  e_source_authentication_set_port(authentication, static_cast<guint16>(port > 0 ? port : usual));
   e_source_authentication_set_method(authentication, "plain/password");
   e_source_authentication_set_user(authentication, server.user.str().c_str());
   auto* const place = static_cast<ESourceWebdav*>(

@@ -125,7 +125,9 @@ void Worker::run(const std::shared_ptr<Shared>& shared) {
         static_cast<Shared*>(reinterpret_cast<QueueSource*>(source)->shared)->runWhatIsDue();
         return G_SOURCE_CONTINUE;
       },
-      nullptr, nullptr, nullptr};
+      nullptr,
+      nullptr,
+      nullptr};
   GMainContext* const context = shared->context;
   g_main_context_push_thread_default(context);
   GSource* const source = g_source_new(&functions, sizeof(QueueSource));

@@ -16,8 +16,7 @@ class LiveChanges : public LiveTest {
   }
 
   static std::string kim(const std::string& phone) {
-    return "UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\nTEL;TYPE=WORK:" + phone +
-           "\r\nX-ODD:left alone\r\n";
+    return "UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\nTEL;TYPE=WORK:" + phone + "\r\nX-ODD:left alone\r\n";
   }
   static bool isAnyChange(const OVEDSChanges& changes) { return !changes.empty(); }
   /// Both sides give Kim another phone, and ours is saved last.
@@ -90,8 +89,7 @@ TEST_F(LiveChanges, ArePostedUnderTheirNames) {
     names.push_back(told.name);
     EXPECT_EQ(told.object, book);
     if (told.name != OVPersonChangePhoneNotification) return;
-    const auto entry =
-        ov::cast<OVObjectPhone>(told.userInfo[OVChangeNameNotification_PhoneKey]);
+    const auto entry = ov::cast<OVObjectPhone>(told.userInfo[OVChangeNameNotification_PhoneKey]);
     phone = entry->phoneNumber();
     EXPECT_EQ(told.userInfo[OVChangeNameNotification_PersonKey], personOf(*book, "kim"));
   });

@@ -21,9 +21,8 @@ int freePort() {
   const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in address = loopback(0);
   socklen_t size = sizeof(address);
-  const bool isBound =
-      ::bind(socket, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-      ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
+  const bool isBound = ::bind(socket, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
+                       ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
   ::close(socket);
   if (!isBound) throw std::runtime_error("no free port");
   return ntohs(address.sin_port);
@@ -56,8 +55,8 @@ DavServer::DavServer() : port_(freePort()) {
             "[server]\nhosts = 127.0.0.1:" + std::to_string(port_) +
                 "\n[auth]\ntype = htpasswd\nhtpasswd_filename = " + folder_.at("users") +
                 "\nhtpasswd_encryption = plain\ndelay = 0\n[storage]\nfilesystem_folder = " +
-                folder_.at("collections") + "\n[rights]\ntype = from_file\nfile = " +
-                folder_.at("rights") + "\n");
+                folder_.at("collections") +
+                "\n[rights]\ntype = from_file\nfile = " + folder_.at("rights") + "\n");
   start();
 }
 

@@ -60,8 +60,8 @@ std::optional<pid_t> processOf(const std::string& name) {
 
 }  // namespace
 
-Daemon::Daemon(const std::vector<std::string>& command,
-               const std::vector<std::string>& environment, int inherited) {
+Daemon::Daemon(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+               int inherited) {
   std::vector<std::string> words = command;
   std::vector<std::string> variables = environment;
   const auto arguments = pointers(words);
@@ -85,8 +85,8 @@ Daemon::~Daemon() {
 
 Desktop::Desktop() {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
-  for (const char* name : {"home", "run", "config", "data", "cache", "state", "tmp", "services",
-                           "no-modules"}) {
+  for (const char* name :
+       {"home", "run", "config", "data", "cache", "state", "tmp", "services", "no-modules"}) {
     fs::create_directory(path(name));
   }
   fs::permissions(path("run"), fs::perms::owner_all);

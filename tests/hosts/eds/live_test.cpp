@@ -1,5 +1,7 @@
 #include "live_test.h"
 
+#include <stdexcept>
+
 LiveTest::LiveTest() {
   Desktop::ofThisProcess();
   std::error_code error;
@@ -16,7 +18,7 @@ LiveTest::~LiveTest() {
 OVRef<OVEDSBook> LiveTest::openedBook(const OVString& uid) {
   std::error_code error;
   auto book = session->openBook(uid.isNull() ? bookUID : uid, error);
-  EXPECT_FALSE(error) << error.message();
+  if (book == nullptr) throw std::runtime_error(error.message());
   error = book->load();
   EXPECT_FALSE(error) << error.message();
   return book;

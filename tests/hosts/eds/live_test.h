@@ -41,4 +41,5 @@ class LiveTest : public testing::Test {
 void setPhone(const OVRef<IOVPerson>& person, const char* number);
 void setName(const OVRef<IOVPerson>& person, const char* first, const char* last);
 /// Waits until something waits in the book, then applies it; again, until `isThere`.
-[[nodiscard]] bool applied(OVEDSBook& book, const std::function<bool(const OVEDSChanges&)>& isThere);
+[[nodiscard]] bool applied(OVEDSBook& book,
+                           const std::function<bool(const OVEDSChanges&)>& isThere);

@@ -75,9 +75,8 @@ int main(int count, char** words) {
   const std::string_view command = words[1];
   if (command == "put") putAll(book, {std::istreambuf_iterator<char>(std::cin), {}});
   if (command == "cards") printAll(book);
-  if (command == "remove" &&
-      !e_book_client_remove_contact_by_uid_sync(book, words[3], E_BOOK_OPERATION_FLAG_NONE, nullptr,
-                                                &error)) {
+  if (command == "remove" && !e_book_client_remove_contact_by_uid_sync(
+                                 book, words[3], E_BOOK_OPERATION_FLAG_NONE, nullptr, &error)) {
     fail(error);
   }
   std::fflush(stdout);

@@ -69,7 +69,7 @@ class LiveServer : public testing::Test {
 
 TEST_F(LiveServer, PersonOfTheServerIsReadAfterARefresh) {
   server.put("kim.vcf", kim("555-01"));
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   ASSERT_NE(personOf(*book, "kim"), nullptr);
   EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-01"));
@@ -82,7 +82,7 @@ TEST_F(LiveServer, PersonOfTheServerIsReadAfterARefresh) {
 }
 
 TEST_F(LiveServer, SavedPersonIsOnTheServer) {
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   const auto mira = book->newPerson();
   setName(mira, "Mira", "Halonen");
@@ -96,7 +96,7 @@ TEST_F(LiveServer, SavedPersonIsOnTheServer) {
 }
 
 TEST_F(LiveServer, TwoMachinesOfOneUserSeeEachOthersChanges) {
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   const auto mira = book->newPerson();
   setName(mira, "Mira", "Halonen");
@@ -116,7 +116,7 @@ TEST_F(LiveServer, TwoMachinesOfOneUserSeeEachOthersChanges) {
 
 TEST_F(LiveServer, WhatWeRemoveGoesFromTheOtherMachine) {
   server.put("kim.vcf", kim("555-01"));
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   EXPECT_THAT(onTheOtherMachine({"list"}).out, HasSubstr("kim\t555-01"));
   book->removePersons(book->allPersons());
@@ -126,7 +126,7 @@ TEST_F(LiveServer, WhatWeRemoveGoesFromTheOtherMachine) {
 
 TEST_F(LiveServer, APersonChangedOnBothMachinesIsAConflict) {
   server.put("kim.vcf", kim("555-01"));
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   const Outcome changed = onTheOtherMachine({"phone", "kim", "555-03"});
   EXPECT_EQ(changed.status, 0) << changed.err;
@@ -143,7 +143,7 @@ TEST_F(LiveServer, APersonChangedOnBothMachinesIsAConflict) {
 
 TEST_F(LiveServer, WhatIsSavedWhileTheServerIsAwayWaitsInTheBook) {
   server.put("kim.vcf", kim("555-01"));
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   server.stop();
   setPhone(personOf(*book, "kim"), "555-02");
@@ -159,7 +159,7 @@ TEST_F(LiveServer, WhatIsSavedWhileTheServerIsAwayWaitsInTheBook) {
 
 TEST_F(LiveServer, AWrongPasswordIsToldAndAskedForAFewTimesOnly) {
   server.put("kim.vcf", kim("555-01"));
-  open("kaya", "wrong");
+  ASSERT_NO_FATAL_FAILURE(open("kaya", "wrong"));
   EXPECT_EQ(book->refresh(), OVEDSError::CredentialsNeeded);
   EXPECT_EQ(book->state(), OVEDSState::CredentialsNeeded);
   EXPECT_EQ(book->allPersonsCount(), 0U);
@@ -202,7 +202,7 @@ TEST_F(LiveServer, WithoutAPasswordChangesAreKeptByTheServiceForLater) {
 
 TEST_F(LiveServer, ABookThatMayOnlyBeReadCannotBeChanged) {
   server.put("kim.vcf", kim("555-01"));
-  open("guest");
+  ASSERT_NO_FATAL_FAILURE(open("guest"));
   refresh();
   EXPECT_NE(personOf(*book, "kim"), nullptr);
   EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::ReadOnly; }));
@@ -221,7 +221,7 @@ TEST_F(LiveServer, AGroupOfAnotherProgramIsRead) {
              "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:choir\r\nFN:Choir\r\nN:Choir;;;;\r\n"
              "X-ADDRESSBOOKSERVER-KIND:group\r\nX-ADDRESSBOOKSERVER-MEMBER:urn:uuid:kim\r\n"
              "END:VCARD\r\n");
-  open();
+  ASSERT_NO_FATAL_FAILURE(open());
   refresh();
   const auto choir = book->groupByID("choir");
   ASSERT_NE(choir, nullptr);

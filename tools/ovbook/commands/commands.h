@@ -9,6 +9,7 @@ class Session;
 /// the parser.
 void addImportCommand(const Command& ovbook, Session& session);
 void addExportCommand(const Command& ovbook, Session& session);
+void addBooksCommand(const Command& ovbook, Session& session);
 void addListCommand(const Command& ovbook, Session& session);
 void addShowCommand(const Command& ovbook, Session& session);
 void addDumpCommand(const Command& ovbook, Session& session);

@@ -5,6 +5,7 @@
 #include "book_file.h"
 #include "commands/commands.h"
 #include "files.h"
+#include "live_books.h"
 #include "parser.h"
 #include "session.h"
 #include "tag_store.h"
@@ -29,18 +30,27 @@ void takeTags(const OVAddressBookGeneral& book, const OVTagManager& store) {
 }  // namespace
 
 void addExportCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("export", "Write a book as vCards 4.0");
+  const Command command =
+      ovbook.addCommand("export", "Write a book as vCards 4.0, or into one of the desktop");
   command.setFooter("The file is written whole or not at all. \"-o -\" writes to standard output.");
   const Argument path = command.addArgument("BOOK", "The book to read").required();
   const Argument target =
-      command.addOption("-o,--output", "FILE", "The vCard file to write; replaced if there is one")
-          .required();
+      command.addOption("-o,--output", "FILE", "The vCard file to write; replaced if there is one");
+  const Argument liveBook = command.addOption(
+      "--to-book", "UID",
+      "Add who is not there yet to this address book of the desktop (see \"ovbook books\")");
+  const Argument trial = command.addFlag("--dry-run", "Only tell whom --to-book would add");
   const Argument store = command.addOption(
       "--tags", "STORE", "Write the tags of this store as the persons' categories");
   command.setAction([=, &session] {
-    checkTarget(target.text(), path.text());
+    if (target.isGiven() == liveBook.isGiven()) {
+      throw Failure("either -o or --to-book is required (ovbook export --help tells more)");
+    }
+    if (target.isGiven()) checkTarget(target.text(), path.text());
     const auto book = openBook(path.text());
     if (store.isGiven()) takeTags(*book, *openTagStore(store.text()));
+    if (liveBook.isGiven())
+      return session.live().add(*book, liveBook.text(), trial.isGiven(), session);
     writeFile(target.text(), ov::vcard::exportBook(book), session.out());
   });
 }

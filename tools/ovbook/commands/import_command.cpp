@@ -13,6 +13,7 @@
 
 #include "commands/commands.h"
 #include "files.h"
+#include "live_books.h"
 #include "messages.h"
 #include "output/escape.h"
 #include "output/progress_bar.h"
@@ -113,12 +114,29 @@ void requireCards(const OVVCardBook& book, const std::vector<std::string>& files
 
 struct Import {
   std::vector<std::string> files;
+  std::string liveBook;  // "" for none
   std::string target;
   std::string store;  // "" for none
   bool showsAllMessages;
 
   void run(Session& session) const {
+    if (files.empty() == liveBook.empty()) {
+      throw Failure(files.empty() ? "FILE is required (ovbook import --help tells more)"
+                                  : "--from-book excludes FILE (ovbook import --help tells more)");
+    }
     checkNoTerminal(target);
+    liveBook.empty() ? importFiles(session) : importBook(session);
+  }
+
+  void importBook(Session& session) const {
+    const auto live = session.live().read(liveBook, session);
+    const auto tags = store.empty() ? nullptr : openTagStore(store);
+    const auto book = snapshotOf(*live);
+    write(*book, session);
+    if (tags != nullptr) tagPersons(tags, *live);
+  }
+
+  void importFiles(Session& session) const {
     for (const std::string& file : files) {
       checkPath(file);
       checkTarget(target, file);
@@ -129,11 +147,15 @@ struct Import {
     const auto tags = store.empty() ? nullptr : openTagStore(store);
     const auto book = snapshotOf(*cards);
     if (tags == nullptr) cards = nullptr;  // the block needs the memory
-    const auto data = book->saveToData();
-    writeFile(target, data, session.out());
+    write(*book, session);
     if (tags != nullptr) tagPersons(tags, *cards);
-    const std::string summary = counted(book->personsDic().size(), "person") + ", " +
-                                counted(book->groupsDic().size(), "group") + ", " +
+  }
+
+  void write(OVAddressBookGeneral& book, Session& session) const {
+    const auto data = book.saveToData();
+    writeFile(target, data, session.out());
+    const std::string summary = counted(book.personsDic().size(), "person") + ", " +
+                                counted(book.groupsDic().size(), "group") + ", " +
                                 counted(data->size(), "byte");
     if (isStandardOutput(target)) {
       session.report(summary);
@@ -146,22 +168,26 @@ struct Import {
 }  // namespace
 
 void addImportCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("import", "Make a book from vCard files");
+  const Command command =
+      ovbook.addCommand("import", "Make a book from vCard files, or from one of the desktop");
   command.setFooter(
       "The book is written whole or not at all; files that hold no card make none. What could not\n"
       "be taken over as it stood is named with file and line; the exit status is 1 where "
       "something\n"
       "was left out. \"-o -\" writes to standard output, unless that is a terminal.");
-  const Argument files = command.addArguments("FILE", "The vCard files to read", 1);
+  const Argument files = command.addArguments("FILE", "The vCard files to read", 0);
   const Argument target =
       command.addOption("-o,--output", "BOOK", "The book to write; replaced if there is one")
           .required();
+  const Argument liveBook =
+      command.addOption("--from-book", "UID",
+                        "Read this address book of the desktop (see \"ovbook books\"), no files");
   const Argument store = command.addOption(
       "--tags", "STORE", "Also give the persons their categories as tags in this store");
   const Argument all =
       command.addFlag("--all-messages", "Show more than the first 20 messages of each file");
   command.setAction([=, &session] {
-    const Import import{files.texts(), target.text(), store.text(), all.isGiven()};
+    const Import import{files.texts(), liveBook.text(), target.text(), store.text(), all.isGiven()};
     import.run(session);
   });
 }

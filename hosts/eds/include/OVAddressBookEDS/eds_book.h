@@ -23,10 +23,10 @@ using Progress = std::function<void(std::uint64_t done, std::uint64_t all)>;
 
 /// An address book of the desktop: a local one, or one that lives on a server and is kept here.
 ///
-/// Cards become persons as `OVVCardBook` reads them. A contact list is a group. The card of a person
-/// whom nobody changed is never written; a changed one keeps every line that the change does not
-/// touch, those of the service and of other programs included. New persons are written as vCards
-/// 3.0, which is what the service keeps.
+/// Cards become persons as `OVVCardBook` reads them. A contact list is a group. The card of a
+/// person whom nobody changed is never written; a changed one keeps every line that the change does
+/// not touch, those of the service and of other programs included. New persons are written as
+/// vCards 3.0, which is what the service keeps.
 ///
 /// The book belongs to one thread at a time. What others change does not show until that thread
 /// calls `applyChanges`; a callback tells that there is something. Changes of this program wait in
@@ -76,7 +76,8 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
   [[nodiscard]] std::vector<OVEDSProblem> problems() const;
 
   /// Writes what was changed: new, changed and removed persons and groups, in lots. What cannot be
-  /// written stays changed in the book and goes with the next save; `saveError` and `problems` tell.
+  /// written stays changed in the book and goes with the next save; `saveError` and `problems`
+  /// tell.
   std::error_code saveWithin(const ov::eds::Call& call, const ov::eds::Progress& progress = {});
   void save() override;
   /// The same, then calls `block` unless it is empty.

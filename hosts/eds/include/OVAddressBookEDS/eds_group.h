@@ -11,8 +11,8 @@ namespace ov::eds {
 struct GroupObjects;
 }
 
-/// A group of an `OVEDSBook`: a contact list, or a card of kind "group" that another program has put
-/// on a server. One thread at a time, as its book.
+/// A group of an `OVEDSBook`: a contact list, or a card of kind "group" that another program has
+/// put on a server. One thread at a time, as its book.
 class OVEDSGroup final : public IOVGroup {
  public:
   ~OVEDSGroup() override;
