@@ -137,6 +137,8 @@ constexpr const char* kLines[] = {
     "item1.X-OTHER:bar\nitem1.X-ABLABEL:N",
     "item1.X-OTHER:bar\nitem1.X-ABLABEL:PHOTO",
     "item1.X-OTHER:bar\nitem1.X-ABLABEL:X-FOO",
+    "item1.X-OTHER:\nitem1.X-ABLABEL:/",
+    "X-OTHER;TYPE=work:",
     "item1.X-OTHER:BEGIN:VCARD\nitem1.X-ABLABEL:vCard",
     "item1.X-FOO:bar\nitem1.X-ABLABEL:TEL",
 };

@@ -190,7 +190,6 @@ bool OtherLines::isLineOf(const Line& line, const OVSingleValue& entry) const {
 
 Fit readOther(const Line& line, const Binding& binding, PersonReading& reading) {
   if (line.isBase64()) return Fit::Other;
-  if (line.text().empty()) return Fit::Nothing;
   const LabelTexts texts = reading.labelOf(line, binding);
   const auto isTaken = [&](const Binding& each) { return reading.hasLine(each.name); };
   if (wouldBeLine(texts.name, OVString(line.text()), isTaken)) return Fit::Other;
