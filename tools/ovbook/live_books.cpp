@@ -33,6 +33,7 @@ void LiveBooksElsewhere::leave(Session& session) const {
   std::vector<std::string> words{kProgram};
   words.insert(words.end(), arguments_.begin(), arguments_.end());
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   for (const auto& place : {folder / kProgram, folder / OVBOOK_LIVE_FOLDER / kProgram}) {

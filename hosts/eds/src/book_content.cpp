@@ -12,7 +12,6 @@ namespace ov::eds {
 namespace {
 
 using ov::card::CardSource;
-using ov::card::GroupContent;
 using ov::card::Version;
 
 const CardSource& sourceOf(const BookContent::Entry& entry) {

@@ -11,7 +11,7 @@ using ov::card::Store;
 
 OVString OVEDSBook::ID() const { return content_->store->id; }
 
-OVString OVEDSBook::name() const { return OVString(content_->connection->name()); }
+OVString OVEDSBook::name() const { return {content_->connection->name()}; }
 
 bool OVEDSBook::canOprate() const { return content_->connection->isWritable(); }
 

@@ -9,7 +9,7 @@ namespace ov::eds {
 
 namespace {
 
-constexpr const char* kEverything = "(contains \"x-evolution-any-field\" \"\")";
+constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
 
 constexpr int kMostTries = 4;
 

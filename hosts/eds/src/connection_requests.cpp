@@ -10,7 +10,7 @@ namespace ov::eds {
 
 namespace {
 
-constexpr const char* kEverything = "(contains \"x-evolution-any-field\" \"\")";
+constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
 constexpr int kMostTries = 3;
 
 struct FreeContacts {
@@ -22,10 +22,10 @@ struct FreeTexts {
 
 std::unique_ptr<GSList, FreeContacts> contactsOf(const Connection::Cards& cards) {
   GSList* list = nullptr;
-  for (auto card = cards.rbegin(); card != cards.rend(); ++card) {
-    list = g_slist_prepend(list, e_contact_new_from_vcard(card->c_str()));
+  for (const std::string& card : cards) {
+    list = g_slist_prepend(list, e_contact_new_from_vcard(card.c_str()));
   }
-  return std::unique_ptr<GSList, FreeContacts>(list);
+  return std::unique_ptr<GSList, FreeContacts>(g_slist_reverse(list));
 }
 
 /// The text as a word of the service's query language.
@@ -107,7 +107,7 @@ Connection::Outcome Connection::fetch(const std::vector<std::string>& uids, Card
 
 Connection::Outcome Connection::add(const Cards& cards, const Call& call) {
   const auto contacts = contactsOf(cards);
-  const Outcome outcome =
+  Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
         GSList* uids = nullptr;
         e_book_client_add_contacts_sync(book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
@@ -120,7 +120,7 @@ Connection::Outcome Connection::add(const Cards& cards, const Call& call) {
 
 Connection::Outcome Connection::modify(const Cards& cards, const Call& call) {
   const auto contacts = contactsOf(cards);
-  const Outcome outcome =
+  Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
         e_book_client_modify_contacts_sync(book, contacts.get(),
                                            E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
@@ -131,11 +131,10 @@ Connection::Outcome Connection::modify(const Cards& cards, const Call& call) {
 
 Connection::Outcome Connection::remove(const std::vector<std::string>& uids, const Call& call) {
   GSList* list = nullptr;
-  for (auto uid = uids.rbegin(); uid != uids.rend(); ++uid) {
-    list = g_slist_prepend(list, g_strdup(uid->c_str()));
-  }
+  for (const std::string& uid : uids) list = g_slist_prepend(list, g_strdup(uid.c_str()));
+  list = g_slist_reverse(list);
   const std::unique_ptr<GSList, FreeTexts> given(list);
-  const Outcome outcome =
+  Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
         e_book_client_remove_contacts_sync(book, list, E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
                                            cancellable, error);

@@ -15,7 +15,6 @@ namespace ov::eds {
 
 namespace {
 
-using ov::card::CardSource;
 using ov::card::Store;
 
 std::string withUID(const std::string& card, const OVString& uid) {

@@ -29,6 +29,7 @@ const std::string* in(const Current& current, const std::string& uid) {
 template <class Items>
 std::vector<std::string> uidsOf(const Items& items) {
   std::vector<std::string> uids;
+  uids.reserve(items.size());
   for (const auto& item : items) uids.push_back(item.uid);
   return uids;
 }
@@ -95,6 +96,7 @@ void Saver::done(Kind kind, Item& item, const std::string* current) {
     book_.removed.erase(item.uid);
     return;
   }
+  if (current == nullptr) return;
   book_.adopt(item.entry, *current);
   if (sayTheSame(*current, item.card, Photos::Ignored)) return;
   // The service, or somebody else in the same moment, made something else of it.

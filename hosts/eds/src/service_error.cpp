@@ -71,8 +71,8 @@ std::error_code meaningOfClientError(int code) {
 }  // namespace
 
 const std::error_category& errorCategory() noexcept {
-  static const Category* const category = new Category;
-  return *category;
+  static const Category category;
+  return category;
 }
 
 std::error_code meaningOf(const GError& error) {

@@ -20,7 +20,7 @@ class OVEDSGroup final : public IOVGroup {
   [[nodiscard]] OVString ID() const override;
   [[nodiscard]] OVString displayName() const override;
   /// Null counts as "".
-  void setDisplayName(const OVString& name);
+  void setDisplayName(const OVString& name) override;
 
   /// New lists, in the order of the card. Addresses in a list that are no person of the book are
   /// not among the members; saving keeps them.
@@ -32,9 +32,9 @@ class OVEDSGroup final : public IOVGroup {
 
   /// False, changing nothing, when the person is null, belongs to another book or is a member
   /// already.
-  bool addPerson(const OVRef<IOVPerson>& person);
+  bool addPerson(const OVRef<IOVPerson>& person) override;
   /// False when the person is no member.
-  bool removePerson(const OVRef<IOVPerson>& person);
+  bool removePerson(const OVRef<IOVPerson>& person) override;
 
  private:
   friend struct ov::eds::GroupObjects;
