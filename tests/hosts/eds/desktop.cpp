@@ -123,7 +123,9 @@ void Desktop::writeServices() const {
 
 std::vector<std::string> Desktop::environment() const {
   const char* const programs = std::getenv("PATH");
+  const char* const watched = std::getenv("ASAN_OPTIONS");
   return {std::string("PATH=") + (programs == nullptr ? "/usr/bin:/bin" : programs),
+          std::string("ASAN_OPTIONS=") + (watched == nullptr ? "" : watched),
           "LANG=C.UTF-8",
           "LC_ALL=C.UTF-8",
           "HOME=" + path("home"),
