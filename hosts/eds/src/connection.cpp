@@ -48,7 +48,6 @@ void Connection::watchSource() {
 }
 
 Connection::~Connection() {
-  drop(client_);
   struct Left {
     GRef<ESource> source;
     GRef<ESourceRegistry> registry;
@@ -124,13 +123,14 @@ void Connection::credentialsRequired(bool isError) {
   statusChanged();
 }
 
-void Connection::died() {
+void Connection::died(EClient* book) {
   std::shared_ptr<Client> client;
   {
     const std::lock_guard lock(mutex_);
     client = client_;
   }
-  drop(client);
+  // Another connection may have taken its place already.
+  if (client != nullptr && E_CLIENT(client->book.get()) == book) drop(client);
   if (inbox_.addIncomplete()) tell();
 }
 
@@ -140,19 +140,9 @@ void Connection::removed(const std::string& uid) {
   statusChanged();
 }
 
-/// The last references go on the session's thread, where the signals come in. By value: it may be
-/// `client_` itself.
-void Connection::drop(
-    std::shared_ptr<Client> client) {  // NOLINT(performance-unnecessary-value-param)
-  if (client == nullptr) return;
-  {
-    const std::lock_guard lock(mutex_);
-    if (client_ == client) client_ = nullptr;
-  }
-  session_->worker().post([client] {
-    client->view.reset();
-    client->book.reset();
-  });
+void Connection::drop(const std::shared_ptr<Client>& client) {
+  const std::lock_guard lock(mutex_);
+  if (client_ == client) client_ = nullptr;
 }
 
 }  // namespace ov::eds

@@ -65,6 +65,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
  private:
   friend struct Signals;
+  /// Whoever makes a call holds it meanwhile, also when the service's process dies.
   struct Client {
     GRef<EBookClient> book;
     GRef<EBookClientView> view;
@@ -75,8 +76,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   [[nodiscard]] std::error_code makeClient(const Call& call, std::shared_ptr<Client>& client);
   [[nodiscard]] std::error_code startView(Client& client, const Call& call);
   void watchSource();
-  void drop(std::shared_ptr<Client> client);
-  using Request = std::function<void(EBookClient*, GCancellable*, GError**)>;
+  [[nodiscard]] std::shared_ptr<Client> clientOf(GRef<EBookClient> book) const;
+  void drop(const std::shared_ptr<Client>& client);
+  using Request = std::function<gboolean(EBookClient*, GCancellable*, GError**)>;
   [[nodiscard]] Outcome request(const Call& call, bool mayRepeat, const Request& make);
   [[nodiscard]] bool serverAnswers(GCancellable* cancellable) const;
   [[nodiscard]] bool refreshOnce(const Call& call, const ServiceCall& whole, Outcome& outcome);
@@ -85,7 +87,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
   void statusChanged();
   void progressed(bool isEnd);
-  void died();
+  void died(EClient* book);
   void credentialsRequired(bool isError);
   void removed(const std::string& uid);
   void tell();

@@ -1,5 +1,7 @@
 #include <libebook/libebook.h>
 
+#include <algorithm>
+
 #include "awaited.h"
 #include "connection.h"
 #include "service_error.h"
@@ -11,7 +13,10 @@ namespace {
 
 constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
 
-constexpr int kMostTries = 4;
+/// How long a process that has died may stay in the way of the one that takes its place.
+constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::milliseconds kFirstPause{5};
+constexpr std::chrono::milliseconds kLongestPause{200};
 
 /// Not to wait for a server.
 constexpr guint32 kNoWait = static_cast<guint32>(-1);
@@ -61,9 +66,18 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
     client = client_;
   }
   if (client != nullptr) return {};
-  // The process may end for want of work, or die, in this very moment: another takes its place.
-  std::error_code error = OVEDSError::NoService;
-  for (int i = 0; i < kMostTries && error == OVEDSError::NoService; ++i) {
+  // The process may end for want of work, or die, in this very moment: another takes its place, but
+  // for a while the bus may still name the one that went.
+  const ServiceCall whole(session_->worker(), call);
+  const auto end = std::min(whole.deadline(), Worker::Clock::now() + kPatience);
+  auto pause = kFirstPause;
+  std::error_code error = makeClient(call, client);
+  while (error == OVEDSError::NoService && !whole.ended() && Worker::Clock::now() < end) {
+    {
+      std::unique_lock lock(mutex_);
+      changed_.wait_for(lock, pause);
+    }
+    pause = std::min(2 * pause, kLongestPause);
     error = makeClient(call, client);
   }
   if (error) return error;
@@ -75,6 +89,13 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
   }
   if (isSecond) inbox_.addIncomplete();
   return {};
+}
+
+/// Its objects go on the session's thread, where their signals come in.
+std::shared_ptr<Connection::Client> Connection::clientOf(GRef<EBookClient> book) const {
+  return {new Client{std::move(book), nullptr}, [session = session_](Client* client) {
+            session->worker().post([client] { delete client; });
+          }};
 }
 
 std::error_code Connection::makeClient(const Call& call, std::shared_ptr<Client>& client) {
@@ -90,8 +111,7 @@ std::error_code Connection::makeClient(const Call& call, std::shared_ptr<Client>
   auto came = reply->takeUntil(request.deadline());
   if (!came) return std::make_error_code(std::errc::timed_out);
   if (came->result == nullptr) return request.errorOf(came->fault);
-  client = std::make_shared<Client>();
-  client->book = std::move(came->result);
+  client = clientOf(std::move(came->result));
   isWritable_ = e_client_is_readonly(E_CLIENT(client->book.get())) == FALSE;
   keepsLists_ = e_client_check_capability(E_CLIENT(client->book.get()), "contact-lists") != FALSE;
   return startView(*client, call);

@@ -62,7 +62,7 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
     ended = refreshesEnded_;
   }
   outcome = request(call, true, [](EBookClient* book, GCancellable* cancellable, GError** error) {
-    e_client_refresh_sync(E_CLIENT(book), cancellable, error);
+    return e_client_refresh_sync(E_CLIENT(book), cancellable, error);
   });
   if (outcome.error) return true;
   const auto isHopeless = [&] {

@@ -28,6 +28,22 @@ std::unique_ptr<GSList, FreeContacts> contactsOf(const Connection::Cards& cards)
   return std::unique_ptr<GSList, FreeContacts>(g_slist_reverse(list));
 }
 
+Connection::Outcome outcomeOf(const Fault& fault, const ServiceCall& call) {
+  // Nobody knows whether what failed without a reason was done.
+  if (!fault) {
+    const std::error_code early = call.ended();
+    return {early ? early : std::error_code(OVEDSError::NoService), "", !early};
+  }
+  const GError& error = *fault.get();
+  Connection::Outcome outcome;
+  outcome.error = isOutOfSync(error) ? std::error_code(OVEDSError::Conflict) : call.errorOf(fault);
+  outcome.reason = error.message;
+  outcome.isNotFound = isNotFound(error);
+  outcome.isTaken = isTaken(error);
+  outcome.isUnknown = !call.ended() && isDeadProcess(error);
+  return outcome;
+}
+
 /// The text as a word of the service's query language.
 std::string quoted(const std::string& text) {
   std::string word = "\"";
@@ -51,15 +67,9 @@ Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const 
     outcome.error = timed.ended();
     if (outcome.error) return outcome;
     Fault fault;
-    make(client->book.get(), timed.cancellable(), fault.out());
-    if (!fault) return outcome;
-    outcome.error = timed.errorOf(fault);
-    outcome.reason = fault.get()->message;
-    outcome.isNotFound = isNotFound(*fault.get());
-    outcome.isTaken = isTaken(*fault.get());
-    outcome.isUnknown = !timed.ended() && isDeadProcess(*fault.get());
+    if (make(client->book.get(), timed.cancellable(), fault.out()) != FALSE) return outcome;
+    outcome = outcomeOf(fault, timed);
     if (isGone_) outcome.error = OVEDSError::NoBook;
-    if (isOutOfSync(*fault.get())) outcome.error = OVEDSError::Conflict;
     if (!outcome.isUnknown || isGone_) return outcome;
     drop(client);
     inbox_.addIncomplete();
@@ -70,17 +80,20 @@ Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const 
 
 Connection::Outcome Connection::readCards(const std::string& query, Cards& cards,
                                           const Call& call) {
-  return request(call, true, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
-    GSList* list = nullptr;
-    cards.clear();
-    if (e_book_client_get_contacts_sync(book, query.c_str(), &list, cancellable, error) == FALSE) {
-      return;
-    }
-    const std::unique_ptr<GSList, FreeContacts> contacts(list);
-    for (const GSList* each = list; each != nullptr; each = each->next) {
-      cards.push_back(taken(e_vcard_to_string(E_VCARD(each->data), EVC_FORMAT_VCARD_30)));
-    }
-  });
+  return request(
+      call, true, [&](EBookClient* book, GCancellable* cancellable, GError** error) -> gboolean {
+        GSList* list = nullptr;
+        cards.clear();
+        if (e_book_client_get_contacts_sync(book, query.c_str(), &list, cancellable, error) ==
+            FALSE) {
+          return FALSE;
+        }
+        const std::unique_ptr<GSList, FreeContacts> contacts(list);
+        for (const GSList* each = list; each != nullptr; each = each->next) {
+          cards.push_back(taken(e_vcard_to_string(E_VCARD(each->data), EVC_FORMAT_VCARD_30)));
+        }
+        return TRUE;
+      });
 }
 
 Connection::Outcome Connection::fetchAll(Cards& cards, const Call& call) {
@@ -110,9 +123,10 @@ Connection::Outcome Connection::add(const Cards& cards, const Call& call) {
   Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
         GSList* uids = nullptr;
-        e_book_client_add_contacts_sync(book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
-                                        &uids, cancellable, error);
+        const gboolean isDone = e_book_client_add_contacts_sync(
+            book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, &uids, cancellable, error);
         const std::unique_ptr<GSList, FreeTexts> given(uids);
+        return isDone;
       });
   noteWritten(outcome);
   return outcome;
@@ -122,8 +136,8 @@ Connection::Outcome Connection::modify(const Cards& cards, const Call& call) {
   const auto contacts = contactsOf(cards);
   Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
-        e_book_client_modify_contacts_sync(book, contacts.get(),
-                                           E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
+        return e_book_client_modify_contacts_sync(
+            book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, cancellable, error);
       });
   noteWritten(outcome);
   return outcome;
@@ -136,8 +150,8 @@ Connection::Outcome Connection::remove(const std::vector<std::string>& uids, con
   const std::unique_ptr<GSList, FreeTexts> given(list);
   Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
-        e_book_client_remove_contacts_sync(book, list, E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
-                                           cancellable, error);
+        return e_book_client_remove_contacts_sync(book, list, E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,
+                                                  cancellable, error);
       });
   noteWritten(outcome);
   return outcome;

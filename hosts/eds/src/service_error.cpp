@@ -95,6 +95,8 @@ bool isDeadProcess(const GError& error) {
          is(error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_OBJECT) ||
          is(error, G_DBUS_ERROR, G_DBUS_ERROR_DISCONNECTED) ||
          is(error, G_IO_ERROR, G_IO_ERROR_CLOSED) ||
+         // What GLib says of a process that it saw leave the bus just before the call.
+         is(error, G_IO_ERROR, G_IO_ERROR_FAILED) ||
          is(error, E_CLIENT_ERROR, E_CLIENT_ERROR_DBUS_ERROR) ||
          is(error, E_CLIENT_ERROR, E_CLIENT_ERROR_NOT_OPENED);
 }

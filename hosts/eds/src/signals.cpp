@@ -61,8 +61,8 @@ void Signals::credentialsAsked(ESourceRegistry* /*registry*/, ESource* source,
                                   reason == E_SOURCE_CREDENTIALS_REASON_SSL_FAILED);
 }
 
-void Signals::died(EClient* /*client*/, gpointer data) {
-  if (const auto connection = target(data)) connection->died();
+void Signals::died(EClient* client, gpointer data) {
+  if (const auto connection = target(data)) connection->died(client);
 }
 
 /// Told by the service itself; the client's own properties are those of nobody once that has died.
