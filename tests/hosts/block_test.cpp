@@ -150,6 +150,10 @@ TEST(ThroughABlock, ANameSaysNothingThatItDoesNotSay) {
   EXPECT_THAT(linesAfterBlock("N:;;;Mr.;"), ElementsAre("FN:Mr.", "N:;;;Mr.;"));
 }
 
+TEST(ThroughABlock, ALineThatSaysNothingIsNotPreferred) {
+  EXPECT_EQ(linesAfterBlock("TEL;PREF=1:a\nTEL;PREF=1:"), linesAfterBlock("TEL;PREF=1:a"));
+}
+
 TEST(ThroughABlock, ATelephoneURIKeepsItsPrefix) {
   EXPECT_THAT(linesAfterBlock("TEL:tel:tel:1"), ElementsAre("TEL;VALUE=uri:tel:tel:1"));
 }

@@ -227,7 +227,8 @@ void PersonReading::judgePreferences() {
     for (std::size_t i = 0; i < claims_.size(); ++i) {
       const Claim& claim = claims_[i];
       if (claim.binding == nullptr || claim.binding->property != several.property ||
-          claim.binding == &otherBinding() || (*lines_)[i].preference() == kNotPreferred) {
+          claim.binding == &otherBinding() || claim.fit == Fit::Nothing ||
+          (*lines_)[i].preference() == kNotPreferred) {
         continue;
       }
       isOdd |= (*lines_)[i].preference() != 1 || !preferred.empty();
