@@ -38,7 +38,10 @@ Connection::Outcome Connection::refresh(const Call& call) {
       }),
       this, nullptr);
   Outcome outcome;
-  while (!refreshOnce(call, whole, outcome)) {
+  // What ends first may have begun before this call, even before the service knew the password.
+  for (int round = 0; round < 2 && !outcome.error; ++round) {
+    while (!refreshOnce(call, whole, outcome)) {
+    }
   }
   g_cancellable_disconnect(whole.cancellable(), handler);
   statusChanged();
