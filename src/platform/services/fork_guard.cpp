@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t kMostForever = 8;
 
-constinit std::array<std::atomic<std::mutex*>, kMostForever> forever{};
-constinit std::atomic<std::size_t> foreverCount = 0;
+constinit std::array<std::atomic<std::mutex*>, kMostForever> everlasting{};
+constinit std::atomic<std::size_t> everlastingCount = 0;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ class ForkGuards {
     forking_.lock();
     isForking_.store(true, std::memory_order_relaxed);
     for (std::size_t i = 0; i < kMostForever; ++i) {
-      held_[i] = forever[i].load(std::memory_order_acquire);
+      held_[i] = everlasting[i].load(std::memory_order_acquire);
       if (held_[i] != nullptr) held_[i]->lock();
     }
     mutex_.lock();
@@ -93,7 +93,7 @@ void ForkGuard::letForksPass() { ForkGuards::letForksPass(); }
 
 void guardForever(std::mutex& mutex) {
   ForkGuards::watchForks();
-  forever.at(foreverCount++).store(&mutex, std::memory_order_release);
+  everlasting.at(everlastingCount++).store(&mutex, std::memory_order_release);
 }
 
 }  // namespace ov
