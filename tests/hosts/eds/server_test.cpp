@@ -166,6 +166,38 @@ TEST_F(LiveServer, AWrongPasswordIsToldAndAskedForAFewTimesOnly) {
   EXPECT_LE(questions, 20);
 }
 
+TEST_F(LiveServer, ChangesMadeWithoutAPasswordArriveLater) {
+  std::error_code error;
+  std::optional<OVEDSCredentialsRequest> asked;
+  std::mutex mutex;
+  session = OVEDSSession::open(error, [&](const OVEDSCredentialsRequest& request) {
+    const std::lock_guard lock(mutex);
+    asked = request;
+  });
+  uid = session->addCardDAVBook("Study", {OVString(server.url()), "kaya"}, error);
+  book = session->openBook(uid, error);
+  ASSERT_FALSE(error) << error.message();
+  ASSERT_FALSE(book->load());
+  EXPECT_EQ(book->refresh({300ms}), std::errc::timed_out);
+  const auto mira = book->newPerson();
+  setName(mira, "Mira", "Halonen");
+  EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
+  EXPECT_THAT(server.cards(), Not(HasSubstr("Halonen")));
+  std::thread user([&] {
+    EXPECT_TRUE(eventually([&] {
+      const std::lock_guard lock(mutex);
+      return asked.has_value();
+    }));
+    const std::lock_guard lock(mutex);
+    asked->answer({"kaya", "secret"});
+  });
+  user.join();
+  EXPECT_FALSE(book->refresh());
+  EXPECT_EQ(book->state(), OVEDSState::Connected);
+  EXPECT_FALSE(book->waitsForServer());
+  EXPECT_TRUE(eventually([&] { return server.cards().find("Halonen") != std::string::npos; }));
+}
+
 TEST_F(LiveServer, ABookThatMayOnlyBeReadCannotBeChanged) {
   server.put("kim.vcf", kim("555-01"));
   ASSERT_NO_FATAL_FAILURE(open("guest"));
