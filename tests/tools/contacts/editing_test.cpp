@@ -104,7 +104,7 @@ TEST_F(Editing, OrganizationsAreSuchByAnAction) {
   EXPECT_TRUE(shownPersons().contains("Bob Abel"));
 }
 
-TEST_F(Editing, APictureThatIsNoneIsRefused) {
+TEST_F(Editing, WhatIsNotThereCannotBeRemoved) {
   const auto property = OVProPertyThumbnail;
   EXPECT_EQ(window_->persons().currentPerson()->valueByPropertyName(property), nullptr);
   EXPECT_FALSE(action("Remove Picture").isEnabled());
