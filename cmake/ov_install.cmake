@@ -9,7 +9,8 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/OVAddressBookSDK)
 set(generated_dir ${CMAKE_CURRENT_BINARY_DIR}/package)
 
-# ov_install_library(SET TARGET): installs a library. Each has an export set of its own, so that a
+# ov_install_library(SET TARGET [COMPONENT]): installs a library, for developers with the component
+# Development unless another is named. Each has an export set of its own, so that a
 # project that uses one library needs the dependencies of that one only.
 function(ov_install_library set target)
   set(development Development)
