@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 /// A process that is killed when this object goes.
 class Daemon {

@@ -15,7 +15,7 @@
 #include "platform/archive/read_leaves.h"
 #include "platform/archive/read_objects.h"
 #include "platform/archive/reading_budget.h"
-#include "support/archive_builder.h"
+#include "support/archive/archive_builder.h"
 
 using ov::detail::ArchivedClass;
 using ov::detail::ArchiveFields;
