@@ -84,7 +84,7 @@ TEST_P(FirstUseInAShortage, IsMadeUpForByTheNext) {
     const auto use = GetParam().use;
     const std::string kept = useAnew(use, 0).blocksKept;
     bool wasFelt = true;
-    for (long failing = 1; wasFelt && !testing::Test::HasFailure(); ++failing) {
+    for (long failing = 1; wasFelt && !testing::Test::HasFailure(); failing = nextToFail(failing)) {
       const Outcome outcome = useAnew(use, failing);
       wasFelt = outcome.wasFelt;
       EXPECT_EQ(outcome.blocksKept, kept) << "allocation " << failing;
