@@ -12,7 +12,13 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ["OV_BUILD_DIR"]).resolve()
-README = (ROOT / "README.md").read_text(encoding="utf-8")
+
+
+def read(path):
+    return (ROOT / path).read_text(encoding="utf-8")
+
+
+README = read("README.md")
 DOCUMENTS = sorted([*ROOT.glob("*.md"), *(ROOT / "docs").glob("*.md")])
 
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
@@ -55,7 +61,7 @@ def sessions(block):
 
 
 def matches(shown, printed):
-    """Whether the lines are the same; a shown line "..." stands for any number of lines."""
+    """Whether the lines are the same; a shown line "..." means any number of lines."""
     if not shown:
         return not printed
     if shown[0] == "...":
@@ -72,7 +78,7 @@ class Documents(unittest.TestCase):
 
     def test_quick_start_is_the_example(self):
         code = [content for language, content in blocks(README) if language == "cpp"]
-        self.assertEqual(code[0], (ROOT / "examples" / "quick_start.cpp").read_text("utf-8"))
+        self.assertEqual(code[0], read("examples/quick_start.cpp"))
 
     def test_quick_start_prints_what_the_readme_shows(self):
         [shown] = [content for language, content in blocks(README) if language == "text"]
@@ -100,7 +106,7 @@ class Documents(unittest.TestCase):
         )
 
     def test_every_make_target_exists(self):
-        makefile = (ROOT / "Makefile").read_text(encoding="utf-8")
+        makefile = read("Makefile")
         targets = set(re.findall(r"^([a-z-]+):", makefile, re.MULTILINE))
         for document in DOCUMENTS:
             named = re.findall(r"^make ([a-z-]+)|`make ([a-z-]+)", document.read_text("utf-8"), re.M)
@@ -108,18 +114,16 @@ class Documents(unittest.TestCase):
                 self.assertLessEqual({first or second for first, second in named}, targets)
 
     def test_every_package_has_its_reason(self):
-        setup = (ROOT / "scripts" / "setup").read_text(encoding="utf-8")
+        setup = read("scripts/setup")
         lists = re.findall(r'_packages="\n(.*?)"', setup, re.DOTALL)
         installed = {package for packages in lists for package in packages.split()}
-        section = README.split("## Dependencies")[1].split("\n## ")[0]
-        rows = [row for row in section.splitlines() if row.startswith("| `")]
+        rows = [row for row in read("docs/dependencies.md").splitlines() if row.startswith("| `")]
         explained = {name for row in rows for name in re.findall("`([^`]+)`", row.split("|")[1])}
         self.assertEqual(explained, installed)
         self.assertTrue(all(row.split("|")[2].strip() for row in rows))
 
     def test_every_promise_has_its_test(self):
-        section = README.split("## Promises")[1].split("\n## ")[0]
-        rows = [row for row in section.splitlines() if row.startswith("| ")][1:]
+        rows = [row for row in read("docs/promises.md").splitlines() if row.startswith("| ")][1:]
         named = {name for row in rows for name in re.findall("`([^`]+)`", row.split("|")[2])}
         sources = [path.read_text(encoding="utf-8") for path in (ROOT / "tests").rglob("*_test.cpp")]
         tests = re.findall(r"^TEST(?:_F|_P)?\((\w+),\s*(\w+)\)", "\n".join(sources), re.MULTILINE)
@@ -127,9 +131,21 @@ class Documents(unittest.TestCase):
         self.assertGreater(len(rows), 15)
         self.assertEqual(named - known, set())
 
+    def test_every_header_is_in_the_guide(self):
+        guide = README.split("## Guide to the headers")[1].split("\n## ")[0]
+        rows = [row for row in guide.splitlines() if row.startswith("| `")]
+        named = [name for row in rows for name in re.findall(r"`([\w/]+\.h)`", row.split("|")[1])]
+        folder = ROOT / "include" / "OVAddressBookSDK"
+        headers = {path.name for path in folder.glob("*.h")} - {"OVAddressBookSDK.h"}
+        hosts = {name for name in named if "/" in name}
+        self.assertEqual(sorted(set(named) - hosts), sorted(headers))
+        self.assertEqual(len(named), len(set(named)))
+        for name in hosts:
+            self.assertTrue(list((ROOT / "hosts").glob(f"*/include/{name}")), name)
+
     def test_the_shown_block_is_a_stored_one(self):
         """Golden blocks are what the library writes and reads."""
-        text = (ROOT / "docs" / "archive-format.md").read_text(encoding="utf-8")
+        text = read("docs/archive-format.md")
         rows = re.findall(r"^    [0-9a-f]0  ((?:[0-9a-f]{2} )+) ", text, re.MULTILINE)
         stored = ROOT / "tests" / "golden" / "1.0" / "one_label.plist"
         self.assertEqual(bytes.fromhex("".join(rows)), stored.read_bytes())
