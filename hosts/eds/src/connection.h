@@ -80,6 +80,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void drop(const std::shared_ptr<Client>& client);
   using Request = std::function<gboolean(EBookClient*, GCancellable*, GError**)>;
   [[nodiscard]] Outcome request(const Call& call, bool mayRepeat, const Request& make);
+  [[nodiscard]] Outcome tryRequest(const Call& call, bool mayRepeat, const Request& make);
+  [[nodiscard]] Outcome refreshAll(const Call& call);
   [[nodiscard]] bool serverAnswers(GCancellable* cancellable) const;
   [[nodiscard]] bool refreshOnce(const Call& call, const ServiceCall& whole, Outcome& outcome);
   [[nodiscard]] Outcome readCards(const std::string& query, Cards& cards, const Call& call);

@@ -57,6 +57,13 @@ std::string quoted(const std::string& text) {
 }  // namespace
 
 Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const Request& make) {
+  if (!call.around) return tryRequest(call, mayRepeat, make);
+  Outcome outcome;
+  call.around([&] { outcome = tryRequest(call, mayRepeat, make); });
+  return outcome;
+}
+
+Connection::Outcome Connection::tryRequest(const Call& call, bool mayRepeat, const Request& make) {
   Outcome outcome;
   for (int i = 0; i < kMostTries; ++i) {
     outcome = {};

@@ -78,6 +78,25 @@ TEST_F(LiveTrouble, AFactoryKilledAtAnyMomentOfASaveLosesNothing) {
   }
 }
 
+TEST_F(LiveTrouble, RequestsAreRunAsTheProgramWants) {
+  const auto book = openedBook();
+  addPersons(*book, 3);
+  int requests = 0;
+  ov::eds::Call call;
+  call.around = [&](const std::function<void()>& request) {
+    EXPECT_EQ(book->allPersonsCount(), 3U);
+    ++requests;
+    request();
+  };
+  EXPECT_FALSE(book->saveWithin(call));
+  EXPECT_GT(requests, 0);
+  EXPECT_THAT(storedCards(), HasSubstr("UID:p2"));
+  EXPECT_FALSE(session->removeBook(bookUID));
+  EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::Gone; }));
+  setPhone(personOf(*book, "p1"), "555-01");
+  EXPECT_EQ(book->saveWithin(call), OVEDSError::NoBook);
+}
+
 TEST_F(LiveTrouble, ABookThatIsRemovedWhileItIsOpenIsGone) {
   const auto book = openedBook();
   addPersons(*book, 1);
