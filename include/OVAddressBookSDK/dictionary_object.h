@@ -30,6 +30,8 @@ class OV_EXPORT DictionaryObject final : public OVObject {
   [[nodiscard]] const Entry* find(std::string_view key) const;
   /// Throws `std::invalid_argument` for a null key or value.
   void set(const OVString& key, OVRef<OVObject> value);
+  /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
+  void add(const OVString& key, OVRef<OVObject> value);
   /// These entries instead of all others, values may be null. Of equal keys the first counts; what
   /// has the others is `repeated`.
   void assign(std::vector<Entry> entries);

@@ -70,6 +70,10 @@ void DictionaryObject::set(const OVString& key, OVRef<OVObject> value) {
   }
 }
 
+void DictionaryObject::add(const OVString& key, OVRef<OVObject> value) {
+  if (find(key) == nullptr) append(key, std::move(value));
+}
+
 void DictionaryObject::assign(std::vector<Entry> entries) {
   std::vector<std::uint32_t> slots(slotsFor(entries.size()));
   const std::vector<Entry> replaced = std::exchange(entries_, std::move(entries));
