@@ -60,9 +60,11 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
   Credentials& credentials = session_->credentials();
   outcome = {};
   if (!serverAnswers(whole.cancellable())) {
+    // A call that ends early says nothing of the server.
+    outcome.error = whole.ended();
+    if (outcome.error) return true;
     access_ = Access::Offline;
-    const auto early = whole.ended();
-    outcome.error = early ? early : std::error_code(OVEDSError::Offline);
+    outcome.error = OVEDSError::Offline;
     return true;
   }
   const int answers = credentials.answersGiven(uid_);
