@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy fuzz cppcheck docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy analyze fuzz docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -30,7 +30,7 @@ demo: ## Import a contacts file, snapshot it into a data block, restore it, show
 
 check: ## Build everything and run every test; the last lines tell the result
 	scripts/setup
-	$(MAKE) -j2 --output-sync=target tidy cppcheck
+	$(MAKE) tidy
 	$(MAKE) asan
 	$(MAKE) tsan
 	$(MAKE) test
@@ -71,7 +71,10 @@ fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless 
 	$(call build_preset,fuzz) --target ov_fuzzers
 	scripts/fuzz.py build/fuzz $(or $(FUZZ_SECONDS),60)
 
-cppcheck: setup ## Run cppcheck over the library and the hosts
+analyze: ## Have clang's analyzer and cppcheck follow the paths through the code; takes minutes
+	scripts/setup analyze
+	cmake --preset asan-ubsan
+	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS) '--checks=-*,clang-analyzer-*'
 	mkdir -p build/cppcheck
 	cppcheck --quiet -j $(BUILD_JOBS) --cppcheck-build-dir=build/cppcheck --error-exitcode=1 \
 	  --library=qt --enable=warning,performance,portability --inline-suppr --language=c++ --std=c++20 \

@@ -56,6 +56,11 @@ if(TARGET ovcontacts)
   install(TARGETS ovcontacts RUNTIME COMPONENT Contacts)
   install(FILES tools/ovcontacts/ovcontacts.desktop
           DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Contacts)
+  install(FILES tools/ovcontacts/ovcontacts.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT Contacts)
+  install(FILES tools/ovcontacts/ovcontacts.metainfo.xml
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT Contacts)
+  install(FILES man/ovcontacts.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Contacts)
 endif()
 if(OV_BUILD_TOOLS)
   install(TARGETS ovbook RUNTIME COMPONENT Tools)

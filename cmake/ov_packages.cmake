@@ -58,7 +58,10 @@ list(JOIN recommended ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS)
 if(TARGET ovcontacts)
   ov_package(Contacts ovcontacts utils "contacts program"
              "The program shows and changes address books in data blocks and vCard
-files: persons, groups and tags.")
+files, and those of the desktop: persons, groups and tags.")
+  if(OV_BUILD_EDS)
+    set(CPACK_DEBIAN_CONTACTS_PACKAGE_RECOMMENDS evolution-data-server)
+  endif()
 endif()
 if(OV_BUILD_EDS)
   ov_package(EDSDevelopment libovaddressbookeds-dev libdevel

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the library, the hosts and the tools. Usage: tidy.py BUILD [JOBS]
+"""Runs clang-tidy over the library, the hosts and the tools. Usage: tidy.py BUILD [JOBS [OPTION...]]
 
-BUILD is a build folder of clang with its compile_commands.json. What the build compiles together
+BUILD is a build folder of clang with its compile_commands.json; each OPTION is one of clang-tidy. What the build compiles together
 (CMAKE_UNITY_BUILD) is looked at together, as one text: most of the time goes into the headers. What
 was clean is not looked at again until it, a header it includes, its flags or .clang-tidy change:
 BUILD/tidy remembers.
@@ -71,7 +71,7 @@ def preprocessed(path, flags):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False).stdout
 
 
-def check(unit, folder, common):
+def check(unit, folder, options, common):
     """What clang-tidy says; "" when all is clean."""
     text = unit.text()
     flags = unit.flags()
@@ -82,7 +82,7 @@ def check(unit, folder, common):
     if clean.exists():
         return ""
     done = subprocess.run(
-        [TIDY, "-quiet", f"--config-file={CONFIGURATION}", str(path), "--", *flags],
+        [TIDY, "-quiet", f"--config-file={CONFIGURATION}", *options, str(path), "--", *flags],
         stdout=subprocess.PIPE,
         stderr=subprocess.STDOUT,
         text=True,
@@ -97,10 +97,11 @@ def check(unit, folder, common):
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     jobs = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+    options = sys.argv[3:]
     folder = build / "tidy"
     folder.mkdir(exist_ok=True)
     version = subprocess.run([TIDY, "--version"], capture_output=True, check=True).stdout
-    common = version + CONFIGURATION.read_bytes()
+    common = version + CONFIGURATION.read_bytes() + repr(options).encode()
     entries = json.loads((build / "compile_commands.json").read_text())
     units = [unit for unit in map(Unit, entries) if unit.is_ours()]
     if not units:
@@ -108,7 +109,7 @@ def main():
     units.sort(key=lambda unit: -len(unit.files))
     clean = 0
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        for unit, said in zip(units, pool.map(lambda unit: check(unit, folder, common), units)):
+        for unit, said in zip(units, pool.map(lambda unit: check(unit, folder, options, common), units)):
             if said:
                 print(said, flush=True)
             else:

@@ -44,7 +44,7 @@ TEST(VCardShortage, AFileIsAddedWholeOrNotAtAll) {
   const auto data = OVData::dataWithText(later());
   for (const auto kind : {MemoryShortage::Kind::passing, MemoryShortage::Kind::lasting}) {
     bool occurred = true;
-    for (long failing = 1; occurred && !HasFailure(); ++failing) {
+    for (long failing = 1; occurred && !HasFailure(); failing = nextToFail(failing)) {
       SCOPED_TRACE(failing);
       const auto book = bookOf(earlier());
       try {
@@ -91,7 +91,7 @@ TEST(VCardShortage, TheFileIsReplacedWholeOrNotAtAll) {
     EXPECT_EQ(readFile(path), expected);
   });
   bool isReplaced = false;
-  for (long failing = 1; !isReplaced; ++failing) {
+  for (long failing = 1; !isReplaced; failing = nextToFail(failing)) {
     writeFile(path, old);
     try {
       const MemoryShortage shortage(MemoryShortage::Kind::passing, failing);

@@ -3,6 +3,7 @@
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QTranslator>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <OVAddressBookSDK/user_defaults.h>
@@ -21,7 +22,9 @@ void install(QApplication& application, const char* name, const QLocale& locale,
   }
   auto* const translator = new QTranslator(&application);
   translator->setObjectName(QLatin1String(name));
-  if (translator->load(locale, file, QStringLiteral("_"), folder)) {
+  // English has its plurals in a file, too, for whoever has no other language here.
+  if (translator->load(locale, file, QStringLiteral("_"), folder) ||
+      translator->load(file + QStringLiteral("_en"), folder)) {
     QCoreApplication::installTranslator(translator);
   }
 }
@@ -38,6 +41,8 @@ void speak(QApplication& application, const QLocale& locale) {
 void setUp(QApplication& application) {
   QApplication::setApplicationName(QStringLiteral("ovcontacts"));
   QApplication::setApplicationDisplayName(QCoreApplication::translate("Application", "Contacts"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("ovcontacts"));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ovcontacts")));
   OVUserDefaults::setApplicationIdentifier("ovcontacts");
   speak(application, QLocale());
 }

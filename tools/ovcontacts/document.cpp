@@ -1,52 +1,18 @@
 #include "document.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
-#include <stdexcept>
+#include <exception>
+#include <utility>
 
 #include <OVAddressBookQt/block_book.h>
 #include <OVAddressBookQt/qt_text.h>
 #include <OVAddressBookSDK/address_book_general.h>
-#include <OVAddressBookVCard/vcard_book.h>
 #include <OVAddressBookVCard/vcard_export.h>
 
+#include "saving/book_bytes.h"
+
 namespace ovcontacts {
-
-namespace {
-
-Format formatOf(const QString& path) {
-  const QString suffix = QFileInfo(path).suffix().toLower();
-  const bool isCards = suffix == QLatin1String("vcf") || suffix == QLatin1String("vcard");
-  return isCards ? Format::Cards : Format::Block;
-}
-
-void addGroups(OVAddressBookGeneral& general, const OVList<IOVGroup>& groups) {
-  const auto known = general.groupsDic();
-  for (const auto& group : groups) {
-    if (group == nullptr || known.find(group->ID()) != known.end()) continue;
-    general.addGroup(group);
-    addGroups(general, group->subGroups());
-  }
-}
-
-/// The whole of any book as a general one.
-OVRef<OVAddressBookGeneral> generalBookOf(const OVRef<OVAddressBook>& book) {
-  if (const auto block = ov::cast<OVBlockBook>(book)) return block->generalBook();
-  auto general = OVAddressBookGeneral::init();
-  const auto persons = book->allPersons();
-  for (const auto& person : persons) general->addPerson(person);
-  addGroups(*general, book->rootGroups());
-  return general;
-}
-
-OVRef<OVData> bytesOf(const OVRef<OVAddressBook>& book, Format format) {
-  if (format == Format::Block) return generalBookOf(book)->saveToData();
-  if (const auto cards = ov::cast<OVVCardBook>(book)) return cards->saveData();
-  return ov::vcard::exportBook(generalBookOf(book));
-}
-
-}  // namespace
 
 QByteArray cardsOf(const OVQtBook::Persons& persons) {
   const auto general = OVAddressBookGeneral::init();
@@ -56,13 +22,20 @@ QByteArray cardsOf(const OVQtBook::Persons& persons) {
 }
 
 Document::Document(QObject* parent) : QObject(parent) {
-  take(std::make_unique<OVQtBook>(OVBlockBook::init()));
+  connect(&writer_, &FileWriter::written, this, &Document::end);
+  take(std::make_unique<OVQtBook>(OVBlockBook::init()), nullptr);
 }
 
-void Document::take(std::unique_ptr<OVQtBook> book) {
+void Document::take(std::unique_ptr<OVQtBook> book, const std::shared_ptr<LiveBook>& live) {
   emit bookAboutToChange();
+  keeper_.reset();
   book_ = std::move(book);
   connect(&book_->undoStack(), &QUndoStack::cleanChanged, this, &Document::titleChanged);
+  connect(&book_->undoStack(), &QUndoStack::indexChanged, this, [this] { ++changes_; });
+  if (live != nullptr) {
+    keeper_ = std::make_unique<LiveKeeper>(live, book_.get());
+    connect(keeper_.get(), &LiveKeeper::saved, this, &Document::end);
+  }
   emit bookChanged();
   emit titleChanged();
 }
@@ -70,7 +43,7 @@ void Document::take(std::unique_ptr<OVQtBook> book) {
 void Document::show(const OpenedBook& opened) {
   path_ = opened.path;
   format_ = opened.format;
-  take(std::make_unique<OVQtBook>(opened.book));
+  take(std::make_unique<OVQtBook>(opened.book), opened.live);
 }
 
 QString Document::title() const {
@@ -81,38 +54,57 @@ QString Document::title() const {
 
 bool Document::isModified() const { return !book_->undoStack().isClean(); }
 
-QString Document::write(const QString& path, Format format) {
+void Document::begin(Saving what) {
+  saving_ = what;
+  savedChanges_ = changes_;
+  emit savingChanged();
+}
+
+/// Only what is made into bytes here and now is saved: the book may be changed while they are
+/// written.
+void Document::write(Saving what, const QString& path) {
+  if (saving_ != Saving::Nothing) return;
+  savedPath_ = QFileInfo(path).absoluteFilePath();
+  begin(what);
   try {
-    const auto error =
-        ov::vcard::writeFile(QFile::encodeName(path).toStdString(), bytesOf(book_->book(), format));
-    return error ? QString::fromStdString(error.message()) : QString();
+    writer_.start(savedPath_,
+                  bytesOf(book_->book(), what == Saving::Book ? format_ : formatOf(path)));
   } catch (const std::exception& error) {
-    return QString::fromUtf8(error.what());
+    end(QString::fromUtf8(error.what()));
   }
 }
 
-QString Document::save() {
-  QString wrong;
-  if (format_ == Format::Live) {
-    book_->book()->save();
-  } else {
-    wrong = write(path_, format_);
+void Document::save() {
+  if (keeper() == nullptr) return write(Saving::Book, path_);
+  if (saving_ != Saving::Nothing) return;
+  begin(Saving::Book);
+  keeper_->save();
+}
+
+void Document::saveAs(const QString& path) { write(Saving::AtPlace, path); }
+
+void Document::exportTo(const QString& path) { write(Saving::Copy, path); }
+
+void Document::stopSaving() {
+  if (saving_ == Saving::Nothing) return;
+  if (!writer_.isWriting()) return keeper_->stop();
+  writer_.forget();
+  saving_ = Saving::Nothing;
+  emit savingChanged();
+}
+
+void Document::end(const QString& wrong) {
+  const Saving what = std::exchange(saving_, Saving::Nothing);
+  if (wrong.isEmpty() && what != Saving::Copy) {
+    if (what == Saving::AtPlace) {
+      path_ = savedPath_;
+      format_ = formatOf(path_);
+    }
+    if (changes_ == savedChanges_) book_->undoStack().setClean();
+    emit titleChanged();
   }
-  if (wrong.isEmpty()) book_->undoStack().setClean();
-  return wrong;
+  emit savingChanged();
+  emit saved(what, wrong);
 }
-
-QString Document::saveAs(const QString& path) {
-  const Format format = formatOf(path);
-  QString wrong = write(path, format);
-  if (!wrong.isEmpty()) return wrong;
-  path_ = QFileInfo(path).absoluteFilePath();
-  format_ = format;
-  book_->undoStack().setClean();
-  emit titleChanged();
-  return {};
-}
-
-QString Document::exportTo(const QString& path) { return write(path, formatOf(path)); }
 
 }  // namespace ovcontacts

@@ -1,14 +1,31 @@
+#include <QtCore/QCommandLineParser>
 #include <QtWidgets/QApplication>
 
+#include <OVAddressBookSDK/version.h>
+
 #include "application.h"
+#include "live/live_sources.h"
 #include "window/main_window.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   ovcontacts::setUp(application);
+  QApplication::setApplicationVersion(QString::fromLatin1(OVAddressBookSDKVersionString));
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QCoreApplication::translate("Application", "Shows and changes address books."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(
+      QStringLiteral("file"),
+      QCoreApplication::translate("Application", "A data block, or a file of vCards."),
+      QStringLiteral("[file]"));
+  parser.process(application);
+
   ovcontacts::MainWindow window;
+  window.setLiveSources(ovcontacts::liveSources());
   window.show();
-  const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 1) window.openFile(arguments.at(1));
+  const QStringList files = parser.positionalArguments();
+  if (!files.isEmpty()) window.openFile(files.front());
   return QApplication::exec();
 }

@@ -1,46 +1,15 @@
 #include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
 
 #include "codec/ascii.h"
 #include "codec/escapes.h"
 #include "group_card.h"
-#include "keyed_hash.h"
 #include "line_sink.h"
+#include "member_lines.h"
 #include "patch.h"
 
 namespace ov::card {
 
 namespace {
-
-using IDs = std::unordered_multiset<std::string, KeyedHash, std::equal_to<>>;
-
-/// Which of the lines name a member still; takes the members that have a line out of `members`.
-std::vector<bool> membersThatStay(const GroupReading& reading, IDs& members) {
-  std::vector<bool> stays(reading.members.size());
-  const auto take = [&](auto spell) {
-    for (std::size_t i = 0; i < stays.size(); ++i) {
-      if (stays[i]) continue;
-      const auto at = members.find(spell(reading.members[i].id));
-      if (at == members.end()) continue;
-      members.erase(at);
-      stays[i] = true;
-    }
-  };
-  take([](const OVString& id) { return id.str(); });
-  take([](const OVString& id) { return std::string(withoutPrefix(id)); });
-  std::unordered_multimap<std::string, std::string, KeyedHash, std::equal_to<>> loose;
-  for (const std::string& id : members) loose.emplace(referenceKey(id), id);
-  for (std::size_t i = 0; i < stays.size(); ++i) {
-    if (stays[i]) continue;
-    const auto at = loose.find(referenceKey(reading.members[i].id));
-    if (at == loose.end()) continue;
-    members.erase(members.find(at->second));
-    loose.erase(at);
-    stays[i] = true;
-  }
-  return stays;
-}
 
 /// "X-...-MEMBER" where the card says "X-...-KIND".
 std::string memberName(const Lines& lines, const GroupReading& reading) {
@@ -58,9 +27,11 @@ std::string memberName(const Lines& lines, const GroupReading& reading) {
 void rewriteGroup(const Card& card, const GroupContent& group, std::string& out) {
   using Role = GroupReading::Role;
   const GroupReading reading(card.lines);
-  IDs missing;
+  MemberIDs missing;
   for (const OVString& member : group.members) missing.insert(member.str());
-  const std::vector<bool> stays = membersThatStay(reading, missing);
+  std::vector<std::string_view> named;
+  for (const GroupReading::Member& member : reading.members) named.push_back(member.id);
+  const std::vector<bool> stays = linesThatStay(named, missing);
 
   std::string added;
   LineSink sink(added, card.version, card.lineEnd);

@@ -30,7 +30,7 @@ void arrive(BookContent& book, std::vector<std::string> cards,
   constexpr std::size_t kCardsBetweenReports = 64;
   std::string all;
   std::size_t size = 0;
-  for (const std::string& card : cards) size += card.size() + 2;
+  for (const std::string& card : cards) size += card.size();
   all.reserve(size);
   const std::size_t count = cards.size();
   for (std::string& card : cards) {
@@ -41,7 +41,6 @@ void arrive(BookContent& book, std::vector<std::string> cards,
       card = book.readable(uid, std::move(card));
     }
     all += card;
-    if (!all.ends_with('\n')) all += "\r\n";
     card = {};
   }
   const auto text = std::make_shared<const std::string>(std::move(all));

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
 #include <utility>
 
 #include "glib_ptr.h"
+#include "service_call.h"
 
 namespace ov::eds {
 
@@ -22,19 +22,40 @@ class Awaited {
     given_.notify_all();
   }
 
-  /// Nothing when it has not come until then.
-  std::optional<T> takeUntil(std::chrono::steady_clock::time_point time) {
+  /// Waits for it, until the call ends early; nothing when it has not come by then.
+  std::optional<T> takeWithin(const ServiceCall& call) {
+    const gulong handler = g_cancellable_connect(
+        call.cancellable(), G_CALLBACK(+[](GCancellable* /*cancellable*/, gpointer self) {
+          static_cast<Awaited*>(self)->wake();
+        }),
+        this, nullptr);
+    {
+      std::unique_lock lock(mutex_);
+      given_.wait_until(lock, call.deadline(), [&] { return value_ || isOver_; });
+    }
+    g_cancellable_disconnect(call.cancellable(), handler);
+    const std::lock_guard lock(mutex_);
+    return std::move(value_);
+  }
+  T take() {
     std::unique_lock lock(mutex_);
-    given_.wait_until(lock, time, [&] { return value_.has_value(); });
-    std::optional<T> taken = std::move(value_);
-    value_.reset();
-    return taken;
+    given_.wait(lock, [&] { return value_.has_value(); });
+    return std::move(*value_);
   }
 
  private:
+  void wake() {
+    {
+      const std::lock_guard lock(mutex_);
+      isOver_ = true;
+    }
+    given_.notify_all();
+  }
+
   std::mutex mutex_;
   std::condition_variable given_;
   std::optional<T> value_;
+  bool isOver_ = false;
 };
 
 /// What the service returned for a request that the session's thread made.

@@ -18,6 +18,10 @@
 
 namespace ov::eds {
 
+/// The card as the service sent it, as long as nothing has been looked up in it; ends with a line
+/// end, as the cards that are written here do.
+[[nodiscard]] std::string textOf(EContact* contact);
+
 /// A book as the service has it. Calls are made on the caller's thread; news come in on that of the
 /// session. When the service's process has died, the next call makes a new connection.
 class Connection : public std::enable_shared_from_this<Connection> {
@@ -65,6 +69,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
  private:
   friend struct Signals;
+  /// The query that every card fits.
+  static constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
   /// Whoever makes a call holds it meanwhile, also when the service's process dies.
   struct Client {
     GRef<EBookClient> book;
@@ -80,10 +86,16 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void drop(const std::shared_ptr<Client>& client);
   using Request = std::function<gboolean(EBookClient*, GCancellable*, GError**)>;
   [[nodiscard]] Outcome request(const Call& call, bool mayRepeat, const Request& make);
+  [[nodiscard]] Outcome tryRequest(const Call& call, bool mayRepeat, const Request& make);
+  [[nodiscard]] Outcome refreshAll(const Call& call);
   [[nodiscard]] bool serverAnswers(GCancellable* cancellable) const;
   [[nodiscard]] bool refreshOnce(const Call& call, const ServiceCall& whole, Outcome& outcome);
   [[nodiscard]] Outcome readCards(const std::string& query, Cards& cards, const Call& call);
   void noteWritten(const Outcome& outcome);
+  /// A local book has no server that could be away.
+  [[nodiscard]] std::error_code meant(std::error_code error) const {
+    return isLocal_ && error == OVEDSError::Offline ? OVEDSError::NoService : error;
+  }
 
   void statusChanged();
   void progressed(bool isEnd);

@@ -11,10 +11,8 @@ namespace ov::eds {
 
 namespace {
 
-constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
-
 /// How long a process that has died may stay in the way of the one that takes its place.
-constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::seconds kPatienceWithTheDead{10};
 constexpr std::chrono::milliseconds kFirstPause{5};
 constexpr std::chrono::milliseconds kLongestPause{200};
 
@@ -69,7 +67,7 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
   // The process may end for want of work, or die, in this very moment: another takes its place, but
   // for a while the bus may still name the one that went.
   const ServiceCall whole(session_->worker(), call);
-  const auto end = std::min(whole.deadline(), Worker::Clock::now() + kPatience);
+  const auto end = std::min(whole.deadline(), Worker::Clock::now() + kPatienceWithTheDead);
   auto pause = kFirstPause;
   std::error_code error = makeClient(call, client);
   while (error == OVEDSError::NoService && !whole.ended() && Worker::Clock::now() < end) {
@@ -80,7 +78,7 @@ std::error_code Connection::ensureOpen(const Call& call, std::shared_ptr<Client>
     pause = std::min(2 * pause, kLongestPause);
     error = makeClient(call, client);
   }
-  if (error) return error;
+  if (error) return meant(error);
   bool isSecond = false;
   {
     const std::lock_guard lock(mutex_);
@@ -108,8 +106,8 @@ std::error_code Connection::makeClient(const Call& call, std::shared_ptr<Client>
         e_book_client_connect(source.get(), kNoWait, cancellable.get(), clientIsThere,
                               new ClientRequest{reply, weak});
       });
-  auto came = reply->takeUntil(request.deadline());
-  if (!came) return std::make_error_code(std::errc::timed_out);
+  auto came = reply->takeWithin(request);
+  if (!came) return request.ended();
   if (came->result == nullptr) return request.errorOf(came->fault);
   client = clientOf(std::move(came->result));
   isWritable_ = e_client_is_readonly(E_CLIENT(client->book.get())) == FALSE;
@@ -127,8 +125,8 @@ std::error_code Connection::startView(Client& client, const Call& call) {
         e_book_client_get_view(book.get(), kEverything, cancellable.get(), viewIsThere,
                                new ViewRequest{reply, weak});
       });
-  auto came = reply->takeUntil(request.deadline());
-  if (!came) return std::make_error_code(std::errc::timed_out);
+  auto came = reply->takeWithin(request);
+  if (!came) return request.ended();
   if (came->result == nullptr) return request.errorOf(came->fault);
   client.view = std::move(came->result);
   return request.errorOf(came->fault);

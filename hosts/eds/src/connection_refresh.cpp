@@ -29,6 +29,13 @@ bool Connection::serverAnswers(GCancellable* cancellable) const {
 
 Connection::Outcome Connection::refresh(const Call& call) {
   if (isLocal_) return {};
+  if (!call.around) return refreshAll(call);
+  Outcome outcome;
+  call.around([&] { outcome = refreshAll(call); });
+  return outcome;
+}
+
+Connection::Outcome Connection::refreshAll(const Call& call) {
   session_->credentials().forgive(uid_);
   const ServiceCall whole(session_->worker(), call);
   // A stop and the deadline come through the cancellable, which tells this thread.
@@ -53,9 +60,11 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
   Credentials& credentials = session_->credentials();
   outcome = {};
   if (!serverAnswers(whole.cancellable())) {
+    // A call that ends early says nothing of the server.
+    outcome.error = whole.ended();
+    if (outcome.error) return true;
     access_ = Access::Offline;
-    const auto early = whole.ended();
-    outcome.error = early ? early : std::error_code(OVEDSError::Offline);
+    outcome.error = OVEDSError::Offline;
     return true;
   }
   const int answers = credentials.answersGiven(uid_);
@@ -64,9 +73,10 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
     const std::lock_guard lock(mutex_);
     ended = refreshesEnded_;
   }
-  outcome = request(call, true, [](EBookClient* book, GCancellable* cancellable, GError** error) {
-    return e_client_refresh_sync(E_CLIENT(book), cancellable, error);
-  });
+  outcome =
+      tryRequest(call, true, [](EBookClient* book, GCancellable* cancellable, GError** error) {
+        return e_client_refresh_sync(E_CLIENT(book), cancellable, error);
+      });
   if (outcome.error) return true;
   const auto isHopeless = [&] {
     return access_ == Access::NeedsCredentials && !credentials.mayAnswer(uid_);

@@ -10,8 +10,7 @@ namespace ov::eds {
 
 namespace {
 
-constexpr const char* kEverything = R"((contains "x-evolution-any-field" ""))";
-constexpr int kMostTries = 3;
+constexpr int kMostRequests = 3;
 
 struct FreeContacts {
   void operator()(GSList* list) const { g_slist_free_full(list, g_object_unref); }
@@ -44,6 +43,18 @@ Connection::Outcome outcomeOf(const Fault& fault, const ServiceCall& call) {
   return outcome;
 }
 
+/// The service also finds no cards, without an error, where it cannot read its store. Asked for one
+/// card, it says so.
+gboolean canRead(EBookClient* book, GCancellable* cancellable, GError** error) {
+  EContact* contact = nullptr;
+  Fault fault;
+  e_book_client_get_contact_sync(book, "-", &contact, cancellable, fault.out());
+  const GRef<EContact> found(contact);
+  if (!fault || isNotFound(*fault.get())) return TRUE;
+  g_propagate_error(error, fault.release());
+  return FALSE;
+}
+
 /// The text as a word of the service's query language.
 std::string quoted(const std::string& text) {
   std::string word = "\"";
@@ -56,9 +67,22 @@ std::string quoted(const std::string& text) {
 
 }  // namespace
 
+std::string textOf(EContact* contact) {
+  std::string text = taken(e_vcard_to_string(E_VCARD(contact), EVC_FORMAT_VCARD_30));
+  if (!text.ends_with('\n')) text += "\r\n";
+  return text;
+}
+
 Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const Request& make) {
+  if (!call.around) return tryRequest(call, mayRepeat, make);
   Outcome outcome;
-  for (int i = 0; i < kMostTries; ++i) {
+  call.around([&] { outcome = tryRequest(call, mayRepeat, make); });
+  return outcome;
+}
+
+Connection::Outcome Connection::tryRequest(const Call& call, bool mayRepeat, const Request& make) {
+  Outcome outcome;
+  for (int i = 0; i < kMostRequests; ++i) {
     outcome = {};
     std::shared_ptr<Client> client;
     outcome.error = ensureOpen(call, client);
@@ -69,6 +93,7 @@ Connection::Outcome Connection::request(const Call& call, bool mayRepeat, const 
     Fault fault;
     if (make(client->book.get(), timed.cancellable(), fault.out()) != FALSE) return outcome;
     outcome = outcomeOf(fault, timed);
+    outcome.error = meant(outcome.error);
     if (isGone_) outcome.error = OVEDSError::NoBook;
     if (!outcome.isUnknown || isGone_) return outcome;
     drop(client);
@@ -88,9 +113,10 @@ Connection::Outcome Connection::readCards(const std::string& query, Cards& cards
             FALSE) {
           return FALSE;
         }
+        if (list == nullptr) return canRead(book, cancellable, error);
         const std::unique_ptr<GSList, FreeContacts> contacts(list);
         for (const GSList* each = list; each != nullptr; each = each->next) {
-          cards.push_back(taken(e_vcard_to_string(E_VCARD(each->data), EVC_FORMAT_VCARD_30)));
+          cards.push_back(textOf(static_cast<EContact*>(each->data)));
         }
         return TRUE;
       });
@@ -161,9 +187,15 @@ void Connection::noteWritten(const Outcome& outcome) {
   if (isLocal_) return;
   if (outcome.error == OVEDSError::Offline) access_ = Access::Offline;
   if (outcome.error) return;
-  // The service takes changes for a server that it may not ask, and keeps them.
-  if (access_ == Access::Offline) access_ = Access::Granted;
-  if (access_ != Access::Granted) waitsForServer_ = true;
+  // The service takes changes for a server that it may not or cannot ask, and keeps them.
+  const bool isSent =
+      access_ != Access::NeedsCredentials &&
+      e_source_get_connection_status(source_.get()) == E_SOURCE_CONNECTION_STATUS_CONNECTED;
+  if (isSent) {
+    access_ = Access::Granted;
+  } else {
+    waitsForServer_ = true;
+  }
 }
 
 }  // namespace ov::eds

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace ov::eds {
 
@@ -45,6 +46,7 @@ class Fault {
     return &error_;
   }
   [[nodiscard]] const GError* get() const { return error_; }
+  [[nodiscard]] GError* release() { return std::exchange(error_, nullptr); }
   explicit operator bool() const { return error_ != nullptr; }
 
  private:

@@ -6,6 +6,7 @@
 #include "codec/escapes.h"
 #include "codec/line_writer.h"
 #include "codec/parameters.h"
+#include "mapping/member_lines.h"
 #include "mapping/others.h"
 #include "mapping/patch.h"
 
@@ -108,19 +109,23 @@ std::string newList(const GroupContent& group, const FindMember& find) {
 std::string changedList(std::string_view card, const GroupContent& group, const FindMember& find) {
   const CardText text{std::string(card)};
   if (text.card() == nullptr) return newList(group, find);
-  std::unordered_set<std::string_view> wanted;
-  for (const OVString& member : group.members) wanted.insert(member.view());
+  ov::card::MemberIDs missing;
+  for (const OVString& member : group.members) missing.insert(member.str());
+  const auto& lines = text.lines();
+  std::vector<std::string_view> named;
+  for (const Line& line : lines) {
+    if (const auto member = memberOf(line); !member.empty()) named.push_back(member);
+  }
+  const std::vector<bool> stays = ov::card::linesThatStay(named, missing);
   const bool isRenamed = group.name != nameIn(*text.card());
   ov::card::Patch patch(*text.card());
-  std::unordered_set<std::string_view> there;
   std::size_t behindMembers = patch.end();
   std::size_t nameAt = patch.end();
-  const auto& lines = text.lines();
+  std::size_t member = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const std::string_view member = memberOf(lines[i]);
-    if (!member.empty()) {
+    if (!memberOf(lines[i]).empty()) {
       behindMembers = i + 1;
-      wanted.contains(member) ? void(there.insert(member)) : patch.drop(i);
+      if (!stays[member++]) patch.drop(i);
     } else if (isRenamed && saysName(lines[i])) {
       nameAt = std::min(nameAt, i);
       patch.drop(i);
@@ -128,8 +133,11 @@ std::string changedList(std::string_view card, const GroupContent& group, const 
   }
   std::string added;
   LineWriter writer(added, text.card()->version, text.card()->lineEnd);
-  for (const OVString& member : group.members) {
-    if (there.insert(member.view()).second) writeMember(member, find, writer);
+  for (const OVString& id : group.members) {
+    const auto at = missing.find(id.view());
+    if (at == missing.end()) continue;
+    missing.erase(at);
+    writeMember(id, find, writer);
   }
   if (!added.empty()) patch.insert(behindMembers, added);
   if (isRenamed) {

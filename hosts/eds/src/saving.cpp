@@ -10,7 +10,7 @@ namespace {
 /// A local book writes a lot at once; a server gets one card after the other.
 constexpr std::size_t kLocalLot = 500;
 constexpr std::size_t kServerLot = 20;
-constexpr int kMostTries = 3;
+constexpr int kMostRounds = 3;
 
 /// What concerns one card, so that the others can be written.
 bool concernsOneCard(const Connection::Outcome& outcome) {
@@ -78,7 +78,7 @@ std::error_code Saver::writeAll(Kind kind, Items items) {
 
 /// `isDoubtful` says that the service may hold something else than `base`.
 std::error_code Saver::writeLot(Kind kind, Items items, bool isDoubtful) {
-  for (int i = 0; i < kMostTries; ++i) {
+  for (int i = 0; i < kMostRounds; ++i) {
     if (isDoubtful) {
       if (const auto error = check(kind, items)) return error;
     }
@@ -95,7 +95,7 @@ std::error_code Saver::writeLot(Kind kind, Items items, bool isDoubtful) {
     const bool mayHelp = outcome.isNotFound || outcome.isTaken;
     if (outcome.error == OVEDSError::Conflict) {
       if (const auto news = book_.connection->refresh(call_); news.error) return news.error;
-    } else if (!mayHelp || i + 1 == kMostTries) {
+    } else if (!mayHelp || i + 1 == kMostRounds) {
       return giveUp(items.front(), outcome);
     }
   }

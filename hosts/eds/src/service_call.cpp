@@ -23,13 +23,13 @@ ServiceCall::ServiceCall(Worker& worker, const Call& call)
       deadline_(Worker::Clock::now() +
                 std::clamp<std::chrono::milliseconds>(call.deadline, {}, kLongest)),
       timer_(worker.callAt(deadline_, [shared = shared_] { shared->finish(End::TimeIsUp); })),
-      stop_(std::in_place, call.stop, Stop{shared_}) {
-  if (call.deadline <= std::chrono::milliseconds::zero()) shared_->finish(End::TimeIsUp);
-}
+      stop_(std::in_place, call.stop, Stop{shared_}) {}
 
 ServiceCall::~ServiceCall() { worker_.cancel(timer_); }
 
 std::error_code ServiceCall::ended() const {
+  // The session's thread may be late with it.
+  if (Worker::Clock::now() >= deadline_) shared_->finish(End::TimeIsUp);
   switch (shared_->end.load()) {
     case End::None:
       return {};

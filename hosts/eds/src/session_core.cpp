@@ -9,16 +9,22 @@ namespace ov::eds {
 
 namespace {
 
-constexpr int kMostTries = 3;
+constexpr int kMostStarts = 3;
 
 using RegistryReply = Awaited<Reply<GRef<ESourceRegistry>>>;
 
+/// Keeps the thread on which the reply comes in: the next registry would be the same, and broken,
+/// as long as nobody has taken that.
+struct RegistryRequest {
+  std::shared_ptr<RegistryReply> reply;
+  std::shared_ptr<Worker> worker;
+};
+
 void registryIsThere(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-  const std::unique_ptr<std::shared_ptr<RegistryReply>> reply(
-      static_cast<std::shared_ptr<RegistryReply>*>(data));
+  const std::unique_ptr<RegistryRequest> request(static_cast<RegistryRequest*>(data));
   Fault fault;
   GRef<ESourceRegistry> registry(e_source_registry_new_finish(result, fault.out()));
-  (*reply)->give({std::move(registry), std::move(fault)});
+  request->reply->give({std::move(registry), std::move(fault)});
 }
 
 /// Somebody took a name on the bus, or lost it.
@@ -44,7 +50,7 @@ std::shared_ptr<Session> Session::open(OVEDSSession::CredentialsCallback ask, co
 }
 
 std::error_code Session::connect(const Call& call) {
-  const ServiceCall request(worker_, call);
+  const ServiceCall request(*worker_, call);
   if (const auto early = request.ended()) return early;
   Fault fault;
   bus_.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, request.cancellable(), fault.out()));
@@ -55,7 +61,7 @@ std::error_code Session::connect(const Call& call) {
   g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
   // The service ends when nobody needs it, and may do so in this very moment.
   std::error_code error;
-  for (int i = 0; i < kMostTries; ++i) {
+  for (int i = 0; i < kMostStarts; ++i) {
     error = connectRegistry(request);
     if (!error || request.ended()) break;
   }
@@ -65,13 +71,12 @@ std::error_code Session::connect(const Call& call) {
 
 std::error_code Session::connectRegistry(const ServiceCall& request) {
   const auto reply = std::make_shared<RegistryReply>();
-  worker_.post(
-      [reply, cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
-        e_source_registry_new(cancellable.get(), registryIsThere,
-                              new std::shared_ptr<RegistryReply>(reply));
-      });
-  auto came = reply->takeUntil(request.deadline());
-  if (!came) return std::make_error_code(std::errc::timed_out);
+  worker_->post([reply, worker = worker_,
+                 cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
+    e_source_registry_new(cancellable.get(), registryIsThere, new RegistryRequest{reply, worker});
+  });
+  auto came = reply->takeWithin(request);
+  if (!came) return request.ended();
   if (came->result == nullptr) {
     const auto early = request.ended();
     return early ? early : std::error_code(OVEDSError::NoService);
@@ -82,7 +87,7 @@ std::error_code Session::connectRegistry(const ServiceCall& request) {
 
 void Session::watch() {
   credentials_.watch(registry_.get());
-  worker_.post([this] {
+  worker_->post([this] {
     busWatch_ = g_dbus_connection_signal_subscribe(
         bus_.get(), "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged",
         "/org/freedesktop/DBus", "org.gnome.evolution.dataserver",
@@ -99,12 +104,12 @@ Session::~Session() {
     registry_.reset();
     done.give(true);
   };
-  if (worker_.isThisThread()) {
+  if (worker_->isThisThread()) {
     leave();
     return;
   }
-  worker_.post(leave);
-  (void)done.takeUntil(Worker::Clock::time_point::max());
+  worker_->post(leave);
+  done.take();
 }
 
 }  // namespace ov::eds

@@ -25,7 +25,7 @@ class Session : public std::enable_shared_from_this<Session> {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  [[nodiscard]] Worker& worker() { return worker_; }
+  [[nodiscard]] Worker& worker() { return *worker_; }
   /// Safe on any thread.
   [[nodiscard]] ESourceRegistry* registry() const { return registry_.get(); }
   /// Null when there is none.
@@ -41,7 +41,7 @@ class Session : public std::enable_shared_from_this<Session> {
   [[nodiscard]] std::error_code connectRegistry(const ServiceCall& request);
   void watch();
 
-  Worker worker_;
+  const std::shared_ptr<Worker> worker_ = Worker::ofThisProcess();
   Credentials credentials_;
   std::atomic<bool> isGone_{false};
   GRef<GDBusConnection> bus_;

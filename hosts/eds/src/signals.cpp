@@ -1,6 +1,7 @@
 #include "signals.h"
 
 #include <string_view>
+#include <unordered_set>
 
 namespace ov::eds {
 
@@ -79,13 +80,19 @@ void Signals::cardsCame(EBookClientView* /*view*/, const GSList* contacts, gpoin
   const auto connection = target(data);
   if (connection == nullptr) return;
   bool isFirst = false;
+  bool isRepeated = false;
+  std::unordered_set<std::string> told;
   for (const GSList* each = contacts; each != nullptr; each = each->next) {
     auto* const contact = static_cast<EContact*>(each->data);
-    // The text first: as long as nothing has been looked up, it is the one that came.
-    std::string card = taken(e_vcard_to_string(E_VCARD(contact), EVC_FORMAT_VCARD_30));
+    std::string card = textOf(contact);
     const auto* const uid = static_cast<const char*>(e_contact_get_const(contact, E_CONTACT_UID));
-    if (uid != nullptr) isFirst |= connection->inbox_.add(uid, std::move(card));
+    if (uid == nullptr) continue;
+    isRepeated |= !told.insert(uid).second;
+    isFirst |= connection->inbox_.add(uid, std::move(card));
   }
+  // Of cards that are changed together in a local book, the service tells the first again and
+  // again.
+  if (isRepeated) isFirst |= connection->inbox_.addIncomplete();
   if (isFirst) connection->tell();
 }
 

@@ -71,6 +71,18 @@ struct QueueSource {
 
 }  // namespace
 
+std::shared_ptr<Worker> Worker::ofThisProcess() {
+  static std::mutex mutex;
+  static std::weak_ptr<Worker> current;
+  const std::lock_guard lock(mutex);
+  auto worker = current.lock();
+  if (worker == nullptr) {
+    worker = std::make_shared<Worker>();
+    current = worker;
+  }
+  return worker;
+}
+
 Worker::Worker() : shared_(std::make_shared<Shared>()) {
   thread_ = std::thread([shared = shared_] { run(shared); });
 }

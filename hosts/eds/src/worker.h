@@ -10,7 +10,7 @@
 
 namespace ov::eds {
 
-/// The session's thread: it runs a main context of its own, in which the service tells its news.
+/// The sessions' thread: it runs a main context of its own, in which the service tells its news.
 ///
 /// What is handed over goes through a lock of our own, so that it is plain to see (also for a tool
 /// that does not know GLib's locks) what happens before what.
@@ -18,6 +18,10 @@ class Worker {
  public:
   using Clock = std::chrono::steady_clock;
   using Timer = std::uint64_t;
+
+  /// The one of all sessions: libebook gives them all the same list of sources, which tells its
+  /// news where it was made.
+  [[nodiscard]] static std::shared_ptr<Worker> ofThisProcess();
 
   Worker();
   Worker(const Worker&) = delete;

@@ -31,7 +31,7 @@ void OVPersonsFilter::setText(const QString& text) {
   OVPersonMatcher matcher(ov::qt::ovString(text));
   text_ = text;
   beginResetModel();
-  const bool isNarrower = matcher.isWithin(matcher_);
+  const bool isNarrower = !isWhole() && matcher.isWithin(matcher_);
   matcher_ = std::move(matcher);
   if (isNarrower) {
     std::erase_if(rows_, [this](std::uint32_t row) {
@@ -78,6 +78,7 @@ bool OVPersonsFilter::accepts(const OVRef<IOVPerson>& person) const {
 
 void OVPersonsFilter::refill() {
   rows_.clear();
+  if (isWhole()) return rows_.shrink_to_fit();
   const int count = persons_->rowCount();
   for (int row = 0; row < count; ++row) {
     if (accepts(persons_->personAt(row))) rows_.push_back(static_cast<std::uint32_t>(row));
@@ -86,8 +87,11 @@ void OVPersonsFilter::refill() {
 }
 
 OVRef<IOVPerson> OVPersonsFilter::personAt(int row) const {
-  if (row < 0 || row >= rowCount()) return nullptr;
-  return persons_->personAt(static_cast<int>(rows_[static_cast<std::size_t>(row)]));
+  return row < 0 || row >= rowCount() ? nullptr : persons_->personAt(sourceRowOf(row));
+}
+
+int OVPersonsFilter::sourceRowOf(int row) const {
+  return isWhole() ? row : static_cast<int>(rows_[static_cast<std::size_t>(row)]);
 }
 
 int OVPersonsFilter::rowOf(const OVRef<IOVPerson>& person) const {
@@ -97,11 +101,12 @@ int OVPersonsFilter::rowOf(const OVRef<IOVPerson>& person) const {
 
 QModelIndex OVPersonsFilter::mapToSource(const QModelIndex& index) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
-  return persons_->index(static_cast<int>(rows_[static_cast<std::size_t>(index.row())]));
+  return persons_->index(sourceRowOf(index.row()));
 }
 
 QModelIndex OVPersonsFilter::mapFromSource(const QModelIndex& index) const {
   if (!index.isValid()) return {};
+  if (isWhole()) return createIndex(index.row(), 0);
   const int place = placeOf(index.row());
   const bool isShown = place < rowCount() && rows_[static_cast<std::size_t>(place)] ==
                                                  static_cast<std::uint32_t>(index.row());
@@ -121,16 +126,15 @@ QModelIndex OVPersonsFilter::index(int row, int column, const QModelIndex& paren
 QModelIndex OVPersonsFilter::parent(const QModelIndex& /*index*/) const { return {}; }
 
 int OVPersonsFilter::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  if (parent.isValid()) return 0;
+  return isWhole() ? persons_->rowCount() : static_cast<int>(rows_.size());
 }
 
 int OVPersonsFilter::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : 1;
 }
 
-bool OVPersonsFilter::hasChildren(const QModelIndex& parent) const {
-  return !parent.isValid() && !rows_.empty();
-}
+bool OVPersonsFilter::hasChildren(const QModelIndex& parent) const { return rowCount(parent) != 0; }
 
 QStringList OVPersonsFilter::mimeTypes() const { return {kMimeType}; }
 

@@ -11,12 +11,21 @@ void OVPersonsFilter::follow() {
     refill();
     endResetModel();
   });
+  connect(persons_, &QAbstractItemModel::rowsAboutToBeInserted, this,
+          [this](const QModelIndex&, int first, int last) {
+            if (isWhole()) beginInsertRows({}, first, last);
+          });
   connect(persons_, &QAbstractItemModel::rowsInserted, this,
-          [this](const QModelIndex&, int first, int last) { sourceInserted(first, last); });
+          [this](const QModelIndex&, int first, int last) {
+            isWhole() ? endInsertRows() : sourceInserted(first, last);
+          });
   connect(persons_, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-          [this](const QModelIndex&, int first, int last) { sourceRemoved(first, last); });
+          [this](const QModelIndex&, int first, int last) {
+            isWhole() ? beginRemoveRows({}, first, last) : sourceRemoved(first, last);
+          });
   connect(persons_, &QAbstractItemModel::rowsRemoved, this,
           [this](const QModelIndex&, int first, int last) {
+            if (isWhole()) return endRemoveRows();
             for (auto at = firstAtOrAfter(first); at != rows_.end(); ++at) {
               *at -= static_cast<std::uint32_t>(last - first + 1);
             }
@@ -64,6 +73,10 @@ void OVPersonsFilter::sourceRemoved(int first, int last) {
 }
 
 void OVPersonsFilter::sourceAboutToMove(int from, int to) {
+  if (isWhole()) {
+    isMoving_ = beginMoveRows({}, from, from, {}, to);
+    return;
+  }
   const int place = placeOf(from);
   const bool isShown = place < rowCount() &&
                        rows_[static_cast<std::size_t>(place)] == static_cast<std::uint32_t>(from);
@@ -87,6 +100,10 @@ void OVPersonsFilter::sourceMoved(int from, int to) {
 }
 
 void OVPersonsFilter::sourceChanged(int first, int last) {
+  if (isWhole()) {
+    emit dataChanged(createIndex(first, 0), createIndex(last, 0));
+    return;
+  }
   for (int row = first; row <= last; ++row) {
     const bool isWanted = accepts(persons_->personAt(row));
     const QModelIndex shown = mapFromSource(persons_->index(row));

@@ -28,15 +28,23 @@ class Report final : public QEvent {
 OVQtBook::OVQtBook(OVRef<OVAddressBook> book, QObject* parent)
     : QObject(parent), inner_(std::make_unique<Inner>(BookSteps{*this, std::move(book), {}})) {
   const auto center = OVNotificationCenter::defaultCenter();
+  inner_->ear->book = this;
   const auto hear = [&](const OVString& name, auto tell) {
-    const auto onOurThread = [this, tell](const OVNotification& notification) {
-      if (inner_->isReporting) return;
-      if (notification.object != nullptr && notification.object != inner_->steps.book) return;
+    const auto onOurThread = [ear = inner_->ear, about = inner_->steps.book,
+                              tell](const OVNotification& notification) {
+      if (notification.object != nullptr && notification.object != about) return;
       const auto person =
           ov::cast<IOVPerson>(notification.userInfo[OVChangeNameNotification_PersonKey]);
-      if (QThread::currentThread() == thread()) return tell(person);
-      // The queue's from now on.
-      QCoreApplication::postEvent(this, new Report([tell, person] { tell(person); }));
+      std::unique_lock lock(ear->mutex);
+      OVQtBook* const shown = ear->book;
+      if (shown == nullptr) return;
+      if (QThread::currentThread() != shown->thread()) {
+        // The queue's from now on.
+        QCoreApplication::postEvent(shown, new Report([tell, person] { tell(person); }));
+        return;
+      }
+      lock.unlock();
+      if (!shown->inner_->isReporting) tell(person);
     };
     inner_->observers.push_back(center->addObserver(name, onOurThread));
   };
@@ -69,6 +77,10 @@ OVQtBook::OVQtBook(OVRef<OVAddressBook> book, QObject* parent)
 }
 
 OVQtBook::~OVQtBook() {
+  {
+    const std::lock_guard lock(inner_->ear->mutex);
+    inner_->ear->book = nullptr;
+  }
   inner_->observers.clear();
   inner_->stack.blockSignals(true);  // its end is no change of the book
 }
@@ -82,7 +94,9 @@ bool OVQtBook::event(QEvent* event) {
 
 const OVRef<OVAddressBook>& OVQtBook::book() const { return inner_->steps.book; }
 
-bool OVQtBook::canChange() const { return book()->canOprate(); }
+bool OVQtBook::canChange() const { return !inner_->isReadOnly && book()->canOprate(); }
+
+void OVQtBook::setReadOnly(bool isReadOnly) { inner_->isReadOnly = isReadOnly; }
 
 bool OVQtBook::hasTags() const { return book()->tagManager() != nullptr; }
 

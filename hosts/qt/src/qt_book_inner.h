@@ -3,6 +3,8 @@
 #include <QtGui/QUndoCommand>
 
 #include <functional>
+#include <memory>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -35,6 +37,12 @@ class Command final : public QUndoCommand {
   return ids;
 }
 
+/// Where a book hears what is reported. It may outlive the book, in the middle of a delivery.
+struct Ear {
+  std::mutex mutex;
+  OVQtBook* book = nullptr;  // null once the book is gone
+};
+
 }  // namespace ov::qt
 
 struct OVQtBook::Inner {
@@ -43,7 +51,9 @@ struct OVQtBook::Inner {
   ov::qt::BookSteps steps;
   QUndoStack stack;
   std::vector<OVNotificationObserver> observers;
+  std::shared_ptr<ov::qt::Ear> ear = std::make_shared<ov::qt::Ear>();
   bool isReporting = false;
+  bool isReadOnly = false;
 
   void push(const QString& text, std::function<void()> redo, std::function<void()> undo) {
     stack.push(

@@ -78,12 +78,16 @@ OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
     return objectAt(PlistReader::uid(*root));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
-  const auto entries = Maker::make<DictionaryObject>();
-  for (std::uint64_t i = 0; i < top.count; ++i) {
-    const OVString key = leaves_.text(keyAt(plist_, plist_.reference(top, i)));
-    entries->add(key, objectOf(plist_.reference(top, top.count + i)));
+  budget_.charge(top.count * 4 * sizeof(DictionaryObject::Entry));
+  std::vector<DictionaryObject::Entry> entries(static_cast<std::size_t>(top.count));
+  std::uint64_t at = 0;
+  for (DictionaryObject::Entry& entry : entries) {
+    entry.key = leaves_.text(keyAt(plist_, plist_.reference(top, at)));
+    entry.value = objectOf(plist_.reference(top, top.count + at++));
   }
-  return entries;
+  const auto dictionary = Maker::make<DictionaryObject>();
+  dictionary->assign(std::move(entries));
+  return dictionary;
 }
 
 OVRef<OVObject> ArchiveReader::objectOf(Item item) {

@@ -84,7 +84,8 @@ TEST_P(FirstUseInAShortage, IsMadeUpForByTheNext) {
     const auto use = GetParam().use;
     const std::string kept = useAgain(use, 0).blocksKept;
     bool occurred = true;
-    for (long failing = 1; occurred && !testing::Test::HasFailure(); ++failing) {
+    for (long failing = 1; occurred && !testing::Test::HasFailure();
+         failing = nextToFail(failing)) {
       const Outcome outcome = useAgain(use, failing);
       occurred = outcome.occurred;
       EXPECT_EQ(outcome.blocksKept, kept) << "allocation " << failing;

@@ -55,7 +55,7 @@ std::vector<Texts> everything(const OVTagManager& manager) {
 /// Tags the person while ever later allocations fail.
 void expectTagsWhole(const OVString& person, const OVString& tag) {
   bool occurred = true;
-  for (long failing = 1; occurred; ++failing) {
+  for (long failing = 1; occurred; failing = nextToFail(failing)) {
     const auto manager = OVTagManager::tagManagerWithID("book");
     manager->setTagID(nullptr);  // a manager without an ID does not save
     const auto before = everything(*manager);

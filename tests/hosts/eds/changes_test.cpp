@@ -19,14 +19,6 @@ class LiveChanges : public LiveTest {
     return "UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\nTEL;TYPE=WORK:" + phone + "\r\nX-ODD:left alone\r\n";
   }
   static bool isAnyChange(const OVEDSChanges& changes) { return !changes.empty(); }
-  /// Both sides give Kim another phone, and ours is saved last.
-  void changeOnBothSides() {
-    setPhone(personOf(*book, "kim"), "555-02");
-    putCard(kim("555-03"));
-    EXPECT_EQ(book->saveWithin({}), OVEDSError::Conflict);
-    ASSERT_EQ(book->conflicts().size(), 1U);
-    EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-03"));
-  }
 
   OVRef<OVEDSBook> book;
 };
@@ -54,6 +46,23 @@ TEST_F(LiveChanges, TellWhoCameAndWhoWent) {
   }));
   EXPECT_NE(personOf(*book, "new"), nullptr);
   EXPECT_EQ(personOf(*book, "ida"), nullptr);
+}
+
+TEST_F(LiveChanges, OfAThousandPersonsAreApplied) {
+  addPersons(*book, 1000);
+  EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
+  const Outcome changed = otherProgram({"phone", bookUID.str(), "555-04"});
+  EXPECT_EQ(changed.status, 0) << changed.err;
+  std::uint64_t count = 0;
+  EXPECT_TRUE(applied(*book, [&](const OVEDSChanges& changes) {
+    count += changes.changed.size();
+    return count >= 1002;
+  }));
+  EXPECT_EQ(count, 1002U);
+  EXPECT_TRUE(book->conflicts().empty());
+  for (const OVRef<IOVPerson> person : book->allPersons()) {
+    ASSERT_EQ(phoneOf(person), OVString("555-04")) << person->ID().str();
+  }
 }
 
 TEST_F(LiveChanges, ACallbackTellsThatSomethingWaits) {
@@ -102,76 +111,6 @@ TEST_F(LiveChanges, ArePostedUnderTheirNames) {
   EXPECT_TRUE(applied(*book, isAnyChange));
   EXPECT_THAT(names, testing::ElementsAre(OVPersonChangeAllPersonNotification));
   OVNotificationCenter::setDefaultCenter(nullptr);
-}
-
-TEST_F(LiveChanges, OfBothSidesAreAConflictWhenSaved) {
-  changeOnBothSides();
-  const OVEDSConflict conflict = book->conflicts().front();
-  EXPECT_EQ(conflict.ID, OVString("kim"));
-  EXPECT_THAT(conflict.ourCard.str(), HasSubstr("555-02"));
-  EXPECT_THAT(conflict.theirCard.str(), HasSubstr("555-03"));
-  EXPECT_FALSE(book->resolve("ida", OVEDSResolution::Theirs));
-}
-
-TEST_F(LiveChanges, OfBothSidesAreAConflictWhenApplied) {
-  setPhone(personOf(*book, "kim"), "555-02");
-  putCard(kim("555-03"));
-  EXPECT_TRUE(applied(*book, isAnyChange));
-  EXPECT_EQ(book->conflicts().size(), 1U);
-  EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-03"));
-}
-
-TEST_F(LiveChanges, AConflictIsResolvedWithTheirs) {
-  changeOnBothSides();
-  EXPECT_TRUE(book->resolve("kim", OVEDSResolution::Theirs));
-  EXPECT_FALSE(book->saveWithin({}));
-  EXPECT_THAT(storedCards(), HasSubstr("555-03"));
-  EXPECT_THAT(storedCards(), Not(HasSubstr("555-02")));
-}
-
-TEST_F(LiveChanges, AConflictIsResolvedWithOurs) {
-  changeOnBothSides();
-  EXPECT_TRUE(book->resolve("kim", OVEDSResolution::Ours));
-  EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-02"));
-  EXPECT_FALSE(book->saveWithin({}));
-  EXPECT_THAT(storedCards(), HasSubstr("555-02"));
-  EXPECT_THAT(storedCards(), Not(HasSubstr("555-03")));
-  EXPECT_THAT(storedCards(), HasSubstr("X-ODD:left alone"));
-}
-
-TEST_F(LiveChanges, AConflictIsResolvedWithBoth) {
-  changeOnBothSides();
-  EXPECT_TRUE(book->resolve("kim", OVEDSResolution::Both));
-  EXPECT_FALSE(book->saveWithin({}));
-  EXPECT_THAT(storedCards(), HasSubstr("555-02"));
-  EXPECT_THAT(storedCards(), HasSubstr("555-03"));
-  EXPECT_EQ(openedBook()->allPersonsCount(), 3U);
-}
-
-TEST_F(LiveChanges, WhatTheyRemovedAndWeChangedIsAConflict) {
-  setPhone(personOf(*book, "kim"), "555-02");
-  EXPECT_EQ(otherProgram({"remove", bookUID.str(), "kim"}).status, 0);
-  EXPECT_EQ(book->saveWithin({}), OVEDSError::Conflict);
-  ASSERT_EQ(book->conflicts().size(), 1U);
-  EXPECT_TRUE(book->conflicts().front().theyRemoved);
-  EXPECT_EQ(personOf(*book, "kim"), nullptr);
-  EXPECT_TRUE(book->resolve("kim", OVEDSResolution::Ours));
-  EXPECT_FALSE(book->saveWithin({}));
-  EXPECT_THAT(storedCards(), HasSubstr("555-02"));
-}
-
-TEST_F(LiveChanges, WhatWeRemovedAndTheyChangedIsAConflict) {
-  const auto leaving = OVList<IOVPerson>::list();
-  leaving.push_back(personOf(*book, "kim"));
-  book->removePersons(leaving);
-  putCard(kim("555-03"));
-  EXPECT_EQ(book->saveWithin({}), OVEDSError::Conflict);
-  ASSERT_EQ(book->conflicts().size(), 1U);
-  EXPECT_TRUE(book->conflicts().front().weRemoved);
-  EXPECT_NE(personOf(*book, "kim"), nullptr);
-  EXPECT_TRUE(book->resolve("kim", OVEDSResolution::Ours));
-  EXPECT_FALSE(book->saveWithin({}));
-  EXPECT_THAT(storedCards(), Not(HasSubstr("UID:kim")));
 }
 
 TEST_F(LiveChanges, OfTwoBooksOfOneProcessReachEachOther) {

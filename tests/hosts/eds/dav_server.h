@@ -1,5 +1,7 @@
 #pragma once
 
+#include <signal.h>
+
 #include <optional>
 #include <string>
 
@@ -13,6 +15,9 @@ class DavServer {
 
   void start();
   void stop() { server_.reset(); }
+  /// Whoever asks it waits meanwhile.
+  void fallSilent() { server_->send(SIGSTOP); }
+  void goOn() { server_->send(SIGCONT); }
 
   /// Of the address book.
   [[nodiscard]] std::string url() const;

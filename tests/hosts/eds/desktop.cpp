@@ -30,13 +30,6 @@ std::string serviceName(std::string_view beginning) {
   throw std::runtime_error("evolution-data-server is not installed");
 }
 
-std::vector<char*> pointers(std::vector<std::string>& texts) {
-  std::vector<char*> all;
-  for (std::string& text : texts) all.push_back(text.data());
-  all.push_back(nullptr);
-  return all;
-}
-
 std::string readLine(int file) {
   std::string line;
   char c = 0;
@@ -44,8 +37,12 @@ std::string readLine(int file) {
   return line;
 }
 
-std::optional<pid_t> processOf(const std::string& name) {
-  GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+std::optional<pid_t> processOf(const std::string& name, const std::string& address) {
+  GDBusConnection* const bus = g_dbus_connection_new_for_address_sync(
+      address.c_str(),
+      static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+      nullptr, nullptr, nullptr);
   GVariant* const reply = g_dbus_connection_call_sync(
       bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
       "GetConnectionUnixProcessID", g_variant_new("(s)", name.c_str()), G_VARIANT_TYPE("(u)"),
@@ -58,30 +55,17 @@ std::optional<pid_t> processOf(const std::string& name) {
   return static_cast<pid_t>(id);
 }
 
+void end(const std::optional<pid_t>& process) {
+  if (!process) return;
+  ::kill(*process, SIGKILL);
+  const bool isGone = eventually([&] {
+    ::waitpid(*process, nullptr, WNOHANG);
+    return ::kill(*process, 0) != 0;
+  });
+  if (!isGone) throw std::runtime_error("a service does not end");
+}
+
 }  // namespace
-
-Daemon::Daemon(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-               int inherited) {
-  std::vector<std::string> words = command;
-  std::vector<std::string> variables = environment;
-  const auto arguments = pointers(words);
-  const auto surroundings = pointers(variables);
-  const pid_t parent = getpid();
-  id_ = fork();
-  if (id_ != 0) return;
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (getppid() != parent) _exit(1);
-  if (inherited >= 0) fcntl(inherited, F_SETFD, 0);
-  const int log = open("/dev/null", O_RDWR);
-  for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(log, standard);
-  execvpe(arguments.front(), arguments.data(), surroundings.data());
-  _exit(127);
-}
-
-Daemon::~Daemon() {
-  ::kill(id_, SIGKILL);
-  ::waitpid(id_, nullptr, 0);
-}
 
 Desktop::Desktop() {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
@@ -91,16 +75,27 @@ Desktop::Desktop() {
   }
   fs::permissions(path("run"), fs::perms::owner_all);
   writeServices();
+  start({});
+}
+
+void Desktop::start(const std::function<void()>& prepare) {
   int ends[2] = {};
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
   bus_.emplace(std::vector<std::string>{"dbus-daemon", "--nofork", "--nopidfile",
                                         "--config-file=" + path("bus.conf"),
                                         "--print-address=" + std::to_string(ends[1])},
-               environment(), ends[1]);
+               environment(), ends[1], prepare);
   close(ends[1]);
   address_ = readLine(ends[0]);
   close(ends[0]);
   if (address_.empty()) throw std::runtime_error("the session bus did not start");
+}
+
+void Desktop::restart(const std::function<void()>& prepare) {
+  const auto processes = {factory(), registry()};
+  bus_.reset();
+  for (const auto& process : processes) end(process);
+  start(prepare);
 }
 
 void Desktop::writeServices() const {
@@ -143,9 +138,13 @@ std::vector<std::string> Desktop::environment() const {
           "DBUS_SESSION_BUS_ADDRESS=" + address_};
 }
 
-std::optional<pid_t> Desktop::factory() const { return processOf(serviceName("AddressBook")); }
+std::optional<pid_t> Desktop::factory() const {
+  return processOf(serviceName("AddressBook"), address_);
+}
 
-std::optional<pid_t> Desktop::registry() const { return processOf(serviceName("Sources")); }
+std::optional<pid_t> Desktop::registry() const {
+  return processOf(serviceName("Sources"), address_);
+}
 
 Desktop& Desktop::ofThisProcess() {
   static Desktop* const desktop = [] {

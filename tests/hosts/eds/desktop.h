@@ -7,20 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "daemon.h"
 #include "support/processes/temporary_folder.h"
-
-/// A process that is killed when this object goes.
-class Daemon {
- public:
-  Daemon(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-         int inherited = -1);
-  Daemon(const Daemon&) = delete;
-  Daemon& operator=(const Daemon&) = delete;
-  ~Daemon();
-
- private:
-  pid_t id_;
-};
 
 /// A desktop of its own: a session bus that knows the two services for address books and nothing
 /// else, so that no keyring, no prompter and no calendar starts, and a home below a temporary
@@ -35,12 +23,15 @@ class Desktop {
   /// The process that keeps the books; nothing when none runs.
   [[nodiscard]] std::optional<pid_t> factory() const;
   [[nodiscard]] std::optional<pid_t> registry() const;
+  /// Ends everything that runs on it. The next bus begins with `prepare`.
+  void restart(const std::function<void()>& prepare = {});
 
   /// The desktop of this process: made on first use, and the environment is set to it.
   static Desktop& ofThisProcess();
 
  private:
   void writeServices() const;
+  void start(const std::function<void()>& prepare);
 
   TemporaryFolder folder_;
   std::string address_;

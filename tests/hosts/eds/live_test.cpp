@@ -24,12 +24,11 @@ OVRef<OVEDSBook> LiveTest::openedBook(const OVString& uid) {
   return book;
 }
 
-Outcome LiveTest::otherProgram(const std::vector<std::string>& words, const std::string& input,
-                               const Desktop& desktop) {
+Outcome LiveTest::otherProgram(const std::vector<std::string>& words, const std::string& input) {
   std::vector<std::string> command{OV_OTHER_PROGRAM};
   command.insert(command.end(), words.begin(), words.end());
   Surroundings surroundings;
-  surroundings.environment = desktop.environment();
+  surroundings.environment = Desktop::ofThisProcess().environment();
   surroundings.input = input;
   return runProgram(command, surroundings);
 }
@@ -52,6 +51,10 @@ OVRef<IOVPerson> personOf(const OVEDSBook& book, const char* id) {
   return found.empty() ? nullptr : OVRef<IOVPerson>(found[0]);
 }
 
+OVRef<OVEDSGroup> groupOf(const OVEDSBook& book, const char* id) {
+  return std::dynamic_pointer_cast<OVEDSGroup>(book.groupByID(id));
+}
+
 OVString phoneOf(const OVRef<IOVPerson>& person) {
   const auto phone = person == nullptr ? nullptr : person->mainPhone();
   return phone == nullptr ? OVString() : phone->phoneNumber();
@@ -67,6 +70,14 @@ void setPhone(const OVRef<IOVPerson>& person, const char* number) {
 void setName(const OVRef<IOVPerson>& person, const char* first, const char* last) {
   const auto name = OVObjectPersonName::initWithFirstMiddleLast(first, nullptr, last);
   person->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
+}
+
+void addPersons(OVEDSBook& book, int count) {
+  for (int i = 0; i < count; ++i) {
+    const auto person = OVPersonGeneral::initWithID(OVString("p" + std::to_string(i)));
+    setName(person, "Person", std::to_string(i).c_str());
+    book.addBatchPersonForOther(person);
+  }
 }
 
 bool applied(OVEDSBook& book, const std::function<bool(const OVEDSChanges&)>& isThere) {

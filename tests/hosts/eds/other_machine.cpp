@@ -1,8 +1,12 @@
 // What a user does on another machine, with a desktop of its own:
 //
-//   other_machine URL list               prints ID and phone of each person
-//   other_machine URL phone ID NUMBER
-//   other_machine URL remove ID
+//   other_machine BOOK list               prints ID and phone of each person
+//   other_machine BOOK add ID
+//   other_machine BOOK phone ID NUMBER
+//   other_machine BOOK remove ID
+//
+// BOOK is the URL of a book on a server, or the UID of one of the desktop, which is opened within a
+// second.
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -19,7 +23,8 @@ void require(const std::error_code& error) {
   std::exit(1);
 }
 
-OVRef<OVEDSBook> bookAt(OVEDSSession& session, const char* url) {
+/// The UID of the book of the server.
+OVString bookAt(OVEDSSession& session, const char* url) {
   std::error_code error;
   OVString uid;
   for (const OVEDSBookInfo& info : session.books()) {
@@ -27,13 +32,21 @@ OVRef<OVEDSBook> bookAt(OVEDSSession& session, const char* url) {
   }
   if (uid.isNull()) uid = session.addCardDAVBook("Study", {url, "kaya"}, error);
   require(error);
-  auto book = session.openBook(uid, error);
+  return uid;
+}
+
+OVRef<OVEDSBook> opened(OVEDSSession& session, const char* book) {
+  const bool isURL = std::string_view(book).find("://") != std::string_view::npos;
+  const OVString uid = isURL ? bookAt(session, book) : OVString(book);
+  const ov::eds::Call call{isURL ? std::chrono::seconds(30) : std::chrono::seconds(1)};
+  std::error_code error;
+  auto opened = session.openBook(uid, error, call);
   require(error);
-  require(book->load());
-  require(book->refresh());
-  (void)book->applyChanges(error);
+  require(opened->load({}, call));
+  require(opened->refresh());
+  (void)opened->applyChanges(error);
   require(error);
-  return book;
+  return opened;
 }
 
 OVRef<IOVPerson> personOf(const OVEDSBook& book, const char* id) {
@@ -61,9 +74,10 @@ int main(int count, char** words) {
     request.answer({nullptr, "secret"});
   });
   require(error);
-  const auto book = bookAt(*session, words[1]);
+  const auto book = opened(*session, words[1]);
   const std::string_view command = words[2];
   if (command == "list") list(*book);
+  if (command == "add") book->addOneFromOtherPerson(OVPersonGeneral::initWithID(words[3]));
   if (command == "phone") {
     auto phones = OVMutableMultipleValue::init();
     phones->addValue(

@@ -2,6 +2,7 @@
 //
 //   other_program put BOOK      adds the cards on standard input, or changes those that are there
 //   other_program remove BOOK ID
+//   other_program phone BOOK NUMBER   gives everybody that phone at work
 //   other_program cards BOOK    prints all cards
 #include <libebook/libebook.h>
 #include <unistd.h>
@@ -46,15 +47,31 @@ void putAll(EBookClient* book, const std::string& text) {
   }
 }
 
-void printAll(EBookClient* book) {
+GSList* allIn(EBookClient* book) {
   GSList* contacts = nullptr;
   GError* error = nullptr;
   if (!e_book_client_get_contacts_sync(book, "(contains \"x-evolution-any-field\" \"\")", &contacts,
                                        nullptr, &error)) {
     fail(error);
   }
-  for (const GSList* each = contacts; each != nullptr; each = each->next) {
+  return contacts;
+}
+
+void printAll(EBookClient* book) {
+  for (const GSList* each = allIn(book); each != nullptr; each = each->next) {
     std::printf("%s\n", e_vcard_to_string(E_VCARD(each->data), EVC_FORMAT_VCARD_30));
+  }
+}
+
+void setPhones(EBookClient* book, const char* number) {
+  GSList* const contacts = allIn(book);
+  for (const GSList* each = contacts; each != nullptr; each = each->next) {
+    e_contact_set(E_CONTACT(each->data), E_CONTACT_PHONE_BUSINESS, number);
+  }
+  GError* error = nullptr;
+  if (!e_book_client_modify_contacts_sync(book, contacts, E_BOOK_OPERATION_FLAG_NONE, nullptr,
+                                          &error)) {
+    fail(error);
   }
 }
 
@@ -75,6 +92,7 @@ int main(int count, char** words) {
   const std::string_view command = words[1];
   if (command == "put") putAll(book, {std::istreambuf_iterator<char>(std::cin), {}});
   if (command == "cards") printAll(book);
+  if (command == "phone") setPhones(book, words[3]);
   if (command == "remove" && !e_book_client_remove_contact_by_uid_sync(
                                  book, words[3], E_BOOK_OPERATION_FLAG_NONE, nullptr, &error)) {
     fail(error);

@@ -1,71 +1,9 @@
-#include <atomic>
-#include <thread>
-
-#include "dav_server.h"
-#include "live_test.h"
+#include "live_server.h"
 
 namespace {
 
-using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::Not;
-
-/// A session that gives a password, and a book of a CardDAV server.
-class LiveServer : public testing::Test {
- protected:
-  LiveServer() { Desktop::ofThisProcess(); }
-  ~LiveServer() override {
-    book = nullptr;
-    if (session != nullptr) (void)session->removeBook(uid);
-  }
-
-  void open(const char* user = "kaya", const char* password = "secret") {
-    std::error_code error;
-    session = OVEDSSession::open(error, [this, password](const OVEDSCredentialsRequest& request) {
-      ++questions;
-      EXPECT_EQ(request.bookName, OVString("Study"));
-      request.answer({nullptr, password});
-    });
-    ASSERT_FALSE(error) << error.message();
-    uid = session->addCardDAVBook("Study", {OVString(server.url()), user}, error);
-    ASSERT_FALSE(error) << error.message();
-    book = session->openBook(uid, error);
-    ASSERT_FALSE(error) << error.message();
-    ASSERT_FALSE(book->load());
-  }
-
-  /// Asks the server, and shows what it says.
-  void refresh() {
-    const auto error = book->refresh();
-    EXPECT_FALSE(error) << error.message();
-    std::error_code applied;
-    (void)book->applyChanges(applied);
-    EXPECT_FALSE(applied) << applied.message();
-  }
-
-  /// The other machine of the user, with a desktop of its own: runs commands with our own session
-  /// there (see other_machine.cpp).
-  Outcome onTheOtherMachine(const std::vector<std::string>& words) {
-    if (!other) other.emplace();
-    std::vector<std::string> command{OV_OTHER_MACHINE, server.url()};
-    command.insert(command.end(), words.begin(), words.end());
-    Surroundings surroundings;
-    surroundings.environment = other->environment();
-    return runProgram(command, surroundings);
-  }
-
-  static std::string kim(const std::string& phone) {
-    return "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\nTEL;TYPE=WORK:" +
-           phone + "\r\nX-ODD:left alone\r\nEND:VCARD\r\n";
-  }
-
-  DavServer server;
-  OVRef<OVEDSSession> session;
-  OVRef<OVEDSBook> book;
-  OVString uid;
-  std::optional<Desktop> other;
-  std::atomic<int> questions = 0;
-};
 
 TEST_F(LiveServer, PersonOfTheServerIsReadAfterARefresh) {
   server.put("kim.vcf", kim("555-01"));
@@ -139,63 +77,6 @@ TEST_F(LiveServer, APersonChangedOnBothMachinesIsAConflict) {
   EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
   EXPECT_THAT(server.cards(), HasSubstr("555-02"));
   EXPECT_THAT(server.cards(), HasSubstr("X-ODD:left alone"));
-}
-
-TEST_F(LiveServer, WhatIsSavedWhileTheServerIsAwayWaitsInTheBook) {
-  server.put("kim.vcf", kim("555-01"));
-  ASSERT_NO_FATAL_FAILURE(open());
-  refresh();
-  server.stop();
-  setPhone(personOf(*book, "kim"), "555-02");
-  EXPECT_EQ(book->saveWithin({}), OVEDSError::Offline) << book->saveError().message();
-  EXPECT_EQ(book->state(), OVEDSState::Offline);
-  EXPECT_EQ(book->refresh(), OVEDSError::Offline);
-  EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-02"));
-  server.start();
-  EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
-  EXPECT_EQ(book->state(), OVEDSState::Connected);
-  EXPECT_THAT(server.cards(), HasSubstr("555-02"));
-}
-
-TEST_F(LiveServer, AWrongPasswordIsToldAndAskedForAFewTimesOnly) {
-  server.put("kim.vcf", kim("555-01"));
-  ASSERT_NO_FATAL_FAILURE(open("kaya", "wrong"));
-  EXPECT_EQ(book->refresh(), OVEDSError::CredentialsNeeded);
-  EXPECT_EQ(book->state(), OVEDSState::CredentialsNeeded);
-  EXPECT_EQ(book->allPersonsCount(), 0U);
-  EXPECT_LE(questions, 20);
-}
-
-TEST_F(LiveServer, ChangesMadeWithoutAPasswordArriveLater) {
-  std::error_code error;
-  std::optional<OVEDSCredentialsRequest> asked;
-  std::mutex mutex;
-  session = OVEDSSession::open(error, [&](const OVEDSCredentialsRequest& request) {
-    const std::lock_guard lock(mutex);
-    asked = request;
-  });
-  uid = session->addCardDAVBook("Study", {OVString(server.url()), "kaya"}, error);
-  book = session->openBook(uid, error);
-  ASSERT_FALSE(error) << error.message();
-  ASSERT_FALSE(book->load());
-  EXPECT_EQ(book->refresh({300ms}), std::errc::timed_out);
-  const auto mira = book->newPerson();
-  setName(mira, "Mira", "Halonen");
-  EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
-  EXPECT_THAT(server.cards(), Not(HasSubstr("Halonen")));
-  std::thread user([&] {
-    EXPECT_TRUE(eventually([&] {
-      const std::lock_guard lock(mutex);
-      return asked.has_value();
-    }));
-    const std::lock_guard lock(mutex);
-    asked->answer({"kaya", "secret"});
-  });
-  user.join();
-  EXPECT_FALSE(book->refresh());
-  EXPECT_EQ(book->state(), OVEDSState::Connected);
-  EXPECT_FALSE(book->waitsForServer());
-  EXPECT_TRUE(eventually([&] { return server.cards().find("Halonen") != std::string::npos; }));
 }
 
 TEST_F(LiveServer, ABookThatMayOnlyBeReadCannotBeChanged) {

@@ -1,7 +1,5 @@
 #include <signal.h>
 
-#include <thread>
-
 #include "live_test.h"
 
 namespace {
@@ -15,18 +13,6 @@ std::optional<OVEDSBookInfo> infoOf(const OVEDSSession& session, const OVString&
   }
   return std::nullopt;
 }
-
-/// The service's process for books stands still meanwhile.
-class Standstill {
- public:
-  Standstill() : factory_(Desktop::ofThisProcess().factory().value()) { kill(factory_, SIGSTOP); }
-  Standstill(const Standstill&) = delete;
-  Standstill& operator=(const Standstill&) = delete;
-  ~Standstill() { kill(factory_, SIGCONT); }
-
- private:
-  pid_t factory_;
-};
 
 TEST_F(LiveSession, ListsTheDesktopsOwnBookAsTheDefault) {
   const auto system = infoOf(*session, "system-address-book");
@@ -61,33 +47,18 @@ TEST_F(LiveSession, ABookThatIsNotThereIsNotOpened) {
   EXPECT_EQ(error, OVEDSError::NoBook);
 }
 
-TEST_F(LiveSession, ACallEndsWithItsDeadline) {
-  const auto book = openedBook();
+TEST_F(LiveSession, WorksOnWhenAnotherOneOfTheProcessHasEnded) {
   std::error_code error;
-  const Standstill standstill;
-  EXPECT_EQ(session->openBook(bookUID, error, {50ms}), nullptr);
-  EXPECT_EQ(error, std::errc::timed_out);
-  (void)book->newPerson();
-  EXPECT_EQ(book->saveWithin({50ms}), std::errc::timed_out);
-  EXPECT_EQ(book->load({}, {0ms}), std::error_code());
-}
-
-TEST_F(LiveSession, ACallWithoutTimeDoesNotBegin) {
-  std::error_code error;
-  EXPECT_EQ(session->openBook(bookUID, error, {0ms}), nullptr);
-  EXPECT_EQ(error, std::errc::timed_out);
-  EXPECT_EQ(OVEDSSession::open(error, {}, {-1ms}), nullptr);
-  EXPECT_EQ(error, std::errc::timed_out);
-}
-
-TEST_F(LiveSession, ACallIsStopped) {
-  const auto book = openedBook();
-  (void)book->newPerson();
-  const Standstill standstill;
-  std::stop_source source;
-  std::thread stopper([&] { source.request_stop(); });
-  EXPECT_EQ(book->saveWithin({1h, source.get_token()}), std::errc::operation_canceled);
-  stopper.join();
+  const auto second = OVEDSSession::open(error);
+  ASSERT_FALSE(error) << error.message();
+  session = nullptr;
+  const auto book = second->openBook(bookUID, error, {5s});
+  ASSERT_FALSE(error) << error.message();
+  ASSERT_FALSE(book->load());
+  putCard("UID:kim\r\nFN:Kim\r\nN:Kim;;;;\r\n");
+  EXPECT_TRUE(applied(*book, [](const auto& changes) { return changes.cameIn.size() == 1; }));
+  EXPECT_FALSE(second->removeBook(bookUID));
+  EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::Gone; }));
 }
 
 TEST_F(LiveSession, TellsWhenTheServiceThatListsBooksHasDied) {

@@ -11,14 +11,6 @@ using testing::HasSubstr;
 class LiveTrouble : public LiveTest {
  protected:
   static void killFactory() { kill(Desktop::ofThisProcess().factory().value(), SIGKILL); }
-
-  static void addPersons(OVEDSBook& book, int count) {
-    for (int i = 0; i < count; ++i) {
-      const auto person = OVPersonGeneral::initWithID(OVString("p" + std::to_string(i)));
-      setName(person, "Person", std::to_string(i).c_str());
-      book.addOneFromOtherPerson(person);
-    }
-  }
 };
 
 TEST_F(LiveTrouble, ADeadFactoryIsStartedAgainByTheNextCall) {
@@ -76,6 +68,50 @@ TEST_F(LiveTrouble, AFactoryKilledAtAnyMomentOfASaveLosesNothing) {
     EXPECT_EQ(again->allPersonsCount(), 600U);
     for (const auto& person : again->allPersons()) ASSERT_EQ(phoneOf(person), OVString(number));
   }
+}
+
+TEST_F(LiveTrouble, RequestsAreRunAsTheProgramWants) {
+  const auto book = openedBook();
+  addPersons(*book, 3);
+  int requests = 0;
+  ov::eds::Call call;
+  call.around = [&](const std::function<void()>& request) {
+    EXPECT_EQ(book->allPersonsCount(), 3U);
+    ++requests;
+    request();
+  };
+  EXPECT_FALSE(book->saveWithin(call));
+  EXPECT_GT(requests, 0);
+  EXPECT_THAT(storedCards(), HasSubstr("UID:p2"));
+  EXPECT_FALSE(session->removeBook(bookUID));
+  EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::Gone; }));
+  setPhone(personOf(*book, "p1"), "555-01");
+  EXPECT_EQ(book->saveWithin(call), OVEDSError::NoBook);
+}
+
+TEST_F(LiveTrouble, TwoProcessesThatWriteAtTheSameTimeLoseNothing) {
+  const auto book = openedBook();
+  std::string cards;
+  for (int i = 0; i < 50; ++i) {
+    const std::string number = std::to_string(i);
+    cards += liveCard("UID:o" + number + "\r\nFN:Other\r\nN:Other;" + number + ";;;\r\n");
+  }
+  std::thread other([&] {
+    EXPECT_EQ(otherProgram({"put", bookUID.str()}, cards).status, 0);
+    EXPECT_EQ(otherProgram({"phone", bookUID.str(), "555-01"}).status, 0);
+  });
+  for (int i = 0; i < 10; ++i) {
+    addPersons(*book, 5);
+    EXPECT_FALSE(book->saveWithin({})) << book->saveError().message();
+  }
+  other.join();
+  EXPECT_EQ(openedBook()->allPersonsCount(), 100U);
+  EXPECT_TRUE(eventually([&] {
+    std::error_code error;
+    (void)book->applyChanges(error);
+    return !error && book->allPersonsCount() == 100U;
+  }));
+  EXPECT_TRUE(book->conflicts().empty());
 }
 
 TEST_F(LiveTrouble, ABookThatIsRemovedWhileItIsOpenIsGone) {

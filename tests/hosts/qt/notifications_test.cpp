@@ -1,6 +1,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
 
+#include <atomic>
 #include <thread>
 
 #include <OVAddressBookSDK/notification_center.h>
@@ -63,6 +64,17 @@ TEST_P(BookReports, FromAnotherThreadArriveOnOurs) {
   }
   EXPECT_EQ(heardOn, ours);
   EXPECT_EQ(shown(model_), "Abel Bob, J\u00fcrgen, Zorn Ann");
+}
+
+TEST_P(BookReports, MayComeWhileABookGoes) {
+  std::atomic<bool> isOver{false};
+  std::thread other([&] {
+    while (!isOver) platform_.center->postNotificationName(OVPersonChangeAllPersonNotification);
+  });
+  for (int i = 0; i < 200; ++i) const OVQtBook goes(book_.book());
+  isOver = true;
+  other.join();
+  QCoreApplication::processEvents();
 }
 
 TEST_P(BookReports, AreMadeOfOwnChanges) {

@@ -62,6 +62,19 @@ TEST_P(Undo, BringsEverythingBackStepByStep) {
   }
 }
 
+TEST_P(Undo, ABookThatIsReadOnlyForAWhileRefusesChanges) {
+  book_.setReadOnly(true);
+  EXPECT_FALSE(book_.canChange());
+  name(person("a"), "Zoe", nullptr);
+  EXPECT_EQ(book_.addPerson(), nullptr);
+  EXPECT_EQ(book_.addGroup("New", nullptr), nullptr);
+  EXPECT_FALSE(book_.addTag("crew", {person("a")}));
+  EXPECT_EQ(book_.undoStack().count(), 0);
+  book_.setReadOnly(false);
+  name(person("a"), "Zoe", nullptr);
+  EXPECT_EQ(book_.undoStack().count(), 1);
+}
+
 TEST_P(Undo, WhatIsRefusedIsNoStep) {
   EXPECT_FALSE(book_.addToGroup(group("g"), {person("a")}));
   EXPECT_FALSE(book_.removePersons({}));

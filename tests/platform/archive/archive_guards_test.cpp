@@ -111,6 +111,16 @@ TEST(ArchiveGuards, OfAKeyTwiceTheFirstCounts) {
   EXPECT_EQ(read["key"], "first");
 }
 
+TEST(ArchiveGuards, EntriesOfTheTopWhoseKeyStoodBeforeAreWrittenBack) {
+  ArchiveBuilder archive;
+  const auto text = [&](const char* each) { return archive.to(archive.addText(each)); };
+  const auto top = archive.fields({{"a", text("first")}, {"a", text("second")}});
+  const auto read = unarchived<OVDictionary<OVString>>(archive.archiveWithTop(top));
+  EXPECT_EQ(read["a"], "first");
+  EXPECT_EQ(archivedObjects(archiveOf(read))[1],
+            "{NS.keys: [#2, #2], NS.objects: [#3, #4], $class: #5}");
+}
+
 TEST(ArchiveGuards, EntriesWithARepeatedKeyAreWrittenBack) {
   ArchiveBuilder archive;
   const auto text = [&](const char* each) { return archive.addText(each); };

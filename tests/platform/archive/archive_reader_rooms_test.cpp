@@ -8,7 +8,9 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/number.h>
 
+#include "platform/archive/archive_reader.h"
 #include "platform/archive/foundation_forms.h"
+#include "platform/archive/opaque_reader.h"
 #include "platform/archive/plain_entries.h"
 #include "platform/archive/read_classes.h"
 #include "platform/archive/read_fields.h"
@@ -19,9 +21,11 @@
 
 using ov::detail::ArchivedClass;
 using ov::detail::ArchiveFields;
+using ov::detail::ArchiveReader;
 using ov::detail::ArchiveSlot;
 using ov::detail::FoundationForms;
 using ov::detail::ObjectArena;
+using ov::detail::OpaqueReader;
 using ov::detail::PlainEntries;
 using ov::detail::PlistItem;
 using ov::detail::PlistReader;
@@ -173,6 +177,33 @@ TEST_F(ArchiveReaderRooms, FoundationFormsAreTakenForWhatTheyAre) {
   EXPECT_TRUE(ov::cast<OVList<OVObject>>(made(list)).empty());
   EXPECT_NE(made(list), nullptr);
   EXPECT_EQ(made(odd), nullptr);
+}
+
+TEST_F(ArchiveReaderRooms, WhatAnUnknownObjectHoldsIsReadInItsOrder) {
+  const Uid text = archive_.addText("text");
+  const auto seven = archive_.integer(7);
+  const auto inner = archive_.fields({{"b", seven}, {"$class", seven}});
+  const Uid odd = archive_.object("Odd", {{"z", archive_.to(text)},
+                                          {"a", archive_.array({seven, inner})},
+                                          {"s", archive_.set({seven})},
+                                          {"a", archive_.null()}});
+  Rooms& rooms = this->rooms();
+  ArchiveReader reader(rooms.data->bytes(), ReadClasses::Known::noClasses);
+  ASSERT_EQ(reader.root(), nullptr);
+  const auto fields =
+      OpaqueReader(rooms.plist, rooms.budget, rooms.leaves, reader).fields(rooms.objects.item(odd));
+  ASSERT_EQ(fields.size(), 4U);
+  EXPECT_EQ(fields[0].key, "z");
+  EXPECT_EQ(ov::cast<OVString>(get<OVOpaqueValue::Reference>(fields[0].value.content).object),
+            "text");
+  const auto& array = get<OVOpaqueValue::Array>(fields[1].value.content);
+  const auto& dictionary = get<OVOpaqueValue::Dictionary>(array.at(1).content);
+  EXPECT_EQ(dictionary.at(1).key, "$class");
+  const auto& set = get<OVOpaqueValue::Set>(fields[2].value.content);
+  const auto& number = get<OVOpaqueValue::Inline>(set.elements.at(0).content).object;
+  EXPECT_EQ(ov::cast<OVNumber>(number)->integerValue(), 7);
+  EXPECT_EQ(fields[3].key, "a");
+  EXPECT_EQ(get<OVOpaqueValue::Inline>(fields[3].value.content).object, nullptr);
 }
 
 }  // namespace

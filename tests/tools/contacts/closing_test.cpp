@@ -1,4 +1,5 @@
-#include <OVAddressBookSDK/address_book_general.h>
+#include <cstdio>
+#include <filesystem>
 
 #include "used_window.h"
 
@@ -32,7 +33,8 @@ TEST_F(Closing, UnsavedChangesAreAskedAbout) {
 
 TEST_F(Closing, SavedChangesAreInTheFile) {
   change();
-  EXPECT_TRUE(close("Save"));
+  EXPECT_FALSE(close("Save"));
+  until([&] { return !window_->isVisible(); });
   const std::string saved = content(path_);
   EXPECT_NE(saved.find("NICKNAME:Bobby"), std::string::npos) << saved;
   EXPECT_NE(saved.find("UID:a\r\nFN:Ann Zorn\r\nN:Zorn;Ann;;;\r\nTEL;TYPE=work"),
@@ -50,27 +52,52 @@ TEST_F(Closing, OpeningAnotherBookAsksToo) {
 TEST_F(Closing, SavingByKeyMakesTheWindowUnmodified) {
   change();
   QTest::keyClick(window_.get(), Qt::Key_S, Qt::ControlModifier);
-  EXPECT_FALSE(window_->isWindowModified());
+  until([&] { return !window_->isWindowModified(); });
   QTest::keyClick(window_.get(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_TRUE(window_->isWindowModified());
+}
+
+TEST_F(Closing, WhatIsChangedWhileAFileIsWrittenIsUnsaved) {
+  change();
+  window_->document().save();
+  window_->sheet().sheet()->addValue("Nickname", "", "Robby");
+  until([&] { return window_->document().saving() == ovcontacts::Saving::Nothing; });
+  EXPECT_TRUE(window_->isWindowModified());
+  EXPECT_NE(content(path_).find("Bobby"), std::string::npos);
+  EXPECT_EQ(content(path_).find("Robby"), std::string::npos);
 }
 
 TEST_F(Closing, ABookSavedAsABlockIsReadAgain) {
   change();
   const std::string path = folder_.at("contacts.ovbook");
-  EXPECT_EQ(window_->document().saveAs(QString::fromStdString(path)), "");
+  saveAs(path);
   EXPECT_EQ(window_->windowTitle(), "contacts.ovbook[*]");
   openFile(path);
   EXPECT_EQ(shownPersons(), (QStringList{"Ann Zorn", "Bob Abel", "J\u00fcrgen"}));
   lookAt("b");
   EXPECT_TRUE(shownValues().contains("Bobby"));
-  EXPECT_EQ(window_->document().exportTo(QString::fromStdString(folder_.at("copy.vcf"))), "");
+  window_->document().exportTo(QString::fromStdString(folder_.at("copy.vcf")));
+  until([&] { return window_->document().saving() == ovcontacts::Saving::Nothing; });
   EXPECT_NE(content(folder_.at("copy.vcf")).find("Bobby"), std::string::npos);
 }
 
 TEST_F(Closing, AFailedSaveIsToldAndKeepsTheChanges) {
   change();
-  EXPECT_NE(window_->document().saveAs(QString::fromStdString(folder_.at("none/contacts.vcf"))),
-            "");
+  window_->document().saveAs(QString::fromStdString(path_ + "/contacts.vcf"));
+  EXPECT_EQ(message(), "The contacts were not saved. Not a directory");
+  EXPECT_TRUE(window_->isWindowModified());
+  EXPECT_EQ(window_->windowTitle(), "contacts.vcf[*]");
+  EXPECT_FALSE(close("Cancel"));
+  EXPECT_TRUE(window_->isVisible());
+}
+
+TEST_F(Closing, AFailedSaveKeepsTheWindowThatWasToClose) {
+  openFile(path_);
+  change();
+  ASSERT_EQ(std::remove(path_.c_str()), 0);
+  std::filesystem::create_directory(path_);
+  EXPECT_FALSE(close("Save"));
+  EXPECT_TRUE(message().startsWith("The contacts were not saved."));
+  EXPECT_TRUE(window_->isVisible());
   EXPECT_TRUE(window_->isWindowModified());
 }

@@ -1,6 +1,4 @@
 #include <QtCore/QMimeData>
-#include <QtGui/QDragEnterEvent>
-#include <QtGui/QDropEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 
@@ -13,14 +11,6 @@ namespace {
 class Grouping : public UsedWindow {
  protected:
   ovcontacts::GroupsPane& groups() { return window_->groups(); }
-  void drop(QWidget& on, const QMimeData& data, const QPoint& at) {
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&on, &enter);
-    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&on, &move);
-    QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&on, &dropped);
-  }
   std::unique_ptr<QMimeData> dragged(int row) {
     auto* const model = window_->persons().list()->model();
     return std::unique_ptr<QMimeData>(model->mimeData({model->index(row, 0)}));
@@ -72,6 +62,29 @@ TEST_F(Grouping, DroppedCardsAreAddedAsOneChange) {
   EXPECT_EQ(shownPersons(), (QStringList{"Ann Zorn", "Bob Abel", "Carl", "Dora", "J\u00fcrgen"}));
   window_->document().book()->undoStack().undo();
   EXPECT_EQ(shownPersons().size(), 3);
+}
+
+TEST_F(Grouping, DroppedFilesOfCardsAreAddedAsOneChange) {
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(
+                     file("1.vcf", "BEGIN:VCARD\r\nVERSION:4.0\r\nN:;Carl;;;\r\nEND:VCARD\r\n"))),
+                 QUrl::fromLocalFile(QString::fromStdString(
+                     file("2.vcf", "BEGIN:VCARD\r\nVERSION:4.0\r\nN:;Dora;;;\r\nEND:VCARD\r\n")))});
+  drop(*window_, files, {300, 300});
+  until([&] { return shownPersons().size() == 5; });
+  EXPECT_EQ(window_->document().title(), "contacts.vcf");
+  window_->document().book()->undoStack().undo();
+  EXPECT_EQ(shownPersons().size(), 3);
+}
+
+TEST_F(Grouping, ADroppedBlockIsOpened) {
+  const std::string path = folder_.at("whole.ovbook");
+  saveAs(path);
+  openFile(path_);
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+  drop(*window_, files, {300, 300});
+  until([&] { return window_->document().title() == "whole.ovbook"; });
 }
 
 TEST_F(Grouping, ATagIsTyped) {

@@ -34,6 +34,12 @@ TEST_F(Language, CountsAsPeopleDo) {
             "2 contacts");
 }
 
+TEST_F(Language, IsWholeEnglishWhereThereIsNoTranslation) {
+  speak("ar_EG");
+  EXPECT_EQ(QCoreApplication::translate("ovcontacts::PersonsPane", "%n contact(s)", nullptr, 2),
+            "2 contacts");
+}
+
 TEST_F(Language, RunsFromRightToLeftWhereItDoes) {
   speak("ar_EG");
   EXPECT_EQ(QApplication::layoutDirection(), Qt::RightToLeft);

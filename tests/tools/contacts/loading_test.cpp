@@ -1,9 +1,7 @@
 #include <sys/stat.h>
 
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressBar>
-#include <QtWidgets/QToolButton>
 
 #include <condition_variable>
 #include <fstream>
@@ -20,18 +18,6 @@ namespace {
 
 class Loading : public UsedWindow {
  protected:
-  /// The text of the message that the window shows, which is then closed.
-  QString message() {
-    QString text;
-    until([&] {
-      auto* const box = window_->findChild<QMessageBox*>();
-      if (box == nullptr || !box->isVisible()) return false;
-      text = box->text() + " " + box->informativeText();
-      box->close();
-      return true;
-    });
-    return text;
-  }
   std::string pipe() {
     const std::string path = folder_.at("pipe");
     EXPECT_EQ(mkfifo(path.c_str(), 0600), 0);
@@ -56,7 +42,7 @@ class LateSource final : public ovcontacts::BookSource {
     changed_.wait(lock, [this] { return mayAnswer_; });
     auto book = OVVCardBook::init();
     book->newPerson();
-    return {book, ovcontacts::Format::Live, {}, {}};
+    return {book, ovcontacts::Format::Live, {}, {}, nullptr};
   }
 
   std::mutex mutex_;
@@ -75,9 +61,7 @@ TEST_F(Loading, APipeThatNeverEndsBlocksNothing) {
   QTest::keyClicks(window_->persons().search(), "jur");
   EXPECT_EQ(shownPersons(), QStringList{"J\u00fcrgen"});
   EXPECT_TRUE(window_->loader().isLoading());
-  for (auto* const button : window_->findChildren<QToolButton*>()) {
-    if (button->text() == "Cancel") QTest::mouseClick(button, Qt::LeftButton);
-  }
+  QTest::mouseClick(&button("Cancel"), Qt::LeftButton);
   EXPECT_FALSE(window_->loader().isLoading());
   EXPECT_FALSE(window_->findChild<QProgressBar*>()->isVisible());
   EXPECT_EQ(shownPersons(), QStringList{"J\u00fcrgen"});
@@ -129,7 +113,7 @@ TEST_F(Loading, FilesThatAreNoContactsAreToldInWords) {
 
 TEST_F(Loading, ADamagedBlockIsToldInWords) {
   const std::string path = folder_.at("whole.ovbook");
-  EXPECT_EQ(window_->document().saveAs(QString::fromStdString(path)), "");
+  saveAs(path);
   const std::string whole = content(path);
   openFile(file("cut.ovbook", whole.substr(0, whole.size() / 2)));
   EXPECT_TRUE(message().contains("The data block is damaged"));

@@ -4,6 +4,8 @@
 #include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtGui/QDesktopServices>
+#include <QtGui/QDragEnterEvent>
+#include <QtGui/QDropEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
@@ -94,6 +96,41 @@ QAction& UsedWindow::action(const QString& text) {
     if (QString(each->text()).remove(QLatin1Char('&')).startsWith(text)) return *each;
   }
   throw std::invalid_argument("no action " + text.toStdString());
+}
+
+QToolButton& UsedWindow::button(const QString& text) {
+  for (auto* const each : window_->findChildren<QToolButton*>()) {
+    if (each->text() == text) return *each;
+  }
+  throw std::invalid_argument("no button " + text.toStdString());
+}
+
+QString UsedWindow::message() {
+  QString text;
+  until([&] {
+    auto* const box = window_->findChild<QMessageBox*>();
+    if (box == nullptr || !box->isVisible()) return false;
+    text = box->text() + " " + box->informativeText();
+    box->close();
+    return true;
+  });
+  return text;
+}
+
+void UsedWindow::saveAs(const std::string& path) {
+  window_->document().saveAs(QString::fromStdString(path));
+  until([&] { return window_->document().saving() == ovcontacts::Saving::Nothing; });
+}
+
+void UsedWindow::drop(QWidget& on, const QMimeData& data, const QPoint& at) {
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+  enter.ignore();
+  QApplication::sendEvent(&on, &enter);
+  if (!enter.isAccepted()) return;
+  QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&on, &move);
+  QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&on, &dropped);
 }
 
 void UsedWindow::openFile(const std::string& path) {

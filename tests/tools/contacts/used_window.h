@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QtCore/QMimeData>
 #include <QtCore/QObject>
 #include <QtCore/QUrl>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QToolButton>
 
 #include <functional>
 #include <memory>
@@ -38,12 +40,14 @@ class OpenedURLs : public QObject {
 /// A window of the program with three contacts, a group in a group and a tag, and somebody who uses
 /// it.
 class UsedWindow : public testing::Test {
+ public:
+  /// Lets the program run until it is so; fails when it does not become so.
+  static void until(const std::function<bool()>& isSo);
+
  protected:
   UsedWindow();
   ~UsedWindow() override;
 
-  /// Lets the program run until it is so; fails when it does not become so.
-  static void until(const std::function<bool()>& isSo);
   /// Answers the next dialog, which the program waits for.
   void whenAsked(const std::function<void(QDialog&)>& answer);
   /// Once the dialog is gone, keys are the window's again.
@@ -52,7 +56,14 @@ class UsedWindow : public testing::Test {
   static void press(QDialog& dialog, const QString& button);
 
   QAction& action(const QString& text);
+  QToolButton& button(const QString& text);
+  /// The text of the message that the window shows, which is then closed.
+  QString message();
+  /// Drops what is dragged, from outside the window.
+  static void drop(QWidget& on, const QMimeData& data, const QPoint& at);
+
   void openFile(const std::string& path);
+  void saveAs(const std::string& path);
   std::string file(const char* name, const std::string& content) const;
   [[nodiscard]] std::string content(const std::string& path) const;
 

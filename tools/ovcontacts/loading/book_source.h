@@ -14,6 +14,8 @@
 
 namespace ovcontacts {
 
+class LiveBook;
+
 /// What a book is kept as.
 enum class Format {
   Block,  ///< a data block
@@ -29,6 +31,8 @@ struct OpenedBook {
   QString path;
   /// What did not go in as it stood; "" for nothing.
   QString remarks;
+  /// What keeps a live book; null for others.
+  std::shared_ptr<LiveBook> live = nullptr;
 };
 
 /// Why a book could not be opened, in words for people.

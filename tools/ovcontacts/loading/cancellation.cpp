@@ -14,13 +14,13 @@ Cancellation::~Cancellation() {
 }
 
 void Cancellation::cancel() {
-  isCancelled_ = true;
+  stop_.request_stop();
   const std::uint64_t one = 1;
   [[maybe_unused]] const auto written = write(descriptor_, &one, sizeof one);
 }
 
 void Cancellation::check() const {
-  if (isCancelled_) throw Cancelled();
+  if (isCancelled()) throw Cancelled();
 }
 
 }  // namespace ovcontacts

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <atomic>
 #include <exception>
+#include <stop_token>
 
 namespace ovcontacts {
 
@@ -17,14 +17,15 @@ class Cancellation {
   ~Cancellation();
 
   void cancel();
-  [[nodiscard]] bool isCancelled() const { return isCancelled_; }
+  [[nodiscard]] bool isCancelled() const { return stop_.stop_requested(); }
   /// Throws `Cancelled` once it was.
   void check() const;
+  [[nodiscard]] std::stop_token token() const { return stop_.get_token(); }
   /// Can be read once it was cancelled, for those who wait for a file, too.
   [[nodiscard]] int descriptor() const { return descriptor_; }
 
  private:
-  std::atomic<bool> isCancelled_{false};
+  std::stop_source stop_;
   int descriptor_;
 };
 

@@ -1,60 +1,28 @@
 #include "loading/loader.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QEvent>
-
 #include <chrono>
-#include <functional>
-#include <mutex>
 #include <new>
 #include <thread>
 #include <utility>
+
+#include "loading/mailbox.h"
 
 namespace ovcontacts {
 
 /// What the two threads share. It outlives the loader where the thread does.
 struct Loader::Job {
-  std::shared_ptr<BookSource> source;
+  Job(std::shared_ptr<BookSource> itsSource, Loader* loader)
+      : source(std::move(itsSource)), mailbox(std::make_shared<Mailbox>(loader)) {}
+
+  const std::shared_ptr<BookSource> source;
   Cancellation cancellation;
-  std::mutex mutex;
-  Loader* loader = nullptr;  // null once nobody wants to know
+  const std::shared_ptr<Mailbox> mailbox;
 
   void forget() {
     cancellation.cancel();
-    const std::lock_guard lock(mutex);
-    loader = nullptr;
+    mailbox->close();
   }
 };
-
-/// Something to be done on the loader's thread, unless the job is not wanted any more by then.
-class Loader::Told final : public QEvent {
- public:
-  using Tell = std::function<void(Loader&)>;
-
-  static void post(const std::shared_ptr<Job>& job, Tell tell) {
-    const std::lock_guard lock(job->mutex);
-    if (job->loader == nullptr) return;
-    // The queue's from now on.
-    QCoreApplication::postEvent(job->loader, new Told(job, std::move(tell)));
-  }
-  Told(std::shared_ptr<Job> job, Tell tell)
-      : QEvent(QEvent::User), job_(std::move(job)), tell_(std::move(tell)) {}
-
-  void run(Loader& loader) const {
-    if (job_->loader != nullptr) tell_(loader);
-  }
-
- private:
-  std::shared_ptr<Job> job_;
-  Tell tell_;
-};
-
-bool Loader::event(QEvent* event) {
-  const auto* const told = dynamic_cast<const Told*>(event);
-  if (told == nullptr) return QObject::event(event);
-  told->run(*this);
-  return true;
-}
 
 Loader::Loader(QObject* parent) : QObject(parent) {}
 
@@ -64,10 +32,8 @@ Loader::~Loader() {
 
 void Loader::start(std::shared_ptr<BookSource> source) {
   if (job_ != nullptr) job_->forget();
-  job_ = std::make_shared<Job>();
-  job_->source = std::move(source);
-  job_->loader = this;
-  std::thread([job = job_] { run(job); }).detach();
+  job_ = std::make_shared<Job>(std::move(source), this);
+  std::thread([this, job = job_] { run(job); }).detach();
 }
 
 void Loader::cancel() {
@@ -77,6 +43,7 @@ void Loader::cancel() {
   emit cancelled();
 }
 
+/// On the job's thread: the loader is there for letters only.
 void Loader::run(const std::shared_ptr<Job>& job) {
   using Clock = std::chrono::steady_clock;
   constexpr auto kBetweenReports = std::chrono::milliseconds(50);
@@ -85,19 +52,19 @@ void Loader::run(const std::shared_ptr<Job>& job) {
     job->cancellation.check();
     if (all != 0 && Clock::now() < next) return;
     next = Clock::now() + kBetweenReports;
-    Told::post(job, [=](Loader& loader) { emit loader.progressed(done, all); });
+    job->mailbox->post([=, this] { emit progressed(done, all); });
   };
   const auto fail = [&](const QString& reason) {
-    Told::post(job, [name = job->source->name(), reason](Loader& loader) {
-      loader.job_.reset();
-      emit loader.failed(name, reason);
+    job->mailbox->post([this, name = job->source->name(), reason] {
+      job_.reset();
+      emit failed(name, reason);
     });
   };
   try {
     const OpenedBook book = job->source->open(progress, job->cancellation);
-    Told::post(job, [book](Loader& loader) {
-      loader.job_.reset();
-      emit loader.opened(book);
+    job->mailbox->post([this, book] {
+      job_.reset();
+      emit opened(book);
     });
   } catch (const Cancelled&) {  // nobody waits for it
   } catch (const std::bad_alloc&) {

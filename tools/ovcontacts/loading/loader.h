@@ -30,13 +30,9 @@ class Loader : public QObject {
   void failed(const QString& name, const QString& reason);
   void cancelled();
 
- protected:
-  bool event(QEvent* event) override;
-
  private:
   struct Job;
-  class Told;
-  static void run(const std::shared_ptr<Job>& job);
+  void run(const std::shared_ptr<Job>& job);
 
   std::shared_ptr<Job> job_;
 };

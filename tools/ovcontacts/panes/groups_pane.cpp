@@ -55,4 +55,8 @@ void GroupsPane::editGroup(const OVRef<IOVGroup>& group) {
   edit(currentIndex());
 }
 
+void GroupsPane::endEditing() {
+  if (state() == EditingState) setFocus();
+}
+
 }  // namespace ovcontacts

@@ -21,6 +21,8 @@ class GroupsPane final : public QTreeView {
   void select(OVGroupsModel::Kind kind, const QString& ID);
   /// Begins to edit the name of a group.
   void editGroup(const OVRef<IOVGroup>& group);
+  /// Takes over a name that is being typed.
+  void endEditing();
 
  signals:
   /// Also when members of what is selected came or went.

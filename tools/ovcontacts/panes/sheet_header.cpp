@@ -1,4 +1,8 @@
 #include <QtCore/QEvent>
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
+#include <QtGui/QDragEnterEvent>
+#include <QtGui/QImage>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
@@ -11,6 +15,7 @@
 #include <OVAddressBookSDK/person_heading.h>
 #include <OVAddressBookSDK/single_value.h>
 
+#include "loading/picture_file.h"
 #include "panes/sheet_pane.h"
 #include "shown/avatar.h"
 
@@ -30,6 +35,14 @@ QByteArray pictureOf(const IOVPerson& person) {
   const auto data = image == nullptr ? nullptr : image->data();
   if (data == nullptr) return {};
   return {data->text().data(), static_cast<qsizetype>(data->size())};
+}
+
+/// The file of a picture that is dragged; "" for anything else.
+QString pictureFileIn(const QMimeData& data) {
+  const auto urls = data.urls();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
+  const QString path = urls.front().toLocalFile();
+  return isPictureName(path) ? path : QString();
 }
 
 }  // namespace
@@ -57,6 +70,7 @@ SheetHeader::SheetHeader(QWidget* parent)
   layout->setContentsMargins(20, 16, 20, 12);
   layout->addSpacing(kSide + 16);
   layout->addLayout(texts, 1);
+  setAcceptDrops(true);
   setMinimumHeight(kSide + 28);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
 }
@@ -89,6 +103,23 @@ void SheetHeader::paintEvent(QPaintEvent* /*event*/) {
   if (name_->text().isEmpty()) return;
   QPainter painter(this);
   drawAvatar(painter, picturePlace(), picture_, name_->text());
+}
+
+void SheetHeader::dragEnterEvent(QDragEnterEvent* event) {
+  if (name_->text().isEmpty()) return;
+  const QMimeData& data = *event->mimeData();
+  if (data.hasImage() || !pictureFileIn(data).isEmpty()) event->acceptProposedAction();
+}
+
+void SheetHeader::dropEvent(QDropEvent* event) {
+  const QMimeData& data = *event->mimeData();
+  const QString path = pictureFileIn(data);
+  if (!path.isEmpty()) {
+    emit pictureFileDropped(path);
+  } else if (const auto image = qvariant_cast<QImage>(data.imageData()); !image.isNull()) {
+    emit pictureDropped(encoded(image));
+  }
+  event->acceptProposedAction();
 }
 
 void SheetHeader::mouseReleaseEvent(QMouseEvent* event) {

@@ -23,9 +23,14 @@ class SheetHeader final : public QWidget {
  signals:
   /// The picture was clicked.
   void pictureClicked();
+  /// Encoded as a PNG.
+  void pictureDropped(const QByteArray& picture);
+  void pictureFileDropped(const QString& path);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void changeEvent(QEvent* event) override;
 

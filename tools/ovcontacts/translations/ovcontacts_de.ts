@@ -7,6 +7,53 @@
         <source>Contacts</source>
         <translation>Kontakte</translation>
     </message>
+    <message>
+        <source>Shows and changes address books.</source>
+        <translation>Zeigt und ändert Adressbücher.</translation>
+    </message>
+    <message>
+        <source>A data block, or a file of vCards.</source>
+        <translation>Ein Datenblock oder eine Datei mit vCards.</translation>
+    </message>
+</context>
+<context>
+    <name>Live</name>
+    <message>
+        <source>It was cancelled.</source>
+        <translation>Es wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>It took too long.</source>
+        <translation>Es hat zu lange gedauert.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for address books does not answer.</source>
+        <translation>Der Dienst der Arbeitsumgebung für Adressbücher antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The book has been removed.</source>
+        <translation>Das Adressbuch wurde entfernt.</translation>
+    </message>
+    <message>
+        <source>The book may only be read.</source>
+        <translation>Das Adressbuch darf nur gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached.</source>
+        <translation>Der Server ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>The server wants another password.</source>
+        <translation>Der Server verlangt ein anderes Passwort.</translation>
+    </message>
+    <message>
+        <source>Others have changed the same contacts.</source>
+        <translation>Andere haben dieselben Kontakte geändert.</translation>
+    </message>
+    <message>
+        <source>The service has refused some of the changes.</source>
+        <translation>Der Dienst hat einige der Änderungen abgelehnt.</translation>
+    </message>
 </context>
 <context>
     <name>OVGroupsModel</name>
@@ -106,6 +153,14 @@
     <message>
         <source>The file holds neither a data block nor vCards.</source>
         <translation>Die Datei enthält weder einen Datenblock noch vCards.</translation>
+    </message>
+    <message>
+        <source>The picture is larger than 64 MiB.</source>
+        <translation>Das Bild ist größer als 64 MiB.</translation>
+    </message>
+    <message>
+        <source>It is no picture that can be read.</source>
+        <translation>Es ist kein lesbares Bild.</translation>
     </message>
 </context>
 <context>
@@ -347,6 +402,41 @@
     </message>
 </context>
 <context>
+    <name>ovcontacts::ConflictDialog</name>
+    <message>
+        <source>Changed Here and Elsewhere</source>
+        <translation>Hier und anderswo geändert</translation>
+    </message>
+    <message>
+        <source>“%1” was changed here and elsewhere. Which one is to stay?</source>
+        <translation>„%1“ wurde hier und anderswo geändert. Was soll bleiben?</translation>
+    </message>
+    <message>
+        <source>Here</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>Elsewhere</source>
+        <translation>Anderswo</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Ours</source>
+        <translation>&amp;Unseres behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Theirs</source>
+        <translation>&amp;Das andere behalten</translation>
+    </message>
+    <message>
+        <source>Keep &amp;Both</source>
+        <translation>&amp;Beide behalten</translation>
+    </message>
+    <message>
+        <source>It was removed.</source>
+        <translation>Es wurde entfernt.</translation>
+    </message>
+</context>
+<context>
     <name>ovcontacts::Document</name>
     <message>
         <source>New Contacts</source>
@@ -358,6 +448,28 @@
     <message>
         <source>Groups and tags</source>
         <translation>Gruppen und Schlagwörter</translation>
+    </message>
+</context>
+<context>
+    <name>ovcontacts::LiveKeeper</name>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Der Speicher reicht nicht aus.</translation>
+    </message>
+</context>
+<context>
+    <name>ovcontacts::LiveMenu</name>
+    <message>
+        <source>Open &amp;Live Book</source>
+        <translation>Adressbuch der &amp;Arbeitsumgebung öffnen</translation>
+    </message>
+    <message>
+        <source>Looking for books…</source>
+        <translation>Adressbücher werden gesucht…</translation>
+    </message>
+    <message>
+        <source>There are none</source>
+        <translation>Es gibt keine</translation>
     </message>
 </context>
 <context>
@@ -430,14 +542,6 @@
         <translation>Bilder (*.png *.jpg *.jpeg *.gif)</translation>
     </message>
     <message>
-        <source>The picture cannot be used.</source>
-        <translation>Das Bild kann nicht verwendet werden.</translation>
-    </message>
-    <message>
-        <source>It cannot be read, or is no picture.</source>
-        <translation>Es lässt sich nicht lesen oder ist kein Bild.</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
     </message>
@@ -506,10 +610,6 @@
         <translation>&amp;Öffnen…</translation>
     </message>
     <message>
-        <source>Open &amp;Live Book</source>
-        <translation>&amp;Adressbuch öffnen</translation>
-    </message>
-    <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
     </message>
@@ -524,10 +624,6 @@
     <message>
         <source>&amp;Quit</source>
         <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>Progress of opening</source>
-        <translation>Fortschritt beim Öffnen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -628,6 +724,103 @@
     <message>
         <source>There is no contact in what was dropped.</source>
         <translation>Es ist kein Kontakt darin.</translation>
+    </message>
+    <message>
+        <source>Progress of opening and saving</source>
+        <translation>Fortschritt beim Öffnen und Speichern</translation>
+    </message>
+    <message>
+        <source>Saving “%1”…</source>
+        <translation>„%1“ wird gespeichert…</translation>
+    </message>
+    <message>
+        <source>The picture “%1” cannot be used.</source>
+        <translation>Das Bild „%1“ kann nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>Ask the Server for &amp;News</source>
+        <translation>Beim Server nach &amp;Neuem fragen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Others have changed %n entry(s).</source>
+        <translation>
+            <numerusform>Andere haben %n Eintrag geändert.</numerusform>
+            <numerusform>Andere haben %n Einträge geändert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This book has been removed. It is shown as it was.</source>
+        <translation>Dieses Adressbuch wurde entfernt. Es wird gezeigt, wie es war.</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entry(s) were changed here and elsewhere.</source>
+        <translation>
+            <numerusform>%n Eintrag wurde hier und anderswo geändert.</numerusform>
+            <numerusform>%n Einträge wurden hier und anderswo geändert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Decide…</source>
+        <translation>Entscheiden…</translation>
+    </message>
+    <message>
+        <source>Others have changed this book.</source>
+        <translation>Andere haben dieses Adressbuch geändert.</translation>
+    </message>
+    <message>
+        <source>Show Changes</source>
+        <translation>Änderungen zeigen</translation>
+    </message>
+    <message>
+        <source>The server wants a password. What you save is sent once it has one.</source>
+        <translation>Der Server verlangt ein Passwort. Was Sie speichern, wird gesendet, sobald er eines hat.</translation>
+    </message>
+    <message>
+        <source>Sign In…</source>
+        <translation>Anmelden…</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached. The book is shown as it was last.</source>
+        <translation>Der Server ist nicht erreichbar. Das Adressbuch wird gezeigt, wie es zuletzt war.</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Something that you have saved has not reached the server yet.</source>
+        <translation>Etwas, das Sie gespeichert haben, ist noch nicht beim Server.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ovcontacts::PasswordDialog</name>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>&amp;User:</source>
+        <translation>&amp;Benutzer:</translation>
+    </message>
+    <message>
+        <source>&amp;Password:</source>
+        <translation>&amp;Passwort:</translation>
+    </message>
+    <message>
+        <source>The server of “%1” has refused the password. Which one is right?</source>
+        <translation>Der Server von „%1“ hat das Passwort abgelehnt. Welches ist richtig?</translation>
+    </message>
+    <message>
+        <source>The server of “%1” wants a password.</source>
+        <translation>Der Server von „%1“ verlangt ein Passwort.</translation>
     </message>
 </context>
 <context>

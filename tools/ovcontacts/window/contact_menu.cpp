@@ -1,4 +1,4 @@
-#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -9,7 +9,8 @@
 #include <OVAddressBookSDK/image.h>
 #include <OVAddressBookSDK/person_general.h>
 
-#include "shown/avatar.h"
+#include "loading/mailbox.h"
+#include "loading/picture_file.h"
 #include "window/main_window.h"
 
 namespace ovcontacts {
@@ -95,20 +96,37 @@ void MainWindow::newPerson() {
 void MainWindow::removePersons() { document_.book()->removePersons(persons_->selectedPersons()); }
 
 void MainWindow::choosePicture() {
-  const auto person = persons_->currentPerson();
-  if (person == nullptr || !document_.book()->canChange()) return;
+  if (persons_->currentPerson() == nullptr || !document_.book()->canChange()) return;
   const QString path = QFileDialog::getOpenFileName(this, tr("Choose Picture"), {},
                                                     tr("Pictures (*.png *.jpg *.jpeg *.gif)"));
-  if (path.isEmpty()) return;
-  QFile file(path);
-  const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  if (decoded(bytes).isNull()) {
-    showWrong(tr("The picture cannot be used."), tr("It cannot be read, or is no picture."));
-    return;
-  }
-  const auto image = OVImage::imageWithData(OVData::dataWithText(bytes.toStdString()));
+  if (!path.isEmpty()) usePicture(path);
+}
+
+void MainWindow::usePicture(const QString& path) {
+  const auto person = persons_->currentPerson();
+  if (person == nullptr) return;
+  inBackground(
+      mailbox_, [this, path, id = person->ID(), reading = reading_]() -> std::function<void()> {
+        try {
+          return [this, id, picture = pictureInFile(path, *reading)] { setPictureOf(id, picture); };
+        } catch (const std::exception& error) {
+          return [this, path, why = QString::fromUtf8(error.what())] {
+            showWrong(
+                tr("The picture \u201c%1\u201d cannot be used.").arg(QFileInfo(path).fileName()),
+                why);
+          };
+        }
+      });
+}
+
+void MainWindow::setPicture(const QByteArray& picture) {
+  if (const auto person = persons_->currentPerson()) setPictureOf(person->ID(), picture);
+}
+
+void MainWindow::setPictureOf(const OVString& personID, const QByteArray& picture) {
+  const auto image = OVImage::imageWithData(OVData::dataWithText(picture.toStdString()));
   const auto property = OVProperty::propertyWithName(OVProPertyThumbnail);
-  document_.book()->setValue(person, OVProPertyThumbnail,
+  document_.book()->setValue(document_.book()->personWithID(personID), OVProPertyThumbnail,
                              OVPersonGeneral::singleValueByMacValueProperty(image, property));
 }
 

@@ -1,19 +1,21 @@
 #include "window/main_window.h"
 
-#include <QtCore/QMimeData>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDesktopServices>
-#include <QtGui/QDragEnterEvent>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QSplitter>
+#include <QtWidgets/QVBoxLayout>
 
-#include "loading/file_source.h"
+#include "live/notice_bar.h"
+#include "loading/mailbox.h"
 
 namespace ovcontacts {
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent), mailbox_(std::make_shared<Mailbox>(this)) {
   setObjectName(QStringLiteral("main"));
   setAcceptDrops(true);
   makePanes();
@@ -23,13 +25,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
   makeContactMenu();
   makeGroupMenu();
   makeViewMenu();
-  connect(&document_, &Document::bookAboutToChange, this, [this] {
-    sheet_->setBook(nullptr);
-    groups_->setBook(nullptr);
-    persons_->setBook(nullptr);
-  });
-  connect(&document_, &Document::bookChanged, this, &MainWindow::showBook);
-  connect(&document_, &Document::titleChanged, this, &MainWindow::showTitle);
+  watchDocument();
   connect(groups_, &GroupsPane::selectionChosen, this, &MainWindow::chooseByGroup);
   connect(persons_, &PersonsPane::currentPersonChanged, this, [this] {
     const auto person = persons_->currentPerson();
@@ -43,13 +39,19 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
   connect(sheet_, &SheetPane::urlOpened, this,
           [](const QUrl& url) { QDesktopServices::openUrl(url); });
   connect(sheet_->header(), &SheetHeader::pictureClicked, this, &MainWindow::choosePicture);
+  connect(sheet_->header(), &SheetHeader::pictureDropped, this, &MainWindow::setPicture);
+  connect(sheet_->header(), &SheetHeader::pictureFileDropped, this, &MainWindow::usePicture);
   resize(1080, 700);
   showBook();
   showTitle();
+  showActivity();
 }
 
 /// The panes go before the book that they show, and tell nobody.
 MainWindow::~MainWindow() {
+  mailbox_->close();
+  document_.disconnect(this);
+  reading_->cancel();
   for (QObject* const pane : findChildren<QObject*>()) pane->disconnect(this);
   delete takeCentralWidget();
 }
@@ -66,7 +68,29 @@ void MainWindow::makePanes() {
   splitter->setStretchFactor(1, 0);
   splitter->setStretchFactor(2, 1);
   splitter->setSizes({210, 320, 550});
-  setCentralWidget(splitter);
+  auto* const middle = new QWidget(this);
+  auto* const layout = new QVBoxLayout(middle);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  notice_ = new NoticeBar(middle);
+  layout->addWidget(notice_);
+  layout->addWidget(splitter, 1);
+  setCentralWidget(middle);
+}
+
+void MainWindow::watchDocument() {
+  connect(&document_, &Document::bookAboutToChange, this, [this] {
+    sheet_->setBook(nullptr);
+    groups_->setBook(nullptr);
+    persons_->setBook(nullptr);
+  });
+  connect(&document_, &Document::bookChanged, this, &MainWindow::showBook);
+  connect(&document_, &Document::titleChanged, this, &MainWindow::showTitle);
+  connect(&document_, &Document::savingChanged, this, [this] {
+    document_.saving() == Saving::Nothing ? slowSaving_->stop() : slowSaving_->start();
+    showActivity();
+  });
+  connect(&document_, &Document::saved, this, &MainWindow::showSaved);
 }
 
 void MainWindow::showBook() {
@@ -76,12 +100,14 @@ void MainWindow::showBook() {
   sheet_->setBook(book);
   sheet_->setPerson(persons_->currentPerson());
   connect(&book->undoStack(), &QUndoStack::indexChanged, this, &MainWindow::enableActions);
+  showLiveBook();
   enableActions();
 }
 
 void MainWindow::showTitle() {
   setWindowTitle(document_.title() + QStringLiteral("[*]"));
   setWindowModified(document_.isModified());
+  followLiveBook();
 }
 
 void MainWindow::chooseByGroup() {
@@ -98,8 +124,9 @@ void MainWindow::chooseByGroup() {
 void MainWindow::enableActions() {
   for (const auto& [action, isPossible] : conditions_) action->setEnabled(isPossible());
   const auto& stack = document_.book()->undoStack();
-  undo_->setEnabled(stack.canUndo());
-  redo_->setEnabled(stack.canRedo());
+  const bool canChange = document_.book()->canChange();
+  undo_->setEnabled(canChange && stack.canUndo());
+  redo_->setEnabled(canChange && stack.canRedo());
   undo_->setText(stack.canUndo() ? tr("&Undo %1").arg(stack.undoText()) : tr("&Undo"));
   redo_->setText(stack.canRedo() ? tr("&Redo %1").arg(stack.redoText()) : tr("&Redo"));
   const auto person = persons_->currentPerson();
@@ -126,38 +153,9 @@ void MainWindow::enableWhile(QAction* action, std::function<bool()> isPossible) 
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!mayLeaveBook()) return event->ignore();
+  if (!mayLeaveBook([this] { close(); })) return event->ignore();
   loader_.cancel();
   event->accept();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  // What comes from our own list is here already.
-  if (event->source() != nullptr) return;
-  const QMimeData& data = *event->mimeData();
-  if (data.hasFormat(QStringLiteral("text/vcard")) || data.hasUrls()) event->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent* event) {
-  const QMimeData& data = *event->mimeData();
-  if (data.hasFormat(QStringLiteral("text/vcard"))) {
-    addCards(data.data(QStringLiteral("text/vcard")));
-  } else if (!data.urls().isEmpty() && data.urls().front().isLocalFile()) {
-    openFile(data.urls().front().toLocalFile());
-  }
-  event->acceptProposedAction();
-}
-
-void MainWindow::addCards(const QByteArray& cards) {
-  const auto from = bookOfCards(cards);
-  if (from == nullptr) {
-    showWrong(tr("Nothing was added."), tr("There is no contact in what was dropped."));
-    return;
-  }
-  OVQtBook::Persons persons;
-  for (const auto& person : from->allPersons()) persons.push_back(person);
-  const auto came = document_.book()->addCopies(persons);
-  if (!came.empty()) persons_->reveal(came.front());
 }
 
 }  // namespace ovcontacts

@@ -5,15 +5,20 @@
 #include <memory>
 
 #include "document.h"
+#include "live/live_menu.h"
 #include "loading/loader.h"
 #include "panes/groups_pane.h"
 #include "panes/persons_pane.h"
 #include "panes/sheet_pane.h"
 
 class QProgressBar;
+class QTimer;
 class QToolButton;
 
 namespace ovcontacts {
+
+class NoticeBar;
+class PasswordDialog;
 
 /// A window with one book: groups and tags, persons, and the sheet of one of them.
 class MainWindow final : public QMainWindow {
@@ -28,12 +33,19 @@ class MainWindow final : public QMainWindow {
   [[nodiscard]] GroupsPane& groups() { return *groups_; }
   [[nodiscard]] PersonsPane& persons() { return *persons_; }
   [[nodiscard]] SheetPane& sheet() { return *sheet_; }
+  [[nodiscard]] NoticeBar& notice() { return *notice_; }
 
   /// Opens a book in the place of the one that is shown, whose changes are asked about before.
-  void open(std::shared_ptr<BookSource> source);
+  void open(const std::shared_ptr<BookSource>& source);
   void openFile(const QString& path);
+  /// The live books that can be opened; null for none.
+  void setLiveSources(const std::shared_ptr<LiveSources>& sources);
   /// Adds the persons in vCards to the book, as one change.
   void addCards(const QByteArray& cards);
+  /// Adds those in files, as one change.
+  void addFiles(const QStringList& paths);
+  /// Gives the person who is looked at the picture in a file.
+  void usePicture(const QString& path);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -43,6 +55,7 @@ class MainWindow final : public QMainWindow {
  private:
   void makePanes();
   void makeProgress();
+  void watchDocument();
   // Menus, each in a file with what it does.
   void makeFileMenu();
   void makeEditMenu();
@@ -56,20 +69,36 @@ class MainWindow final : public QMainWindow {
   void enableActions();
   void showOpened(const OpenedBook& opened);
   void showProgress(quint64 done, quint64 all);
-  void endProgress();
+  /// Whether something is being opened or saved.
+  void showActivity();
+  void cancelActivity();
 
   void newBook();
   void chooseFile();
+  /// False when the user has thought better of it, as the next.
   bool save();
   bool saveAs();
   void exportCopy();
-  /// False when the user wants to keep the window as it is.
-  bool mayLeaveBook();
-  bool showWrong(const QString& what, const QString& why);
+  void showSaved(Saving what, const QString& wrong);
+  /// False when the window is to stay as it is; then `later` is called once what is being saved
+  /// has been saved.
+  bool mayLeaveBook(std::function<void()> later);
+  void showWrong(const QString& what, const QString& why);
+
+  void showLiveBook();
+  /// Shows what others have changed, unless somebody is about to change the book.
+  void followLiveBook();
+  void showNotice();
+  void showApplied(qsizetype count, const QString& wrong);
+  void askPassword(const PasswordRequest& request);
+  void decideConflicts();
 
   void newPerson();
   void removePersons();
   void choosePicture();
+  void setPicture(const QByteArray& picture);
+  void setPictureOf(const OVString& personID, const QByteArray& picture);
+  void addAll(const std::vector<OVRef<OVAddressBook>>& books);
   void removePicture();
   void setOrganization(bool isOrganization);
   void newGroup(const OVRef<IOVGroup>& parent);
@@ -85,9 +114,21 @@ class MainWindow final : public QMainWindow {
 
   Document document_;
   Loader loader_;
+  std::shared_ptr<Mailbox> mailbox_;
+  std::shared_ptr<LiveSources> liveSources_;
+  /// Of files that are read for something else than to open them.
+  const std::shared_ptr<Cancellation> reading_ = std::make_shared<Cancellation>();
   GroupsPane* groups_ = nullptr;
   PersonsPane* persons_ = nullptr;
   SheetPane* sheet_ = nullptr;
+  NoticeBar* notice_ = nullptr;
+  LiveMenu* liveMenu_ = nullptr;
+  PasswordDialog* password_ = nullptr;
+  QString passwordFor_;
+  QString news_;
+  bool hasFailedToFollow_ = false;
+  std::function<void()> afterSaving_;
+  QTimer* slowSaving_ = nullptr;
   QProgressBar* progress_ = nullptr;
   QToolButton* cancel_ = nullptr;
   QAction* undo_ = nullptr;

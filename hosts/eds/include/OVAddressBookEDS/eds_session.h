@@ -61,9 +61,9 @@ enum class OVEDSSessionState : std::uint8_t { Connected, Gone };
 
 /// A connection with the desktop's address-book service, evolution-data-server.
 ///
-/// A session has one thread of its own, on which the service tells its news and callbacks run; the
-/// calls themselves are made on the caller's thread, and wait there no longer than their deadline.
-/// Any thread may call a session. It lives at least as long as its books.
+/// All sessions of a process share one thread, on which the service tells its news and callbacks
+/// run; the calls themselves are made on the caller's thread, and wait there no longer than their
+/// deadline. Any thread may call a session. It lives at least as long as its books.
 ///
 /// From the first session on, losing the session bus does not end the program.
 class OVEDSSession final : public OVObject {

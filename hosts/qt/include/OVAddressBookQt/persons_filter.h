@@ -12,9 +12,9 @@
 /// Those persons of an `OVPersonsModel` whom a typed text finds and who are in a group or carry a
 /// tag, in the order of that model.
 ///
-/// It keeps a number for each person it shows: 4 bytes. A new text, group or tag resets the model;
-/// a view that is to keep its current person selects it again (`rowOf`). A person is in a group
-/// when the group hands out the very object that the book does.
+/// It keeps a number for each person it shows, 4 bytes, and nothing while it shows everybody. A new
+/// text, group or tag resets the model; a view that is to keep its current person selects it again
+/// (`rowOf`). A person is in a group when the group hands out the very object that the book does.
 class OVPersonsFilter : public QAbstractProxyModel {
   Q_OBJECT
 
@@ -57,6 +57,9 @@ class OVPersonsFilter : public QAbstractProxyModel {
   void follow();
   void choose(std::unique_ptr<Chosen> chosen);
   void refill();
+  /// Whether everybody is shown; `rows_` is empty then.
+  [[nodiscard]] bool isWhole() const { return chosen_ == nullptr && matcher_.matchesAll(); }
+  [[nodiscard]] int sourceRowOf(int row) const;
   [[nodiscard]] bool accepts(const OVRef<IOVPerson>& person) const;
   [[nodiscard]] std::vector<std::uint32_t>::iterator firstAtOrAfter(int sourceRow);
   [[nodiscard]] int placeOf(int sourceRow) const;

@@ -38,6 +38,9 @@ class OVQtBook : public QObject {
 
   [[nodiscard]] const OVRef<OVAddressBook>& book() const;
   [[nodiscard]] bool canChange() const;
+  /// Refuses changes for a while, whatever the book says: one that is being saved elsewhere, for
+  /// example. Whoever sets it leaves the undo stack alone meanwhile.
+  void setReadOnly(bool isReadOnly);
   /// Null when there is none.
   [[nodiscard]] OVRef<IOVPerson> personWithID(const OVString& ID) const;
 
