@@ -93,7 +93,7 @@ bool OVObjectAddress::isequalToAddress(const OVRef<OVObjectAddress>& other) cons
 std::uint64_t OVObjectAddress::valueCount() const { return values().size(); }
 
 const OVClass& OVObjectAddress::archivedClass() {
-  // What is read brings its own dictionary, or has none.
+  // An archive brings its own dictionary, or none.
   static constexpr OVClass record{"OVObjectAddress", nullptr, []() -> OVRef<OVObject> {
                                     return Maker::restore<OVObjectAddress>(Values());
                                   }};

@@ -65,7 +65,7 @@ void OVPersonGeneral::setValueByPropertyName(const OVRef<OVValue>& value, const 
 void OVPersonGeneral::removeValueByPropertyName(const OVStringView& name) {
   const auto at = entryUnder(entries_, name);
   if (at == entries_.end()) return;
-  const OVRef<OVObject> removed = std::move(at->value);  // goes away when the person is whole
+  const OVRef<OVObject> removed = std::move(at->value);  // destroyed once the person is consistent
   entries_.erase(at);
 }
 

@@ -26,7 +26,7 @@ using ov::detail::TagIndex;
 using Texts = OVList<OVString>;
 using TextsByText = OVDictionary<Texts>;
 
-/// Adds a text to a list that does not hold it yet, and takes it out again unless it is to stay.
+/// Adds a text to a list that does not hold it yet, and removes it again unless it is kept.
 class Addition {
  public:
   Addition(OVString text, Texts list, TagIndex& index)

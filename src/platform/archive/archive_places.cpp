@@ -16,7 +16,7 @@ namespace ov::detail {
 
 namespace {
 
-/// A longer way loses its middle.
+/// A longer path is shortened in the middle.
 constexpr std::size_t kMaxSteps = 64;
 
 [[noreturn]] void raiseRefused(const OVObject& object, const std::string& path) {

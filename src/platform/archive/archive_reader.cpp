@@ -218,7 +218,7 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   return isRead;
 }
 
-/// Lets go of what half-built objects refer to, so that none keeps another alive.
+/// Releases what half-built objects refer to, so that none keeps another alive.
 void ArchiveReader::breakRings() noexcept {
   const ArchiveFields none{{Kind::dictionary, 0, nullptr}};
   waiting_.clear();

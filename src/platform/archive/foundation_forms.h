@@ -16,7 +16,7 @@ namespace ov::detail {
 class FoundationForms {
  public:
   /// With no classes known, texts and data that are objects are left as they are, so that their
-  /// classes are told.
+  /// classes show.
   FoundationForms(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
                   ReadLeaves& leaves, ReadFields& fields, ReadClasses::Known known)
       : plist_(plist),

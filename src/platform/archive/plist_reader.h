@@ -37,7 +37,7 @@ struct PlistItem {
 
 /// Random access to the objects of a binary property list.
 ///
-/// Nothing is read ahead, and every read is checked against the block: on a damaged or hostile
+/// Nothing is read ahead, and every read is checked against the block: on a damaged or malicious
 /// block any call may throw `OVInvalidArchive`. The block must outlive the reader.
 class PlistReader {
  public:
@@ -60,7 +60,7 @@ class PlistReader {
   }
   /// The text as UTF-8; lone surrogates become U+FFFD. `storage` is used where conversion needs it.
   [[nodiscard]] std::string_view text(const PlistItem& item, std::string& storage) const;
-  /// True for a text of these very characters, all of them ASCII.
+  /// True for a text of exactly these characters, all of them ASCII.
   [[nodiscard]] bool equals(const PlistItem& item, std::string_view ascii) const;
   [[nodiscard]] static std::uint64_t uid(const PlistItem& item) {
     return loadBigEndian(item.bytes, static_cast<unsigned>(item.count));

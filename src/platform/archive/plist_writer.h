@@ -57,7 +57,7 @@ class PlistWriter {
     const std::span<const std::byte> bytes = lastBytes();
     return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
   }
-  /// Takes the object written last back; there is none until the next.
+  /// Removes the object written last; there is none until the next.
   void removeLast();
 
   /// The finished list; the writer is spent.

@@ -35,7 +35,7 @@ struct ArchiveShape {
 /// The fields of one archived object while it is being read.
 struct ArchiveFields {
   PlistItem dictionary;
-  /// Null when nothing is known of the object's like.
+  /// Null when no object with these keys has been met.
   ArchiveShape* shape = nullptr;
   /// Where the numbers of its keys begin when it has no shape.
   std::size_t firstKey = 0;

@@ -9,7 +9,7 @@ namespace ov::detail {
 
 /// What reading a block may take: so much memory for each of its bytes, and a little more. Our own
 /// blocks ask for about a tenth of it. Work is charged as well, so that time is bounded where the
-/// objects of a hostile block overlap.
+/// objects of a malicious block overlap.
 class ReadingBudget {
  public:
   explicit ReadingBudget(std::size_t blockBytes)

@@ -22,8 +22,8 @@ class RecentLeaves {
     PlistWriter::Number object;
     bool isNew;
   };
-  /// If an object with the bytes of the one written last is known, takes the last one back and
-  /// returns the earlier one; otherwise knows it from now on.
+  /// If an object with the bytes of the one written last is known, removes the last one and returns
+  /// the earlier one; otherwise knows it from now on.
   Result addLast();
 
  private:

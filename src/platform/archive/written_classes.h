@@ -32,7 +32,7 @@ class WrittenClasses {
     Kind kind = Kind::other;
     bool isHosts = false;
     bool isTrusted = false;  // to hold what it encodes, and to encode it once
-    /// The very class, where a host may derive one that archives under the same name.
+    /// Exactly the class, where a host may derive one that archives under the same name.
     const std::type_info* type = nullptr;
     KeySequence keys;
 

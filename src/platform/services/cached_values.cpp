@@ -27,7 +27,7 @@ OVRef<OVObject> CachedValues::get(const OVString& key) const {
 }
 
 void CachedValues::change(const OVString& key, const OVRef<OVObject>& object) {
-  // These end after the lock: with them may end something of the host's that comes back here.
+  // Destroyed after the lock is released: a host's destructor may call back.
   OVRef<OVObject> known;
   OVRef<OVObject> unsaved;
   const std::lock_guard lock(mutex_);

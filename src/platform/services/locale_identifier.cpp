@@ -51,8 +51,8 @@ std::string_view takePiece(std::string_view& text) {
   return piece;
 }
 
-/// Reads language, script and region, of which the last two may be missing, and passes variants
-/// over that follow. Empty when something else is among them.
+/// Reads language, script and region, of which the last two may be missing, and skips variants that
+/// follow. Empty when there is anything else.
 std::optional<Parts> partsOf(std::string_view name) {
   Parts parts;
   const auto language = takePiece(name);

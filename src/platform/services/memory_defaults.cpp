@@ -11,7 +11,7 @@ OVRef<OVObject> MemoryDefaults::load(const OVString& key) const {
 }
 
 void MemoryDefaults::store(const OVRef<OVObject>& object, const OVString& key) {
-  // Ends after the lock: with it may end something of the host's that comes back here.
+  // Destroyed after the lock is released: a host's destructor may call back.
   OVRef<OVObject> replaced;
   const std::lock_guard lock(mutex_);
   if (object != nullptr) {

@@ -33,8 +33,8 @@ class PersistentDefaults::State {
 
   CachedValues values;
 
-  /// Brings the values up to date with what has been committed. What cannot be read for want of
-  /// memory must not pass for absent: that throws.
+  /// Brings the values up to date with what has been committed. What cannot be read because memory
+  /// ran out must not seem absent: that throws.
   void look() {
     Deadline deadline(longestWait_);
     ForkGuard::letForksPass();
@@ -53,7 +53,7 @@ class PersistentDefaults::State {
     wasRead_ = true;
   }
 
-  /// Knows what was committed some milliseconds ago, unless that would mean to wait.
+  /// The same with what was committed some milliseconds ago, without waiting.
   void glance() {
     if (!wasRead_) return look();
     if (milliseconds() - lastLook_.load(std::memory_order_relaxed) < kLatest) return;

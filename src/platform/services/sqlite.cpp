@@ -16,7 +16,7 @@ void check(int code, sqlite3* connection) {
   throw Error(code, connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
 }
 
-/// A column that cannot be converted for want of memory reads like one without a value.
+/// A column that cannot be converted because memory ran out reads like one without a value.
 void checkMemory(sqlite3_stmt* statement) {
   if ((sqlite3_errcode(sqlite3_db_handle(statement)) & 0xFF) == SQLITE_NOMEM) {
     throw std::bad_alloc();
