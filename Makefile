@@ -113,7 +113,7 @@ cross: ## Build for s390x (big-endian) and i386 (32 bits), run the tests of arch
 	scripts/cross s390x $(BUILD_JOBS)
 	scripts/cross i386 $(BUILD_JOBS)
 
-symbols: setup ## Write abi/symbols.txt, the list of what the shared library exports, anew
+symbols: setup ## Write abi/symbols.txt, the list of what the shared library exports
 	cmake --preset optimised
 	$(call build_preset,optimised) --target OVAddressBookSDK
 	scripts/symbols --update build/optimised/src/libOVAddressBookSDK.so
@@ -124,7 +124,7 @@ abi: ## Compare the binary interface of the shared library with the stored one
 	$(call build_preset,abi) --target OVAddressBookSDK
 	scripts/abi.py compare build/abi/src/libOVAddressBookSDK.so
 
-abi-baseline: ## Store the binary interface of the shared library anew
+abi-baseline: ## Store the binary interface of the shared library again
 	scripts/setup abi
 	cmake --preset abi
 	$(call build_preset,abi) --target OVAddressBookSDK

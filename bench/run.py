@@ -151,7 +151,7 @@ def draw(points, out):
 
 
 def write_page(page, texts):
-    """Replaces what stands between the markers of each name."""
+    """Replaces what is between the markers of each name."""
     content = page.read_text()
     for name, text in texts.items():
         begin, end = f"<!-- {name}: begin -->", f"<!-- {name}: end -->"

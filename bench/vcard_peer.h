@@ -6,7 +6,7 @@
 
 namespace bench {
 
-/// A library that reads cards. One of these stands in each program that measures one.
+/// A library that reads cards. Each program that measures one has one of these.
 [[nodiscard]] const char* peerName();
 /// The sample persons as vCards, made through the objects of another library.
 [[nodiscard]] std::string writeCards(std::uint32_t persons);

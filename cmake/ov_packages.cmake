@@ -17,7 +17,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_VENDOR ${PROJECT_NAME})
 set(CPACK_PACKAGE_CONTACT "OVAddressBookSDK maintainers <maintainers@ovaddressbooksdk.invalid>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # or it would stand above each package's own
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # or it would come above each package's own
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/layout.cmake)

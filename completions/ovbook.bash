@@ -15,8 +15,8 @@ _ovbook_options() {
   esac
 }
 
-# _ovbook_arguments COMMAND POSITION COUNTRY: the words that may stand as a command's argument, the
-# first being 0. Fails where a file may stand.
+# _ovbook_arguments COMMAND POSITION COUNTRY: the words that may be a command's argument, the
+# first being 0. Fails where a file may come.
 _ovbook_arguments() {
   case $1 in
     '')
@@ -81,7 +81,7 @@ _ovbook() {
       return
       ;;
   esac
-  # What stands behind the "=" of an address's field is free.
+  # What follows the "=" of an address's field is free.
   [[ $command == format && ${COMP_WORDS[COMP_CWORD - 1]} == '=' ]] && return
   if [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_ovbook_options "$command")" -- "$current")

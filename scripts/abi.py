@@ -44,7 +44,7 @@ def compare(interface, baseline):
         present.write_text(interface, encoding="utf-8")
         done = subprocess.run(["abidiff", "--harmless", stored, present], check=False)
     if done.returncode != 0:
-        print("When this is meant, `make abi-baseline` stores the interface anew.", file=sys.stderr)
+        print("When this is meant, `make abi-baseline` stores the interface again.", file=sys.stderr)
         return 1
     print("The binary interface is the stored one.")
     return 0

@@ -4,7 +4,7 @@
 src/book -> src/contact, src/address -> src/property -> src/value -> src/platform: a folder includes
 itself, what lies below it, and the public headers of those. Above src/platform there is no
 preprocessor condition and no header of a third party. Hosts, tools and examples see the library
-through its public headers only. Books over vCards stand on hosts/card, whose rooms know each other one
+through its public headers only. Books over vCards build on hosts/card, whose rooms know each other one
 way: memory/ -> mapping/ -> codec/; the codec knows nothing of the library.
 """
 
@@ -88,7 +88,7 @@ class Checker:
             if bracket == '"':
                 used = name.split("/")[0]
                 if is_public:
-                    self.report(path, number, f'"{name}" is no public header')
+                    self.report(path, number, f'"{name}" is not a public header')
                 elif used not in RANKS:
                     self.report(path, number, f'"{name}" does not begin with a folder of src/')
                 elif not may_include(folder, used):
@@ -123,7 +123,7 @@ class Checker:
             elif host == "card" and ROOMS.get(used, -1) > ROOMS.get(room, len(ROOMS)):
                 self.report(path, number, f'hosts/card/{room} includes "{name}", which lies above')
             elif bracket == '"' and not self.is_own(path, name) and not self.is_room(host, used):
-                self.report(path, number, f'"{name}" is no public header')
+                self.report(path, number, f'"{name}" is not a public header')
 
     def is_host(self, path):
         return path.is_relative_to(self.root / "hosts")

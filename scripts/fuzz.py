@@ -60,7 +60,7 @@ def fuzz(build, name, seconds):
     )
     if done.returncode != 0:
         print(done.stdout[-20000:])
-        print(f"{name}: a finding; the input stands in {build / 'findings'}")
+        print(f"{name}: a finding; the input is in {build / 'findings'}")
         return False
     runs = re.search(r"number_of_executed_units: +(\d+)", done.stdout)[1]
     rate = re.search(r"average_exec_per_sec: +(\d+)", done.stdout)[1]

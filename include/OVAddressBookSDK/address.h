@@ -14,14 +14,21 @@
 ///
 /// Every field name of `OVAdressField` is accepted and folded onto one of the standard five
 /// (country, province, city, street, postal code), so that all layouts read the same values.
+///
+/// \code
+/// auto address = OVObjectAddress::init();
+/// address->setCountryCode("jp");
+/// address->setStringValueForFieldName("Aomori", OVAddressFieldPrefecture);
+/// std::cout << address->stringValueByFieldName(OVAddressFieldProvince) << "\n";  // Aomori
+/// \endcode
 class OV_EXPORT OVObjectAddress : public OVObject {
  public:
   /// No values, no country.
   [[nodiscard]] static OVRef<OVObjectAddress> init();
   ~OVObjectAddress() override;
 
-  /// Null until it is set or an archive supplies a text. The getter and the saving of a book may
-  /// run beside the setter.
+  /// Null until it is set or an archive supplies a text. Other threads may read it, and save the
+  /// book, while it is set.
   [[nodiscard]] OVString countryCode() const { return countryCode_.load().text(); }
 
   /// Stores the code of the country that `OVCountry::countryWithCode` finds: "fr" for "fr", "us"

@@ -16,18 +16,27 @@
 class OVTagManager;
 
 /// A contacts store of any kind. Hosts derive their books from it and override what they support;
-/// every operation has a body that does nothing and gives an empty or neutral result.
+/// every operation has a body that does nothing and returns an empty or neutral result.
 ///
-/// One thread at a time, but for the five images and the name order.
+/// One thread at a time, except for the five images and the name order.
+///
+/// \code
+/// struct StaffList : OVAddressBook {
+///   OVString name() const override { return "Staff"; }
+///   bool canOprate() const override { return false; }  // others keep the list
+/// };
+/// const OVRef<OVAddressBook> book = std::make_shared<StaffList>();
+/// std::cout << book->name() << " " << book->allPersons().size() << "\n";  // Staff 0
+/// \endcode
 class OV_EXPORT OVAddressBook : public OVObject {
  public:
-  /// A plain book: it holds nothing and takes nothing.
+  /// A plain book: it holds nothing and accepts nothing.
   [[nodiscard]] static OVRef<OVAddressBook> init();
   ~OVAddressBook() override;
 
   /// Whether person names are shown last name first: one preference for all books, kept in the user
-  /// defaults and looked up on every call, so that a choice made in another process shows some
-  /// milliseconds late; false at first. Any thread may call these two.
+  /// defaults and looked up on every call; a choice made in another process takes effect some
+  /// milliseconds later. False at first. Any thread may call these two.
   [[nodiscard]] static bool lastNameInFront();
   /// Stores the preference, then posts `OV_LastNmaeFrontChange_notification`, without object and
   /// user information, on the caller's thread before it returns; also when nothing changed.
@@ -37,9 +46,9 @@ class OV_EXPORT OVAddressBook : public OVObject {
   [[nodiscard]] virtual OVString ID() const;
   /// Null by default.
   [[nodiscard]] virtual OVString name() const;
-  /// True by default, as the next two.
+  /// True by default, like the next two.
   [[nodiscard]] virtual bool canCreateGroup() const;
-  /// Whether groups may be in groups.
+  /// Whether groups may contain groups.
   [[nodiscard]] virtual bool canCreateSubGroup() const;
   /// Whether the book's content may be changed.
   [[nodiscard]] virtual bool canOprate() const;
@@ -51,7 +60,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
 
   /// The properties that the book can store; a new empty list by default.
   [[nodiscard]] virtual OVList<OVProperty> supportProperty() const;
-  /// The properties that the book shows unless told otherwise; a new empty list by default.
+  /// The properties that the book shows by default; a new empty list by default.
   [[nodiscard]] virtual OVList<OVProperty> commonProperty() const;
 
   /// 0 by default.
@@ -67,7 +76,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
   virtual OVRef<IOVGroup> addGroupByName(const OVString& name);
   /// True by default.
   virtual bool removeGroup(const OVRef<IOVGroup>& group);
-  /// Takes the persons out of the book. Does nothing by default.
+  /// Removes the persons from the book. Does nothing by default.
   virtual void removePersons(const OVList<IOVPerson>& persons);
   /// Null by default.
   virtual OVRef<IOVPerson> newPerson();
@@ -88,16 +97,16 @@ class OV_EXPORT OVAddressBook : public OVObject {
   /// `block` may be empty. The library never calls it.
   virtual void saveDataBlock(const std::function<void()>& block);
 
-  /// Stand around any number of `addOneFromOtherPerson`.
+  /// Called before any number of `addOneFromOtherPerson` calls, as `addPersonEnd` is after them.
   virtual void addPersonStart();
-  /// Ends what `addPersonStart` began.
+  /// Called after the `addOneFromOtherPerson` calls that `addPersonStart` announced.
   virtual void addPersonEnd();
   /// Opens a bulk import of `count` persons: one `addBatchPersonForOther` each, then
   /// `addBatchPersonEnd`.
   virtual void addBatchPersonStart(std::int64_t count);
   /// Null by default.
   virtual OVRef<IOVPerson> addBatchPersonForOther(const OVRef<IOVPerson>& person);
-  /// Ends what `addBatchPersonStart` began.
+  /// Ends the bulk import that `addBatchPersonStart` opened.
   virtual void addBatchPersonEnd();
 
   /// The book's small picture, and logos of the book's kind: null unless the concrete book set
@@ -117,7 +126,7 @@ class OV_EXPORT OVAddressBook : public OVObject {
   friend struct ov::detail::Maker;
   OVAddressBook() = default;
 
-  /// For the concrete book: keep the image given; null takes it away. Any thread may call these.
+  /// For the concrete book: keep the image given; null clears it. Any thread may call these.
   /// @{
   void setThumbnail(OVRef<OVImage> image) { thumbnail_.store(std::move(image)); }
   void setLogo1(OVRef<OVImage> image) { logo1_.store(std::move(image)); }

@@ -32,7 +32,7 @@ OV_EXPORT extern const OVString OVAddressFieldFurtherDivisions;
 /// process, so that layouts and editors may compare fields by identity.
 class OV_EXPORT OVAdressField : public OVObject {
  public:
-  /// Keeps both as they are, null included. The field does not enter the catalogue.
+  /// Keeps both as they are, null included. The field is not added to the catalogue.
   [[nodiscard]] static OVRef<OVAdressField> initWithNameDisplayName(OVString name,
                                                                     OVString displayName);
 
@@ -41,8 +41,8 @@ class OV_EXPORT OVAdressField : public OVObject {
   /// What an editor shows for the field.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
-  /// Builds the catalogue unless it is built already. `fieldWithName` does so by itself; threads
-  /// may come first together.
+  /// Builds the catalogue unless it exists. `fieldWithName` does so itself. Several threads may
+  /// make the first call at once.
   static void checkInitField();
 
   /// The catalogue's field of exactly this name; null for null and for any other name.

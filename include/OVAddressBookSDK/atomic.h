@@ -7,8 +7,7 @@
 
 namespace ov::detail {
 
-/// Holds one lock of a fixed pool, chosen by address. While the process has one thread, there is
-/// nobody to lock out.
+/// Holds one lock of a fixed pool, chosen by address; none while the process has one thread.
 class StripeLock {
  public:
   explicit StripeLock(const void* address) : mutex_(stripeOf(address)) {
@@ -31,7 +30,7 @@ class StripeLock {
 
 /// A field that one thread may read while another replaces it: readers always get a whole value.
 ///
-/// The old value is released after the lock is, so that its destructor may do anything.
+/// The old value is destroyed after the lock is released, so its destructor may do anything.
 template <class T>
 class OVAtomic {
  public:
@@ -41,7 +40,7 @@ class OVAtomic {
   OVAtomic(const OVAtomic&) = delete;
   OVAtomic& operator=(const OVAtomic&) = delete;
 
-  /// A copy of the whole value: beside a `store`, the old or the new one.
+  /// A copy of the whole value; while another thread stores, the old or the new one.
   [[nodiscard]] T load() const {
     const ov::detail::StripeLock lock(this);
     return value_;
@@ -51,9 +50,9 @@ class OVAtomic {
     const ov::detail::StripeLock lock(this);
     std::swap(value_, value);
   }
-  /// Stores without the lock: for an owner that no other thread knows yet.
+  /// Stores without the lock, for an owner that no other thread can reach yet.
   void place(T value) { value_ = std::move(value); }
-  /// Takes the value out without the lock: for an owner that no other thread knows any more.
+  /// Moves the value out without the lock, for an owner that no other thread can reach any more.
   [[nodiscard]] T take() { return std::exchange(value_, T{}); }
 
  private:

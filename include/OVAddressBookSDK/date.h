@@ -4,10 +4,10 @@
 
 /// A point in time: seconds since 2001-01-01 00:00:00 UTC.
 ///
-/// The number is kept as it is, infinities and not-a-number included.
+/// Any number is kept, infinities and not-a-number included.
 class OV_EXPORT OVDate final : public OVObject {
  public:
-  /// Any number of seconds, fractions and negative ones included.
+  /// Seconds may be fractional or negative.
   [[nodiscard]] static OVRef<OVDate> dateWithTimeIntervalSinceReferenceDate(double seconds);
   /// Midnight UTC of a day of the proleptic Gregorian calendar; null when there is no such day.
   [[nodiscard]] static OVRef<OVDate> dateWithYearMonthDay(int year, unsigned month, unsigned day);
@@ -23,7 +23,7 @@ class OV_EXPORT OVDate final : public OVObject {
     /// Whether both are the same day.
     bool operator==(const Day&) const = default;
   };
-  /// The day in UTC; 0-0-0 when the date lies outside the years -32767 to 32767.
+  /// The day in UTC; 0-0-0 when the date is outside the years -32767 to 32767.
   [[nodiscard]] Day day() const;
 
   [[nodiscard]] const OVClass* classForCoder() const override;

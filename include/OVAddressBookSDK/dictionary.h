@@ -23,29 +23,34 @@ class DictionaryIterator;
 template <class T>
 class OVDictionary;
 
-/// A dictionary from string to T, to be read only. `OVDictionary<T>` adds what changes one, and can
-/// be used wherever an `OVDictionary<const T>` is asked for.
+/// A read-only view of a dictionary from string to T. `OVDictionary<T>` adds the changes, and can
+/// be used wherever an `OVDictionary<const T>` is expected.
 ///
 /// A handle, like `OVString`: copies share the dictionary, and null, which reads as empty, differs
 /// from an empty one. Values are `OVRef<T>`, or `OVString` and other lists and dictionaries
-/// themselves; a dictionary that came out of an archive may hold objects of another class than T,
-/// which read as null, are kept, and are written back. Iteration follows the order in which the
-/// keys were first set.
+/// themselves; a dictionary from an archive may hold objects of another class than T, which read as
+/// null, are kept, and are written back. Iteration follows the order in which the keys were first
+/// set.
 ///
-///     for (const auto& [ID, person] : book->personsDic()) std::cout << ID << "\n";
+/// \code
+/// auto titles = OVDictionary<OVString>::dictionary({{"g1", "Friends"}, {"g2", "Rowing"}});
+/// titles.set("g1", "Old friends");
+/// for (const auto& [ID, title] : titles) std::cout << title << "\n";  // Old friends Rowing
+/// std::cout << titles["g3"].isNull() << "\n";                        // 1
+/// \endcode
 ///
-/// The dictionary lives as long as the loop. When entries are added or removed meanwhile, the walk
-/// ends with a `std::logic_error`: walk through a `copy()` instead.
+/// The loop keeps the dictionary alive. Adding or removing entries during the loop makes it throw
+/// `std::logic_error`: iterate over a `copy()` instead.
 template <class T>
 class OVDictionary<const T> : public ov::detail::DictionaryHandle {
  public:
-  /// What the standard calls these in a map.
+  /// The member types of a standard map.
   /// @{
   using key_type = OVString;
   using mapped_type = ov::Handle<T>;
   using value_type = std::pair<const OVString, mapped_type>;
   /// @}
-  /// Walks through the entries, which cannot be changed through it, and keeps the dictionary alive.
+  /// Iterates over the entries, cannot change them, and keeps the dictionary alive.
   using const_iterator = ov::detail::DictionaryIterator<T>;
   /// The same.
   using iterator = const_iterator;
@@ -86,11 +91,11 @@ class OVDictionary<const T> : public ov::detail::DictionaryHandle {
 };
 
 /// A dictionary from string to T, shared by its handles: a change through one shows in all. See
-/// `OVDictionary<const T>` for what can be read.
+/// `OVDictionary<const T>` for reading.
 ///
-/// What is const of a const handle is which dictionary it is on: that can be changed through it, as
-/// through its copies. Neither a null key nor a null value can be put in (`std::invalid_argument`),
-/// and null itself cannot be changed (`std::logic_error`).
+/// A const handle always refers to the same dictionary, but can still change it, as its copies can.
+/// Null keys and null values are refused (`std::invalid_argument`), and a null handle cannot be
+/// changed (`std::logic_error`).
 template <class T>
 class OVDictionary final : public OVDictionary<const T> {
  public:
@@ -108,7 +113,7 @@ class OVDictionary final : public OVDictionary<const T> {
     return made;
   }
 
-  /// The dictionary as an object: what `object` gives.
+  /// The dictionary as an object: the result of `object`.
   /// @{
   // NOLINTNEXTLINE(google-explicit-constructor)
   operator OVRef<OVObject>() const& { return this->object(); }
@@ -116,7 +121,7 @@ class OVDictionary final : public OVDictionary<const T> {
   operator OVRef<OVObject>() && { return std::move(*this).object(); }
   /// @}
 
-  /// Stores `value` under `key`, in the place of an earlier value.
+  /// Stores `value` under `key`, replacing an earlier value.
   void set(const OVString& key, const mapped_type& value) const {
     this->tableToChange().set(key, value);
   }
@@ -137,8 +142,8 @@ class OVDictionary final : public OVDictionary<const T> {
 
 namespace ov::detail {
 
-/// Walks through a dictionary. Raises `std::logic_error` once entries have been added or removed,
-/// and `std::out_of_range` for the entry past the last.
+/// Iterates over a dictionary. Throws `std::logic_error` once entries have been added or removed,
+/// and `std::out_of_range` past the last entry.
 template <class T>
 class DictionaryIterator {
  public:

@@ -32,18 +32,18 @@ class OV_EXPORT DictionaryObject final : public OVObject {
   void set(const OVString& key, OVRef<OVObject> value);
   /// Adds an entry unless the key has one. The value may be null, as it may be in an archive.
   void add(const OVString& key, OVRef<OVObject> value);
-  /// These entries instead of all others, values may be null. Of equal keys the first counts; what
-  /// has the others is `repeated`.
+  /// Replaces all entries; values may be null. Of equal keys the first counts; the others are in
+  /// `repeated`.
   void assign(std::vector<Entry> entries);
   bool erase(std::string_view key);
   void clear();
 
   /// All slots, removed ones included.
   [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
-  /// Entries of a foreign dictionary whose keys others had before: written back, else unseen. They
-  /// go with the key.
+  /// Entries of a foreign dictionary whose keys earlier ones have: only written back. They are
+  /// removed with the key.
   [[nodiscard]] const std::vector<Entry>& repeated() const { return repeated_; }
-  /// Counts the insertions and removals, so that a walk through the dictionary notices them.
+  /// Counts the insertions and removals, so that an iterator notices them.
   [[nodiscard]] std::uint32_t changes() const { return changes_; }
 
   [[nodiscard]] const OVClass* classForCoder() const override;
@@ -80,11 +80,11 @@ class DictionaryHandle {
   /// Whether there is an entry under `key`; false for null.
   [[nodiscard]] bool contains(const OVStringView& key) const { return entryOf(key) != nullptr; }
   /// Whether archives record the dictionary as immutable. That is for other programs: here it can
-  /// be changed all the same.
+  /// still be changed.
   [[nodiscard]] bool isImmutable() const { return !isNull() && table().immutable; }
 
   /// The object that all handles on the dictionary share, null for null. `ov::cast` makes a handle
-  /// of it, also one that changes a dictionary which was handed out to be read only.
+  /// of it, even one that can change a dictionary that was handed out read-only.
   [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
   [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
 

@@ -15,12 +15,12 @@ class OV_EXPORT OVObjectEmail : public OVObject {
 
   /// True when the address holds exactly one "@"; nothing else is looked at.
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`, which the initialisers have done already: the address never changes, and
-  /// this changes nothing.
+  /// Computes `valid`, as the initialisers have done already. The address never changes, so this
+  /// has no effect.
   void initValid();
 
-  /// Hands "mailto:" and the address as it is to the shared workspace. Does nothing for an
-  /// invalid address, nor for one that makes no URL, and nothing tells whether the desktop took it.
+  /// Opens "mailto:" and the unchanged address on the shared workspace. Does nothing for an invalid
+  /// address or one that makes no URL; whether the desktop accepted it is not reported.
   void sendEmail() const;
 
   /// The class under which objects are archived.
@@ -32,7 +32,7 @@ class OV_EXPORT OVObjectEmail : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectEmail() = default;
-  /// For a class that derives from this one; null reads as null.
+  /// For derived classes; null is kept as null.
   explicit OVObjectEmail(const OVString& email);
 
  private:

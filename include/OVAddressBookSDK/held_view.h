@@ -8,20 +8,24 @@
 
 #include <OVAddressBookSDK/export.h>
 
-/// A view of what an object holds, bytes and characters of a block for example, and a reference
-/// that keeps it: the view is valid for as long as this value lives, whoever lets go of the object.
+/// A view of an object's content, such as the bytes of a block, with a reference that keeps the
+/// content alive: the view is valid as long as this value lives, even if everybody else releases
+/// the object.
 ///
-///     std::ofstream(path, std::ios::binary) << book->saveToData()->text();
-///     for (const std::byte byte : book->saveToData()->bytes()) sum.add(byte);
+/// \code
+/// std::ostringstream file;  // or a std::ofstream
+/// file << OVAddressBookGeneral::init()->saveToData()->text();
+/// std::cout << file.str().substr(0, 8) << "\n";  // bplist00
+/// \endcode
 ///
-/// It can be used as a View, which holds nothing: clang warns when one of a temporary is kept.
+/// It converts to a View, which keeps nothing alive: clang warns when one of a temporary is kept.
 template <class View>
 class OVHeldView {
  public:
   /// What it is a view of.
   using Element = typename View::value_type;
 
-  /// Views what stays unchanged for as long as `owner` lives.
+  /// A view of what is unchanged as long as `owner` lives.
   OVHeldView(View view, std::shared_ptr<const void> owner)
       : view_(view), owner_(std::move(owner)) {}
 
@@ -30,7 +34,7 @@ class OVHeldView {
   /// The same.
   operator View() const OV_LIFETIMEBOUND { return view_; }  // NOLINT(google-explicit-constructor)
 
-  /// The first element; when there is none, null or the end of something.
+  /// The first element; must not be dereferenced when there is none.
   [[nodiscard]] const Element* data() const OV_LIFETIMEBOUND { return view_.data(); }
   /// How many elements there are.
   [[nodiscard]] std::size_t size() const { return view_.size(); }

@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/data.h>
 #include <OVAddressBookSDK/object.h>
 
-/// An image in whatever encoding its maker used (PNG, JPEG, ...). The library never looks inside.
+/// An encoded image (PNG, JPEG, ...). The library never decodes it.
 class OV_EXPORT OVImage final : public OVObject {
  public:
   /// Null for null data.

@@ -15,8 +15,8 @@
 /// again on every look-up and belongs to its caller alone.
 class OV_EXPORT OVInstantMessageServer : public OVObject {
  public:
-  /// The shared list of the supported services. The first call builds it; threads may come first
-  /// together.
+  /// The shared list of the supported services. The first call builds it; several threads may make
+  /// it at once.
   [[nodiscard]] static OVList<const OVInstantMessageServer> supportServer();
 
   /// The shared dictionary from key to supported service. Holds the objects of `supportServer`.
@@ -30,7 +30,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
   /// other name, null included: a new descriptor that has it as key and as display name. Never
   /// null.
   ///
-  /// The supported services are searched once something else has built their list
+  /// The supported services are searched only after something else has built their list
   /// (`supportServer`, `StandardServerDictionary`, `serverWithName`, reading an account from an
   /// archive). Before that, every name gives a new descriptor.
   [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithDisplayName(
@@ -38,10 +38,10 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
 
   /// The key under which accounts store the service, such as "AIMInstant".
   [[nodiscard]] OVString name() const { return name_.text(); }
-  /// What is shown for the service.
+  /// The name shown to the user.
   [[nodiscard]] OVString displayName() const { return displayName_; }
 
-  /// Always null: nothing ever fills it.
+  /// Always null.
   [[nodiscard]] OVList<OVInstantMessageServer> allArray() const { return nullptr; }
 
  protected:
@@ -52,7 +52,7 @@ class OV_EXPORT OVInstantMessageServer : public OVObject {
   friend struct ov::detail::Maker;
   friend class OVObjectInstantMessage;
 
-  /// What an account has stored in the place of a key, when that is no text.
+  /// What an account has stored in the place of a key, when that is not text.
   explicit OVInstantMessageServer(ov::detail::TextField name);
   [[nodiscard]] static OVRef<OVInstantMessageServer> serverWithStoredName(
       ov::detail::TextField name);
@@ -82,7 +82,7 @@ class OV_EXPORT OVObjectInstantMessage : public OVObject {
 
  protected:
   OVObjectInstantMessage() = default;
-  /// For a class that derives from this one: keeps both as they are, null included.
+  /// For derived classes: keeps both as they are, null included.
   OVObjectInstantMessage(OVString userName, OVRef<OVInstantMessageServer> server);
 
  private:

@@ -22,26 +22,34 @@ class ArchiveWriter;
 ///
 /// Each object is written once, under its identity, so that sharing and cycles survive; of texts
 /// that are equal but not shared, most are written once. The same graph always gives the same
-/// bytes. A coder is handed to `OVObject::encodeWithCoder` and lives for that call. Meanwhile
-/// nothing in the graph may change but what is atomic: an `OVAtomic`, and what headers say may be
-/// set while a book is saved.
+/// bytes. A coder is passed to `OVObject::encodeWithCoder` and lives for that call. Meanwhile
+/// nothing in the graph may change except what is atomic: an `OVAtomic`, and what headers say may
+/// be set while a book is saved.
 ///
-/// Keys are UTF-8 texts without a NUL. Writing a key twice in one object is an error of its class:
-/// readers take the first.
+/// Keys are UTF-8 texts without a NUL. Writing a key twice in one object is a mistake in its class:
+/// readers use the first.
+///
+/// \code
+/// auto label = OVLabel::init();
+/// auto pair = OVList<OVLabel>::list({label, label});
+/// auto block = OVKeyedArchiver::archivedDataWithRootObject(pair);
+/// auto back = ov::cast<OVList<OVLabel>>(OVKeyedUnarchiver::unarchiveObjectWithData(block));
+/// std::cout << (back[0] == back[1]) << "\n";  // 1
+/// \endcode
 class OV_EXPORT OVKeyedArchiver {
  public:
   OVKeyedArchiver(const OVKeyedArchiver&) = delete;
   OVKeyedArchiver& operator=(const OVKeyedArchiver&) = delete;
 
   /// The archive of everything that can be reached from `root`. A null root is archived as null.
-  /// Throws `std::invalid_argument` for an object whose class cannot be archived; the message tells
-  /// the way to it, such as the ID of the person, the property and the position.
+  /// Throws `std::invalid_argument` for an object whose class cannot be archived; the message gives
+  /// the path to it, such as the ID of the person, the property and the position.
   [[nodiscard]] static OVRef<OVData> archivedDataWithRootObject(const OVRef<OVObject>& root);
 
-  /// Null is written as a null object: the key is present and reads as null.
+  /// Null is written as a null object: the key exists and reads as null.
   void encodeObjectForKey(const OVRef<OVObject>& object, std::string_view key);
   /// The same for a copy of the owner's reference, such as one that an `OVAtomic` gives: the object
-  /// lives until it is written, even when the owner lets go of it meanwhile.
+  /// lives until it is written, even when the owner releases it meanwhile.
   void encodeObjectForKey(OVRef<OVObject>&& object, std::string_view key);
   /// The same for a text.
   void encodeObjectForKey(const OVString& text, std::string_view key);

@@ -21,11 +21,11 @@ struct ArchiveFields;
 class TextField;
 }  // namespace ov::detail
 
-/// A data block that is no keyed archive, is damaged, or is made to do harm. The message says what
-/// is wrong and where.
+/// A data block that is not a keyed archive, is damaged or malicious. The message says what is
+/// wrong and where.
 class OV_EXPORT OVInvalidArchive : public std::invalid_argument {
  public:
-  /// From the message.
+  /// With this message.
   using std::invalid_argument::invalid_argument;
   /// Copies share the message.
   /// @{
@@ -38,14 +38,23 @@ class OV_EXPORT OVInvalidArchive : public std::invalid_argument {
 /// Reads an object graph out of a data block.
 ///
 /// Only the library's classes and those that the host registered are built; an object of any other
-/// class becomes an `OVOpaqueObject`, which is written back unchanged. A coder is handed to
+/// class becomes an `OVOpaqueObject`, which is written back unchanged. A coder is passed to
 /// `OVObject::initWithCoder` and lives for that call.
 ///
-/// Absent keys, and keys that hold something of another kind, read as null or 0.
+/// Absent keys, and keys with something of another kind, read as null or 0.
 ///
-/// The objects of one archive lie side by side in pieces of memory, of 64 KiB in a small archive
-/// and 4 MiB in a large one. They live as long as any object does, on any thread; the memory of a
-/// piece goes back with the last of its objects.
+/// The objects of one archive share pieces of memory, of 64 KiB in a small archive and 4 MiB in a
+/// large one. They are independent of each other, on any thread; the memory of a piece is freed
+/// with the last of its objects.
+///
+/// \code
+/// try {
+///   auto root = OVKeyedUnarchiver::unarchiveObjectWithData(OVData::dataWithText("bplist00"));
+/// } catch (const OVInvalidArchive& error) {
+///   std::cout << "not read\n";  // not read
+///   std::cerr << error.what() << "\n";
+/// }
+/// \endcode
 class OV_EXPORT OVKeyedUnarchiver {
  public:
   OVKeyedUnarchiver(const OVKeyedUnarchiver&) = delete;
@@ -55,15 +64,15 @@ class OV_EXPORT OVKeyedUnarchiver {
   /// `OVInvalidArchive`, for null data too.
   [[nodiscard]] static OVRef<OVObject> unarchiveObjectWithData(const OVRef<OVData>& data);
 
-  /// The same, with no class but numbers, dates, lists, dictionaries and plain texts and data
-  /// known: every other object, such as an "NSMutableString", arrives as an `OVOpaqueObject`. For
-  /// looking into archives of any origin.
+  /// The same, but with numbers, dates, lists, dictionaries and plain texts and data as the only
+  /// known classes: every other object, such as an "NSMutableString", becomes an `OVOpaqueObject`.
+  /// For looking into archives of any origin.
   [[nodiscard]] static OVRef<OVObject> unarchiveOpaqueObjectWithData(const OVRef<OVData>& data);
 
   /// Lets archives build objects of a host's class, from now on and in every thread.
   ///
   /// Registering the same class again does nothing. Throws `std::invalid_argument` when the name is
-  /// null or empty, belongs to another class, or the class cannot be made.
+  /// null or empty, belongs to another class, or the class has no `make`.
   static void registerClass(const OVClass& hostClass);
 
   /// Whether the object has the key; true also when it holds null.
@@ -80,13 +89,13 @@ class OV_EXPORT OVKeyedUnarchiver {
   /// The elements of a list object; false when there is no list under the key.
   [[nodiscard]] bool decodeListForKey(std::vector<OVRef<OVObject>>& items, std::string_view key);
   /// A number inside the object itself; a real number is rounded towards zero, a number out of
-  /// range is the nearest end of it.
+  /// range becomes the nearest end of it.
   [[nodiscard]] std::int64_t decodeIntegerForKey(std::string_view key) const;
-  /// False for zero and for what is no number.
+  /// False for zero and for what is not a number.
   [[nodiscard]] bool decodeBoolForKey(std::string_view key) const;
   /// The nearest double of a number inside the object itself.
   [[nodiscard]] double decodeDoubleForKey(std::string_view key) const;
-  /// Empty when absent. Valid during the call that got this coder.
+  /// Empty when absent. Valid during the call that was given this coder.
   [[nodiscard]] std::span<const std::byte> decodeBytesForKey(std::string_view key) const;
 
  private:

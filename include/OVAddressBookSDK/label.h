@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/text.h>
 #include <OVAddressBookSDK/text_field.h>
 
-/// Says what a datum is to the user: home, work, ... A label may be shared by many values; a change
+/// What a datum is to the user: home, work, ... A label may be shared by many values; a change
 /// shows in all of them. Two labels are the same only if they are the same object.
 ///
 /// The accessors may be called from any thread.
@@ -16,11 +16,11 @@ class OV_EXPORT OVLabel : public OVObject {
 
   /// The label's key; may be null.
   [[nodiscard]] OVString name() const { return name_.load().text(); }
-  /// Null takes the name away.
+  /// Null clears the name.
   void setName(OVString name) { name_.store(ov::detail::TextField(std::move(name))); }
   /// The text shown to the user; may be null.
   [[nodiscard]] OVString displayName() const { return displayName_.load().text(); }
-  /// Null takes the display name away.
+  /// Null clears the display name.
   void setDisplayName(OVString displayName) {
     displayName_.store(ov::detail::TextField(std::move(displayName)));
   }

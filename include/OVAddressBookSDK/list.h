@@ -26,18 +26,23 @@ class ListIterator;
 template <class T>
 class OVList;
 
-/// An ordered list, to be read only. `OVList<T>` adds what changes a list, and can be used wherever
-/// an `OVList<const T>` is asked for.
+/// A read-only view of an ordered list. `OVList<T>` adds the changes, and can be used wherever an
+/// `OVList<const T>` is expected.
 ///
 /// A handle, like `OVString`: copies share the list, and null, which reads as empty, differs from
 /// an empty list. Elements are `OVRef<T>`, or `OVString` and other lists and dictionaries
-/// themselves. A list that came out of an archive may hold objects of another class than T: they
-/// read as null, are kept, and are written back. Positions past the end raise `std::out_of_range`.
+/// themselves. A list from an archive may hold objects of another class than T: they read as null,
+/// are kept, and are written back. Positions past the end throw `std::out_of_range`.
 ///
-///     for (const auto& person : book->allPersons()) std::cout << person->displayName() << "\n";
+/// \code
+/// auto tags = OVList<OVString>::list({"Friends", "Rowing"});
+/// const OVList<const OVString> shown = tags;
+/// tags.push_back("Neighbours");
+/// for (const OVString& tag : shown) std::cout << tag << "\n";  // Friends Rowing Neighbours
+/// \endcode
 ///
-/// The list lives as long as the loop. When elements are added, removed or reordered meanwhile, the
-/// walk ends with a `std::logic_error`: walk through a `copy()` instead.
+/// The loop keeps the list alive. Adding, removing or reordering elements during the loop makes it
+/// throw `std::logic_error`: iterate over a `copy()` instead.
 template <class T>
 class OVList<const T> : public ov::detail::ListHandle {
  public:
@@ -45,7 +50,7 @@ class OVList<const T> : public ov::detail::ListHandle {
   using value_type = ov::Handle<T>;
   /// An element to look for; a text need not be made for it.
   using sought_type = std::conditional_t<std::same_as<T, OVString>, OVStringView, value_type>;
-  /// Walks through the elements, which cannot be changed through it, and keeps the list alive.
+  /// Iterates over the elements, cannot change them, and keeps the list alive.
   using const_iterator = ov::detail::ListIterator<T>;
   /// The same.
   using iterator = const_iterator;
@@ -99,11 +104,11 @@ class OVList<const T> : public ov::detail::ListHandle {
 };
 
 /// An ordered list, shared by its handles: a change through one shows in all. See `OVList<const T>`
-/// for what can be read.
+/// for reading.
 ///
-/// What is const of a const handle is which list it is on: the list can be changed through it, as
-/// through its copies. Nothing null can be put into a list (`std::invalid_argument`), and null
-/// itself cannot be changed (`std::logic_error`).
+/// A const handle always refers to the same list, but can still change it, as its copies can. Null
+/// elements are refused (`std::invalid_argument`), and a null handle cannot be changed
+/// (`std::logic_error`).
 template <class T>
 class OVList final : public OVList<const T> {
  public:
@@ -125,7 +130,7 @@ class OVList final : public OVList<const T> {
     return OVList(std::make_shared<ov::detail::ListObject>(true));
   }
 
-  /// The list as an object: what `object` gives.
+  /// The list as an object: the result of `object`.
   /// @{
   // NOLINTNEXTLINE(google-explicit-constructor)
   operator OVRef<OVObject>() const& { return this->object(); }
@@ -133,13 +138,13 @@ class OVList final : public OVList<const T> {
   operator OVRef<OVObject>() && { return std::move(*this).object(); }
   /// @}
 
-  /// Puts an element after the last one.
+  /// Appends an element.
   void push_back(const value_type& value) const { insert(this->size(), value); }
-  /// Puts an element before the one at `index`, or after the last one.
+  /// Inserts an element before the one at `index`, or at the end.
   void insert(std::size_t index, const value_type& value) const {
     this->arrayToChange().insert(index, value);
   }
-  /// Puts `value` in the place of the element at `index`.
+  /// Replaces the element at `index`.
   void set(std::size_t index, const value_type& value) const {
     this->arrayToChange().set(index, value);
   }
@@ -155,8 +160,8 @@ class OVList final : public OVList<const T> {
     if (removed != 0) ++array.changes;
     return removed;
   }
-  /// Orders the elements: `less` tells whether the first of two comes before the second. Equal ones
-  /// keep their order. When `less` throws, the list stays as it was; it must not change the list
+  /// Sorts the elements: `less` says whether the first of two comes before the second. Equal ones
+  /// keep their order. When `less` throws, the list is unchanged; it must not change the list
   /// (`std::logic_error`).
   template <class Less>
   void sort(Less less) const {
@@ -180,8 +185,8 @@ class OVList final : public OVList<const T> {
 
 namespace ov::detail {
 
-/// Walks through a list. Raises `std::logic_error` once elements have been added, removed or
-/// reordered, and `std::out_of_range` for the element past the last.
+/// Iterates over a list. Throws `std::logic_error` once elements have been added, removed or
+/// reordered, and `std::out_of_range` past the last element.
 template <class T>
 class ListIterator {
  public:

@@ -30,9 +30,9 @@ class OV_EXPORT ListObject final : public OVObject {
   void initWithCoder(OVKeyedUnarchiver& coder) override;
 
   std::vector<OVRef<OVObject>> items;
-  /// Counts what adds, removes or reorders elements, so that a walk through the list notices.
+  /// Counts what adds, removes or reorders elements, so that an iterator notices.
   std::uint32_t changes = 0;
-  /// Counts the elements that were put in the place of others, up to its largest value.
+  /// Counts the elements that replaced others, up to its largest value.
   std::uint16_t replacements = 0;
   /// Recorded as "NSArray" instead of "NSMutableArray".
   bool immutable;
@@ -54,12 +54,12 @@ class ListHandle {
   [[nodiscard]] std::size_t size() const { return isNull() ? 0 : array().items.size(); }
   /// True for null and for a list without elements.
   [[nodiscard]] bool empty() const { return size() == 0; }
-  /// Whether archives record the list as immutable. That is for other programs: here it can be
-  /// changed all the same.
+  /// Whether archives record the list as immutable. That is for other programs: here it can still
+  /// be changed.
   [[nodiscard]] bool isImmutable() const { return !isNull() && array().immutable; }
 
   /// The object that all handles on the list share, null for null. `ov::cast` makes a handle of it,
-  /// also one that changes a list which was handed out to be read only.
+  /// even one that can change a list that was handed out read-only.
   [[nodiscard]] const OVRef<OVObject>& object() const& OV_LIFETIMEBOUND { return object_; }
   [[nodiscard]] OVRef<OVObject> object() && { return std::move(object_); }
 
@@ -83,14 +83,14 @@ class ListHandle {
   OVRef<OVObject> object_;
 };
 
-/// Equality of elements: texts by their characters, other objects by identity. Null is no element:
-/// what merely reads as null is not equal to it.
+/// Equality of elements: texts by their characters, other objects by identity. Null is not an
+/// element: what merely reads as null is not equal to it.
 template <class Element, class Sought>
 bool sameElement(const Element& element, const Sought& sought) {
   return element != nullptr && element == sought;
 }
 
-/// What `->` of an iterator gives that makes its elements.
+/// The result of `->` for an iterator that makes its elements.
 template <class Element>
 struct ElementPointer {
   Element element;

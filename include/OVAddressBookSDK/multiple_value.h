@@ -20,13 +20,13 @@ struct ov::detail::Usual<OVMultipleValue> {
   using type = OVMutableMultipleValue;
 };
 
-/// The position reported when nothing is found.
+/// The position returned when nothing is found.
 inline constexpr std::uint64_t OVNotFound = 9223372036854775807U;
 
-/// An ordered list of single values, one of which may be the main value, to be read.
+/// A read-only, ordered list of single values, one of which may be the main value.
 ///
 /// Elements are compared by identity. Every multiple value that the library makes is an
-/// `OVMutableMultipleValue`; a value of this very class is empty and stays so.
+/// `OVMutableMultipleValue`; a value of exactly this class is empty and stays empty.
 class OV_EXPORT OVMultipleValue : public OVValue {
  public:
   /// A new empty value.
@@ -42,7 +42,7 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   [[nodiscard]] virtual OVRef<OVSingleValue> mainValue() const;
   /// Null past the end.
   [[nodiscard]] virtual OVRef<OVSingleValue> valueAtIndex(std::uint64_t index) const;
-  /// The first position of this very object; `OVNotFound` for null and when absent.
+  /// The first position of this object; `OVNotFound` for null and when absent.
   [[nodiscard]] virtual std::uint64_t indexOfValue(const OVRef<OVSingleValue>& value) const;
 
   /// Always a new empty immutable list, even when there are elements.
@@ -51,7 +51,7 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   /// `std::invalid_argument` when an element has no label or its label no display name.
   [[nodiscard]] virtual OVList<OVString> allLabelName() const;
 
-  /// A new multiple value of copies of the elements, added one by one: elements that
+  /// A new multiple value with copies of the elements, added one by one: elements that
   /// `OVMutableMultipleValue::addValue` refuses are left out. Its main value is the element at the
   /// position that the main value has here, null when there is none.
   [[nodiscard]] OVRef<OVMutableMultipleValue> copy() const { return mutableCopy(); }
@@ -67,22 +67,33 @@ class OV_EXPORT OVMultipleValue : public OVValue {
   friend struct ov::detail::Maker;
   OVMultipleValue() { storeType(OVValueTypeMultiple); }
 
-  /// What every copy of this value is made from: a new value that gets the elements. Override it so
-  /// that copies keep a class and the fields that it adds; null counts as an
+  /// The new value that every copy of this one starts as; it is given the elements. Override it so
+  /// that copies keep the class and the fields that it adds; null counts as an
   /// `OVMutableMultipleValue`.
   [[nodiscard]] virtual OVRef<OVMutableMultipleValue> newCopy() const;
 
   [[nodiscard]] OVRef<OVValue> copyValue() const final;
 };
 
-/// An ordered list of single values of one type, learned from the main value.
+/// An ordered list of single values of one type, which is that of the main value.
 ///
-/// Bad input is refused in silence: null, a value without datum, a position past the end, an
-/// element that is not there. The same object may be in the list more than once.
+/// Bad input is silently refused: null, a value without datum, a position past the end, an element
+/// that is not there. The same object may be in the list more than once.
 ///
-/// A multiple value that was archived empty comes back without any list. It stays empty: `addValue`
-/// makes the value the main value, when there is none, but puts it nowhere; `indexOfValue` gives 0
-/// for every value but null; archived again, it is empty again.
+/// A multiple value that was archived empty comes back without a list. It stays empty: `addValue`
+/// makes the value the main value, if there is none, but stores it nowhere else; `indexOfValue`
+/// returns 0 for every value but null; archived again, it is empty again.
+///
+/// \code
+/// auto phones = OVMutableMultipleValue::init();
+/// for (const char* number : {"+44 55 50 23", "+44 55 50 24"}) {
+///   auto phone = OVObjectPhone::initWithPhoneNumber(number);
+///   phones->addValue(ov::labelled(phone, "work", OVValueTypePhone));
+/// }
+/// phones->setMainValue(phones->valueAtIndex(1));
+/// for (const auto& entry : phones)
+///   std::cout << (entry == phones->mainValue() ? "main " : "other ");  // other main
+/// \endcode
 class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
  public:
   /// A new, empty multiple value.
@@ -103,14 +114,14 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   /// Appends `value`, which becomes the main value when there is none. Refused when its type is not
   /// that of the main value. Without a list it can only become the main value.
   void addValue(const OVRef<OVSingleValue>& value);
-  /// Unconditional: the value need not be in the list. Null leaves no main value.
+  /// The value need not be in the list. Null clears the main value.
   void setMainValue(const OVRef<OVSingleValue>& value);
   /// The new element may be of any type; it becomes the main value when the old one was.
   void replaceValueForIndex(const OVRef<OVSingleValue>& value, std::uint64_t index);
   /// Replaces the first occurrence of `original`.
   void replaceValueForOriginal(const OVRef<OVSingleValue>& value,
                                const OVRef<OVSingleValue>& original);
-  /// Removes every occurrence. After the main value, the first element left is the main value.
+  /// Removes every occurrence. If it was the main value, the first remaining element becomes it.
   void removeValue(const OVRef<OVSingleValue>& value);
   /// The same for the element at `index`, its other occurrences included.
   void removeValueAtIndex(std::uint64_t index);
@@ -129,17 +140,17 @@ class OV_EXPORT OVMutableMultipleValue : public OVMultipleValue {
   [[nodiscard]] bool isMain(const OVRef<OVObject>& element) const;
 
   // An archive may hold objects of any class: they read as null, are kept and written back. Without
-  // a list, what stood in its place is all that is here.
+  // a list, what was in its place is all that is here.
   bool hasList_ = true;
   std::vector<OVRef<OVObject>> elements_;
   OVAtomic<OVRef<OVObject>> mainValue_;
 };
 
-/// Walks through the single values of a multiple value, in order; objects of other classes, which
-/// an archive may hold there, are left out. The value may change meanwhile.
+/// Iterates over the single values of a multiple value, in order; objects of other classes, which
+/// an archive may hold there, are skipped. The value may change meanwhile.
 class OVMultipleValueIterator {
  public:
-  /// What the standard asks of an input iterator.
+  /// What the standard requires of an input iterator.
   /// @{
   using iterator_concept = std::input_iterator_tag;
   using value_type = OVRef<OVSingleValue>;
@@ -176,7 +187,7 @@ class OVMultipleValueIterator {
 };
 
 /// @name Iteration over a reference
-/// `for (const auto& value : multiple)` walks through a multiple value, which the iterator keeps
+/// `for (const auto& value : multiple)` iterates over a multiple value, which the iterator keeps
 /// alive. Null counts as empty.
 /// @{
 template <std::derived_from<OVMultipleValue> T>

@@ -6,13 +6,13 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
-/// What an observer is told.
+/// What an observer receives.
 struct OVNotification {
   /// What the notification is about: one of `notification_names.h`, or the host's own.
   OVString name;
-  /// Whom it is about; may be null.
+  /// Its subject; may be null.
   OVRef<OVObject> object;
-  /// More about it; may be null. Shared with the poster and the other observers.
+  /// Details; may be null. Shared with the poster and the other observers.
   OVDictionary<OVObject> userInfo;
 };
 
@@ -23,15 +23,15 @@ class OV_EXPORT OVNotificationObserver {
   OVNotificationObserver() = default;
   /// Calls `remove`, once, when the observation is to end; it must not throw.
   explicit OVNotificationObserver(std::function<void()> remove);
-  /// Takes the observation over; what this one observed before ends.
+  /// Takes over the other's observation; its own earlier one ends.
   /// @{
   OVNotificationObserver(OVNotificationObserver&& other) noexcept;
   OVNotificationObserver& operator=(OVNotificationObserver&& other) noexcept;
   /// @}
   ~OVNotificationObserver();
 
-  /// Ends the observation: this thread does not call the callback any more. A delivery that another
-  /// thread is in the middle of may still do so. Does nothing the second time.
+  /// Ends the observation: this thread no longer calls the callback. A delivery in progress on
+  /// another thread may still do so. Calling it again has no effect.
   void remove();
 
  private:
@@ -43,22 +43,28 @@ class OV_EXPORT OVNotificationObserver {
 /// The platform's default works within the process: a notification is delivered on the poster's
 /// thread, before the post returns, to the observers in the order in which they were added. During
 /// a delivery observers may be added, removed (themselves and each other) and notifications posted:
-/// one that has been removed is not called any more, one that has just been added is not called for
+/// one that has been removed is no longer called, one that has just been added is not called for
 /// that delivery. Any thread may do anything at any time; no lock is held while a callback runs.
 ///
-///     auto observer = OVNotificationCenter::defaultCenter()->addObserver(
-///         OV_LastNmaeFrontChange_notification, [&](const OVNotification&) { redrawNames(); });
+/// \code
+/// auto observer = OVNotificationCenter::defaultCenter()->addObserver(
+///     OV_LastNmaeFrontChange_notification,
+///     [](const OVNotification&) { std::cout << "draw the names again\n"; });
+/// OVAddressBook::setlastNameInFront(true);  // prints: draw the names again
+/// \endcode
 ///
 /// A host with a bus of its own derives from this class and installs it:
 ///
-///     class HostCenter : public OVNotificationCenter {
-///       OVNotificationObserver observe(const OVString& name, Callback callback) override {
-///         const auto id = bus.subscribe(name, std::move(callback));
-///         return OVNotificationObserver([id] { bus.unsubscribe(id); });
-///       }
-///       void post(const OVNotification& notification) override { bus.publish(notification); }
-///     };
-///     OVNotificationCenter::setDefaultCenter(std::make_shared<HostCenter>());
+/// \code
+/// class HostCenter : public OVNotificationCenter {
+///   OVNotificationObserver observe(const OVString& name, Callback callback) override {
+///     const auto id = bus.subscribe(name, std::move(callback));
+///     return OVNotificationObserver([id] { bus.unsubscribe(id); });
+///   }
+///   void post(const OVNotification& notification) override { bus.publish(notification); }
+/// };
+/// OVNotificationCenter::setDefaultCenter(std::make_shared<HostCenter>());
+/// \endcode
 class OV_EXPORT OVNotificationCenter {
  public:
   /// Called for each notification that is observed, on the thread that posts it.
@@ -68,22 +74,22 @@ class OV_EXPORT OVNotificationCenter {
   OVNotificationCenter& operator=(const OVNotificationCenter&) = delete;
   virtual ~OVNotificationCenter();
 
-  /// The centre that the library posts on; never null.
+  /// The centre that the library posts to; never null.
   [[nodiscard]] static OVRef<OVNotificationCenter> defaultCenter();
-  /// Installs another centre; null brings the platform's default back. Observers stay with the
-  /// centre that they were added to.
+  /// Installs another centre; null restores the platform's default. Observers stay with the centre
+  /// that they were added to.
   static void setDefaultCenter(OVRef<OVNotificationCenter> center);
 
-  /// A new centre of the default's kind, on which nobody else posts.
+  /// A new centre of the default's kind, to which nobody else posts.
   [[nodiscard]] static OVRef<OVNotificationCenter> inProcess();
 
   /// Calls `callback` for every notification of that name, of any name when `name` is null, until
   /// the result is destroyed. The observer may outlive the centre. Throws `std::invalid_argument`
-  /// when there is no callback.
+  /// for an empty callback.
   [[nodiscard]] OVNotificationObserver addObserver(const OVString& name, Callback callback);
 
-  /// Delivers a notification. A null name delivers nothing. What a callback throws reaches the
-  /// caller, and the observers after it are not called.
+  /// Delivers a notification. A null name delivers nothing. An exception thrown by a callback
+  /// reaches the caller, and later observers are not called.
   void postNotificationName(const OVString& name, const OVRef<OVObject>& object = nullptr,
                             const OVDictionary<OVObject>& userInfo = nullptr);
 
@@ -91,7 +97,7 @@ class OV_EXPORT OVNotificationCenter {
   OVNotificationCenter() = default;
 
  private:
-  /// Called with a callback that can be called.
+  /// Called with a callback that is not empty.
   virtual OVNotificationObserver observe(const OVString& name, Callback callback) = 0;
   /// Called with a name that is not null.
   virtual void post(const OVNotification& notification) = 0;

@@ -17,5 +17,5 @@ OV_EXPORT extern const OVString OVChangeNameNotification_PhoneKey;
 OV_EXPORT extern const OVString OVChangeNameNotification_EmailKey;
 
 /// Posted by the library, without object and user information, on every call of
-/// `OVAddressBook::setlastNameInFront`, also when the name order stays what it was.
+/// `OVAddressBook::setlastNameInFront`, even if the name order does not change.
 OV_EXPORT extern const OVString OV_LastNmaeFrontChange_notification;

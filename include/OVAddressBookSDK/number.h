@@ -19,7 +19,7 @@ class OV_EXPORT OVNumber final : public OVObject {
   [[nodiscard]] static OVRef<OVNumber> numberWithDouble(double value);
   /// @}
 
-  /// The number as the kind that it is held as.
+  /// The number in the kind that it is held as.
   [[nodiscard]] Value value() const { return value_; }
   /// False for zero.
   [[nodiscard]] bool boolValue() const;

@@ -11,7 +11,7 @@ class OVObject;
 
 namespace ov::detail {
 
-/// Makes objects whose constructors only the library and its heirs may call.
+/// Makes objects whose constructors only the library and derived classes may call.
 struct Maker;
 
 }  // namespace ov::detail
@@ -30,13 +30,13 @@ struct OVClass {
   const OVClass* superclass;
   /// Makes an empty object, which `OVObject::initWithCoder` then fills.
   OVRef<OVObject> (*make)();
-  /// The class that reads the objects where this one is not registered; null for none. What only
-  /// this class has is lost there.
+  /// The class that reads the objects where this one is not registered; null for none. Fields that
+  /// only this class has are lost there.
   const OVClass* standIn = nullptr;
-  /// True promises that an object holds whatever it encodes for as long as it lives, and encodes it
-  /// once; what breaks the promise may come back as several objects. An archive takes about twice
-  /// the time and more memory to write as soon as it meets an object of a class of yours that does
-  /// not promise so.
+  /// True promises that an object keeps everything that it encodes for as long as it lives, and
+  /// encodes it once; otherwise what it encodes may come back as several objects. Without the
+  /// promise, an archive with an object of a host's class takes about twice the time and more
+  /// memory to write.
   bool encodesItsOwnOnce = false;
 };
 
@@ -58,8 +58,8 @@ class OV_EXPORT OVObject {
 
   /// Fills an empty object from its archived fields.
   ///
-  /// The object is known to the archive before it is filled, so that cycles can be read. An object
-  /// that the coder hands out may itself still be empty: keep the reference, do not look inside.
+  /// The archive knows the object before it is filled, so that cycles can be read. An object that
+  /// the coder returns may itself still be empty: keep the reference, do not look inside.
   virtual void initWithCoder(OVKeyedUnarchiver& coder);
 
  protected:
@@ -70,7 +70,7 @@ namespace ov {
 
 namespace detail {
 
-/// Whether the object is of this very class, not of one that derives from it; false for null.
+/// Whether the object is of exactly this class; false for null.
 template <class T>
 bool isOfClass(const OVRef<OVObject>& object) {
   if (object == nullptr) return false;
@@ -78,7 +78,7 @@ bool isOfClass(const OVRef<OVObject>& object) {
   return typeid(target) == typeid(T);
 }
 
-/// The class that most objects which are read as a T are of. Specialised for read-only classes.
+/// The class of most objects that are read as a T. Specialised for read-only classes.
 template <class T>
 struct Usual {
   using type = T;

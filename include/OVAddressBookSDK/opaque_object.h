@@ -15,7 +15,7 @@ class ArchiveReader;
 
 struct OVOpaqueField;
 
-/// What is under one key of an opaque object, as the archive has it.
+/// The value of one key of an opaque object, as in the archive.
 struct OVOpaqueValue {
   /// The elements of an array that is in the object itself.
   using Array = std::vector<OVOpaqueValue>;
@@ -41,9 +41,9 @@ struct OVOpaqueValue {
   std::variant<Reference, Inline, Array, Dictionary, Set> content;
 };
 
-/// One key of an opaque object, and what is under it.
+/// One key of an opaque object and its value.
 struct OVOpaqueField {
-  /// As the archive has it, where a class's own key that begins with "$" has one more.
+  /// As in the archive, where a class's own key that begins with "$" has one more.
   OVString key;
   /// Never changed by the library.
   OVOpaqueValue value;
@@ -59,7 +59,7 @@ class OV_EXPORT OVOpaqueObject final : public OVObject,
   [[nodiscard]] OVString className() const { return className_; }
   /// The class and its superclasses, nearest first; empty when the archive named none.
   [[nodiscard]] std::vector<OVString> classes() const { return classes_; }
-  /// Names of classes that may be used in place of this one; mostly empty.
+  /// Names of classes that may replace this one; usually empty.
   [[nodiscard]] std::vector<OVString> classHints() const { return classHints_; }
   /// The fields in the archive's order. What this returns keeps the object alive.
   [[nodiscard]] OVHeldView<std::span<const OVOpaqueField>> fields() const {

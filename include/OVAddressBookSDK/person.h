@@ -10,25 +10,25 @@
 #include <OVAddressBookSDK/text_view.h>
 #include <OVAddressBookSDK/value.h>
 
-/// What every person presents: a bag of values, one per property name. Hosts derive from it.
+/// The interface of every person: a bag of values, one per property name. Hosts derive from it.
 ///
 /// The library itself calls `ID` and `valueByProperty` of a host's person, nothing else.
 class OV_EXPORT IOVPerson : public OVObject {
  public:
   ~IOVPerson() override;
 
-  /// The person's identifier. A person without one (null) cannot enter a general book.
+  /// The person's identifier. A person without one (null) cannot be added to a general book.
   [[nodiscard]] virtual OVString ID() const = 0;
   /// The identifier of the book that the person is in.
   [[nodiscard]] virtual OVString addressBookID() const = 0;
-  /// What the person is called in lists.
+  /// The person's name in lists.
   [[nodiscard]] virtual OVString displayName() const = 0;
 
   /// The value itself, shared, not a copy; null when there is none.
   [[nodiscard]] virtual OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const = 0;
   /// The same by the property's name, which may be one that the catalogue does not have.
   [[nodiscard]] virtual OVRef<OVValue> valueByPropertyName(const OVStringView& name) const = 0;
-  /// Gives the person a value under a property.
+  /// Sets the value of a property.
   virtual void setValueByProperty(const OVRef<OVValue>& value,
                                   const OVRef<OVProperty>& property) = 0;
   /// The same by the property's name.
@@ -36,7 +36,7 @@ class OV_EXPORT IOVPerson : public OVObject {
 
   /// May be null.
   [[nodiscard]] virtual OVRef<OVImage> thumbnail() const = 0;
-  /// Gives the person a small picture.
+  /// Sets the small picture.
   virtual void setThumbnail(const OVRef<OVImage>& image) = 0;
 
   /// The datum of the main phone entry; may be null.
@@ -51,35 +51,35 @@ class OV_EXPORT IOVPerson : public OVObject {
 
   /// The tags that the person has.
   [[nodiscard]] virtual OVList<OVString> tagArray() const = 0;
-  /// Gives the person a tag.
+  /// Adds a tag.
   virtual void addTag(const OVString& tag) = 0;
-  /// Takes a tag from the person.
+  /// Removes a tag.
   virtual void removeTag(const OVString& tag) = 0;
-  /// Gives the person these tags.
+  /// Sets the tags.
   virtual void setTags(const OVList<OVString>& tags) = 0;
 
   /// Sets whether the person is an organisation.
   virtual void setIsOrganization(bool isOrganization) = 0;
   /// Whether the person is an organisation.
   [[nodiscard]] virtual bool isOrganization() const = 0;
-  /// The name to be shown, of the person or of the organisation.
+  /// The name to show, of the person or the organisation.
   [[nodiscard]] virtual OVString showName() const = 0;
   /// The organisation that the person belongs to.
   [[nodiscard]] virtual OVString companyName() const = 0;
-  /// What the person does there.
+  /// The person's job there.
   [[nodiscard]] virtual OVString jobTitle() const = 0;
 
-  /// Optional: null unless a host's person class knows better.
+  /// Optional: null unless a host's class overrides it.
   [[nodiscard]] virtual OVString nameChineesPinyin() const;
-  /// Optional: null unless a host's person class knows better.
+  /// Optional: null unless a host's class overrides it.
   [[nodiscard]] virtual OVString showNameChineesPinyin() const;
 };
 
 namespace ov {
 
-/// Takes the value of a property from a person of any class: from a general person with
-/// `removeValueByPropertyName`, from others with a null value. False when there still is one, since
-/// the person's class keeps it.
+/// Removes the value of a property from a person of any class: from a general person with
+/// `removeValueByPropertyName`, from others by setting null. False when the person's class kept the
+/// value.
 OV_EXPORT bool removeValue(IOVPerson& person, const OVString& name);
 
 }  // namespace ov

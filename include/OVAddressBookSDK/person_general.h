@@ -10,8 +10,15 @@
 /// The library's own person: an ID and a bag of values by property name.
 ///
 /// Its archive holds the ID and the values under the names of the standard catalogue; values under
-/// other names, tags and the extension object are not archived. One thread at a time, but for
+/// other names, tags and the extension object are not archived. One thread at a time, except for
 /// `extend`.
+///
+/// \code
+/// auto mira = OVPersonGeneral::initWithID("mira-1");
+/// auto name = OVObjectPersonName::initWithFirstMiddleLast("Mira", nullptr, "Halonen");
+/// mira->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
+/// std::cout << mira->displayName() << "\n";  // Mira Halonen
+/// \endcode
 class OV_EXPORT OVPersonGeneral : public IOVPerson {
  public:
   /// A new person without values and tags. The ID is kept as given, null included.
@@ -19,7 +26,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   ~OVPersonGeneral() override;
 
   /// "" for a person from an archive without one, null for one whose archive held something that is
-  /// no text: that is kept and written back, but such a person cannot enter a book.
+  /// not text: that is kept and written back, but such a person cannot be added to a book.
   [[nodiscard]] OVString ID() const override { return ID_.text(); }
   /// Always "": the person does not know its book.
   [[nodiscard]] OVString addressBookID() const override;
@@ -30,13 +37,13 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   [[nodiscard]] OVRef<OVValue> valueByProperty(const OVRef<OVProperty>& property) const override;
   /// Null when there is none, and for a null name.
   [[nodiscard]] OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override;
-  /// Replaces an earlier value. Does nothing when value or property is null: what takes a value
-  /// away is `removeValueByPropertyName`.
+  /// Replaces an earlier value. Does nothing when value or property is null; use
+  /// `removeValueByPropertyName` to remove a value.
   void setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVProperty>& property) override;
   /// The same under any name; does nothing when value or name is null.
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
 
-  /// Takes the value under the name away. Does nothing where there is none, and for null.
+  /// Removes the value under the name. Does nothing if there is none, and for null.
   void removeValueByPropertyName(const OVStringView& name);
 
   [[nodiscard]] OVRef<OVImage> thumbnail() const override;
@@ -55,7 +62,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// A new list, in no particular order, of the catalogue's properties whose value is not null.
   [[nodiscard]] OVList<OVProperty> notNullValueProperty() const override;
 
-  /// The live list: a change of it is a change of the person. Never null.
+  /// The live list: changing it changes the person. Never null.
   [[nodiscard]] OVList<OVString> tagArray() const override;
   /// Appends the tag only when the person has it already.
   void addTag(const OVString& tag) override;
@@ -65,7 +72,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// nothing.
   void setTags(const OVList<OVString>& tags) override;
 
-  /// A general person does not tell organisations apart: this does nothing, and the next four
+  /// A general person does not distinguish organisations: this does nothing, and the next four
   /// return false or null.
   void setIsOrganization(bool isOrganization) override;
   /// Always false.
@@ -77,8 +84,8 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   /// Always null.
   [[nodiscard]] OVString jobTitle() const override;
 
-  /// A new single value around `rawValue`, which it shares; null for a null `rawValue`. A null
-  /// label is accepted.
+  /// A new single value around `rawValue`, which it shares; null for a null `rawValue`. The label
+  /// may be null.
   [[nodiscard]] static OVRef<OVMutableSingleValue> singleValueByMacValueLabelType(
       const OVRef<OVObject>& rawValue, const OVRef<OVLabel>& label, OVValueType type);
   /// The same with the type of the property and a new label whose two texts are its display name;
@@ -88,7 +95,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
   /// The host's own object, null until the host sets one. Any thread may call these two.
   [[nodiscard]] OVRef<OVObject> extend() const { return extend_.load(); }
-  /// Keeps the object given; null takes it away.
+  /// Keeps the object itself; null clears it.
   void setExtend(OVRef<OVObject> extend) { extend_.store(std::move(extend)); }
 
   /// The class under which objects are archived.

@@ -3,11 +3,11 @@
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/text.h>
 
-/// How a person is called.
+/// What a person is called.
 struct OVPersonHeading {
-  /// Null for a person of whom nothing is known that could be a name.
+  /// Null when nothing is known of the person that could serve as a name.
   OVString main;
-  /// The person in an organisation; null for none.
+  /// The person in an organisation; null if there is none.
   OVString below;
 };
 
@@ -15,11 +15,11 @@ namespace ov {
 
 /// The heading of a person of any book: the display name; the company of an organisation, with the
 /// display name below; else the first of company, nickname, e-mail address, phone number, account
-/// and URL. It asks for `displayName` and for values, whatever shape they have.
+/// and URL. It calls `displayName` and reads values, single or multiple.
 [[nodiscard]] OV_EXPORT OVPersonHeading headingOf(const IOVPerson& person);
 
-/// Whether the person is an organisation: the text under "Is Organization" is there and is none of
-/// "", "0", "no" and "false" in any case.
+/// Whether the person is an organisation: there is a text under "Is Organization", and it is none
+/// of "", "0", "no" and "false" in any case.
 [[nodiscard]] OV_EXPORT bool isOrganization(const IOVPerson& person);
 
 }  // namespace ov

@@ -6,26 +6,33 @@
 #include <OVAddressBookSDK/locale.h>
 #include <OVAddressBookSDK/person.h>
 
-/// Finds persons of any book by what somebody types.
+/// Finds persons of any book by the text that a user types.
 ///
-/// The typed text is taken as words; a person matches when each word is a part of the person's
-/// names (phonetic, maiden and nickname too), company, phone numbers or e-mail addresses. Case,
-/// accents and width do not count, as `OVLocale::searchForm` says. Of phone numbers only the digits
-/// count, and what holds nothing but digits and the signs around them is also taken as one number:
-/// "5550" and "(55) 50" find "+44 (55) 50-23". A text of blanks matches everybody.
+/// The text is split into words; a person matches when each word is part of the person's names
+/// (phonetic, maiden and nickname too), company, phone numbers or e-mail addresses. Case, accents
+/// and width are ignored, as in `OVLocale::searchForm`. Of phone numbers only the digits count, and
+/// a text of nothing but digits and punctuation is also taken as one number: "5550" and "(55) 50"
+/// find "+44 (55) 50-23". A blank text matches everybody.
 ///
-/// Any thread may use it, as far as it may read the persons. It keeps nothing of them.
+/// Any thread that may read the persons may use it. It keeps nothing of them.
+///
+/// \code
+/// auto mira = OVPersonGeneral::initWithID("mira-1");
+/// mira->setValueByPropertyName(ov::labelled("Caf\u00e9 Tampere", nullptr, OVValueTypeString),
+///                              OVProPertyCompany);
+/// std::cout << OVPersonMatcher("tamp cafe").matches(*mira) << "\n";  // 1
+/// \endcode
 class OV_EXPORT OVPersonMatcher {
  public:
-  /// Null is as "".
+  /// Null counts as "".
   explicit OVPersonMatcher(const OVString& typed);
 
   /// Whether it matches everybody.
   [[nodiscard]] bool matchesAll() const { return words_.empty(); }
   /// Whether the person matches.
   [[nodiscard]] bool matches(const IOVPerson& person) const;
-  /// Whether everybody who matches this is sure to match `other`, as when somebody types on: who
-  /// did not match `other` need not be looked at.
+  /// Whether everybody who matches this certainly matches `other`, as when the user types on: those
+  /// who did not match `other` need not be tried again.
   [[nodiscard]] bool isWithin(const OVPersonMatcher& other) const;
 
  private:

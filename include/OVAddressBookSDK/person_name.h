@@ -6,13 +6,13 @@
 
 /// A person's structured name. Immutable; any thread may read it.
 ///
-/// A part is null or a non-empty text without line breaks (line feed, carriage return, U+0085),
-/// but a name out of an archive holds whatever text the archive held; what is no text there reads
-/// as null and is written back.
+/// A part is null or a non-empty text without line breaks (line feed, carriage return, U+0085), but
+/// a name from an archive keeps whatever text the archive held; anything else there reads as null
+/// and is written back.
 class OV_EXPORT OVObjectPersonName : public OVObject {
  public:
-  /// Each part goes through `standString`. Null when all three are null or empty as given; a part
-  /// that holds only line breaks counts as given and becomes null.
+  /// Each part goes through `standString`. Null when all three arguments are null or empty; a part
+  /// of nothing but line breaks counts as given and becomes null.
   [[nodiscard]] static OVRef<OVObjectPersonName> initWithFirstMiddleLast(const OVString& first,
                                                                          const OVString& middle,
                                                                          const OVString& last);
@@ -25,12 +25,12 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
   /// @}
 
   /// The parts that are not null, with single spaces between them, in the order that
-  /// `OVAddressBook::lastNameInFront` asks for at the time of the call: first or last name in
-  /// front, the middle name always in the middle. Never null.
+  /// `OVAddressBook::lastNameInFront` says at the time of the call: first or last name first, the
+  /// middle name always in the middle. Never null.
   [[nodiscard]] OVString displayString() const;
 
-  /// The text without line feeds, carriage returns and U+0085; null for null and when nothing is
-  /// left. Nothing else is changed.
+  /// The text without line feeds, carriage returns and U+0085, otherwise unchanged; null for null
+  /// and when nothing is left.
   [[nodiscard]] OVString standString(const OVString& text) const;
 
   /// The class under which objects are archived.
@@ -42,7 +42,7 @@ class OV_EXPORT OVObjectPersonName : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectPersonName() = default;
-  /// For a class that derives from this one: each part goes through `standString`.
+  /// For derived classes: each part goes through `standString`.
   OVObjectPersonName(const OVString& first, const OVString& middle, const OVString& last);
 
  private:

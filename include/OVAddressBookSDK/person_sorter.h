@@ -7,32 +7,32 @@
 #include <OVAddressBookSDK/locale.h>
 #include <OVAddressBookSDK/person.h>
 
-/// What persons are ordered by in a list.
+/// How a list of persons is sorted.
 enum class OVPersonOrder : std::uint8_t {
   None,     ///< the order of the book
   Name,     ///< by name
-  Company,  ///< by company, and by name in one company; who has none comes last
+  Company,  ///< by company, then by name; persons without one come last
 };
 
-/// Orders persons of any book as a reader of the current locale expects them.
+/// Sorts persons of any book the way a reader of the current locale expects.
 ///
-/// The name is the last, first and middle one, or the first, middle and last one, as
-/// `OVAddressBook::lastNameInFront` says; a phonetic name, where there is one, counts in place of
-/// the name that it tells how to read. An organisation is ordered by its company, a person without
-/// a name by what `ov::headingOf` gives. Who has none of that comes last.
+/// The name is last, first and middle, or first, middle and last, as
+/// `OVAddressBook::lastNameInFront` says; a phonetic name, if there is one, replaces the name that
+/// it belongs to. An organisation is sorted by its company, a person without a name by the result
+/// of `ov::headingOf`. Persons without any of these come last.
 ///
-/// Locale and name order are those of the moment when the sorter is made. Any thread may use it, as
-/// far as it may read the persons.
+/// Locale and name order are those at the time when the sorter is made. Any thread that may read
+/// the persons may use it.
 class OV_EXPORT OVPersonSorter {
  public:
-  /// Of this locale and order of names.
+  /// Uses the current locale and name order.
   explicit OVPersonSorter(OVPersonOrder order);
 
-  /// Bytes that order as the persons do; "" for everybody in the book's order.
+  /// Bytes that sort as the persons do; "" for everybody in the book's order.
   [[nodiscard]] std::string keyOf(const IOVPerson& person) const;
 
-  /// Orders the persons; those of equal keys stay as they were. Null references come last. What
-  /// throws leaves them as they were.
+  /// Sorts the persons; those with equal keys keep their order. Null references come last. An
+  /// exception leaves them unchanged.
   void sort(std::vector<OVRef<IOVPerson>>& persons) const;
 
  private:

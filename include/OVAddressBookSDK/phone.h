@@ -15,11 +15,11 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   /// The number as it is.
   [[nodiscard]] OVString displayString() const { return phoneNumber(); }
 
-  /// True when there is nothing in the number but digits, spaces, no-break spaces, parentheses, "+"
-  /// and "-". The test looks at the low byte of each UTF-16 code unit: U+0130 counts as "0".
+  /// True when the number holds nothing but digits, spaces, no-break spaces, parentheses, "+" and
+  /// "-". The test looks at the low byte of each UTF-16 code unit: U+0130 counts as "0".
   [[nodiscard]] bool valid() const { return valid_; }
-  /// Works out `valid`, which the initialisers have done already: the number never changes, and
-  /// this changes nothing.
+  /// Computes `valid`, as the initialisers have done already. The number never changes, so this has
+  /// no effect.
   void initValid();
 
   /// The same as `valid`, as are the next two.
@@ -29,8 +29,8 @@ class OV_EXPORT OVObjectPhone : public OVObject {
   /// The same as `valid`.
   [[nodiscard]] bool canDoSendMessage() const { return valid(); }
 
-  /// Hands "tel:" and the digits of the number to the shared workspace. Like the other two actions,
-  /// does nothing for an invalid number, and nothing tells whether the desktop took the URL.
+  /// Opens "tel:" and the digits of the number on the shared workspace. Like the other two actions,
+  /// does nothing for an invalid number; whether the desktop accepted the URL is not reported.
   void call() const;
   /// The same with "facetime://".
   void videoCall() const;
@@ -49,7 +49,7 @@ class OV_EXPORT OVObjectPhone : public OVObject {
  protected:
   friend struct ov::detail::Maker;
   OVObjectPhone() = default;
-  /// For a class that derives from this one; null reads as null.
+  /// For derived classes; null is kept as null.
   explicit OVObjectPhone(const OVString& phoneNumber);
 
  private:

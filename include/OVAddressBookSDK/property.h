@@ -40,8 +40,8 @@ OV_EXPORT extern const OVString OVMacOtherProperty;
 OV_EXPORT extern const OVString OVProPertyIsOrganization;
 /// @}
 
-/// Describes one property of a person. Made by the catalogue only, immutable, compared by identity,
-/// alive until the process ends. Any thread may use it.
+/// Describes one property of a person. Only the catalogue makes them; they are immutable, compared
+/// by identity, and live until the process ends. Any thread may use them.
 class OV_EXPORT OVProperty final : public OVObject {
  public:
   /// The 23 standard properties in their fixed order: the same list on every call. Built on the

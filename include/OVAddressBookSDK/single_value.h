@@ -15,18 +15,18 @@ struct ov::detail::Usual<OVSingleValue> {
   using type = OVMutableSingleValue;
 };
 
-/// One labelled datum, to be read. Label and datum are shared, never copied.
+/// One labelled datum, read-only. Label and datum are shared, never copied.
 ///
 /// Every single value that the library makes is an `OVMutableSingleValue`.
 class OV_EXPORT OVSingleValue : public OVValue {
  public:
-  /// An empty value that stays empty: type 0, no label, no datum. Values of this very class that
-  /// hold anything come out of archives of other programs.
+  /// An empty value that stays empty: type 0, no label, no datum. Only archives of other programs
+  /// give values of exactly this class that hold anything.
   [[nodiscard]] static OVRef<OVSingleValue> init();
   ~OVSingleValue() override;
 
-  /// May be null, and is null when an archive held something that is no label. Any thread may read
-  /// it.
+  /// May be null, and is null when an archive held something that is not a label. Any thread may
+  /// read it.
   [[nodiscard]] OVRef<OVLabel> label() const { return ov::cast<OVLabel>(label_.load()); }
   /// The datum; may be null. Any thread may read it.
   [[nodiscard]] OVRef<OVObject> value() const { return value_.load(); }
@@ -47,8 +47,8 @@ class OV_EXPORT OVSingleValue : public OVValue {
   friend struct ov::detail::Maker;
   OVSingleValue() = default;
 
-  /// What every copy of this value, also inside a copy of a multiple value, is made from: a new
-  /// value that gets type, label and datum, in this order. Override it so that copies keep a class
+  /// The new value that every copy of this one, also inside a copy of a multiple value, starts as;
+  /// it is given type, label and datum, in this order. Override it so that copies keep the class
   /// and the fields that it adds; null counts as an `OVMutableSingleValue`.
   [[nodiscard]] virtual OVRef<OVMutableSingleValue> newCopy() const;
 
@@ -62,14 +62,14 @@ class OV_EXPORT OVSingleValue : public OVValue {
   OVAtomic<OVRef<OVObject>> value_;
 };
 
-/// One labelled datum. The setters only store: nothing is checked or announced. They may run while
-/// other threads read the value or save its book, which get the old or the new one.
+/// One labelled datum. The setters only store: nothing is checked or announced. Other threads may
+/// meanwhile read the value or save its book; they get the old or the new one.
 class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
  public:
   /// A new value: type 0, no label, no datum.
   [[nodiscard]] static OVRef<OVMutableSingleValue> init();
 
-  /// Replaces the type; the datum stays. Any code will do, such as
+  /// Replaces the type; the datum is kept. Any code is accepted, such as
   /// `static_cast<OVValueType>(14)`.
   void setType(OVValueType type) { storeType(type); }
   /// Null clears the label.
@@ -92,11 +92,14 @@ class OV_EXPORT OVMutableSingleValue : public OVSingleValue {
 
 namespace ov {
 
-/// A new single value of a datum, which it shares: what most entries of a person are made with.
+/// A new single value of a datum, which it shares; most entries of a person are made with it.
 ///
-///     phones->addValue(ov::labelled(phone, "work", OVValueTypePhone));
-///     person->setValueByPropertyName(ov::labelled("Ferry pilot", "job", OVValueTypeString),
-///                                    OVProPertyJobTitle);
+/// \code
+/// auto phone = OVObjectPhone::initWithPhoneNumber("+44 55 50 23");
+/// auto value = ov::labelled(phone, "work", OVValueTypePhone);
+/// std::cout << value->label()->displayName() << "\n";  // work
+/// std::cout << (value->value() == phone) << "\n";      // 1
+/// \endcode
 ///
 /// Its label is a new one that has `label` as its name and its display name; a null `label` gives a
 /// value without one. Null for a null datum.

@@ -18,37 +18,47 @@ class TagIndex;
 /// The user's tags on the persons of one address book, kept in the user defaults under an ID that
 /// the host chooses.
 ///
-/// Every change writes the whole store at once, without waiting for the disk. What has been written
-/// is what any process gets that opens a manager afterwards; managers that are open already, in
-/// this process or another, know nothing of each other: the last to save wins. Used from one
-/// thread; only `tagID` may be read beside its setter.
+/// Every change writes the whole store at once, without waiting for the disk. Any process that
+/// opens a manager afterwards gets what has been written; managers that are already open, in this
+/// process or another, do not know of each other: the last to save wins. One thread at a time; only
+/// `tagID` may be read while another thread sets it.
 ///
-/// Many changes are quicker in a batch, at the end of which they are saved together:
+/// Many changes are faster in a batch, which saves them together at its end:
 ///
-///     const OVTagManager::Batch batch(tags);
-///     for (const auto& id : friends) tags->addPersonIDForTag(id, "Friends");
+/// \code
+/// auto tags = OVTagManager::tagManagerWithID("contacts.tags");
+/// {
+///   const OVTagManager::Batch batch(tags);
+///   for (const char* id : {"mira-1", "noor-2"}) tags->addPersonIDForTag(id, "Friends");
+/// }
+/// std::cout << tags->personIDsByTag("Friends").size() << "\n";  // 2
+/// \endcode
 ///
 /// Lists are handed out live: a change made through one shows in the manager, but is written only
-/// with the next save. A program that changes the manager while it walks through such a list walks
-/// through a copy:
+/// with the next save. A program that changes the manager while iterating over such a list iterates
+/// over a copy:
 ///
-///     for (const auto& tag : tags->tagsByPersonID(id).copy()) {
-///       tags->removePersonIDFromTag(id, tag);
-///     }
+/// \code
+/// auto tags = OVTagManager::tagManagerWithID("contacts.tags");
+/// tags->addPersonIDForTag("mira-1", "Friends");
+/// for (const auto& tag : tags->tagsByPersonID("mira-1").copy())
+///   tags->removePersonIDFromTag("mira-1", tag);
+/// std::cout << tags->count() << "\n";  // 0
+/// \endcode
 class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_this<OVTagManager> {
  public:
-  /// While one of these lives, its manager saves nothing, `save` included. When the last one ends,
-  /// also by an exception, the manager is saved once if it was to be saved meanwhile.
+  /// While a batch exists, its manager saves nothing, not even by `save`. When the last one ends,
+  /// even by an exception, the manager is saved once if anything was to be saved meanwhile.
   class OV_EXPORT Batch {
    public:
     /// A null manager makes a batch that does nothing.
     explicit Batch(OVRef<OVTagManager> manager);
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
-    /// Ends the batch. What fails then goes to the log, and the tags stay in memory.
+    /// Ends the batch. A failure to save is logged, and the tags stay in memory.
     ~Batch();
-    /// Ends the batch here, so that the caller gets the exception when saving fails. Does nothing
-    /// the second time.
+    /// Ends the batch here, so that the caller gets the exception when saving fails. Calling it
+    /// again has no effect.
     void end();
 
    private:
@@ -57,7 +67,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   /// The manager stored under the ID, or a new, empty one when nothing is stored there. Writes
   /// nothing. Null for a null ID. Throws `OVInvalidArchive`, which names the ID, when what is
-  /// stored is no archive or the archive of something else, and leaves it as it is.
+  /// stored is not an archive or is the archive of something else, and leaves it as it is.
   [[nodiscard]] static OVRef<OVTagManager> tagManagerWithID(const OVString& tagID);
 
   /// An empty manager without an ID. It cannot be saved before it gets one.
@@ -65,7 +75,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   /// The key in the user defaults; null when none was given.
   [[nodiscard]] OVString tagID() const { return tagID_.load(); }
-  /// Takes effect with the next save; what is stored under the old ID stays.
+  /// Takes effect with the next save; what is stored under the old ID is kept.
   void setTagID(OVString tagID) { tagID_.store(std::move(tagID)); }
 
   /// Writes the whole manager to the user defaults. Does nothing while the ID is null. Throws
@@ -77,34 +87,34 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
   /// Tags in the order of their first use; null past the end.
   [[nodiscard]] OVString tagAtIndex(std::uint64_t index) const;
 
-  /// The live list of the persons that carry the tag, in order of tagging; null when there is none
+  /// The live list of the persons that have the tag, in order of tagging; null when there is none
   /// and for null.
   [[nodiscard]] OVList<OVString> personIDsByTag(const OVStringView& tag) const;
   /// The live list of the person's tags, in order of tagging; null when there is none and for null.
   [[nodiscard]] OVList<OVString> tagsByPersonID(const OVStringView& personID) const;
 
-  /// Tags a person; a tag that the person already carries stays where it is. Saves. Does nothing,
-  /// not even save, when an argument is null.
+  /// Tags a person; a tag that the person already has keeps its place. Saves. Does nothing, not
+  /// even save, when an argument is null.
   void addPersonIDForTag(const OVString& personID, const OVString& tag);
 
-  /// Takes a tag from a person. A tag that nobody carries any more is dropped, and so is the list
-  /// of a person without tags. Saves. Does nothing, not even save, when an argument is null.
+  /// Removes a tag from a person. A tag that nobody has any more is dropped, and so is the list of
+  /// a person without tags. Saves. Does nothing, not even save, when an argument is null.
   void removePersonIDFromTag(const OVString& personID, const OVString& tag);
 
-  /// Takes all tags from a person, whose list goes with the last, as `removePersonIDFromTag` does;
-  /// an empty list that `removeTag` has left stays. Saves after each and once at the end. Does
+  /// Removes all tags from a person, and the list with the last one, as `removePersonIDFromTag`
+  /// does; an empty list left by `removeTag` is kept. Saves after each and once at the end. Does
   /// nothing for null.
   void removeForPersonID(const OVString& personID);
 
-  /// Takes a tag from all persons and drops it. A person whose last tag it was keeps an empty list,
-  /// unlike with `removePersonIDFromTag`. Saves, for a null tag too.
+  /// Removes a tag from all persons. A person whose last tag it was keeps an empty list, unlike
+  /// with `removePersonIDFromTag`. Saves, for a null tag too.
   void removeTag(const OVString& tag);
 
-  /// Gives a person these tags in place of all others. Saves after each step and once at the end.
-  /// Does nothing, not even save, when an argument is null.
+  /// Replaces all tags of a person. Saves after each step and once at the end. Does nothing, not
+  /// even save, when an argument is null.
   ///
-  /// The list is read after the person's old tags are gone: the person's own live list is empty by
-  /// then, and handing it in only takes all tags away.
+  /// The list is read after the person's old tags have been removed: the person's own live list is
+  /// empty by then, so passing it only removes all tags.
   void setTagsForPersonID(const OVList<OVString>& tags, const OVString& personID);
 
   /// The class under which objects are archived.
@@ -122,7 +132,7 @@ class OV_EXPORT OVTagManager : public OVObject, public std::enable_shared_from_t
 
   void makeMutable();
 
-  // A manager from an archive may lack any of the three: it reads as empty and takes nothing up. So
+  // A manager from an archive may lack any of the three: it reads as empty and accepts nothing. So
   // does one that has something else there, which is kept and written back.
   [[nodiscard]] OVList<OVString> tags() const { return ov::cast<OVList<OVString>>(tags_); }
   [[nodiscard]] ListsByText tagKeyDic() const { return ov::cast<ListsByText>(tagKeyDic_); }

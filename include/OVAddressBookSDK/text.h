@@ -27,7 +27,7 @@ class ArchiveSlot;
 class ArchiveWriter;
 class TextField;
 
-/// The characters behind an `OVString`: well-formed UTF-8, followed by a NUL.
+/// The characters of an `OVString`: well-formed UTF-8, followed by a NUL.
 class OV_EXPORT TextObject : public OVObject {
  public:
   constexpr ~TextObject() override {}  // NOLINT(modernize-use-equals-default): g++ 12 needs it
@@ -42,7 +42,7 @@ class OV_EXPORT TextObject : public OVObject {
     if (!isConstant() && count(-1, std::memory_order_acq_rel) == 1) destroy();
   }
 
-  /// False for what a `TextField` holds in the place of a text.
+  /// False for what a `TextField` holds instead of a text.
   [[nodiscard]] bool isText() const { return size_ != kNoText; }
 
   [[nodiscard]] bool isConstant() const { return references_.load(std::memory_order_relaxed) == 0; }
@@ -55,7 +55,7 @@ class OV_EXPORT TextObject : public OVObject {
   /// The object as a text; null when it is null or something else.
   [[nodiscard]] static inline const TextObject* of(const OVObject* object);
 
-  /// A new text of these pieces, with one reference. That they are well-formed is not checked.
+  /// A new text of these pieces, with one reference. They must be well-formed.
   static TextObject* make(std::span<const std::string_view> wellFormed);
 
  protected:
@@ -67,7 +67,7 @@ class OV_EXPORT TextObject : public OVObject {
  private:
   void destroy() const;
 
-  /// Gives the number of references before.
+  /// Returns the previous number of references.
   std::uint32_t count(int change, std::memory_order order) const;
 
   mutable std::atomic<std::uint32_t> references_;
@@ -110,7 +110,7 @@ inline const char* TextObject::data() const {
                       : reinterpret_cast<const char*>(this) + sizeof(TextObject);
 }
 
-/// A new text of these pieces. That they are well-formed is not checked.
+/// A new text of these pieces, which must be well-formed.
 [[nodiscard]] OVString joined(std::span<const std::string_view> wellFormed);
 
 }  // namespace ov::detail
@@ -123,6 +123,13 @@ concept OVTextLike = std::convertible_to<const T&, std::string_view> && !std::sa
 /// Null and "" differ, also under `==`. The text is well-formed UTF-8: ill-formed input is repaired
 /// with U+FFFD when the string is made. Copies share the text and keep its identity; any thread may
 /// read and copy a string, and a string object that one thread writes belongs to that thread.
+///
+/// \code
+/// const OVString none = nullptr;
+/// const OVString empty = "";
+/// std::cout << (none == empty) << none.size() << empty.size() << "\n";  // 000
+/// std::cout << (OVString("Brest") == "Brest") << "\n";                  // 1
+/// \endcode
 class OV_EXPORT OVString {
  public:
   /// Null.
@@ -136,12 +143,12 @@ class OV_EXPORT OVString {
   OVString(std::string_view text);  // NOLINT(google-explicit-constructor)
   OVString(const std::string& text) : OVString(std::string_view(text)) {}  // NOLINT
   /// @}
-  /// The text that was looked at, to be kept: shared where it is an `OVString`'s, else a new one.
+  /// The text of the view, to keep: shared if it is an `OVString`'s, else a new one.
   explicit OVString(const OVStringView& text);
   /// A string over static storage; costs no allocation, ever.
   constexpr explicit OVString(const ov::detail::TextConstant& constant) : text_(&constant) {}
 
-  /// Copies share the text; what is moved from is null.
+  /// Copies share the text; a moved-from string is null.
   /// @{
   OVString(const OVString& other) : text_(other.text_) {
     if (text_ != nullptr) text_->retain();

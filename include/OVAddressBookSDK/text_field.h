@@ -11,14 +11,14 @@ class OVKeyedUnarchiver;
 
 namespace ov::detail {
 
-/// A text that an object holds, or what an archive has in the place of one: that reads as null, is
-/// kept and written back. As large as a text.
+/// A text that an object holds, or whatever an archive has instead: that reads as null, is kept and
+/// written back. As large as a text.
 class OV_EXPORT TextField {
  public:
   TextField() = default;
   explicit TextField(OVString text) : held_(std::move(text)) {}
 
-  /// Null when the field is empty, and for what is no text.
+  /// Null when the field is empty, and for what is not text.
   [[nodiscard]] const OVString& text() const OV_LIFETIMEBOUND { return isText() ? held_ : kNull; }
   /// Whether the field holds neither a text nor anything else.
   [[nodiscard]] bool isEmpty() const { return held_.isNull(); }

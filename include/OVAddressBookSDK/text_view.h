@@ -7,30 +7,31 @@
 
 #include <OVAddressBookSDK/text.h>
 
-/// A text that is only looked at: what look-ups by name, key and code take.
+/// A view of a text: the argument of look-ups by name, key and code.
 ///
-/// It is made, without allocating, of what the caller has at hand: a literal, a `std::string`, a
-/// `std::string_view`, an `OVString`, or `nullptr` for the null text. Ill-formed UTF-8 reads as the
-/// `OVString` of it would; that alone takes memory.
+/// It is made, without allocation, from a literal, a `std::string`, a `std::string_view`, an
+/// `OVString`, or `nullptr` for the null text. Ill-formed UTF-8 reads as an `OVString` of it would,
+/// which does allocate.
 ///
-/// It lives for one call and cannot be copied. Make an `OVString` of what is to be kept, or look at
-/// it as it is:
+/// It lives for one call and cannot be copied. Make an `OVString` of it to keep the text, or use it
+/// as it is:
 ///
-///     OVRef<OVValue> valueByPropertyName(const OVStringView& name) const override {
-///       return name == OVProPertyNote ? note_ : others_[name];
-///     }
+/// \code
+/// auto isNote = [](const OVStringView& name) { return name == OVProPertyNote; };
+/// std::cout << isNote("Note") << isNote(nullptr) << "\n";  // 10
+/// \endcode
 class OV_EXPORT OVStringView {
  public:
   /// Null.
   OVStringView(std::nullptr_t) {}  // NOLINT(google-explicit-constructor)
-  /// Keeps the identity: an `OVString` that is made of the view shares the text.
+  /// Keeps the identity: an `OVString` made from the view shares the text.
   OVStringView(const OVString& text OV_LIFETIMEBOUND)  // NOLINT(google-explicit-constructor)
       : characters_(text.isNull() ? std::string_view() : text.view()), string_(&text) {}
   /// A null pointer gives the null text.
   OVStringView(const char* text OV_LIFETIMEBOUND) {  // NOLINT(google-explicit-constructor)
     if (text != nullptr) lookAt(text);
   }
-  /// Never null: without characters it is "", also when it was never set.
+  /// Never null: an empty view, even a default one, is "".
   OVStringView(std::string_view text OV_LIFETIMEBOUND) {  // NOLINT(google-explicit-constructor)
     lookAt(text);
   }

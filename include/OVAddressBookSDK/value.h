@@ -7,19 +7,19 @@
 
 /// The root of the values that a person holds, one per property.
 ///
-/// Values are compared by identity. What is atomic in them (label, type and datum of a single
-/// value, the main value of a multiple value) may be set on one thread while others read or save
-/// it; everything else belongs to one thread at a time.
+/// Values are compared by identity. Their atomic fields (label, type and datum of a single value,
+/// the main value of a multiple value) may be set on one thread while others read or save them;
+/// everything else is for one thread at a time.
 class OV_EXPORT OVValue : public OVObject {
  public:
-  /// A value of this very class: immutable, of type 0.
+  /// A value of exactly this class: immutable, of type 0.
   [[nodiscard]] static OVRef<OVValue> init();
 
-  /// What the value holds, as one of `value_type.h`.
+  /// What the value holds: one of the codes of `value_type.h`.
   [[nodiscard]] virtual OVValueType type() const;
 
-  /// A value of the root class gives itself; single and multiple values give a new mutable value.
-  /// Never null.
+  /// A value of the root class returns itself; single and multiple values return a new mutable
+  /// value. Never null.
   [[nodiscard]] OVRef<OVValue> copy() const { return copyValue(); }
   /// The same as `copy`.
   [[nodiscard]] OVRef<OVValue> mutableCopy() const { return copyValue(); }
@@ -36,9 +36,9 @@ class OV_EXPORT OVValue : public OVObject {
   /// What `copy` and `mutableCopy` return. Never null.
   [[nodiscard]] virtual OVRef<OVValue> copyValue() const = 0;
 
-  /// Sets what `type` gives, unless a class says otherwise.
+  /// Sets the result of `type`, unless a class overrides that.
   void storeType(OVValueType type) { type_.store(type, std::memory_order_relaxed); }
-  /// What was set or archived.
+  /// What was stored or archived.
   [[nodiscard]] OVValueType storedType() const { return type_.load(std::memory_order_relaxed); }
   /// Writes the field that every value has.
   static void encodeType(OVKeyedArchiver& coder, OVValueType type);

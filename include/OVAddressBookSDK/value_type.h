@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// What a value carries. A plain number, part of the stored format: any 32-bit code is kept, and
+/// What a value holds. A plain number, part of the stored format: any 32-bit code is kept, and
 /// nothing compares it with the class of the datum. 1, 2 and 4 are not assigned. A code without a
 /// name is written `static_cast<OVValueType>(14)`.
 enum OVValueType : std::int32_t {

@@ -3,18 +3,21 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
-/// The desktop, as far as the library needs it: it opens URLs. Any thread may call it.
+/// The desktop's part that the library needs: it opens URLs. Any thread may call it.
 ///
 /// The platform's default runs `xdg-open` with the URL, detached from this process: it waits for
-/// nothing and leaves nothing behind, however much memory this process has. `xdg-open` is looked
-/// for in the folders that `PATH` names in full; the current folder is never searched.
+/// nothing and leaves nothing behind, however much memory this process has. `xdg-open` is searched
+/// for in the absolute folders of `PATH`, never in the current folder.
 ///
-/// A host that has its own way to open a URL derives from this class and installs it:
+/// A host with its own way to open a URL derives from this class and installs it:
 ///
-///     class HostWorkspace : public OVWorkspace {
-///       bool open(const OVString& url) override { return toolkit.showUri(url.c_str()); }
-///     };
-///     OVWorkspace::setSharedWorkspace(std::make_shared<HostWorkspace>());
+/// \code
+/// class HostWorkspace : public OVWorkspace {
+///   bool open(const OVString& url) override { return toolkit.showUri(url.c_str()); }
+/// };
+/// OVWorkspace::setSharedWorkspace(std::make_shared<HostWorkspace>());
+/// OVObjectPhone::initWithPhoneNumber("+44 55 50 23")->call();  // opens: tel:44555023
+/// \endcode
 class OV_EXPORT OVWorkspace {
  public:
   OVWorkspace(const OVWorkspace&) = delete;
@@ -23,15 +26,15 @@ class OV_EXPORT OVWorkspace {
 
   /// The workspace that the library uses; never null.
   [[nodiscard]] static OVRef<OVWorkspace> sharedWorkspace();
-  /// Installs another workspace; null brings the platform's default back.
+  /// Installs another workspace; null restores the platform's default.
   static void setSharedWorkspace(OVRef<OVWorkspace> workspace);
 
   /// A workspace that opens nothing, for hosts without a desktop; `openURL` returns false.
   [[nodiscard]] static OVRef<OVWorkspace> none();
 
-  /// Hands `url` to the user's handler for its scheme; true when it was handed on. What the handler
-  /// makes of it is not known. Null and text that is not an absolute URL of RFC 3986 (a blank, a
-  /// character outside ASCII, no scheme, ...) are dropped.
+  /// Passes `url` to the user's handler for its scheme; true if it was passed on, whatever the
+  /// handler does with it. Null and anything but an absolute URL of RFC 3986 (a blank, a character
+  /// outside ASCII, no scheme, ...) are dropped.
   bool openURL(const OVString& url);
 
  protected:

@@ -1,3 +1,6 @@
+// Twenty field names, five values: every name is folded onto its standard field before it is looked
+// up.
+
 #include <OVAddressBookSDK/address.h>
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The layout of a country's addresses, filled with values or returned as fields.
+
 #include <OVAddressBookSDK/address_formater.h>
 
 #include <string>

@@ -11,7 +11,7 @@ namespace ov::detail {
 /// A map from codes of two lower-case letters to small numbers, made at compile time.
 class CodeMap {
  public:
-  /// Enters a code; false when it stands there already, and then the first number stays.
+  /// Enters a code; false when it is there already, and then the first number stays.
   constexpr bool add(std::string_view code, std::size_t number) {
     std::uint8_t& slot = slots_.at(slotOf(code).value());
     if (slot != 0) return false;

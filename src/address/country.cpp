@@ -1,3 +1,6 @@
+// Two views of the countries: the list, which hosts may change, and a dictionary by code. Both are
+// built once, by the first call, from the locale's codes.
+
 #include <OVAddressBookSDK/country.h>
 
 #include <algorithm>
@@ -64,12 +67,12 @@ bool comesBefore(const OVRef<OVCountry>& a, const OVRef<OVCountry>& b) {
 void sortByName(const OVList<OVCountry>& countries) { countries.sort(comesBefore); }
 
 /// Asks the locale for its codes. That may be the host's, which may do anything, so no lock is
-/// held. What it cannot do is ask for a country on the way, however many threads it passes through.
+/// held. What it cannot do is ask for a country meanwhile, however many threads it goes through.
 OVList<OVString> platformCodes() {
   static thread_local bool isAsking = false;
   static constinit std::atomic<int> asking = 0;
-  constexpr int kMostThreads = 1000;
-  if (isAsking || asking > kMostThreads) {
+  constexpr int kMaxThreads = 1000;
+  if (isAsking || asking > kMaxThreads) {
     throw std::logic_error(
         "OVCountry: a locale that is asked for its country codes asked for a country; the "
         "countries are made of these codes");

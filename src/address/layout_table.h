@@ -11,7 +11,7 @@ struct LayoutRow {
   std::string_view codes;
 };
 
-/// All layouts of postal addresses. The first one serves every code that stands nowhere.
+/// All layouts of postal addresses. The first one serves every code that is in none.
 inline constexpr std::array<LayoutRow, 37> kLayoutTable{{
     {"Street / City + State + ZIP / CountryOrArea", "us pr"},
     {"CountryOrArea / Province + City / Street / PostalCode", "cn"},

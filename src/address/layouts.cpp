@@ -6,7 +6,7 @@
 namespace ov::detail {
 namespace {
 
-// What stands before the separator, which is taken away together with it.
+// What precedes the separator, which is removed together with it.
 constexpr std::string_view nextPart(std::string_view& text, std::string_view separator) {
   const std::size_t end = text.find(separator);
   const std::string_view part = text.substr(0, end);
@@ -43,7 +43,7 @@ constexpr CodeMap kLayoutOfCode = []() {
   CodeMap map;
   for (std::size_t i = 0; i < kLayoutTable.size(); ++i) {
     for (std::string_view codes = kLayoutTable[i].codes; !codes.empty();)
-      if (!map.add(nextPart(codes, " "), i)) throw "a code stands twice";
+      if (!map.add(nextPart(codes, " "), i)) throw "a code is there twice";
   }
   return map;
 }();

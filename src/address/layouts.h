@@ -9,7 +9,7 @@
 
 namespace ov::detail {
 
-/// The fields that stand on one line of an address.
+/// The fields on one line of an address.
 class LayoutLine {
  public:
   constexpr void add(FieldNumber field) { fields_.at(size_++) = field; }

@@ -12,7 +12,7 @@
 #include "platform/maker.h"
 #include "property/standard_properties.h"
 
-// The entries under names of the catalogue stand first, in the catalogue's order, each under the
+// The entries under names of the catalogue come first, in the catalogue's order, each under the
 // catalogue's own name object; those under other names follow in the order in which they were set.
 
 using ov::detail::kStandardPropertyCount;

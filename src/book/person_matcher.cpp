@@ -1,3 +1,6 @@
+// The typed text is split once; a person is then searched property by property until every word has
+// been found, without making texts where ASCII is compared.
+
 #include <OVAddressBookSDK/person_matcher.h>
 
 #include <algorithm>
@@ -36,7 +39,7 @@ std::string digitsOfNumber(std::string_view text) {
   return digits;
 }
 
-/// Whether the digits follow each other in the number, whatever stands between them.
+/// Whether the digits follow each other in the number, whatever is between them.
 bool hasDigits(std::string_view number, std::string_view digits) {
   for (std::size_t start = 0; start < number.size(); ++start) {
     if (number[start] != digits.front()) continue;

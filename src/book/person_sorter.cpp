@@ -1,3 +1,6 @@
+// A person's place is a string of bytes, made once: the locale's collation keys of what the person
+// is sorted by. All keys are in one text, and most comparisons need only their first eight bytes.
+
 #include <OVAddressBookSDK/person_sorter.h>
 
 #include <algorithm>
@@ -23,7 +26,7 @@ constexpr char kNothing = '\x02';
 // Parts on either side of it are ordered one after the other.
 constexpr std::string_view kNextPart = "\uFFFE";
 
-/// The places of the persons, by keys that stand in one text.
+/// The places of the persons, by keys in one text.
 class Keys {
  public:
   explicit Keys(std::size_t count) { places_.reserve(count); }

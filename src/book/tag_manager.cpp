@@ -1,3 +1,6 @@
+// Two dictionaries of lists, tag to persons and person to tags, kept in step: each step of a change
+// is undone when a later one fails. Every change saves, unless a batch is open.
+
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include <exception>
@@ -78,8 +81,8 @@ bool removeFromList(const OVString& text, const OVString& key, const TextsByText
 
 void logUnsaved(const OVString& tagID, const char* why) noexcept {
   try {
-    OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" are not saved: " + why);
-  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no way to tell it
+    OVLog::sharedLog()->log("Tags \"" + tagID.str() + "\" were not saved: " + why);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no way to report it
   }
 }
 
@@ -104,7 +107,7 @@ OVRef<OVTagManager> OVTagManager::tagManagerWithID(const OVString& tagID) {
     manager = ov::cast<OVTagManager>(root);
     if (manager == nullptr && root != nullptr) {
       throw OVInvalidArchive("The archive under \"" + tagID.str() +
-                             "\" holds something else than tags");
+                             "\" holds something other than tags");
     }
   }
   if (manager == nullptr) manager = init();
@@ -143,7 +146,7 @@ OVTagManager::Batch::~Batch() {
   } catch (const std::exception& error) {
     logUnsaved(tagID, error.what());
   } catch (...) {
-    logUnsaved(tagID, "the user defaults threw what is no std::exception");
+    logUnsaved(tagID, "the user defaults threw something that is not a std::exception");
   }
 }
 

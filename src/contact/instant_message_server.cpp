@@ -19,7 +19,7 @@ constexpr Row row() {
   return {&ov::detail::kConstant<Name>, &ov::detail::kConstant<DisplayName>};
 }
 
-// The names stand in archives: never change one.
+// The names are stored in archives: never change one.
 constexpr std::array kRows{
     row<"AIMInstant", "AIM">(),
     row<"FacebookInstant", "Facebook">(),

@@ -17,7 +17,7 @@ constexpr std::string_view kFirstKey = "first";
 constexpr std::string_view kMiddleKey = "middle";
 constexpr std::string_view kLastKey = "last";
 
-/// Bytes of the line break at the start of `text`; 0 when another character stands there.
+/// Bytes of the line break at the start of `text`; 0 when there is another character.
 std::size_t lineBreakLength(std::string_view text) {
   if (text.starts_with('\n') || text.starts_with('\r')) return 1;
   return text.starts_with("\u0085") ? 2 : 0;

@@ -20,14 +20,14 @@ char lowByte(char16_t unit) { return static_cast<char>(unit & 0xFF); }
 
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-constexpr std::array kMayStandInNumber = []() {
+constexpr std::array kAllowedInNumber = []() {
   std::array<bool, 256> allowed{};
   for (const char byte : std::string_view("0123456789 \xA0()+-"))
     allowed[static_cast<unsigned char>(byte)] = true;
   return allowed;
 }();
 
-bool mayStandInNumber(char16_t unit) { return kMayStandInNumber[unit & 0xFF]; }
+bool isAllowedInNumber(char16_t unit) { return kAllowedInNumber[unit & 0xFF]; }
 
 void openDigits(const char* scheme, const OVObjectPhone& phone) {
   OVWorkspace::sharedWorkspace()->openURL(scheme + phone.adjustNumber(phone.phoneNumber()).str());
@@ -46,7 +46,7 @@ OVRef<OVObjectPhone> OVObjectPhone::initWithPhoneNumber(const OVString& phoneNum
 
 void OVObjectPhone::initValid() {
   const bool valid =
-      std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_.text()), mayStandInNumber);
+      std::ranges::all_of(ov::detail::Utf16Units(phoneNumber_.text()), isAllowedInNumber);
   if (valid != valid_) valid_ = valid;  // once it is right it is only read, by any thread
 }
 

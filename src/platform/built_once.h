@@ -17,7 +17,7 @@ class BuiltOnce {
   BuiltOnce(const BuiltOnce&) = delete;
   BuiltOnce& operator=(const BuiltOnce&) = delete;
 
-  /// The object, made of what `build` returns unless it stands already.
+  /// The object, made of what `build` returns unless it exists already.
   template <class Build>
   const T& get(Build&& build) {
     if (const T* built = peek()) return *built;

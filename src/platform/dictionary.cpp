@@ -1,3 +1,7 @@
+// Entries are in a vector in the order of their keys' insertion; a table of positions, made once
+// there are more than a few, finds them by hash. Removed entries leave gaps until the table is
+// rebuilt.
+
 #include <OVAddressBookSDK/dictionary.h>
 
 #include <algorithm>
@@ -18,11 +22,11 @@ namespace {
 /// Up to this many slots a look-up walks them; beyond, it hashes.
 constexpr std::size_t kSmall = 8;
 
-constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max() / 4;
+constexpr std::size_t kMaxEntries = std::numeric_limits<std::uint32_t>::max() / 4;
 
 /// How many slots there are for so many entries, at most three quarters of them taken.
 std::size_t slotsFor(std::size_t entries) {
-  if (entries > kMost) throw std::length_error("OVDictionary: too many entries");
+  if (entries > kMaxEntries) throw std::length_error("OVDictionary: too many entries");
   return entries <= kSmall ? 0 : std::bit_ceil(entries + entries / 2);
 }
 
@@ -105,7 +109,7 @@ bool DictionaryObject::isFirst(std::size_t position) {
 }
 
 void DictionaryObject::append(const OVString& key, OVRef<OVObject> value) {
-  if (entries_.size() >= kMost) throw std::length_error("OVDictionary: too many entries");
+  if (entries_.size() >= kMaxEntries) throw std::length_error("OVDictionary: too many entries");
   entries_.push_back({key, std::move(value)});
   ++live_;
   ++changes_;
@@ -149,7 +153,7 @@ void DictionaryObject::clear() {
   ++changes_;
 }
 
-/// Drops removed entries and lays the hash table out anew. Without memory for that nothing changes.
+/// Drops removed entries and builds the hash table again. Without memory for that nothing changes.
 void DictionaryObject::rebuild() {
   const std::size_t room = std::max(entries_.capacity(), entries_.size());
   std::vector<std::uint32_t> slots(slotsFor(room));

@@ -10,7 +10,7 @@ namespace ov::detail {
 
 namespace {
 
-constexpr int kDeepest = 64;
+constexpr int kMaxDepth = 64;
 
 /// What waits to be destroyed on one thread. Trivial, so that it can be used at any time, even
 /// while the thread ends.
@@ -22,7 +22,7 @@ struct Waiting {
   struct alignas(Reference) Place {
     std::array<std::byte, sizeof(Reference)> bytes;
   };
-  std::array<Place, kDeepest> spare;
+  std::array<Place, kMaxDepth> spare;
   std::size_t spareCount;
 };
 
@@ -68,7 +68,7 @@ void destroyWaiting() noexcept {
 void dispose(OVRef<OVObject>&& reference) noexcept {
   if (reference == nullptr) return;
   // Only the last reference destroys; room for all of them could be more than the objects take.
-  if (depth >= kDeepest && reference.use_count() == 1 && postpone(reference)) return;
+  if (depth >= kMaxDepth && reference.use_count() == 1 && postpone(reference)) return;
   ++depth;
   reference.reset();
   if (depth == 1) destroyWaiting();

@@ -18,7 +18,7 @@ void raiseOutOfRange(std::size_t index, std::size_t size) {
 }
 
 void raisePastTheEnd(const char* what) {
-  throw std::out_of_range(std::string(what) + ": nothing is past the end");
+  throw std::out_of_range(std::string(what) + ": there is no element past the end");
 }
 
 void raiseChangedInWalk(const char* what) {

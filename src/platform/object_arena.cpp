@@ -1,3 +1,6 @@
+// Objects and texts of one archive are side by side in large pieces of memory. A piece counts what
+// is alive in it and is freed with the last, on whichever thread that is.
+
 #include "platform/object_arena.h"
 
 #include <atomic>
@@ -20,7 +23,7 @@ namespace ov::detail {
 
 namespace {
 
-/// Pages stand at multiples of their size, so that an object finds the head of its page.
+/// Pages begin at multiples of their size, so that an object finds the head of its page.
 constexpr std::size_t kPage = 1 << 16;
 constexpr std::size_t kLargePiece = 4 << 20;
 constexpr std::size_t kManyBytes = kLargePiece / 4;
@@ -43,7 +46,7 @@ thread_local constinit ObjectArena* currentArena = nullptr;
 
 }  // namespace
 
-/// What stands at the beginning of a page.
+/// The beginning of a page.
 struct ObjectArena::Page {
   Piece* piece;
 
@@ -53,7 +56,7 @@ struct ObjectArena::Page {
   }
 };
 
-/// What stands at the beginning of a piece.
+/// The beginning of a piece.
 struct ObjectArena::Piece {
   explicit Piece(std::size_t size) : bytes(size) {}
 

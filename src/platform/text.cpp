@@ -1,3 +1,6 @@
+// A text is one allocation: the object with its count, then the characters. Ill-formed input is
+// repaired once, here, so that no other code has to check.
+
 #include <OVAddressBookSDK/text.h>
 
 #include <sys/single_threaded.h>

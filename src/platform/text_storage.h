@@ -12,7 +12,7 @@ namespace ov::detail {
 /// What a text of so many characters takes: the object, then they, then a NUL.
 inline std::size_t textBytes(std::size_t size) { return sizeof(TextObject) + size + 1; }
 
-/// Puts the characters behind the place of the object.
+/// Puts the characters after the place of the object.
 inline void storeCharacters(void* place, std::span<const std::string_view> pieces) {
   char* end = static_cast<char*>(place) + sizeof(TextObject);
   for (const std::string_view piece : pieces) {

@@ -1,3 +1,5 @@
+// Finds and replaces ill-formed UTF-8: each maximal ill-formed part becomes one U+FFFD.
+
 #include "platform/utf8.h"
 
 #include <cstdint>

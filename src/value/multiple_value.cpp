@@ -52,7 +52,7 @@ const OVClass& OVMultipleValue::archivedClass() {
 
 const OVClass* OVMultipleValue::classForCoder() const { return &archivedClass(); }
 
-// An archive may have another type than the one that all multiple values answer.
+// An archive may have another type than the one that all multiple values return.
 void OVMultipleValue::encodeWithCoder(OVKeyedArchiver& coder) const {
   encodeType(coder, storedType());
 }

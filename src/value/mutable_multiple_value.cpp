@@ -1,3 +1,6 @@
+// The main value is a reference, not a position: it may be outside the list. Archives store its
+// position, so it is looked up when saving.
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

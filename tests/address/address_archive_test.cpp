@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/number.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {
@@ -43,7 +43,7 @@ TEST(AddressArchive, ANullCountryCodeIsNotWritten) {
   EXPECT_EQ(restored<OVObjectAddress>(address)->countryCode(), nullptr);
 }
 
-TEST(AddressArchive, ValuesStandUnderTheStandardNames) {
+TEST(AddressArchive, ValuesAreUnderTheStandardNames) {
   const auto address = OVObjectAddress::init();
   address->setStringValueForFieldName("Bayern", OVAddressFieldState);
   const auto values = ov::cast<Values>(ArchivedForm(address).object("valueDic"));
@@ -87,7 +87,7 @@ TEST(AddressArchive, WithoutAnyKeyItWritesNone) {
   EXPECT_THAT(ArchivedForm(read).keys(), IsEmpty());
 }
 
-TEST(AddressArchive, TheCountryCodeIsReadAsItStands) {
+TEST(AddressArchive, TheCountryCodeIsReadUnchanged) {
   for (const char* code : {"FR", "xx", "", "Deutschland"}) {
     const auto read = readFrom({{"countryCode", OVString(code)}});
     EXPECT_EQ(read->countryCode(), code);

@@ -3,8 +3,8 @@
 #include <set>
 
 #include "address/test_data.h"
-#include "support/own_process.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 
 namespace {
 
@@ -89,7 +89,7 @@ TEST(AddressField, IsNotArchived) {
   EXPECT_EQ(OVAdressField::fieldWithName(OVAddressFieldCity)->classForCoder(), nullptr);
 }
 
-TEST(AddressField, CheckingAgainBuildsNothingAnew) {
+TEST(AddressField, CheckingAgainBuildsNothing) {
   expectInOwnProcess([] {
     OVAdressField::checkInitField();
     const auto field = OVAdressField::fieldWithName(OVAddressFieldZIP);

@@ -1,7 +1,7 @@
 #include <OVAddressBookSDK/address_formater.h>
 
 #include "address/test_data.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {
@@ -129,7 +129,7 @@ TEST_F(AddressFormater, ALineBreakInAValueStays) {
   EXPECT_EQ(formater->stringByCountryCode("us"), "c/o Smith\n1 Main Street");
 }
 
-TEST_F(AddressFormater, ReadsTheAddressAnewEachTime) {
+TEST_F(AddressFormater, ReadsTheAddressEachTime) {
   address->setCountryCode("us");
   EXPECT_EQ(formater->formatString(), "");
   setFour();

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "address/test_data.h"
-#include "support/fake_locale.h"
+#include "support/fakes/fake_locale.h"
 #include "support/printers.h"
 
 namespace {

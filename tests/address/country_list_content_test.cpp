@@ -10,8 +10,8 @@
 #include <OVAddressBookSDK/locale.h>
 
 #include "address/test_data.h"
-#include "support/own_process.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "support/fake_locale.h"
-#include "support/own_process.h"
+#include "support/fakes/fake_locale.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ TEST(CountryList, IsBuiltFromTheLocaleServiceOnce) {
     EXPECT_THAT(codesOf(OVCountry::allCountry()), ElementsAre("af", "de", "yu", "zw"));
     codes.push_back("FR");
     EXPECT_EQ(OVCountry::allCountry().size(), 4U);
-    // "US" is no code of this platform: what would resolve to it resolves to nothing.
+    // "US" is not a code of this platform: what would resolve to it resolves to nothing.
     EXPECT_EQ(OVCountry::countryWithCode("DE"), nullptr);
   });
 }
@@ -64,7 +64,7 @@ TEST(CountryList, AnAddedCountryComesLastUntilTheNextSort) {
   });
 }
 
-TEST(CountryList, ACountryAddedAgainStandsThereTwice) {
+TEST(CountryList, ACountryAddedAgainIsThereTwice) {
   expectInOwnProcess([] {
     const FakeLocale locale("en_US", threeCodes());
     const auto countries = OVCountry::allCountry();

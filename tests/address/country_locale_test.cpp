@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "support/fake_locale.h"
-#include "support/own_process.h"
+#include "support/fakes/fake_locale.h"
+#include "support/fakes/recording_defaults.h"
 #include "support/printers.h"
-#include "support/recording_defaults.h"
+#include "support/processes/own_process.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 
 #include <new>
 
-#include "support/failing_memory.h"
-#include "support/fake_locale.h"
-#include "support/own_process.h"
+#include "support/fakes/fake_locale.h"
+#include "support/memory/failing_memory.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 
 namespace {
 
@@ -19,13 +19,13 @@ TEST(CountryShortage, ACountryIsAddedToListAndCodesOrToNeither) {
       for (const char* code : {"fr", "it", "es", "pt", "gr", "de"}) {
         const OVString given(code);
         long failures = 0;
-        for (bool wasFelt = true; wasFelt;) {
+        for (bool occurred = true; occurred;) {
           const auto before = OVCountry::countryWithCode(given);
           const std::size_t size = countries.size();
           try {
             const MemoryShortage shortage(kind, failures + 1);
             OVCountry::addCountryByCode(given);
-            wasFelt = MemoryShortage::wasFelt();
+            occurred = MemoryShortage::occurred();
             EXPECT_EQ(countries.size(), size + 1);
             EXPECT_EQ(OVCountry::countryWithCode(given), countries.back());
           } catch (const std::bad_alloc&) {
@@ -44,11 +44,11 @@ TEST(CountryShortage, TheListIsMadeWholeByACallThatHasTheMemory) {
   expectInOwnProcess([] {
     const FakeLocale locale("en_US", OVList<OVString>::list({"DE", "US", "AF"}));
     long failures = 0;
-    for (bool wasFelt = true; wasFelt;) {
+    for (bool occurred = true; occurred;) {
       try {
         const MemoryShortage shortage(MemoryShortage::Kind::lasting, failures + 1);
         EXPECT_EQ(OVCountry::allCountry().size(), 3U);
-        wasFelt = MemoryShortage::wasFelt();
+        occurred = MemoryShortage::occurred();
       } catch (const std::bad_alloc&) {
         ++failures;
       }

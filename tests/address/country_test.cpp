@@ -2,7 +2,7 @@
 
 #include <OVAddressBookSDK/locale.h>
 
-#include "support/fake_locale.h"
+#include "support/fakes/fake_locale.h"
 #include "support/printers.h"
 
 namespace {

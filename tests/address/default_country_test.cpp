@@ -6,11 +6,11 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/services/deadline.h"
-#include "support/child_process.h"
-#include "support/fake_locale.h"
+#include "support/fakes/fake_locale.h"
+#include "support/fakes/recording_defaults.h"
 #include "support/printers.h"
-#include "support/recording_defaults.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ TEST_F(DefaultCountry, IsTheLocalOneWhenNoTextIsStored) {
   EXPECT_EQ(OVCountry::defaultCountry(), OVCountry::local());
 }
 
-TEST_F(DefaultCountry, IsReadAnewAtEachCall) {
+TEST_F(DefaultCountry, IsReadAgainOnEachCall) {
   store(OVString("fr"));
   EXPECT_EQ(OVCountry::defaultCountry()->code(), "fr");
   store(OVString("it"));

@@ -2,9 +2,9 @@
 #include <OVAddressBookSDK/address_field.h>
 #include <OVAddressBookSDK/country.h>
 
-#include "support/own_process.h"
 #include "support/printers.h"
-#include "support/together.h"
+#include "support/processes/own_process.h"
+#include "support/processes/together.h"
 
 namespace {
 

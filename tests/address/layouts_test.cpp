@@ -4,7 +4,7 @@
 #include <set>
 
 #include "address/test_data.h"
-#include "support/fake_locale.h"
+#include "support/fakes/fake_locale.h"
 #include "support/printers.h"
 
 namespace {

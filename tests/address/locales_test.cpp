@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/country.h>
 
 #include "address/test_data.h"
-#include "support/locales.h"
+#include "support/fakes/locales.h"
 #include "support/printers.h"
 
 namespace {

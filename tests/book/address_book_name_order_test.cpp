@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/address_book.h>
 #include <OVAddressBookSDK/notification_names.h>
 
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {

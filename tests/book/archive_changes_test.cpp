@@ -9,7 +9,7 @@
 #include <OVAddressBookSDK/multiple_value.h>
 
 #include "book/archive/small_book.h"
-#include "support/changing.h"
+#include "support/processes/changing.h"
 #include "support/values.h"
 
 namespace {

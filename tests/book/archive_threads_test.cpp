@@ -8,9 +8,9 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/archive/small_book.h"
-#include "support/host_node.h"
-#include "support/own_process.h"
-#include "support/together.h"
+#include "support/archive/host_node.h"
+#include "support/processes/own_process.h"
+#include "support/processes/together.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/group_general.h>
 #include <OVAddressBookSDK/person_general.h>
 
-#include "support/changing.h"
+#include "support/processes/changing.h"
 
 namespace {
 

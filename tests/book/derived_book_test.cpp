@@ -6,7 +6,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "book/host_persons.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 

@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/host_persons.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 
@@ -101,7 +101,7 @@ TEST(GeneralBookArchive, PersonInTwoDictionariesComesBackAsOne) {
   EXPECT_EQ(restoredPerson, (both[1])["q"]);
 }
 
-TEST(GeneralBookArchive, BookMayStandInItself) {
+TEST(GeneralBookArchive, BookMayContainItself) {
   const auto book = OVAddressBookGeneral::init();
   const auto person = OVPersonGeneral::initWithID("p");
   const auto value = valueOf(OVValueTypeString, book);
@@ -245,7 +245,7 @@ TEST(GeneralBookArchive, PicturesAreNotArchived) {
   EXPECT_EQ(reopened(book)->thumbnail(), nullptr);
 }
 
-TEST(GeneralBookArchive, PersonTakenOverKeepsWhatReadsAsNull) {
+TEST(GeneralBookArchive, CopiedPersonKeepsWhatReadsAsNull) {
   const auto foreign =
       restored<OVPersonGeneral>(archivedAs("OVPersonGeneral", {{"Phone", foreignObject()},
                                                                {"Note", textValue("note")},

@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/address_book_general.h>
 
 #include "book/host_persons.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {
@@ -163,7 +163,7 @@ TEST(GroupGeneralArchive, EachFieldAloneIsOneKey) {
 
 class UnarchivableExtension : public OVObject {};
 
-TEST(GroupGeneralArchive, ExtensionThatCannotBeArchivedDoesNoHarm) {
+TEST(GroupGeneralArchive, ExtensionThatCannotBeArchivedIsIgnored) {
   const auto group = fullGroup();
   group->setExtend(std::make_shared<UnarchivableExtension>());
   EXPECT_EQ(restored<OVGroupGeneral>(group)->title(), "Friends");

@@ -7,8 +7,8 @@
 #include <OVAddressBookSDK/OVAddressBookSDK.h>
 
 #include "book/host_persons.h"
-#include "support/archived_fields.h"
-#include "support/fake_platform.h"
+#include "support/archive/archived_fields.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 #include "support/values.h"
 

@@ -8,7 +8,7 @@
 #include <OVAddressBookSDK/multiple_value.h>
 
 #include "platform/archive/class_table.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

@@ -4,12 +4,12 @@
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 namespace {
 
-/// Hangs every object on the next one and lets go of the last: a stack frame for each would be far
+/// Hangs every object on the next one and releases the last: a stack frame for each would be far
 /// too many.
 template <class Hang>
 void expectToFallApart(Hang hang) {

@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/person_general.h>
 #include <OVAddressBookSDK/person_name.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 
@@ -73,7 +73,7 @@ TEST(PersonArchive, OneValueIsOneKeyBeforeTheID) {
 
 class Unarchivable : public OVObject {};
 
-TEST(PersonArchive, ExtensionThatCannotBeArchivedDoesNoHarm) {
+TEST(PersonArchive, ExtensionThatCannotBeArchivedIsIgnored) {
   const auto person = personWith({"Note"});
   person->setExtend(std::make_shared<Unarchivable>());
   EXPECT_EQ(ArchivedForm(person).keys(), (Keys{"Note", "ID"}));

@@ -2,7 +2,7 @@
 
 #include <OVAddressBookSDK/person_general.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

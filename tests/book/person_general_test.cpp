@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_name.h>
 
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 #include "support/values.h"
 

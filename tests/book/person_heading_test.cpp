@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/person_heading.h>
 
 #include "person_lists.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/person_matcher.h>
 
 #include "person_lists.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <OVAddressBookSDK/person_sorter.h>
 
 #include "person_lists.h"
-#include "support/fake_locale.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_locale.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {

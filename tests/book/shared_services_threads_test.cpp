@@ -17,10 +17,10 @@
 #include <OVAddressBookSDK/phone.h>
 #include <OVAddressBookSDK/property.h>
 
-#include "support/changing.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
-#include "support/together.h"
+#include "support/processes/changing.h"
+#include "support/processes/together.h"
 
 namespace {
 

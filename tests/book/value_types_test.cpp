@@ -11,7 +11,7 @@
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_name.h>
 
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/values.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <OVAddressBookSDK/email.h>
 #include <OVAddressBookSDK/phone.h>
 
-#include "support/archived_fields.h"
-#include "support/fake_platform.h"
+#include "support/archive/archived_fields.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {
@@ -74,7 +74,7 @@ TEST_F(Actions, FarOffCharactersOpenAsTheDigitsOfTheirLowBytes) {
   EXPECT_EQ(opened(), Opened{"tel:01"});
 }
 
-TEST_F(Actions, EmailOpensTheAddressAsItStands) {
+TEST_F(Actions, EmailOpensTheAddressUnchanged) {
   sendTo("a@b");
   sendTo("Ann.O'Hara+x%20@example.com?subject=Hi");
   sendTo("@");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {
@@ -13,7 +13,7 @@ OVRef<OVObjectEmail> emailOf(const OVString& address) {
 
 TEST(EmailAddress, NullIsRefused) { EXPECT_EQ(emailOf(nullptr), nullptr); }
 
-TEST(EmailAddress, IsKeptAsItStands) {
+TEST(EmailAddress, IsKeptUnchanged) {
   const OVString address = " Ann <ann@example.com>\n";
   EXPECT_TRUE(emailOf(address)->email().isSame(address));
 }
@@ -53,7 +53,7 @@ TEST(EmailArchive, HoldsTheAddressOnly) {
   EXPECT_EQ(restored<OVObjectEmail>(email)->email(), "a@b");
 }
 
-TEST(EmailArchive, ValidIsWorkedOutAnew) {
+TEST(EmailArchive, ValidIsComputedAgain) {
   EXPECT_TRUE(restored<OVObjectEmail>(emailOf("a@b"))->valid());
   EXPECT_FALSE(restored<OVObjectEmail>(emailOf("ab"))->valid());
 }

@@ -5,8 +5,8 @@
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
-#include "support/archived_fields.h"
-#include "support/fake_platform.h"
+#include "support/archive/archived_fields.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {
@@ -120,7 +120,7 @@ TEST_F(PersonNameArchive, AbsentKeysReadAsNull) {
   EXPECT_TRUE(ArchivedForm(name).keys().empty());
 }
 
-TEST_F(PersonNameArchive, PartsAreReadAsTheyStand) {
+TEST_F(PersonNameArchive, PartsAreReadUnchanged) {
   const auto name = archivedName({{"first", OVString("Jo\nhn")}, {"last", OVString("")}});
   EXPECT_EQ(name->first(), "Jo\nhn");
   EXPECT_EQ(name->last(), "");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {
@@ -15,7 +15,7 @@ bool isValid(const OVString& number) { return phoneOf(number)->valid(); }
 
 TEST(PhoneNumber, NullIsRefused) { EXPECT_EQ(phoneOf(nullptr), nullptr); }
 
-TEST(PhoneNumber, IsKeptAsItStands) {
+TEST(PhoneNumber, IsKeptUnchanged) {
   const OVString number = " +49 (30) 1234-567\n";
   const auto phone = phoneOf(number);
   EXPECT_TRUE(phone->phoneNumber().isSame(number));
@@ -147,7 +147,7 @@ TEST(PhoneArchive, HoldsTheNumberOnly) {
   EXPECT_EQ(restored<OVObjectPhone>(phone)->phoneNumber(), "555 1234");
 }
 
-TEST(PhoneArchive, ValidIsWorkedOutAnew) {
+TEST(PhoneArchive, ValidIsComputedAgain) {
   EXPECT_TRUE(restored<OVObjectPhone>(phoneOf("555 1234"))->valid());
   EXPECT_FALSE(restored<OVObjectPhone>(phoneOf("555.1234"))->valid());
 }

@@ -103,7 +103,7 @@ std::vector<std::string> linesOf(std::string text) {
   return lines;
 }
 
-/// A phone more leaves every line where it stood.
+/// One phone more leaves every line where it was.
 void expectOthersKept(OVVCardBook& book) {
   if (book.allPersonsCount() == 0) return;
   const std::vector<std::string> before = linesOf(saved(book));

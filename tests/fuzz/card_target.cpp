@@ -1,4 +1,4 @@
-// Any bytes are cards whose lines, written again as they stand or in any version, say the same.
+// Any bytes are cards whose lines, written again verbatim or in any version, say the same.
 
 #include <algorithm>
 #include <cstdint>
@@ -29,7 +29,7 @@ class NoProblems final : public ov::card::Problems {
 
  private:
   static void check(std::string_view reason) {
-    expectThat(ov::card::isUTF8(reason), "a message is no text");
+    expectThat(ov::card::isUTF8(reason), "a message is not text");
   }
 };
 
@@ -59,10 +59,10 @@ std::string described(std::string_view text) {
 void expectParts(const Card& card) {
   const char* at = card.source.data();
   for (const Line& line : card.lines) {
-    expectThat(at <= line.source().data(), "lines stand in another order");
+    expectThat(at <= line.source().data(), "lines are in another order");
     at = line.source().data() + line.source().size();
     for (const std::string_view text : {line.group(), line.name(), line.value(), line.text()}) {
-      expectThat(ov::card::isUTF8(text), "a part of a line is no text");
+      expectThat(ov::card::isUTF8(text), "a part of a line is not text");
     }
   }
   expectThat(at <= card.source.data() + card.source.size(), "a line leaves its card");

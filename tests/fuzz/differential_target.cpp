@@ -10,7 +10,7 @@
 #include "fuzz/plist_json.h"
 #include "fuzz/plistlib_peer.h"
 #include "fuzz/reachable.h"
-#include "support/leaks_tolerated.h"
+#include "support/memory/leaks_tolerated.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ OVRef<OVData> rewritten(const OVRef<OVData>& block) {
   try {
     const auto root = OVKeyedUnarchiver::unarchiveObjectWithData(block);
     auto written = OVKeyedArchiver::archivedDataWithRootObject(root);
-    letGo(reachable(root));
+    release(reachable(root));
     return written;
   } catch (const OVInvalidArchive&) {
     return nullptr;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes the made part of the corpus. Usage: make_corpus.py BUILD
 
-BUILD is a build folder with the programs ov_archive_blocks and ov_mean_blocks. Files that a fuzzer
+BUILD is a build folder with the programs ov_archive_blocks and ov_costly_blocks. Files that a fuzzer
 found (found-*) stay as they are; `scripts/fuzz.py --merge BUILD` adds what is new.
 """
 
@@ -23,10 +23,10 @@ def module(name, path):
 
 
 def our_blocks(build):
-    """Every class in a block of its own, a whole book, and blocks that are mean to their reader."""
+    """Every class in a block of its own, a whole book, and blocks that are costly to read."""
     for program, arguments, prefix in (
         ("tests/book/archive/ov_archive_blocks", ["write"], "our"),
-        ("tests/fuzz/ov_mean_blocks", [], "mean"),
+        ("tests/fuzz/ov_costly_blocks", [], "costly"),
     ):
         with tempfile.TemporaryDirectory() as folder:
             subprocess.run([build / program, *arguments, folder], check=True)
@@ -36,7 +36,7 @@ def our_blocks(build):
 
 
 def foreign_blocks():
-    support = module("support_archives", HERE.parent / "support" / "foreign_archives.py")
+    support = module("support_archives", HERE.parent / "support" / "archive" / "foreign_archives.py")
     for name, make in support.FOREIGN_ARCHIVES.items():
         yield f"foreign-{name}", make().block()
     tools = module("tools_archives", HERE.parent / "tools" / "foreign_archives.py")

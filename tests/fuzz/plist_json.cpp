@@ -16,7 +16,7 @@ using ov::detail::PlistReader;
 using Kind = PlistItem::Kind;
 
 constexpr std::size_t kLongest = 1U << 18;
-constexpr unsigned kDeepest = 512;
+constexpr unsigned kMaxDepth = 512;
 
 template <class Value>
 std::string formatted(const char* format, Value value) {
@@ -60,7 +60,7 @@ class Describer {
   std::string object(std::uint64_t number, unsigned depth) {
     const PlistItem item = reader_.item(number);
     written_ += item.count + 16;
-    if (written_ > kLongest || depth > kDeepest) throw OVInvalidArchive("too much");
+    if (written_ > kLongest || depth > kMaxDepth) throw OVInvalidArchive("too much");
     switch (item.kind) {
       case Kind::null:
         return "null";
@@ -97,7 +97,7 @@ class Describer {
     return std::string(reader_.text(item, storage));
   }
 
-  /// Whether surrogates stand alone: U+FFFD is written in their place.
+  /// Whether surrogates are alone: U+FFFD is written in their place.
   static bool isRepaired(const PlistItem& item) {
     if (item.kind != Kind::utf16) return false;
     bool isOpen = false;
@@ -129,7 +129,7 @@ class Describer {
     for (std::uint64_t i = 0; i < dictionary.count; ++i) {
       if (i != 0) result += ", ";
       const PlistItem key = reader_.item(reader_.reference(dictionary, i));
-      if (!PlistReader::isText(key)) throw OVInvalidArchive("a key that is no text");
+      if (!PlistReader::isText(key)) throw OVInvalidArchive("a key that is not text");
       result += '[' + object(reader_.reference(dictionary, i), depth + 1) + ", " +
                 object(reader_.reference(dictionary, dictionary.count + i), depth + 1) + ']';
     }

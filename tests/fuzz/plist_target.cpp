@@ -24,7 +24,7 @@ using Kind = PlistItem::Kind;
 using Number = PlistWriter::Number;
 
 /// Objects may overlap, so that a small list can hold very many references.
-constexpr std::uint64_t kMostElements = 1U << 20;
+constexpr std::uint64_t kMaxElements = 1U << 20;
 
 std::string textOf(const PlistReader& reader, const PlistItem& item) {
   std::string storage;
@@ -106,7 +106,7 @@ void expectInside(const PlistReader& reader, const PlistItem& item, Bytes block)
   static_cast<void>(reader);
 }
 
-/// Every object written anew; null when one of them is refused. Each is looked at in any case.
+/// Every object written again; null when one of them is refused. Each is looked at in any case.
 OVRef<OVData> rewritten(Bytes block) {
   const PlistReader reader(block);
   PlistWriter writer;
@@ -120,7 +120,7 @@ OVRef<OVData> rewritten(Bytes block) {
       expectThat(reader.isUid(i, uid) == (item.kind == Kind::uid), "isUid and item disagree");
       expectThat(item.kind != Kind::uid || uid == PlistReader::uid(item), "two values of one UID");
       elements += item.count;
-      if (elements > kMostElements) return nullptr;
+      if (elements > kMaxElements) return nullptr;
       write(reader, item, writer);
       static_cast<void>(reader.equals(item, "$null"));
     } catch (const OVInvalidArchive&) {

@@ -2,7 +2,7 @@
 """Compares what our reader finds in property lists with what plistlib finds in them.
 
 Reads pairs from standard input, a block and our description of its values (plist_json.h), each
-behind its length in four bytes. Answers each pair on standard output in the same way: "" when the
+after its length in four bytes. Answers each pair on standard output in the same way: "" when the
 values are the same, else the difference.
 
 plistlib refuses some of what we accept: sets; texts with lone surrogates, which we replace; and
@@ -38,7 +38,7 @@ def refused(_):
 
 
 def dictionary(entries):
-    # Of a key that stands there twice plistlib takes the last.
+    # Of a key that is there twice plistlib takes the last.
     return {value_of(key): value_of(value) for key, value in entries}
 
 

@@ -10,7 +10,7 @@
 #include <OVAddressBookSDK/list.h>
 #include <OVAddressBookSDK/opaque_object.h>
 
-#include "support/listed_fields.h"
+#include "support/archive/listed_fields.h"
 
 namespace {
 
@@ -66,8 +66,8 @@ class Walk {
   std::unordered_set<const OVObject*> known_;
 };
 
-/// An object of an archive without fields: reading one, `letGo` gets a coder that finds nothing,
-/// and has all others read themselves anew from it.
+/// An object of an archive without fields: reading one, `release` gets a coder that finds nothing,
+/// and has all others read themselves again from it.
 class Emptier final : public OVObject {
  public:
   static const OVClass& archivedClass();
@@ -92,7 +92,7 @@ const OVClass& Emptier::archivedClass() {
 
 Objects reachable(const OVRef<OVObject>& root) { return Walk(root).met(); }
 
-void letGo(const Objects& objects) {
+void release(const Objects& objects) {
   static const OVRef<OVData> archive = [] {
     OVKeyedUnarchiver::registerClass(Emptier::archivedClass());
     return OVKeyedArchiver::archivedDataWithRootObject(std::make_shared<Emptier>());

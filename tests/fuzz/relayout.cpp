@@ -1,4 +1,4 @@
-// Changes one object of a property list and lays the list out anew around it: a change anywhere
+// Changes one object of a property list and lays out the list again around it: a change anywhere
 // else moves what follows, and the offsets no longer fit.
 
 #include <algorithm>
@@ -21,7 +21,7 @@ namespace plist = ov::detail::plist;
 
 /// The parts of a list whose trailer makes sense.
 struct Parts {
-  std::vector<std::string> objects;  // in the order in which they stand in the block
+  std::vector<std::string> objects;  // in the order in which they are in the block
   std::vector<std::size_t> numbers;  // for each number, its place among them
   std::string trailer;
 };

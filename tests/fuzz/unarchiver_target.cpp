@@ -11,21 +11,21 @@
 #include "fuzz/finding.h"
 #include "fuzz/reachable.h"
 #include "fuzz/use_objects.h"
-#include "support/archive_listing.h"
-#include "support/fake_platform.h"
-#include "support/leaks_tolerated.h"
+#include "support/archive/archive_listing.h"
+#include "support/fakes/fake_platform.h"
+#include "support/memory/leaks_tolerated.h"
 
 namespace {
 
 using Unarchive = OVRef<OVObject> (*)(const OVRef<OVData>&);
 
-/// A graph that was read, let go of whole at the end.
+/// A graph that was read, released as a whole at the end.
 class Graph {
  public:
   explicit Graph(OVRef<OVObject> root) : root_(std::move(root)), objects_(reachable(root_)) {}
   Graph(const Graph&) = delete;
   Graph& operator=(const Graph&) = delete;
-  ~Graph() { letGo(objects_); }
+  ~Graph() { release(objects_); }
 
   void use() const { useObjects(objects_); }
   [[nodiscard]] std::string listing() const { return archiveListing(root_); }

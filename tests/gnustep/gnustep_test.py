@@ -13,7 +13,7 @@ import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
 GOLDEN = HERE.parent / "golden" / "1.0"
-sys.path.insert(0, str(HERE.parent / "support"))
+sys.path.insert(0, str(HERE.parent / "support" / "archive"))
 import keyed_archive_reader as reader
 from archive_graph import graph
 

@@ -8,7 +8,7 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "golden/golden_graphs.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 // What archives hold beside the library's own classes.

@@ -1,7 +1,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "golden/golden_graphs.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 namespace {

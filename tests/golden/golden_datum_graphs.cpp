@@ -3,7 +3,7 @@
 #include <OVAddressBookSDK/phone.h>
 
 #include "golden/golden_graphs.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 
 // What values hold: all fields set, some not set, none set.
 

@@ -9,8 +9,8 @@
 
 #include "golden/golden_blocks.h"
 #include "platform/archive/class_table.h"
-#include "support/archive_listing.h"
-#include "support/leaks_tolerated.h"
+#include "support/archive/archive_listing.h"
+#include "support/memory/leaks_tolerated.h"
 
 // Blocks of every version that ever was are read by every version to come.
 

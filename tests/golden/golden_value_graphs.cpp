@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/phone.h>
 
 #include "golden/golden_graphs.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 namespace {

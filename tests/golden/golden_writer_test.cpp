@@ -9,7 +9,7 @@
 
 #include "golden/golden_blocks.h"
 #include "golden/golden_graphs.h"
-#include "support/leaks_tolerated.h"
+#include "support/memory/leaks_tolerated.h"
 
 // Today's writer. A later version may lay out the same graph in other bytes, and give up these
 // tests for a folder of blocks of its own; it may not give up reading the blocks.

@@ -13,8 +13,8 @@
 
 #include "golden/golden_blocks.h"
 #include "golden/golden_graphs.h"
-#include "support/archive_listing.h"
-#include "support/leaks_tolerated.h"
+#include "support/archive/archive_listing.h"
+#include "support/memory/leaks_tolerated.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "hosts/cards.h"
 #include "mapping/countries.h"
-#include "support/fake_locale.h"
+#include "support/fakes/fake_locale.h"
 #include "support/printers.h"
 
 namespace {

@@ -60,7 +60,7 @@ std::vector<std::string> linesAfterBlock(const std::string& lines,
 /// Cards whose lines come back in their order, character for character.
 class ThroughABlock : public testing::TestWithParam<const char*> {};
 
-TEST_P(ThroughABlock, LinesComeBackAsTheyStood) {
+TEST_P(ThroughABlock, LinesComeBackVerbatim) {
   const std::string lines = GetParam();
   std::vector<std::string> expected;
   std::istringstream stream(lines);
@@ -187,7 +187,7 @@ TEST(ThroughABlock, TextInOtherCharacterSetsComesBackInUTF8) {
         << version;
   }
   EXPECT_THAT(problems(*bookOf(card("FN:x\nNOTE:\xDF", "4.0"))),
-              ElementsAre("4: bytes that are no UTF-8 text were read as Windows-1252"));
+              ElementsAre("4: bytes that are not valid UTF-8 were read as Windows-1252"));
 }
 
 TEST(ThroughABlock, LinesMayEndInAnExtraReturn) {

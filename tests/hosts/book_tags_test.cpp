@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "hosts/cards.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 #include "support/values.h"
 

@@ -42,7 +42,7 @@ std::string entryText(const OVSingleValue& entry, bool isMain) {
   return text + ": " + datumText(entry.value());
 }
 
-/// The entry that keeps what the other values do not tell of a card.
+/// The entry that keeps what the other values do not say about a card.
 bool isOddLines(const OVSingleValue& entry) {
   return entry.label() != nullptr && entry.label()->name() == "vCard" &&
          datumText(entry.value()).starts_with("BEGIN:VCARD");

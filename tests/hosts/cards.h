@@ -7,7 +7,7 @@
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
-#include "support/card_text.h"
+#include "support/cards/card_text.h"
 
 /// A new book of the cards in `text`.
 OVRef<OVVCardBook> bookOf(std::string_view text);

@@ -24,15 +24,15 @@ std::string numbered(const std::function<std::string(int)>& part, int count) {
 
 /// How large the book, its block and its export are at most, in bytes written.
 void expectProportion(const std::string& text) {
-  constexpr std::size_t kMost = 64;
+  constexpr std::size_t kMaxBytesPerByte = 64;
   const auto book = bookOf(text);
-  EXPECT_LE(book->saveData()->size(), kMost * text.size());
-  EXPECT_LE(ov::vcard::exportBook(book)->size(), kMost * text.size());
+  EXPECT_LE(book->saveData()->size(), kMaxBytesPerByte * text.size());
+  EXPECT_LE(ov::vcard::exportBook(book)->size(), kMaxBytesPerByte * text.size());
   const auto block = snapshotOf(*book)->saveToData();
-  EXPECT_LE(block->size(), kMost * text.size());
+  EXPECT_LE(block->size(), kMaxBytesPerByte * text.size());
   const auto restored =
       ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
-  EXPECT_LE(ov::vcard::exportBook(restored)->size(), kMost * text.size());
+  EXPECT_LE(ov::vcard::exportBook(restored)->size(), kMaxBytesPerByte * text.size());
 }
 
 TEST(Costs, OfALabelThatManyShareAreThoseOfOneLabel) {

@@ -122,7 +122,7 @@ TEST(Entries, OfAForeignClassAreLeftOut) {
   EXPECT_THAT(writtenLines(read), ElementsAre("TEL;PREF=1:1"));
 }
 
-TEST(Entries, NeedNotStandInAMultipleValue) {
+TEST(Entries, NeedNotBeInAMultipleValue) {
   const auto read = person("TEL:1");
   read->setValueByPropertyName(valueOf(OVValueTypePhone, OVObjectPhone::initWithPhoneNumber("2")),
                                OVProPertyPhone);

@@ -6,7 +6,7 @@
 
 #include "hosts/cards.h"
 #include "hosts/snapshot.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {

@@ -12,7 +12,7 @@
 #include "book/host_persons.h"
 #include "hosts/cards.h"
 #include "hosts/snapshot.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

@@ -52,7 +52,7 @@ TEST(Groups, MayHaveNoName) {
   EXPECT_EQ(bookOf(groupCard("g", ""))->groupByID("g")->displayName(), "");
 }
 
-TEST(Groups, MayStandInGroups) {
+TEST(Groups, MayBeInGroups) {
   const auto book = bookOf(groupCard("a", "MEMBER:b\nMEMBER:p\nMEMBER:c") +
                            groupCard("b", "MEMBER:c") + groupCard("c", "") + personCard("p"));
   EXPECT_THAT(problems(*book), IsEmpty());
@@ -69,24 +69,26 @@ TEST(Groups, NameAMemberOnce) {
   EXPECT_THAT(groupIDs(book->groupByID("a")->subGroups()), ElementsAre("b"));
 }
 
-TEST(Groups, NeverStandInsideThemselves) {
+TEST(Groups, NeverContainThemselves) {
   const std::string text = groupCard("a", "MEMBER:b") + groupCard("b", "MEMBER:c") +
                            groupCard("c", "MEMBER:a\nMEMBER:c");
   const auto book = bookOf(text);
   EXPECT_THAT(groupIDs(book->rootGroups()), ElementsAre("a"));
   EXPECT_THAT(groupIDs(book->groupByID("c")->subGroups()), IsEmpty());
   EXPECT_THAT(problems(*book),
-              ElementsAre("1: this group stands inside itself; one membership does not count",
-                          "13: this group stands inside itself; one membership does not count"));
+              ElementsAre("1: this group contains itself; one membership was ignored",
+                          "13: this group contains itself; one membership was ignored"));
   EXPECT_EQ(book->saveData()->text(), text);
 }
 
 TEST(Groups, TellOfMembersThatAreInNoFile) {
   const auto book = bookOf(groupCard("g", "MEMBER:p\nMEMBER:mailto:x@example.com"));
-  EXPECT_THAT(problems(*book), ElementsAre("5: the member p is in no file",
-                                           "6: the member mailto:x@example.com is in no file"));
+  EXPECT_THAT(problems(*book),
+              ElementsAre("5: the member p is not in any file",
+                          "6: the member mailto:x@example.com is not in any file"));
   book->loadWithData(OVData::dataWithText(personCard("p")));
-  EXPECT_THAT(problems(*book), ElementsAre("6: the member mailto:x@example.com is in no file"));
+  EXPECT_THAT(problems(*book),
+              ElementsAre("6: the member mailto:x@example.com is not in any file"));
   EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("p"));
 }
 

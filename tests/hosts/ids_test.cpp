@@ -51,7 +51,7 @@ TEST(PersonID, OfTheSameCardTwiceIsOnePerson) {
     EXPECT_EQ(book->allPersonsCount(), 1U);
     ASSERT_EQ(book->problems().size(), 1U);
     EXPECT_EQ(book->problems()[0].severity, OVVCardSeverity::Warning);
-    EXPECT_EQ(book->problems()[0].reason, "this card repeats another, and was left out");
+    EXPECT_EQ(book->problems()[0].reason, "this card repeats another one and was left out");
     EXPECT_EQ(book->problems()[0].line, std::string(lines).starts_with("UID") ? 6U : 5U);
   }
 }
@@ -61,10 +61,11 @@ TEST(PersonID, ThatIsTakenGetsANumber) {
                            card("UID:a\nFN:4") + card("UID:a\nFN:3") + card("UID:a\nKIND:group"));
   EXPECT_THAT(idsOf(book->allPersons()), ElementsAre("a", "a-2", "a-3", "a-4"));
   EXPECT_EQ(book->groupByID("a-5")->displayName(), "");
-  EXPECT_THAT(problems(*book), ElementsAre("11: the UID a is taken; this card got the ID a-3",
-                                           "16: the UID a is taken; this card got the ID a-4",
-                                           "21: this card repeats another, and was left out",
-                                           "26: the UID a is taken; this card got the ID a-5"));
+  EXPECT_THAT(problems(*book),
+              ElementsAre("11: the UID a is already in use; this card got the ID a-3",
+                          "16: the UID a is already in use; this card got the ID a-4",
+                          "21: this card repeats another one and was left out",
+                          "26: the UID a is already in use; this card got the ID a-5"));
 }
 
 TEST(PersonID, OfManyCardsThatClaimOneUIDIsFoundQuickly) {

@@ -9,8 +9,8 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "hosts/cards.h"
-#include "support/failing_memory.h"
-#include "support/temporary_folder.h"
+#include "support/memory/failing_memory.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 
@@ -43,14 +43,14 @@ TEST(VCardShortage, AFileIsAddedWholeOrNotAtAll) {
   }();
   const auto data = OVData::dataWithText(later());
   for (const auto kind : {MemoryShortage::Kind::passing, MemoryShortage::Kind::lasting}) {
-    bool wasFelt = true;
-    for (long failing = 1; wasFelt && !HasFailure(); failing = nextToFail(failing)) {
+    bool occurred = true;
+    for (long failing = 1; occurred && !HasFailure(); failing = nextToFail(failing)) {
       SCOPED_TRACE(failing);
       const auto book = bookOf(earlier());
       try {
         const MemoryShortage shortage(kind, failing);
         book->loadWithData(data);
-        wasFelt = MemoryShortage::wasFelt();
+        occurred = MemoryShortage::occurred();
       } catch (const std::bad_alloc&) {
         EXPECT_EQ(everythingOf(*book), before);
         book->loadWithData(data);
@@ -96,7 +96,7 @@ TEST(VCardShortage, TheFileIsReplacedWholeOrNotAtAll) {
     try {
       const MemoryShortage shortage(MemoryShortage::Kind::passing, failing);
       book->save();
-    } catch (const std::bad_alloc&) {  // what stands there then is looked at below
+    } catch (const std::bad_alloc&) {  // what is there then is looked at below
     }
     const std::string found = readFile(path);
     isReplaced = found == expected;

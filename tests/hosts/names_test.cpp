@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/cards.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {
@@ -84,7 +84,7 @@ TEST(PhoneticNames, HavePropertiesOfTheirOwn) {
               ElementsAre("X-PHONETIC-FIRST-NAME:hanako", "X-PHONETIC-LAST-NAME:yamada"));
 }
 
-TEST(PhoneticNames, MayStandInASound) {
+TEST(PhoneticNames, MayBeInASound) {
   const auto read = person("SOUND;X-IRMC-N:yamada;hanako;;;", "2.1");
   EXPECT_EQ(entry(*read, OVProPertyFirstNamePhonetic), "hanako");
   EXPECT_EQ(entry(*read, OVProPertyLastNamePhonetic), "yamada");

@@ -54,7 +54,7 @@ TEST(Photos, TellTheirMediaType) {
   for (const auto& [bytes, type] : rows) EXPECT_EQ(ov::card::mediaTypeOf(bytes), type);
 }
 
-TEST(Photos, ThatStandElsewhereAreKept) {
+TEST(Photos, ThatAreElsewhereAreKept) {
   for (const char* value : {"http://example.com/p.png", "data:image/png,ABCDEFGH", "data:nothing",
                             "data:image/png;base64,"}) {
     const auto read = person("PHOTO;VALUE=uri:" + std::string(value));

@@ -3,7 +3,7 @@
 
 #include "hosts/cards.h"
 #include "support/printers.h"
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 
@@ -22,9 +22,9 @@ TEST(Problems, NameFileAndLine) {
   EXPECT_EQ(found[0].file, path);
   EXPECT_EQ(found[0].line, 6U);
   EXPECT_EQ(found[0].severity, OVVCardSeverity::Error);
-  EXPECT_EQ(found[0].reason, "this text stands outside of any card");
+  EXPECT_EQ(found[0].reason, "this text is outside any card");
   EXPECT_EQ(found[1].line, 10U);
-  EXPECT_EQ(found[1].reason, "this line is no property of a vCard");
+  EXPECT_EQ(found[1].reason, "this line is not a valid vCard property");
 }
 
 TEST(Problems, OfDataNameNoFile) { EXPECT_EQ(bookOf("junk")->problems().at(0).file, nullptr); }
@@ -36,10 +36,10 @@ TEST(Problems, DoNotStopTheOtherCards) {
   EXPECT_EQ(book->personsForIDs(OVList<OVString>::list({"a", "b", "c"})).size(), 3U);
   EXPECT_EQ(book->allPersonsCount(), 3U);
   EXPECT_THAT(problems(*book),
-              ElementsAre("6: this card is empty", "11: this line is no property of a vCard",
+              ElementsAre("6: this card is empty", "11: this line is not a valid vCard property",
                           "9: this card is empty",
-                          "13: this card has no END:VCARD; what it holds was taken over",
-                          "22: this card has no END:VCARD; what it holds was taken over",
+                          "13: this card has no END:VCARD; its content was imported anyway",
+                          "22: this card has no END:VCARD; its content was imported anyway",
                           "22: this card is empty"));
 }
 

@@ -12,9 +12,9 @@
 #include <OVAddressBookVCard/vcard_export.h>
 
 #include "hosts/cards.h"
-#include "support/child_process.h"
 #include "support/printers.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

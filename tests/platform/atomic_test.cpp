@@ -74,7 +74,7 @@ TEST(Atomic, StartsEmptyOrWithTheGivenValue) {
   EXPECT_EQ(OVAtomic<OVString>("given").load(), "given");
 }
 
-/// Uses the field that it stands in while it is destroyed.
+/// Uses the field that it is in while it is destroyed.
 struct Meddler {
   OVAtomic<std::shared_ptr<Meddler>>* field;
   bool* found;

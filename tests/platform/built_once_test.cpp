@@ -3,7 +3,7 @@
 #include <atomic>
 #include <stdexcept>
 
-#include "support/together.h"
+#include "support/processes/together.h"
 
 namespace {
 

@@ -99,7 +99,7 @@ TEST(Date, HasNoDayWhereThereIsNone) {
   EXPECT_EQ(dayAt(Limits::denorm_min()), (Day{2001, 1, 1}));
 }
 
-TEST(Date, KeepsTheNumberAsItStands) {
+TEST(Date, KeepsTheNumberUnchanged) {
   for (const double seconds : {0.0, 0.1, -1e300, Limits::infinity(), -Limits::infinity()}) {
     EXPECT_EQ(
         OVDate::dateWithTimeIntervalSinceReferenceDate(seconds)->timeIntervalSinceReferenceDate(),

@@ -6,7 +6,7 @@
 
 #include <OVAddressBookSDK/dictionary.h>
 
-#include "support/failing_memory.h"
+#include "support/memory/failing_memory.h"
 
 namespace {
 

@@ -68,7 +68,7 @@ TEST(Dispose, ALongChainThroughMultipleValuesIsDestroyed) {
   last.reset();
 }
 
-/// Notes when it is destroyed, and lets go of the next one as the library's classes do.
+/// Notes when it is destroyed, and releases the next one as the library's classes do.
 class Witness : public OVObject {
  public:
   Witness(int number, std::vector<int>& destroyed, OVRef<OVObject> next)

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/object_arena.h"
-#include "support/failing_memory.h"
+#include "support/memory/failing_memory.h"
 
 using ov::detail::ObjectArena;
 

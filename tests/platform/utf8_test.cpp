@@ -83,7 +83,7 @@ TEST(Utf8, FindsTheWellFormedPrefix) {
 
 TEST(Utf8, RepairsNothingInAnEmptyText) { EXPECT_EQ(repaired(""), ""); }
 
-// Bytes behind a view's end are none of its own.
+// Bytes after a view's end are not its own.
 TEST(Utf8, NeverLooksPastTheEnd) {
   const std::string_view euro = "\xE2\x82\xAC";
   EXPECT_EQ(wellFormedPrefix(euro.substr(0, 2)), 0U);

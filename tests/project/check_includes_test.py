@@ -75,7 +75,7 @@ class CheckIncludes(unittest.TestCase):
 
     def test_inner_header_in_a_public_one(self):
         self.assert_caught(
-            "include/OVAddressBookSDK/value.h", '#include "value/a.h"\n', "no public header"
+            "include/OVAddressBookSDK/value.h", '#include "value/a.h"\n', "not a public header"
         )
 
     def test_library_uses_the_umbrella(self):
@@ -91,8 +91,8 @@ class CheckIncludes(unittest.TestCase):
 
     def test_hosts_tools_and_examples_see_public_headers_only(self):
         for name in ("hosts/vcard/src/a.cpp", "tools/ovbook/a.cpp", "examples/a.cpp"):
-            self.assert_caught(name, '#include "platform/utf8.h"\n', "no public header")
-        self.assert_caught("tools/ovbook/a.cpp", '#include "../../src/a.h"\n', "no public header")
+            self.assert_caught(name, '#include "platform/utf8.h"\n', "not a public header")
+        self.assert_caught("tools/ovbook/a.cpp", '#include "../../src/a.h"\n', "not a public header")
 
     def test_rooms_of_the_cards_know_each_other_one_way(self):
         for name, used in (("codec", "mapping"), ("codec", "memory"), ("mapping", "memory")):
@@ -105,8 +105,8 @@ class CheckIncludes(unittest.TestCase):
         )
 
     def test_only_books_over_cards_see_the_cards(self):
-        self.assert_caught("hosts/qt/a.cpp", '#include "codec/line.h"\n', "no public header")
-        self.assert_caught("tools/ovbook/a.cpp", '#include "codec/line.h"\n', "no public header")
+        self.assert_caught("hosts/qt/a.cpp", '#include "codec/line.h"\n', "not a public header")
+        self.assert_caught("tools/ovbook/a.cpp", '#include "codec/line.h"\n', "not a public header")
 
     def test_what_is_allowed(self):
         self.assert_clean(

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kLibrary = OV_SHARED_LIBRARY;
 
-/// What `what` prints of a file: the texts behind "@(#)".
+/// What `what` prints of a file: the texts after "@(#)".
 std::string identificationIn(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

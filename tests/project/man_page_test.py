@@ -15,7 +15,7 @@ PAGE = pathlib.Path(__file__).resolve().parents[2] / "man" / "ovbook.1"
 
 
 def plain(text):
-    """The page without its markup: what stands in one line of the source is one line."""
+    """The page without its markup: what is on one line of the source is one line."""
     text = text.replace("\\-", "-").replace("\\e", "\\")
     text = re.sub(r"\\f[A-Z]", "", text)
     lines = []
@@ -41,7 +41,7 @@ def synopsis(section):
 
 
 def explained(section):
-    """The first words behind each .TP: options and actions with their arguments."""
+    """The first words after each .TP: options and actions with their arguments."""
     return re.findall(r"^\.TP\n(.*)", section, re.MULTILINE)
 
 

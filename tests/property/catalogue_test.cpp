@@ -4,9 +4,9 @@
 
 #include <OVAddressBookSDK/property.h>
 
-#include "support/fake_platform.h"
-#include "support/own_process.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <OVAddressBookSDK/property.h>
 
-#include "support/own_process.h"
-#include "support/together.h"
+#include "support/processes/own_process.h"
+#include "support/processes/together.h"
 
 namespace {
 

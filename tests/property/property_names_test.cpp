@@ -47,7 +47,7 @@ class PropertyName : public testing::TestWithParam<NameRow> {};
 
 TEST_P(PropertyName, HasItsText) { EXPECT_EQ(GetParam().value, GetParam().text); }
 
-TEST_P(PropertyName, StandsAtItsPlaceOfTheCatalogueOrNowhere) {
+TEST_P(PropertyName, IsAtItsPlaceOfTheCatalogueOrNowhere) {
   const auto property = OVProperty::propertyWithName(GetParam().value);
   if (GetParam().position == 0) {
     EXPECT_EQ(property, nullptr);

@@ -73,16 +73,16 @@ TEST_F(Format, UnknownFieldsAreFailures) {
   for (const char* word : {"Strasse", "city", "", "OVAddressFieldCity"}) {
     EXPECT_EQ(format("de", {"City=Ulm", std::string(word) + "=x"}),
               failure(std::string(word) +
-                      ": no address field (\"ovbook layout CODE\" shows those of a country)"));
+                      ": not an address field (\"ovbook layout CODE\" shows those of a country)"));
   }
 }
 
 TEST_F(Format, ValuesNeedAField) {
   EXPECT_EQ(format("de", {"Ulm"}),
-            failure("Ulm: an address value is given as FIELD=VALUE, such as City=Uppsala"));
+            failure("Ulm: an address value has the form FIELD=VALUE, such as City=Uppsala"));
 }
 
 TEST_F(Format, NeedsACountry) {
   EXPECT_EQ(ovbook({"format", "City=Ulm"}),
-            failure("--country is required (ovbook format --help tells more)"));
+            failure("--country is required (see ovbook format --help)"));
 }

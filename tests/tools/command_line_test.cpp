@@ -44,30 +44,30 @@ TEST_F(CommandLine, VersionIsShown) {
 }
 
 TEST_F(CommandLine, ACommandIsNeeded) {
-  EXPECT_EQ(ovbook({}), failure("A subcommand is required (ovbook --help tells more)"));
+  EXPECT_EQ(ovbook({}), failure("A subcommand is required (see ovbook --help)"));
 }
 
 TEST_F(CommandLine, UnknownCommandsAreNamed) {
   EXPECT_EQ(ovbook({"frobnicate"}),
-            failure("frobnicate: no such command or option (ovbook --help tells more)"));
+            failure("frobnicate: no such command or option (see ovbook --help)"));
   EXPECT_EQ(ovbook({"tag", "store", "frobnicate"}),
-            failure("frobnicate: no such command or option (ovbook tag --help tells more)"));
+            failure("frobnicate: no such command or option (see ovbook tag --help)"));
 }
 
 TEST_F(CommandLine, UnknownOptionsAreNamed) {
   EXPECT_EQ(ovbook({"--frobnicate"}),
-            failure("--frobnicate: no such command or option (ovbook --help tells more)"));
+            failure("--frobnicate: no such command or option (see ovbook --help)"));
   EXPECT_THAT(ovbook({"countries", "--frobnicate"}),
               AllOf(Field(&Outcome::status, 2), Field(&Outcome::err, HasSubstr("--frobnicate"))));
 }
 
 TEST_F(CommandLine, MissingAndExcessArgumentsAreNamed) {
-  EXPECT_EQ(ovbook({"list"}), failure("BOOK is required (ovbook list --help tells more)"));
+  EXPECT_EQ(ovbook({"list"}), failure("BOOK is required (see ovbook list --help)"));
   EXPECT_EQ(ovbook({"tag", "store", "add", "person"}),
-            failure("TAG is required (ovbook tag add --help tells more)"));
+            failure("TAG is required (see ovbook tag add --help)"));
   EXPECT_EQ(ovbook({"countries", "[more]"}),
-            failure("The following argument was not expected: [more] (ovbook countries --help "
-                    "tells more)"));
+            failure("The following argument was not expected: [more] "
+                    "(see ovbook countries --help)"));
 }
 
 TEST_F(CommandLine, AnOptionWantsItsValue) {
@@ -78,8 +78,7 @@ TEST_F(CommandLine, AnOptionWantsItsValue) {
 
 TEST_F(CommandLine, ControlCharactersInArgumentsAreShownEscaped) {
   EXPECT_EQ(ovbook({"list", "\033[31m\n"}), failure("\\u001b[31m\\n: No such file or directory"));
-  EXPECT_EQ(ovbook({"\xFF"}),
-            failure("\uFFFD: no such command or option (ovbook --help tells more)"));
+  EXPECT_EQ(ovbook({"\xFF"}), failure("\uFFFD: no such command or option (see ovbook --help)"));
 }
 
 TEST_F(CommandLine, AReaderThatHasSeenEnoughIsNoFailure) {
@@ -102,7 +101,7 @@ TEST_F(CommandLine, AClosedOutputIsAFailure) {
   EXPECT_EQ(ovbook({"tag", "store", "list"}), success("tag\tperson\n"));
 }
 
-TEST_F(CommandLine, PreferencesStandUnderTheNameOvbook) {
+TEST_F(CommandLine, PreferencesAreUnderTheNameOvbook) {
   EXPECT_EQ(ovbook({"name-order", "last"}), success());
   EXPECT_TRUE(std::filesystem::is_directory(path("preferences/ovbook")));
 }

@@ -26,7 +26,7 @@ class DefaultCountry : public OvbookTest {
 };
 
 Outcome noCountry() {
-  return {1, "", "ovbook: no default country is chosen, and the locale names none\n"};
+  return {1, "", "ovbook: no default country has been chosen, and the locale names none\n"};
 }
 
 }  // namespace
@@ -58,8 +58,9 @@ TEST_F(DefaultCountry, LocalesWithoutACountryGiveNone) {
 
 TEST_F(DefaultCountry, IsSetByAKnownLowerCaseCodeOnly) {
   for (const char* code : {"DE", "xx", "aq", "", "de_DE"}) {
-    EXPECT_EQ(ovbook({"country", code}),
-              failure(std::string(code) + ": no country code (\"ovbook countries\" lists them)"));
+    EXPECT_EQ(
+        ovbook({"country", code}),
+        failure(std::string(code) + ": not a country code (\"ovbook countries\" lists them)"));
   }
   EXPECT_EQ(ovbook({"country"}), success("us\tUnited States\n"));
 }

@@ -127,7 +127,7 @@ TEST_F(Dump, DeepContainersAreShownInPieces) {
   EXPECT_EQ(json(file, {"len(rest)"}), "10\n");
 }
 
-TEST_F(Dump, OtherEntriesStandForAMissingRoot) {
+TEST_F(Dump, OtherEntriesReplaceAMissingRoot) {
   EXPECT_EQ(text(foreign("entries")),
             "NSMutableDictionary, 2 entries\n  \"one\": Node #1\n  \"two\": #1\n");
 }
@@ -169,9 +169,10 @@ TEST_F(Dump, ShowsABookAsItIsStored) {
 
 TEST_F(Dump, WhatIsNoArchiveIsAFailure) {
   const std::string list = foreign("property_list");
-  EXPECT_EQ(ovbook({"dump", list}), failure(list + ": a property list that is no keyed archive"));
+  EXPECT_EQ(ovbook({"dump", list}),
+            failure(list + ": a property list that is not a keyed archive"));
   EXPECT_EQ(ovbook({"dump", "--json", list}),
-            failure(list + ": a property list that is no keyed archive"));
+            failure(list + ": a property list that is not a keyed archive"));
   const std::string xml = foreign("xml");
   EXPECT_EQ(
       ovbook({"dump", xml}),
@@ -186,5 +187,5 @@ TEST_F(Dump, ReadsAPipe) {
 
 TEST_F(Dump, WhatNeverEndsIsAFailure) {
   EXPECT_EQ(ovbook({"dump", "/dev/zero"}),
-            failure("/dev/zero: is no ordinary file, and has no end after 512 MiB"));
+            failure("/dev/zero: is not a regular file and is larger than 512 MiB"));
 }

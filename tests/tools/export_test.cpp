@@ -54,7 +54,7 @@ TEST_F(Export, TheBookItselfIsNotOverwritten) {
   const std::string book = bookOf(card("UID:a\n"));
   const std::string before = readFile(book);
   EXPECT_EQ(ovbook({"export", book, "-o", book}),
-            failure(book + ": is read and would be overwritten"));
+            failure(book + ": is an input file and would be overwritten"));
   EXPECT_EQ(readFile(book), before);
 }
 

@@ -69,9 +69,11 @@ TEST_F(Import, FilesWithoutCardsLeaveTheOldBook) {
   const std::string before = file("book", "as it was");
   const std::string empty = file("empty.vcf", "");
   const std::string blank = file("blank.vcf", "\n\n");
-  EXPECT_EQ(importFiles({empty}), failure(empty + ": holds no card; nothing could be imported"));
-  EXPECT_EQ(importFiles({blank, empty}),
-            failure(blank + ": holds no card, nor do the other files; nothing could be imported"));
+  EXPECT_EQ(importFiles({empty}), failure(empty + ": contains no card; nothing could be imported"));
+  EXPECT_EQ(
+      importFiles({blank, empty}),
+      failure(blank +
+              ": contains no card, and neither do the other files; nothing could be imported"));
   EXPECT_EQ(readFile(before), "as it was");
 }
 
@@ -99,9 +101,8 @@ TEST_F(Import, WarningsLeaveTheStatusAlone) {
 
 TEST_F(Import, FilesWithoutAnyCardAreAFailureAndWriteNothing) {
   const std::string notes = file("notes.txt", "\nno card\n");
-  EXPECT_EQ(importFiles({notes}),
-            failure(notes + ":2: this text stands outside of any card; nothing "
-                            "could be imported"));
+  EXPECT_EQ(importFiles({notes}), failure(notes + ":2: this text is outside any card; nothing "
+                                                  "could be imported"));
   EXPECT_THAT(names(), ElementsAre("notes.txt"));
 }
 
@@ -130,14 +131,15 @@ TEST_F(Import, AMissingFolderIsAFailure) {
 
 TEST_F(Import, ADeviceIsNotReplaced) {
   EXPECT_EQ(ovbook({"import", cardsOf("cards.vcf", {person("a")}), "-o", "/dev/null"}),
-            failure("/dev/null: is no ordinary file, and would be replaced by one"));
+            failure("/dev/null: is not a regular file and would be replaced by one"));
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
 TEST_F(Import, ItsOwnInputIsNotOverwritten) {
   const std::string cards = cardsOf("cards.vcf", {person("a")});
   std::filesystem::create_hard_link(cards, path("book"));
-  EXPECT_EQ(importFiles({cards}), failure(path("book") + ": is read and would be overwritten"));
+  EXPECT_EQ(importFiles({cards}),
+            failure(path("book") + ": is an input file and would be overwritten"));
   EXPECT_EQ(readFile(cards), person("a"));
 }
 
@@ -185,7 +187,7 @@ TEST_F(Import, AFileWhoseNameIsInBracketsIsOneFile) {
 
 TEST_F(Import, ANameThatIsNoTextIsAFailure) {
   const std::string cards = cardsOf("cards\xFF.vcf", {person("a")});
-  EXPECT_THAT(importFiles({cards}).err, HasSubstr("the file's name is no well-formed UTF-8"));
+  EXPECT_THAT(importFiles({cards}).err, HasSubstr("the file name is not valid UTF-8"));
   EXPECT_EQ(ovbook({"import", cardsOf("cards.vcf", {person("a")}), "-o", path("b\xFF")}).status, 2);
   EXPECT_THAT(names(), ElementsAre("cards.vcf", "cards\xFF.vcf"));
 }
@@ -213,7 +215,7 @@ TEST_F(Import, TellsTheFirstMessagesOfEachFile) {
     for (const auto& [file, count] : {std::pair(one, 25), std::pair(two, 20)}) {
       for (int i = 0; i < (all ? count : 20); ++i) {
         lines += "ovbook: " + file + ":" + std::to_string(i + 4) +
-                 ": this line is no property of a vCard\n";
+                 ": this line is not a valid vCard property\n";
       }
     }
     return lines;
@@ -257,7 +259,7 @@ TEST_F(Import, WritesToStandardOutput) {
 TEST_F(Import, WritesNoBookToATerminal) {
   const std::string cards = cardsOf("cards.vcf", {person("a")});
   EXPECT_EQ(ovbookIn({.outputIsTerminal = true}, {"import", cards, "-o", "-"}),
-            failure("standard output: is a terminal, and a book is no text"));
+            failure("standard output: is a terminal, and a book is not text"));
 }
 
 TEST_F(Import, WhatNeverEndsIsAFailure) {
@@ -267,8 +269,8 @@ TEST_F(Import, WhatNeverEndsIsAFailure) {
 
 TEST_F(Import, TellsOfEverythingThatIsLost) {
   const std::pair<const char*, const char*> rows[] = {
-      {"no property\n", "this line is no property of a vCard"},
-      {"END:VCARD\njunk\nBEGIN:VCARD\nFN:x\n", "this text stands outside of any card"},
+      {"no property\n", "this line is not a valid vCard property"},
+      {"END:VCARD\njunk\nBEGIN:VCARD\nFN:x\n", "this text is outside any card"},
       {"END:VCARD\nBEGIN:VCARD\nVERSION:4.0\n", "this card is empty"},
   };
   for (const auto& [lines, reason] : rows) {
@@ -284,13 +286,12 @@ TEST_F(Import, TellsOfEverythingThatIsChanged) {
   const std::pair<const char*, const char*> rows[] = {
       {"NOTE:\xE4\n", "were read as Windows-1252"},
       {"NOTE;CHARSET=x-unheard-of:a\n", "x-unheard-of"},
-      {"PHOTO;ENCODING=b:?!\n", "this value is no base64"},
-      {"NOTE;X-A=\"open:a\n", "quotes without a partner"},
+      {"PHOTO;ENCODING=b:?!\n", "this value is not valid base64"},
+      {"NOTE;X-A=\"open:a\n", "unbalanced quotes"},
       {"END:VCARD\nBEGIN:VCARD\nUID:a\nFN:other\n", "got the ID a-2"},
       {"END:VCARD\nBEGIN:VCARD\nKIND:group\nFN:g\nMEMBER:nobody\n",
-       "the member nobody is in no file"},
-      {"END:VCARD\nBEGIN:VCARD\nKIND:group\nUID:g\nFN:g\nMEMBER:g\n",
-       "this group stands inside itself"},
+       "the member nobody is not in any file"},
+      {"END:VCARD\nBEGIN:VCARD\nKIND:group\nUID:g\nFN:g\nMEMBER:g\n", "this group contains itself"},
   };
   for (const auto& [lines, reason] : rows) {
     const Outcome outcome =

@@ -33,7 +33,7 @@ TEST(JsonWriter, ObjectsHaveKeysAndCommas) {
             "{\n \"a\\\"\": 1,\n \"b\": [\n  \"x\\n\",\n  null\n ]\n}\n");
 }
 
-TEST(JsonWriter, EmptyContainersStandOnOneLine) {
+TEST(JsonWriter, EmptyContainersAreOnOneLine) {
   EXPECT_EQ(written([](JsonWriter& json) {
               json.beginArray();
               json.beginObject();

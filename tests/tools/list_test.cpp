@@ -43,7 +43,7 @@ class List : public OvbookTest {
 
 }  // namespace
 
-TEST_F(List, ColumnsStandBelowEachOther) {
+TEST_F(List, ColumnsLineUp) {
   add("a", "Ann", "1234567", "ann@example.org");
   add("long-id", "Bob Longname", "1", "b@example.org");
   EXPECT_EQ(list(), success("a        Ann           1234567  ann@example.org\n"
@@ -156,8 +156,8 @@ TEST_F(List, AnArchiveOfSomethingElseIsAFailure) {
   const std::string path =
       file("label", OVKeyedArchiver::archivedDataWithRootObject(label)->text());
   EXPECT_EQ(ovbook({"list", path}),
-            failure(path + ": no address book: its root object is OVLabel"));
+            failure(path + ": not an address book: its root object is OVLabel"));
   const auto nothing = OVKeyedArchiver::archivedDataWithRootObject(nullptr);
   EXPECT_EQ(ovbook({"list", file("null", nothing->text())}),
-            failure(this->path("null") + ": no address book: its root object is null"));
+            failure(this->path("null") + ": not an address book: its root object is null"));
 }

@@ -23,7 +23,7 @@ class NameOrder : public OvbookTest {
 
 }  // namespace
 
-TEST_F(NameOrder, FirstNamesStandInFrontAtFirst) {
+TEST_F(NameOrder, FirstNamesComeFirstByDefault) {
   EXPECT_EQ(ovbook({"name-order"}), success("first\n"));
 }
 

@@ -10,7 +10,7 @@
 #include <OVAddressBookSDK/address_book_general.h>
 
 #include "program.h"
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 /// Runs the command in a folder of its own, with preferences of its own.
 class OvbookTest : public testing::Test {

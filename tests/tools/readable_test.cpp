@@ -100,7 +100,7 @@ TEST_F(Readable, LabelsAreWhatAPersonWouldWrite) {
   for (const auto& [lines, expected] : rows) EXPECT_THAT(show(lines), Contains(expected)) << lines;
 }
 
-TEST_F(Readable, NamesOfOtherProgramsStandUnderTheirProperty) {
+TEST_F(Readable, NamesOfOtherProgramsAreUnderTheirProperty) {
   const std::pair<const char*, const char*> rows[] = {
       {"X-MS-IMADDRESS:sip:a@b\n", "  Instant Message  a@b [sip]"},
       {"X-SOME-BOOK-ManagersName:Eva\n", "  Related Names  Manager  Eva"},

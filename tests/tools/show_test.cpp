@@ -197,7 +197,7 @@ TEST_F(Show, DataOfOtherClassesAreShown) {
             "         list      a\n"
             "                   b\n"
             "         value     [an object of the class OVMutableSingleValue]\n"
-            "         date      02-29 (of no known year)\n"
+            "         date      02-29 (year unknown)\n"
             "         never     1e+300 seconds since 2001-01-01\n");
 }
 
@@ -263,12 +263,12 @@ TEST_F(Show, UnknownIDsAreNamedAndTheOthersShown) {
   person("b");
   EXPECT_EQ(show({"b", "none", "a"}),
             (Outcome{1, "b\n  ID  b\n\na\n  ID  a\n",
-                     "ovbook: none: the book holds no person and no group of this ID\n"}));
+                     "ovbook: none: the book has no person or group with this ID\n"}));
 }
 
 TEST_F(Show, UnknownIDsAreNamedEvenWhereNothingCanBePrinted) {
   person("a");
-  const std::string unknown = "ovbook: none: the book holds no person and no group of this ID\n";
+  const std::string unknown = "ovbook: none: the book has no person or group with this ID\n";
   const std::string book = path("book");
   EXPECT_EQ(show({"none"}).status, 1);
   EXPECT_EQ(ovbookIn({.outputFile = "/dev/full"}, {"show", book, "a", "none"}),
@@ -290,7 +290,7 @@ TEST_F(Show, WhatIsNoPersonAndNoGroup) {
                         path("odd")},
                        {}),
             success());
-  EXPECT_EQ(ovbook({"show", path("odd")}), success("x [no person]\n\nx [no group]\n"));
+  EXPECT_EQ(ovbook({"show", path("odd")}), success("x [not a person]\n\nx [not a group]\n"));
   EXPECT_EQ(ovbook({"list", "--tsv", path("odd")}), success("x\t\t\t\n"));
 }
 

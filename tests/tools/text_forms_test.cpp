@@ -43,9 +43,8 @@ TEST(IsoText, BeyondTheCalendarIsANumber) {
   EXPECT_EQ(isoOf(-std::numeric_limits<double>::infinity()), "-inf seconds since 2001-01-01");
 }
 
-TEST(DateText, TheYear1604StandsForNoYear) {
-  EXPECT_EQ(ovbook::dateText(*OVDate::dateWithYearMonthDay(1604, 2, 29)),
-            "02-29 (of no known year)");
+TEST(DateText, TheYear1604MeansNoYear) {
+  EXPECT_EQ(ovbook::dateText(*OVDate::dateWithYearMonthDay(1604, 2, 29)), "02-29 (year unknown)");
   EXPECT_EQ(ovbook::dateText(*OVDate::dateWithYearMonthDay(1605, 2, 28)), "1605-02-28");
 }
 

@@ -4,7 +4,7 @@
 
 #include <OVAddressBookSDK/multiple_value.h>
 
-#include "support/changing.h"
+#include "support/processes/changing.h"
 #include "support/values.h"
 
 namespace {

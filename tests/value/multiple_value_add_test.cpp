@@ -44,7 +44,7 @@ TEST(MultipleValueAdd, ValueWithoutDatumIsRefused) {
   EXPECT_EQ(elementsOf(multipleOf({phone, empty})), Elements{phone});
 }
 
-TEST(MultipleValueAdd, SameObjectMayStandTwice) {
+TEST(MultipleValueAdd, SameObjectMayBeThereTwice) {
   const auto value = textValue("1");
   EXPECT_EQ(elementsOf(multipleOf({value, value})), (Elements{value, value}));
 }

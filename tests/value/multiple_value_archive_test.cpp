@@ -2,7 +2,7 @@
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 #include "value/multiple_values.h"
@@ -51,7 +51,7 @@ TEST(MultipleValueArchive, ComesBackWithItsMainValue) {
   EXPECT_NE(ov::cast<OVMutableSingleValue>(again->valueAtIndex(1)), nullptr);
 }
 
-TEST(MultipleValueArchive, MainValueThatStandsTwiceIsWrittenUnderItsFirstPosition) {
+TEST(MultipleValueArchive, MainValueThatIsThereTwiceIsWrittenUnderItsFirstPosition) {
   const auto twice = textValue("twice");
   const auto multiple = multipleOf({textValue("0"), twice, twice});
   multiple->setMainValue(twice);

@@ -77,7 +77,7 @@ TEST_F(MultipleValueCopy, LeavesOutElementsOfAnotherTypeThanTheFirstAccepted) {
   EXPECT_EQ(copy->valueAtIndex(0)->value(), b->value());
 }
 
-TEST_F(MultipleValueCopy, MainValueIsWhateverStandsAtItsFormerPosition) {
+TEST_F(MultipleValueCopy, MainValueIsWhateverIsAtItsFormerPosition) {
   abc->setMainValue(b);
   a->setValue(nullptr);
   const auto copy = abc->copy();

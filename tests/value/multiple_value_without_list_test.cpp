@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 #include "value/multiple_values.h"
 

@@ -7,7 +7,7 @@
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 

@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/value.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 #include "support/values.h"
 

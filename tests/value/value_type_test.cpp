@@ -6,7 +6,7 @@
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/value_type.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 namespace {

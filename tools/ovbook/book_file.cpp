@@ -35,7 +35,7 @@ OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
   }
   auto book = ov::cast<OVAddressBookGeneral>(root);
   if (book == nullptr) {
-    throw Failure(path, "no address book: its root object is " + classNameOf(root));
+    throw Failure(path, "not an address book: its root object is " + classNameOf(root));
   }
   return book;
 }

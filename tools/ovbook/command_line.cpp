@@ -31,8 +31,8 @@ int parseAndRun(const std::vector<std::string>& arguments, Session& session) {
   const Parser parser;
   const Command ovbook = parser.top();
   ovbook.setFooter(
-      "Exit status: 0 when all went well, 1 when something was left out that a line on\n"
-      "standard error names, 2 when the command could not do its work.");
+      "Exit status: 0 on success, 1 when something was left out, as lines on standard error say,\n"
+      "2 when the command failed.");
   addCommands(ovbook, session);
   return parser.run(arguments, session);
 }
@@ -61,7 +61,7 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     out.flush();
     return status;
   } catch (const OutputError& failure) {
-    // A reader that has seen enough, `head` say, is no failure.
+    // A reader that has seen enough, `head` say, is not a failure.
     if (failure.code().value() == EPIPE) return session.status();
     err << "ovbook: " << failure.what() << '\n' << std::flush;
     return kFailed;

@@ -8,7 +8,7 @@ namespace ovbook {
 
 class LiveBooks;
 
-/// Runs one command. `arguments` are those behind the program's name. Results go to `out`, which
+/// Runs one command. `arguments` are those after the program's name. Results go to `out`, which
 /// reports what it cannot take by throwing `OutputError`; everything else goes to `err`. Returns
 /// the exit status and throws nothing. Null for `live` leaves the desktop's books to another
 /// program.

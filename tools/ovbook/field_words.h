@@ -11,7 +11,7 @@ namespace ovbook {
 /// "OVAddressFieldCity".
 [[nodiscard]] std::string_view wordOfField(const OVString& fieldName);
 
-/// The field that a word stands for; null when there is none.
+/// The field that a word means; null when there is none.
 [[nodiscard]] OVString fieldOfWord(std::string_view word);
 
 }  // namespace ovbook

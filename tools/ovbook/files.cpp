@@ -20,7 +20,7 @@ namespace ovbook {
 namespace {
 
 constexpr std::size_t kPiece = 1 << 16;
-constexpr std::size_t kMostOfAPipe = std::size_t{512} << 20;
+constexpr std::size_t kMaxPipeBytes = std::size_t{512} << 20;
 
 [[noreturn]] void fail(const std::string& path, std::error_code error) {
   throw Failure(path, error.message());
@@ -58,10 +58,10 @@ std::size_t sizeOf(const OpenFile& file) {
 OVRef<OVData> readFile(const std::string& path) {
   const OpenFile file(path);
   std::vector<std::byte> bytes(sizeOf(file) + 1);
-  const std::size_t most = std::max(bytes.size(), kMostOfAPipe);
+  const std::size_t most = std::max(bytes.size(), kMaxPipeBytes);
   std::size_t size = 0;
   for (;;) {
-    if (size == most) throw Failure(path, "is no ordinary file, and has no end after 512 MiB");
+    if (size == most) throw Failure(path, "is not a regular file and is larger than 512 MiB");
     if (size == bytes.size()) bytes.resize(std::min(std::max(size * 2, kPiece), most));
     const ssize_t got = read(file.descriptor(), bytes.data() + size, bytes.size() - size);
     if (got == 0) break;
@@ -76,14 +76,14 @@ OVRef<OVData> readFile(const std::string& path) {
 }
 
 void checkPath(const std::string& path) {
-  if (OVString(path).view() != path) throw Failure(path, "the file's name is no well-formed UTF-8");
+  if (OVString(path).view() != path) throw Failure(path, "the file name is not valid UTF-8");
 }
 
 bool isStandardOutput(const std::string& target) { return target == "-"; }
 
 void checkNoTerminal(const std::string& target) {
   if (isStandardOutput(target) && isatty(STDOUT_FILENO) != 0) {
-    throw Failure("standard output", "is a terminal, and a book is no text");
+    throw Failure("standard output", "is a terminal, and a book is not text");
   }
 }
 
@@ -96,10 +96,10 @@ void checkTarget(const std::string& target, const std::string& input) {
     fail(target, std::make_error_code(std::errc::is_a_directory));
   }
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    throw Failure(target, "is no ordinary file, and would be replaced by one");
+    throw Failure(target, "is not a regular file and would be replaced by one");
   }
   if (std::filesystem::equivalent(target, input, unknown)) {
-    throw Failure(target, "is read and would be overwritten");
+    throw Failure(target, "is an input file and would be overwritten");
   }
 }
 

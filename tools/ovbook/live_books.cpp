@@ -39,7 +39,7 @@ void LiveBooksElsewhere::leave(Session& session) const {
   for (const auto& place : {folder / kProgram, folder / OVBOOK_LIVE_FOLDER / kProgram}) {
     execv(place.c_str(), pointers.data());
   }
-  throw Failure("the address books of the desktop need the package ovbook-live");
+  throw Failure("the desktop's address books need the package ovbook-live");
 }
 
 }  // namespace ovbook

@@ -21,7 +21,7 @@ class LiveBooks {
   /// The book with all that is in it.
   [[nodiscard]] virtual OVRef<OVAddressBook> read(const std::string& uid,
                                                   Session& session) const = 0;
-  /// Adds the persons who are not there yet, or tells who they are.
+  /// Adds the persons who are not there yet, or lists them.
   virtual void add(const OVAddressBookGeneral& book, const std::string& uid, bool isTrial,
                    Session& session) const = 0;
 

@@ -10,7 +10,7 @@ namespace ovbook {
 
 namespace {
 
-constexpr std::size_t kMostOfOneFile = 20;
+constexpr std::size_t kMaxPerFile = 20;
 
 /// The messages of one file.
 struct Count {
@@ -50,7 +50,7 @@ void report(const std::vector<OVVCardProblem>& problems, bool showsAll, Session&
   std::vector<OVString> files;
   for (const OVVCardProblem& problem : problems) {
     Count& count = counts[problem.file];
-    if (showsAll || count.shown < kMostOfOneFile) {
+    if (showsAll || count.shown < kMaxPerFile) {
       ++count.shown;
       tell(problem, session);
       continue;

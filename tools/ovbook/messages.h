@@ -8,7 +8,7 @@ namespace ovbook {
 
 class Session;
 
-/// Tells of what did not go in as it stood: of each file the first messages and how many more there
+/// Reports what was not imported verbatim: for each file the first messages and how many more there
 /// are, or all of them. The program will end with `kIncomplete` where something was lost.
 void report(const std::vector<OVVCardProblem>& problems, bool showsAll, Session& session);
 

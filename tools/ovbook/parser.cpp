@@ -57,14 +57,14 @@ std::string complaint(const CLI::App& command, const CLI::ParseError& error) {
   return error.what();
 }
 
-/// Prints help or the version, or else tells what was wrong with the arguments.
+/// Prints help or the version, or what was wrong with the arguments.
 int answer(const CLI::App& ovbook, const CLI::ParseError& request, Session& session) {
   if (request.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
     return ovbook.exit(request, session.out(), session.err());
   }
   const CLI::App& command = commandOf(ovbook);
-  session.report(withoutMarks(complaint(command, request)) + " (" + fullName(command) +
-                 " --help tells more)");
+  session.report(withoutMarks(complaint(command, request)) + " (see " + fullName(command) +
+                 " --help)");
   return kFailed;
 }
 

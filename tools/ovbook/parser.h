@@ -41,7 +41,7 @@ class Command {
  public:
   explicit Command(CLI::App& app) : app_(&app) {}
 
-  /// A command that is named behind this one; of its commands one has to be.
+  /// A command that is named after this one; of its commands one has to be.
   [[nodiscard]] Command addCommand(const std::string& name, const std::string& help) const;
   /// What help shows below the arguments.
   void setFooter(const std::string& text) const;
@@ -75,8 +75,8 @@ class Parser {
   /// `ovbook` itself.
   [[nodiscard]] Command top() const;
 
-  /// Runs the command that the arguments name, or prints help or the version, or tells what was
-  /// wrong with the arguments. Returns the exit status; throws what the command throws.
+  /// Runs the command that the arguments name, or prints help, the version, or what was wrong with
+  /// the arguments. Returns the exit status; throws what the command throws.
   [[nodiscard]] int run(const std::vector<std::string>& arguments, Session& session) const;
 
  private:

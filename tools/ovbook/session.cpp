@@ -10,7 +10,7 @@ namespace ovbook {
 void Session::report(std::string_view message) {
   const std::string line = "ovbook: " + printable(message) + "\n";
   try {
-    out_.flush();  // what was written so far stands before the line
+    out_.flush();  // what was written so far comes before the line
   } catch (const OutputError&) {
     err_ << line << std::flush;
     throw;

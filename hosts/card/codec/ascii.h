@@ -34,7 +34,7 @@ namespace ov::card {
 
 inline constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
-/// 16 for a character that is no hexadecimal digit.
+/// 16 for a character that is not a hexadecimal digit.
 [[nodiscard]] constexpr unsigned hexValue(char c) {
   if (isDigit(c)) return static_cast<unsigned>(c - '0');
   const char upper = upperASCII(c);

@@ -14,7 +14,7 @@ namespace ov::card {
 
 [[nodiscard]] std::string encodeBase64(std::string_view bytes);
 
-/// Characters that are no base64 are passed over.
+/// Characters that are not base64 are skipped.
 [[nodiscard]] std::string decodeBase64(std::string_view text);
 
 }  // namespace ov::card

@@ -1,3 +1,6 @@
+// Splits a text into cards, one at a time. Lines stay views of the text; only a card with lines in
+// other character sets is written again, in UTF-8, into memory of its own.
+
 #include "card_reader.h"
 
 #include "ascii.h"
@@ -7,7 +10,7 @@ namespace ov::card {
 
 namespace {
 
-constexpr std::string_view kGuessed = "bytes that are no UTF-8 text were read as Windows-1252";
+constexpr std::string_view kGuessed = "bytes that are not valid UTF-8 were read as Windows-1252";
 
 Version versionOf(const Line& line) {
   const std::string_view text = trim(line.text());
@@ -48,7 +51,7 @@ bool CardReader::findBegin() {
   for (; !cursor_.atEnd(); cursor_.advance()) {
     if (cursor_.marker() == Marker::Begin) return true;
     if (isReported || cursor_.isEmpty()) continue;
-    problems_.error(cursor_.line().number, "this text stands outside of any card");
+    problems_.error(cursor_.line().number, "this text is outside any card");
     isReported = true;
   }
   return false;
@@ -64,7 +67,7 @@ void CardReader::readCard() {
 
   open_ = 1;
   hasEncoded_ = false;
-  isSpelledAnew_ = false;
+  isRespelled_ = false;
   readLines();
   endCard();
   card.source = between(start, text_.data() + cursor_.offset());
@@ -73,7 +76,7 @@ void CardReader::readCard() {
       if (line.isEncoded_) decode(line);
     }
   }
-  if (isSpelledAnew_) spellAnew();
+  if (isRespelled_) respell();
 
   rest_.clear();
   if (!card.source.ends_with('\n') && !card.source.ends_with('\r')) rest_ += card.lineEnd;
@@ -103,7 +106,7 @@ void CardReader::readLines() {
       context_.version = card.version = versionOf(line);
       isVersionKnown = true;
     }
-    if (!isPlain) isSpelledAnew_ = true;
+    if (!isPlain) isRespelled_ = true;
     card.lines.pop_back();
   }
 }
@@ -113,7 +116,7 @@ void CardReader::endCard() {
     cursor_.advance();
     --open_;
   } else {
-    problems_.error(card_->number, "this card has no END:VCARD; what it holds was taken over");
+    problems_.error(card_->number, "this card has no END:VCARD; its content was imported anyway");
   }
 }
 
@@ -141,10 +144,10 @@ void CardReader::decode(Line& line) {
   if (isUTF8(line.source_)) return;
   const bool hasPlainValue = holdsUTF8(line);
   // Else a fold cuts a character in two.
-  line.isSpelledAnew_ = !line.hasPlainHeader_ || !hasPlainValue;
-  isSpelledAnew_ = isSpelledAnew_ || line.isSpelledAnew_;
+  line.isRespelled_ = !line.hasPlainHeader_ || !hasPlainValue;
+  isRespelled_ = isRespelled_ || line.isRespelled_;
   if (!hasPlainValue) open_ -= line.openCards_;  // its new spelling ends them
-  if (line.isSpelledAnew_ && hasPlainValue && context_.version != Version::V2_1) {
+  if (line.isRespelled_ && hasPlainValue && context_.version != Version::V2_1) {
     problems_.warning(line.number_, kGuessed);
   }
 }
@@ -160,12 +163,12 @@ std::string CardReader::inUTF8(std::string bytes, std::string_view charset, std:
     if (auto converted = charsets_.toUTF8(bytes, charset)) {
       if (!converted->exact) {
         problems_.warning(line,
-                          "bytes that are no " + std::string(charset) + " text were replaced");
+                          "bytes that are not valid " + std::string(charset) + " were replaced");
       }
       return std::move(converted->text);
     }
-    problems_.error(line, "the character set " + std::string(charset) +
-                              " is not known; the text was read without it");
+    problems_.error(line,
+                    "the character set " + std::string(charset) + " is unknown and was ignored");
   }
   if (isUTF8(bytes)) return bytes;
   if (context_.version != Version::V2_1 || isUTF8Name(charset)) {
@@ -174,15 +177,15 @@ std::string CardReader::inUTF8(std::string bytes, std::string_view charset, std:
   return guessedUTF8(bytes);
 }
 
-/// Makes a source in UTF-8 of what stands in the text, in exactly as much memory as it takes.
-void CardReader::spellAnew() {
+/// Makes a source in UTF-8 of what is in the text, in exactly as much memory as it takes.
+void CardReader::respell() {
   Card& card = *card_;
   const auto eachPiece = [&](const auto& use) {
     const char* at = card.source.data();
     for (Line& line : card.lines) {
       const std::string_view source = line.source_;
       use(guessedUTF8(between(at, source.data())), nullptr);
-      use(line.isSpelledAnew_ ? spelledAnew(line) : std::string(source), &line);
+      use(line.isRespelled_ ? respelled(line) : std::string(source), &line);
       at = endOf(source);
     }
     use(guessedUTF8(between(at, endOf(card.source))), nullptr);
@@ -197,17 +200,17 @@ void CardReader::spellAnew() {
     if (line != nullptr) line->source_ = std::string_view(source_).substr(place);
   });
   card.source = source_;
-  card.isSpelledAnew = true;
+  card.isRespelled = true;
 }
 
-std::string CardReader::spelledAnew(const Line& line) const {
+std::string CardReader::respelled(const Line& line) const {
   std::string source;
   if (!holdsUTF8(line)) {
     LineWriter(source, context_.version, card_->lineEnd).lineLike(line, line.value());
     return source;
   }
   if (!line.group_.empty()) source.append(line.group_).append(".");
-  source.append(line.name_).append(line.parametersAsTheyStand_).append(":");
+  source.append(line.name_).append(line.rawParameters_).append(":");
   source += between(line.raw_.data(), endOf(line.source_));
   return source;
 }

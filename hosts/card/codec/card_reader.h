@@ -15,7 +15,7 @@
 namespace ov::card {
 
 /// Finds the cards in a text, one after the other. A card without END:VCARD ends where the next one
-/// begins; a card that stands inside another as the value of AGENT belongs to that line.
+/// begins; a card inside another as the value of AGENT belongs to that line.
 ///
 /// Time is linear in the size of the text, memory in that of the largest card.
 class CardReader {
@@ -43,8 +43,8 @@ class CardReader {
   void decode(Line& line);
   [[nodiscard]] bool holdsUTF8(const Line& line) const;
   [[nodiscard]] std::string inUTF8(std::string bytes, std::string_view charset, std::size_t line);
-  void spellAnew();
-  [[nodiscard]] std::string spelledAnew(const Line& line) const;
+  void respell();
+  [[nodiscard]] std::string respelled(const Line& line) const;
 
   std::string_view text_;
   bool hasNUL_;
@@ -57,8 +57,8 @@ class CardReader {
   std::size_t open_ = 0;  // cards that have begun and not ended
   bool hasEncoded_ = false;
   std::vector<std::string_view> charsetNames_;  // that lines of the card name, one for each line
-  bool isSpelledAnew_ = false;
-  std::string source_;  // of a card that is spelled anew
+  bool isRespelled_ = false;
+  std::string source_;  // of a card that is spelled again
   std::string rest_;
 };
 

@@ -14,7 +14,7 @@ namespace ov::card {
 class Charsets {
  public:
   /// Nothing when there is no such character set. ISO-8859-1 is taken for Windows-1252, which holds
-  /// it but for control characters.
+  /// it except for control characters.
   [[nodiscard]] std::optional<Converted> toUTF8(std::string_view bytes, std::string_view charset);
 
  private:

@@ -1,3 +1,6 @@
+// Escapes of values. Inside the library every value has the canonical form, in which 2.1 and the
+// newer versions look alike.
+
 #include "escapes.h"
 
 namespace ov::card {

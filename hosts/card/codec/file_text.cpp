@@ -13,7 +13,7 @@ using namespace std::string_view_literals;
 std::string fromUTF16(std::string_view bytes, bool bigEndian, Problems& problems) {
   Converted converted = utf16ToUTF8(bytes, bigEndian);
   if (!converted.exact) {
-    problems.warning(1, "characters of this file that are no UTF-16 text were replaced");
+    problems.warning(1, "invalid UTF-16 in this file was replaced");
   }
   return std::move(converted.text);
 }

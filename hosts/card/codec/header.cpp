@@ -1,3 +1,6 @@
+// Takes the header of a line apart: group, name, parameters. Older versions write types and
+// encodings as bare words; afterwards all versions look alike.
+
 #include "header.h"
 
 #include <algorithm>
@@ -31,7 +34,7 @@ std::string withoutQuotes(std::string_view text) {
   return plain;
 }
 
-/// The word that a value of ENCODING stands for.
+/// The encoding that a value of ENCODING means.
 std::string wordOf(std::string_view value) {
   std::string word = withoutQuotes(trim(value));
   return sameWord(word, "B") ? "BASE64" : word;
@@ -66,7 +69,7 @@ bool HeaderParser::parse(std::string_view text, Header& header) {
   header = {};
   const std::size_t end = std::min(text.find(';'), text.size());
   header.name = trim(text.substr(0, end));
-  header.parametersAsTheyStand = text.substr(end);
+  header.rawParameters = text.substr(end);
   if (const std::size_t dot = header.name.rfind('.'); dot != std::string_view::npos) {
     header.group = header.name.substr(0, dot);
     header.name.remove_prefix(dot + 1);
@@ -136,7 +139,7 @@ std::string_view HeaderParser::decoded(std::string_view value) {
   return arena_.copy(circumflexDecoded(withoutQuotes(value)));
 }
 
-/// Values of one name come together, where the first of them stands.
+/// Values of one name come together, where the first of them is.
 void HeaderParser::joinParameters(Header& header) {
   if (runs_.empty()) return;
   bool isJoined = true;

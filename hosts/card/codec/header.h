@@ -21,15 +21,15 @@ struct Parameter {
 
 enum class Encoding : std::uint8_t { None, QuotedPrintable, Base64 };
 
-/// What stands before the colon of a line.
+/// What comes before the colon of a line.
 struct Header {
   /// Empty when there is none.
   std::string_view group;
   /// In upper case.
   std::string_view name;
-  /// As they stand, each behind a semicolon.
-  std::string_view parametersAsTheyStand;
-  /// Without those that tell encoding and character set; no name twice.
+  /// As written, each after a semicolon.
+  std::string_view rawParameters;
+  /// Without those for encoding and character set; no name twice.
   std::span<const Parameter> parameters;
   Encoding encoding = Encoding::None;
   /// Empty when none is named.
@@ -46,7 +46,7 @@ class HeaderParser {
   bool parse(std::string_view text, Header& header);
 
  private:
-  /// Values of one name that stand together.
+  /// Values of one name that are together.
   struct Run {
     std::string_view name;
     std::size_t begin;
@@ -67,7 +67,7 @@ class HeaderParser {
   std::vector<Parameter> parameters_;
 };
 
-/// Hands over the parts of a header between separators that stand outside quotes.
+/// Hands over the parts of a header between separators outside quotes.
 template <class Use>
 void forEachPart(std::string_view text, char separator, Use use) {
   bool inQuotes = false;
@@ -95,7 +95,7 @@ class ColonFinder {
   bool sawPlainText_ = true;
 };
 
-/// True for words that say something of the encoding wherever they stand alone.
+/// True for words that say something about the encoding wherever they are alone.
 [[nodiscard]] bool isEncodingWord(std::string_view word);
 
 /// True for the values of ENCODING that are known.

@@ -1,3 +1,6 @@
+// The values of a line, decoded when they are first needed. Until then a line is a view of its
+// source.
+
 #include "line.h"
 
 #include <algorithm>
@@ -35,7 +38,7 @@ std::string withoutBlanks(std::string_view text) {
   return digits;
 }
 
-/// What stands in front of the data of a data URI, the comma included.
+/// What precedes the data of a data URI, the comma included.
 struct DataURI {
   explicit DataURI(std::string_view header) {
     if (!startsWithWord(header, "data:")) return;
@@ -167,7 +170,7 @@ std::string Line::nestedCard() const {
   card.reserve(raw_.size() + 16);
   TextLines lines(raw_);
   TextLine line;
-  // Behind the colon stands the first line of the card, or nothing.
+  // After the colon comes the first line of the card, or nothing.
   if (lines.next(line) && !trim(line.text).empty()) card += "BEGIN:VCARD\n";
   while (lines.next(line)) card.append(line.text).append("\n");
   if (raw_.ends_with('\n') || raw_.ends_with('\r')) card += '\n';  // an empty line comes last

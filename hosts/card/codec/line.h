@@ -37,21 +37,21 @@ class Line {
  public:
   /// Where the line begins, counted from 1.
   [[nodiscard]] std::size_t number() const { return number_; }
-  /// The line as it stands, its folds and the end of its last line included (see Card::source).
+  /// The line as written, its folds and the end of its last line included (see Card::source).
   [[nodiscard]] std::string_view source() const { return source_; }
 
-  /// As it stands, without the dot; empty when there is none.
+  /// As written, without the dot; empty when there is none.
   [[nodiscard]] std::string_view group() const { return group_; }
   /// In upper case.
   [[nodiscard]] std::string_view name() const { return name_; }
   /// True for `base`, and for "X-...-" followed by `base`. `base` is in upper case.
   [[nodiscard]] bool isNamed(std::string_view base) const;
 
-  /// The parameters as they stand, unfolded, encoding and character set included, each behind a
+  /// The parameters as written, unfolded, encoding and character set included, each after a
   /// semicolon.
-  [[nodiscard]] std::string_view parametersAsTheyStand() const { return parametersAsTheyStand_; }
-  /// In the order of the card, no name twice, without those that tell encoding and character set.
-  /// Words without a name are values of TYPE.
+  [[nodiscard]] std::string_view rawParameters() const { return rawParameters_; }
+  /// In the order of the card, no name twice, without those for encoding and character set. Words
+  /// without a name are values of TYPE.
   [[nodiscard]] std::span<const Parameter> parameters() const { return parameters_; }
   /// Null when there is none. `name` is in upper case.
   [[nodiscard]] const Parameter* parameter(std::string_view name) const;
@@ -68,7 +68,7 @@ class Line {
   [[nodiscard]] std::string_view value() const;
   /// The value as one text, escapes decoded; the same as `value` for base64.
   [[nodiscard]] std::string_view text() const;
-  /// The bytes behind base64 or a base64 data URI, decoded on each call straight from the source;
+  /// The bytes of base64 or a base64 data URI, decoded on each call straight from the source;
   /// nothing for other values.
   [[nodiscard]] std::optional<Binary> binary() const;
 
@@ -78,7 +78,7 @@ class Line {
 
   /// Null views have not been decoded.
   struct Decoded {
-    std::string_view plain;  // in UTF-8, unfolded, its escapes as they stand
+    std::string_view plain;  // in UTF-8, unfolded, its escapes as written
     std::string_view value;
     std::string_view text;
   };
@@ -87,7 +87,7 @@ class Line {
   [[nodiscard]] std::string_view plain() const;
   /// The bytes of the value, unfolded, without quoted-printable, in the character set of the line.
   [[nodiscard]] std::string bytes() const;
-  /// The text of the card that stands inside this line.
+  /// The text of the card inside this line.
   [[nodiscard]] std::string nestedCard() const;
 
   CardContext* context_ = nullptr;
@@ -95,18 +95,18 @@ class Line {
   std::string_view source_;
   std::string_view group_;
   std::string_view name_;
-  std::string_view parametersAsTheyStand_;
+  std::string_view rawParameters_;
   std::span<const Parameter> parameters_;
-  std::string_view raw_;                // what stands behind the colon, folded
+  std::string_view raw_;                // what follows the colon, folded
   mutable Decoded* decoded_ = nullptr;  // null while nothing has been decoded
   mutable bool hasPlainValue_ = false;  // known to need no decoding, once it has been looked at
   mutable bool hasPlainText_ = false;
   Encoding encoding_ = Encoding::None;
   bool isFolded_ = false;
   bool holdsCard_ = false;
-  bool isEncoded_ = false;  // more than ASCII or UTF-8 as it stands
+  bool isEncoded_ = false;  // more than plain ASCII or UTF-8
   bool hasPlainHeader_ = true;
-  bool isSpelledAnew_ = false;
+  bool isRespelled_ = false;
   std::uint32_t openCards_ = 0;  // inside this line
   std::uint32_t charset_ = 0;  // its place among the character sets of the card, from 1; 0 for none
 };

@@ -1,3 +1,6 @@
+// Reads one property: the header up to the first colon outside quotes, then the value with its
+// continuations. Base64, quoted-printable and nested cards each continue in a way of their own.
+
 #include "line_reader.h"
 
 #include <algorithm>
@@ -46,12 +49,12 @@ bool LineReader::read(Line& line, Notes& notes) {
   if (!readHeader(header, notes)) {
     takeContinuations();
     line.source_ = textFrom(begin);
-    problems_.error(line.number_, "this line is no property of a vCard");
+    problems_.error(line.number_, "this line is not a valid vCard property");
     return false;
   }
   line.group_ = header.group;
   line.name_ = header.name;
-  line.parametersAsTheyStand_ = header.parametersAsTheyStand;
+  line.rawParameters_ = header.rawParameters;
   line.parameters_ = header.parameters;
   line.encoding_ = header.encoding;
   notes.charset = header.charset;
@@ -83,19 +86,19 @@ bool LineReader::readHeader(Header& header, Notes& notes) {
   std::string_view text(begin, colon);
   if (colon > first.text.size()) text = context_.arena.copy(unfolded(text, 1));
   if (quotesPair && finder.sawPlainText()) return parser_.parse(text, header);
-  return parseMended(first, text, quotesPair, header, notes);
+  return parseRepaired(first, text, quotesPair, header, notes);
 }
 
 /// Parses what is more than plain ASCII.
-bool LineReader::parseMended(const TextLine& first, std::string_view text, bool quotesPair,
-                             Header& header, Notes& notes) {
+bool LineReader::parseRepaired(const TextLine& first, std::string_view text, bool quotesPair,
+                               Header& header, Notes& notes) {
   notes.hasPlainHeader = isUTF8(text);
-  std::string mended = notes.hasPlainHeader ? std::string(text) : guessedUTF8(text);
-  std::size_t erased = std::erase(mended, '\0');
-  if (!quotesPair) erased += std::erase(mended, '"');
-  if (!parser_.parse(context_.arena.copy(mended), header)) return false;
+  std::string repaired = notes.hasPlainHeader ? std::string(text) : guessedUTF8(text);
+  std::size_t erased = std::erase(repaired, '\0');
+  if (!quotesPair) erased += std::erase(repaired, '"');
+  if (!parser_.parse(context_.arena.copy(repaired), header)) return false;
   if (erased > 0)
-    problems_.warning(first.number, "quotes without a partner, or NUL, were left out");
+    problems_.warning(first.number, "unbalanced quotes or NUL characters were left out");
   return true;
 }
 
@@ -107,7 +110,7 @@ void LineReader::takeValue(Line& line) {
   }
   // Some cards say so of an address, too.
   if (line.isBase64() && !takeBase64()) {
-    problems_.warning(line.number_, "this value is no base64; it was taken as it stands");
+    problems_.warning(line.number_, "this value is not valid base64 and was kept as it is");
     line.encoding_ = Encoding::None;
   }
   line.isFolded_ = value_ < last_.text.data();
@@ -129,7 +132,7 @@ void LineReader::takeQuotedPrintable() {
   }
 }
 
-/// False when the value is no base64. In old cards its lines are not folded.
+/// False when the value is not base64. In old cards its lines are not folded.
 bool LineReader::takeBase64() {
   const std::string_view text = textFrom(value_);
   const bool is = std::all_of(text.begin(), text.end(), [](char c) {
@@ -139,7 +142,7 @@ bool LineReader::takeBase64() {
   return is;
 }
 
-/// Takes the card behind AGENT, with those inside it, if there is one.
+/// Takes the card after AGENT, with those inside it, if there is one.
 void LineReader::takeCard(Line& line) {
   const std::string_view value = trim(textFrom(value_));
   const bool follows = value.empty() && cursor_.marker() == Marker::Begin;

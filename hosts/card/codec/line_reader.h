@@ -16,7 +16,7 @@ class LineReader {
   LineReader(Cursor& cursor, CardContext& context, Problems& problems)
       : cursor_(cursor), context_(context), problems_(problems), parser_(context.arena) {}
 
-  /// What is not told by the line itself.
+  /// What the line itself does not say.
   struct Notes {
     /// Empty when none is named.
     std::string_view charset;
@@ -24,14 +24,14 @@ class LineReader {
     bool hasPlainHeader = true;
   };
 
-  /// Reads the property that begins at the cursor, which stands at no marker. False, behind a
+  /// Reads the property that begins at the cursor, which is not at a marker. False, after a
   /// message, when there is none: `line` then is the text that was passed over.
   bool read(Line& line, Notes& notes);
 
  private:
   bool readHeader(Header& header, Notes& notes);
-  bool parseMended(const TextLine& first, std::string_view text, bool quotesPair, Header& header,
-                   Notes& notes);
+  bool parseRepaired(const TextLine& first, std::string_view text, bool quotesPair, Header& header,
+                     Notes& notes);
   void takeValue(Line& line);
   void takeContinuations();
   void takeQuotedPrintable();
@@ -46,7 +46,7 @@ class LineReader {
   Problems& problems_;
   HeaderParser parser_;
   TextLine last_;                // the line taken last
-  const char* value_ = nullptr;  // what stands behind the colon of the header read last
+  const char* value_ = nullptr;  // what follows the colon of the header read last
 };
 
 }  // namespace ov::card

@@ -1,3 +1,6 @@
+// Writes lines in each version of vCard: folding, types, encoding and escapes differ, the canonical
+// value that callers give does not.
+
 #include "line_writer.h"
 
 #include <algorithm>
@@ -58,7 +61,7 @@ void LineWriter::line(const LineHeader& header, std::string_view value) {
 
 void LineWriter::lineLike(const Line& line, std::string_view value) {
   start({line.group(), line.name(), {}});
-  put(withoutEncoding(line.parametersAsTheyStand()));
+  put(withoutEncoding(line.rawParameters()));
   finish(line.name(), value);
 }
 

@@ -9,7 +9,7 @@
 
 namespace ov::card {
 
-/// What stands before the value of a line that is to be written.
+/// What precedes the value of a line that is to be written.
 struct LineHeader {
   std::string_view group = {};
   std::string_view name;
@@ -20,9 +20,9 @@ struct LineHeader {
 /// Writes lines as a version of vCard spells them, folded at 75 bytes.
 ///
 /// Callers think in vCard 4.0: values are canonical (see escapes.h), the preferred entry has PREF.
-/// Before 4.0 PREF=1 becomes a type. In 2.1 types stand without a name, text beyond ASCII and line
-/// breaks become quoted-printable UTF-8, and other text is not folded. Reading gives what was
-/// written, but that in 2.1 commas separate the members of CATEGORIES only.
+/// Before 4.0 PREF=1 becomes a type. In 2.1 types have no name, text beyond ASCII and line breaks
+/// become quoted-printable UTF-8, and other text is not folded. Reading gives what was written, but
+/// that in 2.1 commas separate the members of CATEGORIES only.
 class LineWriter {
  public:
   /// Both texts must live as long as the writer.
@@ -38,13 +38,13 @@ class LineWriter {
   /// Bytes as base64: a data URI in 4.0; an encoded value before that, with the TYPE that belongs
   /// to the media type, unless `header` has a TYPE. `mediaType` is a generic one when it is empty.
   void binary(const LineHeader& header, std::string_view bytes, std::string_view mediaType);
-  /// Another value for a line that exists: group, name and parameters stay as they stand, but for
-  /// those that tell the encoding.
+  /// Another value for a line that exists: group, name and parameters stay as they are, except for
+  /// those for the encoding.
   void lineLike(const Line& line, std::string_view value);
 
  private:
   void start(const LineHeader& header);
-  /// A value behind a header that is spelled for this version.
+  /// A value after a header that is spelled for this version.
   void finish(std::string_view name, std::string_view value);
   void put(std::string_view text);
   void fold(std::string_view text);

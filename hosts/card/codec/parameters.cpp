@@ -1,3 +1,6 @@
+// Canonical parameters: one spelling for what the versions write differently, so that equal
+// parameters are equal texts.
+
 #include "parameters.h"
 
 #include <algorithm>
@@ -40,7 +43,7 @@ void appendValue(std::string& parameters, std::string_view value) {
   parameters += quote;
 }
 
-/// vCard 2.1 names no types, but for those that would mean something else alone.
+/// vCard 2.1 writes types without their name, except for those that would then mean something else.
 void appendOldType(std::string& parameters, std::string_view type) {
   if (isToken(type) && !isEncodingWord(type)) {
     parameters.append(";").append(upperASCII(type));
@@ -123,9 +126,9 @@ std::string spelledParameters(std::string_view parameters, Version version) {
   return spelled;
 }
 
-std::string withoutEncoding(std::string_view parametersAsTheyStand) {
+std::string withoutEncoding(std::string_view rawParameters) {
   std::string parameters;
-  forEachPart(parametersAsTheyStand, ';', [&](std::string_view part) {
+  forEachPart(rawParameters, ';', [&](std::string_view part) {
     const std::size_t equals = part.find('=');
     const std::string_view name = trim(part.substr(0, equals));
     if (name.empty() && equals == std::string_view::npos) return;

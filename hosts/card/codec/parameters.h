@@ -10,7 +10,7 @@
 
 namespace ov::card {
 
-// Canonical parameters are spelled as vCard 4.0 does, each behind a semicolon: named, encoded, in
+// Canonical parameters are spelled as vCard 4.0 does, each after a semicolon: named, encoded, in
 // quotes where need be, PREF=1 for the type that means it, nothing of encoding and character set.
 
 /// Appends a parameter.
@@ -24,7 +24,7 @@ void appendParameter(std::string& parameters, const Parameter& parameter);
 /// Canonical parameters as a version spells them.
 [[nodiscard]] std::string spelledParameters(std::string_view parameters, Version version);
 
-/// Parameters as they stand in a line, without those that tell encoding and character set.
-[[nodiscard]] std::string withoutEncoding(std::string_view parametersAsTheyStand);
+/// Parameters as written in a line, without those for encoding and character set.
+[[nodiscard]] std::string withoutEncoding(std::string_view rawParameters);
 
 }  // namespace ov::card

@@ -5,11 +5,11 @@
 
 namespace ov::card {
 
-/// The text as the path of a URI: every byte that may not stand there as it is becomes "%XX".
-/// Colons are encoded when `encodeColons`.
+/// The text as the path of a URI: every byte that is not allowed there becomes "%XX". Colons are
+/// encoded when `encodeColons`.
 [[nodiscard]] std::string percentEncoded(std::string_view text, bool encodeColons);
 
-/// The text behind it; the text as it stands when it is not so encoded.
+/// The decoded text; the text itself when it is not encoded so.
 [[nodiscard]] std::string percentDecoded(std::string_view text);
 
 }  // namespace ov::card

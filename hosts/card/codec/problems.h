@@ -12,7 +12,7 @@ class Problems {
   virtual ~Problems() = default;
   /// Some of the text could not be read and was left out.
   virtual void error(std::size_t line, std::string_view reason) = 0;
-  /// Everything was taken over, but not exactly as it stood.
+  /// Imported, but not verbatim.
   virtual void warning(std::size_t line, std::string_view reason) = 0;
 
  protected:

@@ -6,8 +6,8 @@
 
 namespace ov::card {
 
-/// The bytes behind quoted-printable text whose soft line breaks are gone. An "=" that introduces
-/// no byte stands for itself.
+/// The bytes of quoted-printable text whose soft line breaks are gone. An "=" that introduces no
+/// byte is written as itself.
 [[nodiscard]] std::string decodeQuotedPrintable(std::string_view text);
 
 /// Appends the bytes to a line of the length `column`, broken where it becomes too long. No line

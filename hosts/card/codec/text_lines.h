@@ -8,7 +8,7 @@
 
 namespace ov::card {
 
-/// One line as it stands in a text.
+/// One line as written in a text.
 struct TextLine {
   /// Without its end.
   std::string_view text;
@@ -69,7 +69,7 @@ class Cursor {
   [[nodiscard]] bool isContinuation() const;
   /// Whether it holds nothing but blanks.
   [[nodiscard]] bool isEmpty() const;
-  /// How many bytes stand before the next line.
+  /// How many bytes precede the next line.
   [[nodiscard]] std::size_t offset() const { return offset_; }
   void advance();
 

@@ -1,3 +1,5 @@
+// Checks and repairs texts: what is not UTF-8 is read as Windows-1252.
+
 #include "utf8.h"
 
 #include <algorithm>

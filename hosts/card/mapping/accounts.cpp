@@ -1,3 +1,6 @@
+// Accounts are spelled in many ways: IMPP with a URI, X- lines named after a service, a service in
+// a parameter. Reading accepts them all; writing uses IMPP with the first scheme of the service.
+
 #include <algorithm>
 #include <array>
 
@@ -82,7 +85,7 @@ std::string_view serviceType(const Line& line) {
   return {};
 }
 
-/// What a URI can ask for in place of a user, who then stands in its query.
+/// What a URI can ask for in place of a user, who is then in its query.
 constexpr std::array<std::string_view, 8> kRequests{"add",  "addbuddy", "addfriend", "call",
                                                     "chat", "goim",     "message",   "sendim"};
 constexpr std::array<std::string_view, 5> kUserKeys{"screenname", "contact", "uin", "id", "user"};
@@ -106,7 +109,7 @@ std::string_view userIn(std::string_view query) {
   return {};
 }
 
-/// The user that a URI is about, from what stands behind its scheme.
+/// The user that a URI is about, from what follows its scheme.
 std::string_view userOf(std::string_view rest, std::string_view scheme) {
   const std::size_t mark = rest.find('?');
   if (mark != std::string_view::npos && isOneOf(kRequests, rest.substr(0, mark))) {

@@ -1,3 +1,6 @@
+// ADR has seven parts, an address five fields. The first three parts share the street, one per
+// line; the country code comes from a parameter, a companion line or the country's name.
+
 #include <algorithm>
 #include <array>
 
@@ -22,7 +25,7 @@ constexpr std::array kFields{
 };
 constexpr std::size_t kStreet = 2;
 
-/// The code that stands for no country at all.
+/// The code that means no country at all.
 constexpr std::string_view kNoCountry = "ZZ";
 
 /// The text of a part: the commas of a list stay.
@@ -64,7 +67,7 @@ bool codeOfCard(const Line& line, const LineGroup* group, OVString& code) {
   return !code.isNull();
 }
 
-/// The CC parameter, where the country's text does not tell the code.
+/// The CC parameter, where the country's text does not give the code.
 std::string countryParameter(const OVObjectAddress& address) {
   const OVString country = address.stringValueByFieldName(OVAddressFieldCountryOrArea);
   const OVString code = address.countryCode();

@@ -1,3 +1,6 @@
+// The table of what vCards and persons have in common: for each line its property, how to read it
+// and how to spell it. The first row of a property is the one that is written.
+
 #include "bindings.h"
 
 #include <algorithm>

@@ -27,7 +27,7 @@ enum class Fit : std::uint8_t {
   Usual,
   /// The person says the same, but the line says more, or says it in its own way.
   Unusual,
-  /// It does not fit: an entry of "Other" holds it as it stands.
+  /// It does not fit: an entry of "Other" holds it verbatim.
   Other,
 };
 
@@ -55,7 +55,7 @@ using Spell = bool (*)(const Binding& binding, const PersonValues& values,
 struct Binding {
   /// In upper case.
   std::string_view name;
-  /// The property; a line may speak of others beside it.
+  /// The property; a line may be about others besides it.
   const OVString* property;
   Read read;
   /// Null for spellings that are only read.
@@ -66,24 +66,24 @@ struct Binding {
   std::string_view impliedType = {};
   /// "X-...-NAME" is read like NAME.
   bool vendorForms = false;
-  /// The other properties that the line speaks of; null for none.
+  /// The other properties that the line is about; null for none.
   std::array<const OVString*, 2> beside = {};
 
   [[nodiscard]] const OVProperty& descriptor() const;
   /// Whether the property holds several values, and lines carry labels.
   [[nodiscard]] bool isLabelled() const { return descriptor().valueType() == OVValueTypeMultiple; }
   [[nodiscard]] bool understands(std::string_view parameter) const;
-  /// Whether both speak of the same property.
+  /// Whether both are about the same property.
   [[nodiscard]] bool isAbout(const Binding& other) const { return property == other.property; }
 };
 
 /// All of them, in the order in which they are written.
 [[nodiscard]] std::span<const Binding> bindings();
 
-/// Null when lines of this name speak of no property of a person.
+/// Null when lines of this name are about no property of a person.
 [[nodiscard]] const Binding* bindingOf(const Line& line);
 
-/// That of lines of any name, which stand in "Other".
+/// That of lines of any name, which go into "Other".
 [[nodiscard]] const Binding& otherBinding();
 
 }  // namespace ov::card

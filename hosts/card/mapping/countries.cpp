@@ -1,3 +1,6 @@
+// Finds the country that the text of an address names: by code or English name in a small table, by
+// its name in other languages in a large one, which is built only when it is needed.
+
 #include "countries.h"
 
 #include <unicode/locid.h>
@@ -23,7 +26,7 @@ struct Alias {
   std::string_view code;
 };
 
-/// English names beside those of the country list.
+/// English names besides those of the country list.
 constexpr std::array kAliases{
     Alias{"bahamas, the", "bs"},
     Alias{"bermuda", "bm"},
@@ -100,7 +103,7 @@ const Codes& commonCodes() {
   return built;
 }
 
-/// The names in other languages: many, and seldom asked for.
+/// The names in other languages: many, and rarely needed.
 const Codes& foreignNames() {
   static const Codes& built = *[] {
     auto* const made = new Codes;  // for the life of the process

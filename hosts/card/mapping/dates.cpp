@@ -1,3 +1,6 @@
+// Dates of cards, in the forms of all three versions. What is neither a date nor one without a year
+// is kept as an entry of "Other".
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -76,7 +79,7 @@ OVRef<OVDate> parseDay(std::string_view text) {
                                       static_cast<unsigned>(*day));
 }
 
-/// A parameter of some programs says which year stands for none.
+/// A parameter of some programs says which year means none.
 OVRef<OVDate> dateOf(const Line& line) {
   if (line.isBase64()) return nullptr;
   OVRef<OVDate> date = parseDate(trim(line.text()));

@@ -1,3 +1,5 @@
+// The properties with several labelled values: how the line of each is read, and how it is spelled.
+
 #include <array>
 
 #include <OVAddressBookSDK/email.h>
@@ -95,7 +97,7 @@ namespace {
 
 constexpr std::string_view kTable = "vnd.android.cursor.item/";
 
-/// What the number in a row about a related person stands for, from 1.
+/// What the number in a row about a related person means, from 1.
 constexpr std::array<std::string_view, 14> kRelations{
     "assistant", "brother", "child",   "domestic partner", "father",   "friend", "manager",
     "mother",    "parent",  "partner", "referred by",      "relative", "sister", "spouse"};

@@ -1,3 +1,6 @@
+// Groups as cards. Each line has a role: name, ID, member, or other; odd lines are kept by role, so
+// that members that are missing now are written again.
+
 #include "group_card.h"
 
 #include <algorithm>
@@ -90,7 +93,7 @@ OVString oddLinesOf(const Lines& lines, const GroupReading& reading) {
   LineSink sink(text, Version::V4_0, "\n");
   sink.begin();
   const std::size_t start = text.size();
-  // A further name is told from the group's own only beside that.
+  // A further name differs from the group's own only next to it.
   bool hasOtherName = false;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     hasOtherName |=
@@ -100,7 +103,7 @@ OVString oddLinesOf(const Lines& lines, const GroupReading& reading) {
     const Role role = reading.roles[i];
     const bool isOdd = role == Role::Other || (role == Role::Name && hasOtherName) ||
                        (role != Role::ID && !isPlain(lines[i]));
-    if (isOdd) sink.writeAlone(lines[i], Preference::AsItStands);
+    if (isOdd) sink.writeAlone(lines[i], Preference::Verbatim);
   }
   if (text.size() == start) return nullptr;
   sink.end();
@@ -123,11 +126,11 @@ OVString oddLinesWithMissing(const OVString& oddLines, const std::vector<OVStrin
     const auto at = given.find(member.view());
     const bool isGiven = at != given.end() && moved.insert(at->second).second;
     const std::string parameters =
-        isGiven ? parametersOf(*at->second, Preference::AsItStands) : std::string();
+        isGiven ? parametersOf(*at->second, Preference::Verbatim) : std::string();
     sink.line({kMissing, "MEMBER", parameters}, escapeURI(member));
   }
   for (const Line& line : odd.lines()) {
-    if (!moved.contains(&line)) sink.writeAlone(line, Preference::AsItStands);
+    if (!moved.contains(&line)) sink.writeAlone(line, Preference::Verbatim);
   }
   sink.end();
   return {text};
@@ -138,8 +141,8 @@ void writeGroup(const GroupContent& group, std::string& out) {
   const CardText odd(group.oddLines.str());
   const GroupReading reading(odd.lines());
   LineSink sink(out, Version::V4_0, "\r\n");
-  const auto writeLike = [&](const Line& line) { sink.writeAlone(line, Preference::AsItStands); };
-  /// Writes the odd lines of a role, and tells whether there were any.
+  const auto writeLike = [&](const Line& line) { sink.writeAlone(line, Preference::Verbatim); };
+  /// Writes the odd lines of a role; true when there were any.
   const auto writeRole = [&](Role role) {
     bool isWritten = false;
     for (std::size_t i = 0; i < odd.lines().size(); ++i) {
@@ -169,10 +172,10 @@ void writeGroup(const GroupContent& group, std::string& out) {
   }
   for (const GroupReading::Member& member : reading.members) {
     if (member.line->group() != kMissing) continue;
-    sink.line({{}, "MEMBER", parametersOf(*member.line, Preference::AsItStands)},
+    sink.line({{}, "MEMBER", parametersOf(*member.line, Preference::Verbatim)},
               member.line->value());
   }
-  writeRole(Role::ID);  // the first of several: the group's own is no odd line
+  writeRole(Role::ID);  // the first of several: the group's own is not an odd line
   writeRole(Role::Other);
   sink.end();
 }

@@ -47,17 +47,17 @@ void writeGroup(const GroupContent& group, std::string& out);
 /// Appends the card that the group came from, with those of its lines changed that no longer hold.
 void rewriteGroup(const Card& card, const GroupContent& group, std::string& out);
 
-/// What ID, name and members do not tell of the card; null for nothing.
+/// What ID, name and members do not say about the card; null for nothing.
 [[nodiscard]] OVString oddLinesOf(const Lines& lines, const GroupReading& reading);
 
-/// The same for a group whose members are named elsewhere, but for those that are missing there.
+/// The same for a group whose members are named elsewhere, except for those that are missing there.
 [[nodiscard]] OVString oddLinesWithMissing(const OVString& oddLines,
                                            const std::vector<OVString>& missing);
 
 /// The ID as the URI by which other cards refer to it.
 [[nodiscard]] std::string referenceTo(std::string_view id);
-/// What an ID is found by where a card refers to another: "urn:uuid:" may stand before it or not,
-/// and the case of a UUID does not matter.
+/// What an ID is found by where a card refers to another: "urn:uuid:" may precede it or not, and
+/// the case of a UUID does not matter.
 [[nodiscard]] std::string referenceKey(std::string_view id);
 /// The ID without "urn:uuid:".
 [[nodiscard]] std::string_view withoutPrefix(std::string_view id);

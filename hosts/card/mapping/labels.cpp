@@ -1,3 +1,7 @@
+// Labels and the TYPE words of lines. A name is made of the words, place first, some of them
+// translated by a table ("CELL" is "mobile", "IPHONE" is "iPhone"); where splitting the name again
+// gives the same words, the line needs no label of its own.
+
 #include "labels.h"
 
 #include <algorithm>
@@ -37,7 +41,7 @@ bool isPlace(std::string_view type) {
   return type == "HOME" || type == "WORK" || type == "OTHER" || type == "SCHOOL";
 }
 
-/// Says what every entry of the property is unless told otherwise.
+/// Says what every entry of the property is by default.
 bool isUnderstood(std::string_view type, std::string_view lineName) {
   return (lineName == "TEL" && type == "VOICE") || (lineName == "EMAIL" && type == "INTERNET");
 }
@@ -115,7 +119,7 @@ std::vector<std::string> typesOf(std::string_view name, std::string_view lineNam
   return types;
 }
 
-/// The words of TYPE as they stand, without PREF.
+/// The words of TYPE as written, without PREF.
 std::vector<std::string_view> wordsOf(const Parameter* types) {
   std::vector<std::string_view> words;
   if (types == nullptr) return words;
@@ -210,9 +214,9 @@ LabelTexts LabelReader::read(const Line& line, const OVProperty& property,
       const std::string name = nameOf(std::move(words), line.name());
       if (!name.empty()) texts = {OVString(name), OVString(displayNameOf(name))};
       texts.isUsual = isUsual(given, name, line.name(), impliedType);
-      constexpr std::size_t kMostKnown = 256;
+      constexpr std::size_t kMaxKnown = 256;
       constexpr std::size_t kLongestKnown = 64;
-      if (known_.size() < kMostKnown && key.size() < kLongestKnown) known_.emplace(key, texts);
+      if (known_.size() < kMaxKnown && key.size() < kLongestKnown) known_.emplace(key, texts);
     }
     saysNothing = texts.name.isSame(property.displayName());
   }
@@ -224,11 +228,11 @@ LabelTexts LabelReader::read(const Line& line, const OVProperty& property,
 }
 
 OVString LabelReader::shared(std::string_view text) {
-  constexpr std::size_t kMost = 4096;
+  constexpr std::size_t kMaxTexts = 4096;
   constexpr std::size_t kLongest = 64;
   if (const auto at = texts_.find(text); at != texts_.end()) return at->second;
   OVString made(text);
-  if (texts_.size() < kMost && text.size() <= kLongest) texts_.emplace(made.view(), made);
+  if (texts_.size() < kMaxTexts && text.size() <= kLongest) texts_.emplace(made.view(), made);
   return made;
 }
 

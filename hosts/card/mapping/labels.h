@@ -33,7 +33,7 @@ struct OwnLabel {
 class LabelReader {
  public:
   /// From the TYPE parameters; that of the property where they say nothing. `impliedType` is what
-  /// the property's very name says, `own` a label that stands on a line of its own, or null.
+  /// the property's very name says, `own` a label on a line of its own, or null.
   [[nodiscard]] LabelTexts read(const Line& line, const OVProperty& property,
                                 std::string_view impliedType, const OwnLabel* own);
   /// A text that other cards are likely to say too, such as a city: one text for all of them, as

@@ -1,3 +1,6 @@
+// Writes lines in a card's version: newer names get their older spelling, labels that TYPE cannot
+// say become a group with X-ABLABEL.
+
 #include "line_sink.h"
 
 #include <algorithm>
@@ -115,10 +118,10 @@ void LineSink::writeLike(const Line& line, const LineGroup* group, Preference pr
   writeAlone(line, preference);
   if (group == nullptr || !written_.insert(group).second) return;
   if (group->takesLabel && group->label != nullptr) {
-    writeAlone(*group->label, Preference::AsItStands);
+    writeAlone(*group->label, Preference::Verbatim);
   }
   if (group->takesCountry && group->country != nullptr) {
-    writeAlone(*group->country, Preference::AsItStands);
+    writeAlone(*group->country, Preference::Verbatim);
   }
 }
 
@@ -135,7 +138,7 @@ void LineSink::writeAlone(const Line& line, Preference preference) {
 }
 
 void LineSink::writeLike(const Line& line, std::string_view bytes, std::string_view mediaType) {
-  writer_.binary({line.group(), line.name(), parametersOf(line, Preference::AsItStands)}, bytes,
+  writer_.binary({line.group(), line.name(), parametersOf(line, Preference::Verbatim)}, bytes,
                  mediaType);
 }
 

@@ -12,7 +12,7 @@
 namespace ov::card {
 
 /// The preference that a line gets.
-enum class Preference : std::uint8_t { AsItStands, First, None };
+enum class Preference : std::uint8_t { Verbatim, First, None };
 
 /// The parameters of a line as vCard 4.0 has them.
 [[nodiscard]] std::string parametersOf(const Line& line, Preference preference);
@@ -32,7 +32,7 @@ class LineSink {
 
   /// Whether the line goes into `group`, unless that is empty, and has its label there already.
   void write(const Spelling& spelling, Preference preference, std::string_view group = {});
-  /// A line of another card, and with the first line of a group what the group tells of it.
+  /// A line of another card, and with the first line of a group what the group says about it.
   void writeLike(const Line& line, const LineGroup* group, Preference preference);
   /// That line only.
   void writeAlone(const Line& line, Preference preference);

@@ -1,3 +1,6 @@
+// N has the parts of a name, FN the name as a whole. FN becomes the name only where there is no N.
+// An FN that the parts give is written from them again; any other is an entry of "Other".
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>

@@ -1,3 +1,6 @@
+// Entries of "Other" are lines that became no value. The label has the line's name and parameters,
+// the datum its value; whether an entry is such a line is found out by reading it as one.
+
 #include "others.h"
 
 #include <algorithm>
@@ -42,11 +45,11 @@ std::string dataURI(std::string_view digits) {
 /// True for a name as `lineNameOf` gives it, as far as that shows before it is taken apart.
 bool mayBeLineName(std::string_view label) {
   const std::string_view name = label.substr(0, label.find(';'));
-  const auto mayStand = [](char c) {
+  const auto isAllowed = [](char c) {
     return isAlphanumeric(c) || std::string_view("-_/+").find(c) != std::string_view::npos;
   };
   const bool isName =
-      isToken(name) || (name.starts_with("X-") && std::all_of(name.begin(), name.end(), mayStand));
+      isToken(name) || (name.starts_with("X-") && std::all_of(name.begin(), name.end(), isAllowed));
   return isName && upperASCII(name) == name && name != "VERSION" && name != "BEGIN" &&
          name != "END" && label.find_first_of("\r\n") == std::string_view::npos;
 }

@@ -30,7 +30,7 @@ class CardText {
   const Card* card_ = nullptr;
 };
 
-/// The entry of "Other" that keeps odd lines: what the values do not tell of the card that they
+/// The entry of "Other" that keeps odd lines: what the values do not say about the card that they
 /// came from. Its datum is a card of these lines alone.
 /// @{
 [[nodiscard]] OVRef<OVSingleValue> oddLinesEntry(const OVString& text);
@@ -38,7 +38,7 @@ class CardText {
 [[nodiscard]] bool isOddLinesEntry(const OVSingleValue& entry);
 /// @}
 
-/// Whether the entry has the label and the datum of a line that is kept as it stands.
+/// Whether the entry has the label and the datum of a line that is kept verbatim.
 [[nodiscard]] bool isLineEntry(const OVSingleValue& entry);
 /// The spelling of an entry of "Other" that is a line.
 [[nodiscard]] Spelling spellingOfOther(const Line& line, const OVSingleValue& entry);
@@ -48,7 +48,7 @@ class CardText {
 class OtherLines {
  public:
   OtherLines(const Entries& others, const PersonValues& values, bool hasID);
-  /// Null for an entry that is no line.
+  /// Null for an entry that is not a line.
   [[nodiscard]] const Line* lineOf(std::size_t entry) const { return lines_[entry]; }
 
  private:

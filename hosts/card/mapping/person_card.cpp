@@ -1,3 +1,7 @@
+// Writes a person from anywhere as a new card: the values by the table of bindings, and those of
+// the odd lines from an earlier import that still hold. A photo among them is recognised by its
+// digest.
+
 #include "person_card.h"
 
 #include <algorithm>
@@ -70,14 +74,14 @@ class NewCard {
     for (std::size_t i = 0; i < plan_.lines().size(); ++i) {
       const Claim& claim = plan_.claims()[i];
       if (Plan::belongsTo(claim, binding) && claim.fit != Fit::Nothing && plan_.holds(claim)) {
-        sink_.writeLike(plan_.lines()[i], claim.group, Preference::AsItStands);
+        sink_.writeLike(plan_.lines()[i], claim.group, Preference::Verbatim);
       }
     }
     if (plan_.isSaid(binding)) return;
     if (binding.read == readFormattedName && hasFormattedName_) return;
     Spelling spelling{binding.name, {}, {}, {}, {}, {}};
     if (binding.spell(binding, values_, nullptr, spelling)) {
-      sink_.write(spelling, Preference::AsItStands);
+      sink_.write(spelling, Preference::Verbatim);
     }
   }
 
@@ -114,7 +118,7 @@ class NewCard {
 
   void writeOther(const EntryLine& other, const Line* line, bool isMain) {
     if (other.line != nullptr) {
-      sink_.writeLike(*other.line, other.claim->group, Preference::AsItStands);
+      sink_.writeLike(*other.line, other.claim->group, Preference::Verbatim);
       return;
     }
     const Binding& binding = otherBinding();
@@ -126,7 +130,7 @@ class NewCard {
     } else {
       return;
     }
-    sink_.write(spelling, isMain && line == nullptr ? Preference::First : Preference::AsItStands);
+    sink_.write(spelling, isMain && line == nullptr ? Preference::First : Preference::Verbatim);
   }
 
   PersonValues values_;
@@ -137,7 +141,7 @@ class NewCard {
 
 /// Writes the line of a photo with a digest in place of the bytes.
 void writePhotoName(const Line& line, std::string_view bytes, LineSink& sink) {
-  std::string parameters = parametersOf(line, Preference::AsItStands);
+  std::string parameters = parametersOf(line, Preference::Verbatim);
   if (const auto binary = line.binary(); binary && line.parameter("MEDIATYPE") == nullptr &&
                                          !binary->mediaType.empty() &&
                                          binary->mediaType != mediaTypeFor(line, bytes)) {
@@ -184,7 +188,7 @@ OVString oddLinesOf(const Lines& lines, const PersonReading& reading) {
                            ? ov::cast<OVImage>(reading.datum(OVProPertyThumbnail))
                            : nullptr;
     if (image == nullptr) {
-      sink.writeLike(lines[i], claims[i].group, Preference::AsItStands);
+      sink.writeLike(lines[i], claims[i].group, Preference::Verbatim);
     } else {
       writePhotoName(lines[i], image->data()->text(), sink);
     }

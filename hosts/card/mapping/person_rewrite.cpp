@@ -1,3 +1,7 @@
+// A changed person keeps its card: each line whose claim still holds is kept byte for byte, the
+// others are dropped, and what is new is written in their place. The plan compares; the patch
+// edits.
+
 #include <algorithm>
 #include <unordered_set>
 
@@ -12,7 +16,7 @@ namespace ov::card {
 
 namespace {
 
-/// Changes the lines of a card that no longer hold, and leaves the others where they stand.
+/// Changes the lines of a card that no longer hold, and leaves the others where they are.
 class ChangedCard {
  public:
   ChangedCard(const Card& card, const PersonReading& reading, const IOVPerson& person)
@@ -51,7 +55,7 @@ class ChangedCard {
     for (std::size_t i = 0; i < claims().size(); ++i) {
       const Claim& claim = claims()[i];
       if (claim.binding == nullptr || claim.binding->isLabelled() || plan_.holds(claim) ||
-          !speaksOf(*claim.binding, binding.property)) {
+          !concerns(*claim.binding, binding.property)) {
         continue;
       }
       isLost = true;
@@ -62,7 +66,7 @@ class ChangedCard {
     if (!isLost || plan_.isSaid(binding)) return;
     Spelling spelling{binding.name, {}, {}, {}, {}, {}};
     if (!binding.spell(binding, values_, nullptr, spelling)) return;
-    sink_.write(spelling, Preference::AsItStands);
+    sink_.write(spelling, Preference::Verbatim);
     insertAt(place);
   }
 
@@ -122,7 +126,7 @@ void ChangedCard::planEntries(const Binding& binding) {
     }
   }
   std::size_t newEntries = 0;
-  std::size_t floor = 0;  // lines from here on are behind all that have been passed
+  std::size_t floor = 0;  // lines from here on are after all that have been passed
   for (std::size_t i = 0; i < entries.size(); ++i) {
     const EntryLine& each = entries[i];
     if (each.claim == nullptr) {
@@ -139,13 +143,13 @@ void ChangedCard::planEntries(const Binding& binding) {
     }
     const auto line = static_cast<std::size_t>(each.claim - claims().data());
     const bool isInOrder = line >= floor;
-    if (isInOrder && each.preference == Preference::AsItStands) {
+    if (isInOrder && each.preference == Preference::Verbatim) {
       floor = next = line + 1;
       continue;
     }
     patch_.drop(line);
     if (isInOrder) floor = next = line + 1;
-    if (each.preference == Preference::AsItStands) {
+    if (each.preference == Preference::Verbatim) {
       written_ += each.line->source();
     } else {
       sink_.writeAlone(*each.line, each.preference);

@@ -19,7 +19,7 @@ constexpr std::array kBeginnings{
     Beginning{"<svg", "image/svg+xml"}, Beginning{"II*", "image/tiff"},
     Beginning{"MM", "image/tiff"},
 };
-/// What stands behind the size of the first box of an image in a container for films.
+/// What follows the size of the first box of an image in a container for films.
 constexpr std::array kBrands{
     Beginning{"ftypavif", "image/avif"}, Beginning{"ftypavis", "image/avif"},
     Beginning{"ftypheic", "image/heic"}, Beginning{"ftypheix", "image/heic"},
@@ -41,7 +41,7 @@ bool isDataURI(const Line& line) {
   return lowerASCII(source).find("data:") != std::string::npos;
 }
 
-/// Whether the type that a card names is the one that the bytes tell.
+/// Whether the type that a card names is the one of the bytes.
 bool isTypeOf(std::string_view given, std::string_view mediaType) {
   if (given.empty() || sameWord(given, mediaType)) return true;
   const std::string_view format = mediaType.substr(std::min(mediaType.find('/'), mediaType.size()));

@@ -71,7 +71,7 @@ std::vector<EntryLine> Plan::entryLines(const Binding& binding, bool marksMain) 
   return result;
 }
 
-bool speaksOf(const Binding& binding, const OVString* property) {
+bool concerns(const Binding& binding, const OVString* property) {
   return binding.property == property ||
          std::find(binding.beside.begin(), binding.beside.end(), property) != binding.beside.end();
 }
@@ -100,7 +100,7 @@ bool Plan::belongsTo(const Claim& claim, const Binding& binding) {
 bool Plan::isSaid(const Binding& binding) const {
   return std::any_of(claims().begin(), claims().end(), [&](const Claim& claim) {
     if (claim.binding == nullptr || claim.fit == Fit::Nothing || claim.binding->isLabelled() ||
-        !speaksOf(*claim.binding, binding.property) || !holds(claim)) {
+        !concerns(*claim.binding, binding.property) || !holds(claim)) {
       return false;
     }
     // A formatted name says the name only where it is all that there is.

@@ -13,7 +13,7 @@ struct EntryLine {
   OVRef<OVSingleValue> entry;
   const Line* line = nullptr;
   const Claim* claim = nullptr;  // of the line
-  Preference preference = Preference::AsItStands;
+  Preference preference = Preference::Verbatim;
 };
 
 /// Compares what lines said of a person with what the person says now.
@@ -31,7 +31,7 @@ class Plan {
   [[nodiscard]] bool isChanged(const OVString& property) const;
   /// Whether lines that hold say what the binding would write.
   [[nodiscard]] bool isSaid(const Binding& binding) const;
-  /// Whether the line stands where those of the binding are written.
+  /// Whether the line is where those of the binding are written.
   [[nodiscard]] static bool belongsTo(const Claim& claim, const Binding& binding);
 
   [[nodiscard]] const Lines& lines() const { return lines_; }
@@ -49,7 +49,7 @@ class Plan {
 /// written for its property.
 [[nodiscard]] std::size_t rankOf(const Binding& binding);
 
-/// Whether the lines of a binding speak of the property.
-[[nodiscard]] bool speaksOf(const Binding& binding, const OVString* property);
+/// Whether the lines of a binding are about the property.
+[[nodiscard]] bool concerns(const Binding& binding, const OVString* property);
 
 }  // namespace ov::card

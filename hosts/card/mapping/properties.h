@@ -46,15 +46,15 @@ Fit readTags(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellTags(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                Spelling& spelling);
 
-/// PHOTO: the thumbnail. A photo that stands elsewhere (a URL) is not taken.
+/// PHOTO: the thumbnail. A photo that is elsewhere (a URL) is not read.
 Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellPhoto(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                 Spelling& spelling);
 inline constexpr std::string_view kUnknownMediaType = "application/octet-stream";
-/// The media type that the beginning of an image tells, or the unknown one.
+/// The media type of the beginning of an image, or the unknown one.
 [[nodiscard]] std::string_view mediaTypeOf(std::string_view bytes);
 
-/// The year that stands for none: a leap year, so that every day of every year has its place.
+/// The year that means none: a leap year, so that every day of every year has its place.
 inline constexpr int kNoYear = 1604;
 /// A day, with or without its year, or a moment, whose time zone is left aside. Null for anything
 /// else.
@@ -106,7 +106,7 @@ Fit readAddress(const Line& line, const Binding& binding, PersonReading& reading
 bool spellAddress(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                   Spelling& spelling);
 
-/// X-OTHER: entries of "Other" that were no line.
+/// X-OTHER: entries of "Other" that were not lines.
 Fit readOther(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellOther(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                 Spelling& spelling);

@@ -1,3 +1,7 @@
+// Reads the values of a person from the lines of a card. Each line is claimed by the binding of its
+// name, in two passes: reading gives the values; judging then marks as odd what writing the values
+// would not give again (unusual parameters, groups, preferences), so that those lines are kept.
+
 #include "reading.h"
 
 #include <algorithm>
@@ -219,7 +223,7 @@ Fit PersonReading::fitOf(const Line& line, const PersonValues* values) {
   return binding->read(line, *binding, probe);
 }
 
-/// One preferred entry is the main one; more than that only the lines themselves tell.
+/// One preferred entry is the main one; more than that only the lines themselves say.
 void PersonReading::judgePreferences() {
   for (const Several& several : several_) {
     std::vector<std::size_t> preferred;

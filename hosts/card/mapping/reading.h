@@ -22,13 +22,13 @@ using Lines = std::pmr::deque<Line>;
 
 /// Lines of one group ("item1.") that belong together.
 struct LineGroup {
-  /// As it stands.
+  /// Verbatim.
   std::string_view name;
   /// X-ABLabel and X-ABADR; null for none.
   const Line* label = nullptr;
   const Line* country = nullptr;
   OwnLabel ownLabel;
-  /// What X-ABADR says; null where that is no country.
+  /// What X-ABADR says; null where that is not a country.
   OVString countryCode;
   /// How many lines there are that do not go into one of the others.
   std::size_t count = 0;
@@ -45,7 +45,7 @@ struct Claim {
   Fit fit = Fit::Nothing;
   /// Whether writing the person would not give the line again.
   bool isOdd = false;
-  /// Null where the line speaks of no property.
+  /// Null where the line is about no property.
   const Binding* binding = nullptr;
   /// The entry of a property of several values.
   std::size_t entry = 0;
@@ -90,7 +90,7 @@ class PersonReading {
   /// The group of the line that is being read; null without.
   [[nodiscard]] const LineGroup* group() const { return current_->group; }
   [[nodiscard]] OVRef<OVImage> knownPhoto() const { return photo_; }
-  /// Says that the line speaks of another property than its name tells.
+  /// Says that the line is about another property than its name says.
   void claimFor(const Binding& binding) { current_->binding = &binding; }
   /// Whether the line is the first one that names the person.
   [[nodiscard]] bool isFirstFormattedName(const Line& line) const { return formatted_ == &line; }

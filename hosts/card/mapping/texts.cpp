@@ -1,3 +1,5 @@
+// The properties with one text: how the line of each is read, and how it is spelled.
+
 #include "codec/ascii.h"
 #include "codec/escapes.h"
 #include "properties.h"

@@ -1,3 +1,7 @@
+// The values of a person in a small vector: few persons have more than ten of the 23 properties.
+// Data of every class are compared by content here, since objects themselves compare by identity
+// only.
+
 #include "values.h"
 
 #include <algorithm>
@@ -77,10 +81,10 @@ bool both(const OVRef<OVObject>& a, const OVRef<OVObject>& b, bool& areSame) {
 
 /// A part of what the entry says: equal for equal entries, and short.
 std::string keyOf(const OVSingleValue& entry) {
-  constexpr std::size_t kMost = 64;
+  constexpr std::size_t kMaxPart = 64;
   std::string key;
   const auto add = [&](std::string_view text) {
-    key.append(text.substr(0, kMost)).append(std::to_string(text.size()));
+    key.append(text.substr(0, kMaxPart)).append(std::to_string(text.size()));
   };
   const OVRef<OVObject> datum = entry.value();
   if (const OVString text = ov::cast<OVString>(datum)) add(text);

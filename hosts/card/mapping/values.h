@@ -17,9 +17,9 @@ class ValueTable {
  public:
   /// Null when there is none.
   [[nodiscard]] OVRef<OVValue> find(const OVStringView& property) const;
-  /// Null takes the value away.
+  /// Null clears the value.
   void set(const OVString& property, OVRef<OVValue> value);
-  /// Gives back the memory that nothing stands in.
+  /// Gives back the unused memory.
   void shrink() { values_.shrink_to_fit(); }
 
  private:
@@ -61,7 +61,7 @@ class PersonValues {
 [[nodiscard]] bool sameLabel(const OVRef<OVLabel>& a, const OVRef<OVLabel>& b);
 [[nodiscard]] bool sameEntry(const OVSingleValue& a, const OVSingleValue& b);
 
-/// What an entry that was there before stands at now; `kGone` for one that is no longer there.
+/// Where an entry that was there before is now; `kGone` for one that is no longer there.
 inline constexpr std::size_t kGone = static_cast<std::size_t>(-1);
 /// The place of each entry of `before` among `now`. Equal entries are told apart by their order.
 [[nodiscard]] std::vector<std::size_t> placesOf(const Entries& before, const Entries& now);

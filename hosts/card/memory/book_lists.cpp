@@ -59,8 +59,8 @@ std::unordered_set<const Person*> personsIn(const Store& store, const OVList<IOV
 }
 
 void makeRoom(Store& store, std::int64_t count) {
-  constexpr std::int64_t kMost = 1 << 20;
-  const auto room = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, kMost));
+  constexpr std::int64_t kMaxReserved = 1 << 20;
+  const auto room = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, kMaxReserved));
   store.persons.reserve(store.persons.size() + room);
 }
 

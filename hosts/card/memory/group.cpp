@@ -1,3 +1,5 @@
+// A group of a book over cards: members by reference, and by ID those that are not there yet.
+
 #include "group.h"
 
 #include <algorithm>
@@ -9,7 +11,7 @@ namespace ov::card {
 
 namespace {
 
-/// True when `wanted` is `start` or stands anywhere inside it.
+/// True when `wanted` is `start` or anywhere inside it.
 bool holds(const std::shared_ptr<Group>& start, const Group* wanted) {
   std::vector<std::shared_ptr<Group>> open{start};
   std::unordered_set<const Group*> seen;

@@ -33,9 +33,9 @@ struct Group {
   std::vector<std::weak_ptr<Group>> subGroups;
   std::size_t parents = 0;
   std::vector<MissingMember> missing;
-  /// The sub-groups that the card names and that would make the group stand inside itself.
+  /// The sub-groups that the card names and that would make the group contain itself.
   std::vector<OVString> inRings;
-  /// What the card says beside name and members, but for members without an object; null for
+  /// What the card says besides name and members, except for members without an object; null for
   /// nothing.
   OVString oddLines;
   CardSource source;
@@ -50,13 +50,13 @@ struct Group {
   [[nodiscard]] OVList<IOVPerson> personObjects() const;
   bool addPerson(const OVRef<IOVPerson>& person);
   bool removePerson(const OVRef<IOVPerson>& person);
-  /// `group` is null where it is no group of a book of this kind.
+  /// `group` is null where it is not a group of a book of this kind.
   bool addSubGroup(const std::shared_ptr<Group>& group);
   bool removeSubGroup(const std::shared_ptr<Group>& group);
 
-  /// What the group says, members that are no members here included.
+  /// What the group says, members that are not members here included.
   [[nodiscard]] GroupContent content() const;
-  /// `oddLines` and the members that are no members here; null for nothing.
+  /// `oddLines` and the members that are not members here; null for nothing.
   [[nodiscard]] OVString allOddLines() const;
   /// Forgets the members, and who they were.
   void forgetMembers();

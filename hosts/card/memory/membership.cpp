@@ -1,3 +1,6 @@
+// Connects groups with members by ID, whichever comes first: a group waits for the members it
+// misses. Rings of groups are cut. Everything is undone unless it is committed.
+
 #include "membership.h"
 
 #include <algorithm>
@@ -72,8 +75,8 @@ Membership::~Membership() {
 
 void Membership::join() {
   std::vector<std::shared_ptr<Group>> groups = groupsThatWait();
-  for (const Store::GroupPlace& place : arrivals_.groups_) groups.push_back(place.group);
-  groups.insert(groups.end(), arrivals_.rejoining_.begin(), arrivals_.rejoining_.end());
+  for (const Store::GroupPlace& place : transaction_.groups_) groups.push_back(place.group);
+  groups.insert(groups.end(), transaction_.rejoining_.begin(), transaction_.rejoining_.end());
   for (const std::shared_ptr<Group>& group : groups) joinMembersOf(group);
   for (const std::shared_ptr<Group>& group : groups) waitFor(group);
   if (hasNewSubGroups_) cutCycles();
@@ -84,7 +87,7 @@ std::vector<std::shared_ptr<Group>> Membership::groupsThatWait() const {
   std::vector<std::shared_ptr<Group>> groups;
   if (book_.waiting.empty()) return groups;
   std::unordered_set<const Group*> seen;
-  for (const auto& [id, entry] : arrivals_.byID_) {
+  for (const auto& [id, entry] : transaction_.byID_) {
     const auto at = book_.waiting.find(waitingKey(id));
     if (at == book_.waiting.end()) continue;
     for (const std::weak_ptr<Group>& weak : at->second) {
@@ -107,7 +110,7 @@ void Membership::waitFor(const std::shared_ptr<Group>& group) {
 const Store::Entry* Membership::resolve(const OVString& member) {
   const std::string_view bare = withoutPrefix(member);
   for (const std::string_view id : {member.view(), bare}) {
-    if (const Store::Entry* const entry = arrivals_.find(id)) return entry;
+    if (const Store::Entry* const entry = transaction_.find(id)) return entry;
   }
   indexReferences();
   const std::string key = referenceKey(member);
@@ -115,14 +118,14 @@ const Store::Entry* Membership::resolve(const OVString& member) {
        {&std::as_const(arrived_), &std::as_const(book_.references)}) {
     const auto at = references->find(key);
     if (at == references->end()) continue;
-    if (const Store::Entry* const entry = arrivals_.find(at->second)) return entry;
+    if (const Store::Entry* const entry = transaction_.find(at->second)) return entry;
   }
   return nullptr;
 }
 
 void Membership::indexReferences() {
   if (isIndexed_) return;
-  for (const auto& [id, entry] : arrivals_.byID_) arrived_.emplace(referenceKey(id), id);
+  for (const auto& [id, entry] : transaction_.byID_) arrived_.emplace(referenceKey(id), id);
   for (; book_.referencedPersons < book_.persons.size(); ++book_.referencedPersons) {
     const OVString id = book_.persons[book_.referencedPersons]->ID();
     book_.references.emplace(referenceKey(id), id);
@@ -170,10 +173,10 @@ void Membership::cutCycles() {
     group->inRings.push_back(sub->id);
     group->subGroups.erase(group->subGroups.begin() + static_cast<std::ptrdiff_t>(place));
     --sub->parents;
-    arrivals_.rings_.push_back(sub->place);
+    transaction_.rings_.push_back(sub->place);
   };
   for (const auto* const places :
-       {&std::as_const(book_.groups), &std::as_const(arrivals_.groups_)}) {
+       {&std::as_const(book_.groups), &std::as_const(transaction_.groups_)}) {
     for (const Store::GroupPlace& place : *places) cutter.walkFrom(place.group, cut);
   }
 }

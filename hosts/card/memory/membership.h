@@ -4,21 +4,22 @@
 #include <string>
 #include <vector>
 
-#include "arrivals.h"
+#include "import_transaction.h"
 
 namespace ov::card {
 
 /// Finds the persons and groups that groups name as their members. Everything is as before unless
-/// it has been kept.
+/// it has been committed.
 class Membership {
  public:
-  explicit Membership(Arrivals& arrivals) : arrivals_(arrivals), book_(arrivals.book_) {}
+  explicit Membership(ImportTransaction& transaction)
+      : transaction_(transaction), book_(transaction.book_) {}
   Membership(const Membership&) = delete;
   Membership& operator=(const Membership&) = delete;
   ~Membership();
 
   void join();
-  void keep() noexcept { before_.clear(); }
+  void commit() noexcept { before_.clear(); }
 
  private:
   /// What a group was before.
@@ -40,7 +41,7 @@ class Membership {
   void cutCycles();
   void waitFor(const std::shared_ptr<Group>& group);
 
-  Arrivals& arrivals_;
+  ImportTransaction& transaction_;
   Store& book_;
   std::vector<Before> before_;
   std::unordered_set<const Group*> saved_;

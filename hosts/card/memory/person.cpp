@@ -1,3 +1,6 @@
+// A person of a book over cards. It keeps a view of its card, and notes when its values may have
+// been changed: until then the card is written as it was, without a look at the values.
+
 #include "person.h"
 
 #include <algorithm>
@@ -173,7 +176,7 @@ bool Person::isAsItCame() const {
   return std::equal(tags.begin(), tags.end(), tags_.begin(), tags_.end());
 }
 
-/// A person whose UID was taken has another ID, which its card tells once the other is gone.
+/// A person whose UID was in use has another ID, which its card gets once the other is gone.
 OVString Person::idToWrite() const {
   const auto book = book_.lock();
   const bool isGivenAgain =

@@ -22,8 +22,8 @@ struct CardSource {
 
 /// A person of a book over cards.
 ///
-/// A null value takes a property away. "Tags" and the tag operations speak of the same tags, which
-/// the book's tag manager shares once somebody has asked for it.
+/// A null value clears the property. "Tags" and the tag operations use the same tags, which the
+/// book's tag manager shares once somebody has asked for it.
 class Person final : public IOVPerson {
  public:
   Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_ptr<Store> book);
@@ -43,7 +43,7 @@ class Person final : public IOVPerson {
   void setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) override;
 
   [[nodiscard]] OVRef<OVImage> thumbnail() const override;
-  /// Null takes the thumbnail away.
+  /// Null clears the thumbnail.
   void setThumbnail(const OVRef<OVImage>& image) override;
 
   [[nodiscard]] OVRef<OVObjectPhone> mainPhone() const override;

@@ -17,7 +17,7 @@ class Unheard final : public Problems {
 };
 
 CardSource sourceOf(const Card& card, const std::shared_ptr<const std::string>& text) {
-  if (!card.isSpelledAnew && card.rest.empty()) return {text, card.source};
+  if (!card.isRespelled && card.rest.empty()) return {text, card.source};
   auto own = std::make_shared<std::string>(card.source);
   own->append(card.rest);
   return {own, *own};
@@ -50,7 +50,7 @@ void renewPerson(Person& person, const std::shared_ptr<const std::string>& text)
 }
 
 void renewGroup(const std::shared_ptr<Group>& group, const std::shared_ptr<const std::string>& text,
-                Arrivals& arrivals) {
+                ImportTransaction& transaction) {
   Unheard problems;
   CardReader reader(*text, problems);
   const Card* const card = reader.next();
@@ -64,7 +64,7 @@ void renewGroup(const std::shared_ptr<Group>& group, const std::shared_ptr<const
   for (const GroupReading::Member& member : reading.members) {
     group->missing.push_back({member.id, {group->place.origin, member.line->number()}});
   }
-  arrivals.rejoin(group);
+  transaction.rejoin(group);
 }
 
 }  // namespace ov::card

@@ -1,3 +1,6 @@
+// The persons and groups of a book, in their order and by ID. IDs of a book are unique, also
+// between persons and groups.
+
 #include "store.h"
 
 #include <algorithm>
@@ -34,7 +37,7 @@ ValueTable copiedValues(const IOVPerson& person) {
   return values;
 }
 
-/// The tags that a person answers, and those of a person that answers none but has a value of them.
+/// The tags that a person returns, and those of a person that returns none but has a value of them.
 OVList<OVString> tagsOf(const IOVPerson& person) {
   const OVList<OVString> tags = person.tagArray();
   return tags.empty() ? PersonValues(person).datum<OVList<OVString>>(OVProPertyTags) : tags;

@@ -1,7 +1,7 @@
 #include "arriving.h"
 
 #include "codec/card_reader.h"
-#include "memory/arrivals.h"
+#include "memory/import_transaction.h"
 #include "memory/renewal.h"
 #include "same_card.h"
 
@@ -45,7 +45,7 @@ void arrive(BookContent& book, std::vector<std::string> cards,
   }
   const auto text = std::make_shared<const std::string>(std::move(all));
   ReadingProblems problems(book.readingProblems);
-  ov::card::Arrivals arrivals(*book.store, nullptr, text, problems);
+  ov::card::ImportTransaction arrivals(*book.store, nullptr, text, problems);
   ov::card::CardReader reader(*text, problems);
   std::size_t read = 0;
   while (const ov::card::Card* const card = reader.next()) {
@@ -60,7 +60,7 @@ void arrive(BookContent& book, std::vector<std::string> cards,
     }
   }
   arrivals.prepare();
-  arrivals.keep();
+  arrivals.commit();
   if (progress) progress(count, count);
 }
 

@@ -12,9 +12,9 @@
 #include "codec/file_text.h"
 #include "file_bytes.h"
 #include "group_objects.h"
-#include "memory/arrivals.h"
 #include "memory/card_id.h"
 #include "memory/general_group.h"
+#include "memory/import_transaction.h"
 #include "problem_list.h"
 
 using ov::card::Group;
@@ -30,29 +30,29 @@ OVString absolutePath(const OVString& path) {
 }
 
 /// Adds the cards in `bytes` to the book. `file` names them in problems and may be null. `progress`
-/// may be empty; it is told how many bytes have been read, and at last all of them.
+/// may be empty; it gets the number of bytes read so far, finally all of them.
 void loadCards(BookContent& book, std::string bytes, const OVString& file,
                const ov::vcard::Progress& progress) {
   constexpr std::size_t kCardsBetweenReports = 64;
   ov::vcard::ProblemList problems(file);
   const auto text =
       std::make_shared<const std::string>(ov::card::textOfFile(std::move(bytes), problems));
-  ov::card::Arrivals arrivals(*book.store, file, text, problems);
+  ov::card::ImportTransaction transaction(*book.store, file, text, problems);
   ov::card::CardReader reader(*text, problems);
   std::size_t count = 0;
   while (const ov::card::Card* const card = reader.next()) {
-    arrivals.add(*card);
+    transaction.add(*card);
     if (progress && ++count % kCardsBetweenReports == 0) progress(reader.offset(), text->size());
   }
   if (progress) progress(text->size(), text->size());
-  arrivals.prepare();
+  transaction.prepare();
   std::vector<OVVCardProblem> found = problems.take();
-  for (const Group::Place& ring : arrivals.ringsCut()) {
+  for (const Group::Place& ring : transaction.ringsCut()) {
     found.push_back({OVVCardSeverity::Warning, ring.origin, ring.line,
-                     "this group stands inside itself; one membership does not count"});
+                     "this group contains itself; one membership was ignored"});
   }
   book.problems.reserve(book.problems.size() + found.size());
-  arrivals.keep();
+  transaction.commit();
   std::move(found.begin(), found.end(), std::back_inserter(book.problems));
 }
 
@@ -99,7 +99,7 @@ std::vector<OVVCardProblem> OVVCardBook::problems() const {
   for (const Store::GroupPlace& place : content_->store->groups) {
     for (const Group::MissingMember& member : place.group->missing) {
       problems.push_back({OVVCardSeverity::Warning, member.place.origin, member.place.line,
-                          "the member " + member.id.str() + " is in no file"});
+                          "the member " + member.id.str() + " is not in any file"});
     }
   }
   return problems;

@@ -28,7 +28,7 @@ void appendIDs(const OVList<OVString>& ids, std::vector<OVString>& all) {
   }
 }
 
-/// What a group's card says beside name and members; null for nothing.
+/// What a group's card says besides name and members; null for nothing.
 OVString oddLinesOf(const OVRef<OVGroupGeneral>& group) {
   const auto ours = ov::cast<GeneralGroup>(group);
   return ours == nullptr ? OVString() : ours->oddLines();
@@ -58,7 +58,7 @@ void writeAnyGroup(const IOVGroup& group, std::string& out) {
   writeGroup(content, out);
 }
 
-/// Each group once, also when it stands in several others or in itself.
+/// Each group once, even if several others or itself contain it.
 void writeGroups(const OVList<IOVGroup>& roots, std::string& out) {
   if (roots == nullptr) return;
   std::vector<OVRef<IOVGroup>> open;

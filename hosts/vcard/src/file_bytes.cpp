@@ -1,3 +1,6 @@
+// Reads files whole, and replaces them whole: a new file beside the old one is written, flushed and
+// renamed over it.
+
 #include "file_bytes.h"
 
 #include <fcntl.h>
@@ -20,7 +23,7 @@ namespace ov::vcard {
 
 namespace {
 
-constexpr std::size_t kMostOfAPipe = std::size_t{512} << 20;
+constexpr std::size_t kMaxPipeBytes = std::size_t{512} << 20;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
@@ -33,7 +36,7 @@ class Descriptor {
     if (number_ >= 0) ::close(number_);
   }
   [[nodiscard]] int number() const { return number_; }
-  /// Unlike the destructor, tells whether the last bytes went out.
+  /// Unlike the destructor, returns whether the last bytes were written.
   std::error_code close() {
     return ::close(std::exchange(number_, -1)) == 0 ? std::error_code() : lastError();
   }
@@ -108,11 +111,11 @@ void syncDirectory(const std::filesystem::path& directory) {
   if (folder.number() >= 0) ::fsync(folder.number());
 }
 
-/// The file behind symbolic links, whether it exists or not.
+/// The file that symbolic links lead to, whether it exists or not.
 std::filesystem::path targetOf(std::filesystem::path path) {
-  constexpr int kMostLinks = 40;
+  constexpr int kMaxLinks = 40;
   std::error_code error;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+  for (int i = 0; i < kMaxLinks && std::filesystem::is_symlink(path, error); ++i) {
     const std::filesystem::path next = std::filesystem::read_symlink(path, error);
     if (error) break;
     path = path.parent_path() / next;
@@ -134,7 +137,7 @@ std::error_code readFile(const std::string& path, std::string& bytes) {
   }
   std::array<char, 65536> buffer;  // NOLINT: filled before it is read
   for (;;) {
-    if (bytes.size() > std::max(known, kMostOfAPipe)) {
+    if (bytes.size() > std::max(known, kMaxPipeBytes)) {
       return std::make_error_code(std::errc::file_too_large);
     }
     const ssize_t size = ::read(file.number(), buffer.data(), buffer.size());

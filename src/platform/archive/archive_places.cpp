@@ -17,7 +17,7 @@ namespace ov::detail {
 namespace {
 
 /// A longer way loses its middle.
-constexpr std::size_t kMostSteps = 64;
+constexpr std::size_t kMaxSteps = 64;
 
 [[noreturn]] void raiseRefused(const OVObject& object, const std::string& path) {
   const char* mangled = typeid(object).name();
@@ -27,7 +27,7 @@ constexpr std::size_t kMostSteps = 64;
   throw std::invalid_argument(std::string("OVKeyedArchiver: the class ") +
                               (readable ? readable.get() : mangled) + " cannot be archived" +
                               (path.empty() ? "" : ", at " + path) +
-                              ": let it override classForCoder()");
+                              ": override classForCoder() in it");
 }
 
 }  // namespace
@@ -57,8 +57,8 @@ std::string ArchivePlaces::pathTo(const OVObject& object) const {
     at = found->second.owner;
   }
   std::ranges::reverse(steps);
-  if (steps.size() > kMostSteps) {
-    const auto half = static_cast<std::ptrdiff_t>(kMostSteps / 2);
+  if (steps.size() > kMaxSteps) {
+    const auto half = static_cast<std::ptrdiff_t>(kMaxSteps / 2);
     const auto after = steps.erase(steps.begin() + half, steps.end() - half);
     steps.insert(after, " ... ");
   }

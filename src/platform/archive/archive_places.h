@@ -13,7 +13,7 @@ namespace ov::detail {
 /// their addresses, and live as long as this does.
 class ArchivePlaces {
  public:
-  /// What is met from now on stands in this object.
+  /// What is met from now on is in this object.
   void enter(const OVObject& owner) { owner_ = &owner; }
   /// An object is referred to; the key of that field comes next.
   void meet(const OVObject& object);

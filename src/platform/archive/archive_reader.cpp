@@ -1,3 +1,6 @@
+// The walk that builds objects. An object is made and known by its UID before its fields are read,
+// so that rings close; deep graphs are continued from a queue instead of the stack.
+
 #include "platform/archive/archive_reader.h"
 
 #include <string>
@@ -14,7 +17,7 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
-/// So many bytes of a dictionary's keys are hashed in the time that a byte of memory stands for.
+/// So many bytes of a dictionary's keys are hashed in the time that a byte of memory is worth.
 constexpr std::size_t kHashedPerByte = 8;
 
 }  // namespace
@@ -44,7 +47,7 @@ OVRef<OVObject> ArchiveReader::readRoot() {
   PlainEntries entries(plist_, budget_);
   const PlistItem head = plist_.item(plist_.top());
   if (head.kind != Kind::dictionary || !entries.find(head, archive::kArchiver)) {
-    throw OVInvalidArchive("a property list that is no keyed archive");
+    throw OVInvalidArchive("a property list that is not a keyed archive");
   }
   const PlistItem version = entries.required(head, archive::kVersion, Kind::integer);
   if (plist_.integer(version).value != archive::kVersionNumber) {
@@ -70,7 +73,7 @@ OVRef<OVObject> ArchiveReader::readRoot() {
 /// The root; where an archive has other entries instead, a dictionary of all of them.
 OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
   if (const auto root = PlainEntries(plist_, budget_).find(top, archive::kRoot)) {
-    if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is no reference");
+    if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is not a reference");
     objects_.check(PlistReader::uid(*root));
     return objectAt(PlistReader::uid(*root));
   }
@@ -126,7 +129,7 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   objects_.slot(uid).set(object);
   if (object == nullptr) {
     // A host's class may decline to make an object.
-  } else if (depth_ < kDeepest) {
+  } else if (depth_ < kMaxDepth) {
     fill(*object, fields);
   } else {
     waiting_.push_back({object, objects_.itemNumber(uid)});
@@ -135,7 +138,7 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   return object;
 }
 
-/// The object that stands for an archived one. Texts and data blocks are complete, all others still
+/// The object that represents an archived one. Texts and data blocks are complete, all others still
 /// empty.
 OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const ArchiveFields& fields) {
   // What one object is taken to need, whatever its class, and for each of its fields.
@@ -186,7 +189,7 @@ void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& d
                            std::to_string(values.count) + " values");
   }
   budget_.charge(keys.count * 4 * sizeof(DictionaryObject::Entry));
-  // The keys first: they mostly stand together.
+  // The keys first: they are mostly together.
   std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
   std::uint64_t at = 0;
   for (DictionaryObject::Entry& entry : read) {
@@ -206,7 +209,7 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   objects_.check(uid);
   const PlistItem archived = objects_.item(uid);
   if (archived.kind != Kind::dictionary) return false;
-  // Read where it stands: as an object it may be half filled, and mostly it is never needed as one.
+  // Read in place: as an object it may be half filled, and mostly it is never needed as one.
   ArchiveFields fields = fields_.open(archived);
   fields.hasConstantKeys = true;
   const bool isRead = FoundationForms::isList(fields_.classOf(fields).name) &&

@@ -34,9 +34,8 @@ class ArchiveReader {
   using Known = ReadClasses::Known;
   using Item = std::uint64_t;
 
-  /// How deep objects are filled inside each other, and how deep containers may stand in one
-  /// object.
-  static constexpr unsigned kDeepest = 512;
+  /// How deep objects are filled inside each other, and how deep containers may be in one object.
+  static constexpr unsigned kMaxDepth = 512;
   /// Goes down into an object, or into a plain container in one, while it lives.
   class Deeper {
    public:
@@ -51,7 +50,7 @@ class ArchiveReader {
 
   ArchiveReader(std::span<const std::byte> block, Known known);
 
-  /// Throws `OVInvalidArchive`; what was built by then is let go of, rings included.
+  /// Throws `OVInvalidArchive`; what was built by then is released, rings included.
   OVRef<OVObject> root();
 
   /// The item under a key of the object's own.

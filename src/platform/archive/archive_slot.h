@@ -8,8 +8,8 @@
 
 namespace ov::detail {
 
-/// What stands under a UID: nothing yet, an object, or a text, which becomes an object only when it
-/// is asked for as one. As large as a reference.
+/// What is under a UID: nothing yet, an object, or a text, which becomes an object only when it is
+/// asked for as one. As large as a reference.
 class ArchiveSlot {
  public:
   ArchiveSlot() = default;
@@ -39,7 +39,7 @@ class ArchiveSlot {
     }
     return held_;
   }
-  /// Null when no text stands there.
+  /// Null when there is no text.
   [[nodiscard]] OVString text() const {
     if (!isText()) return ov::cast<OVString>(held_);
     heldText()->retain();
@@ -49,7 +49,7 @@ class ArchiveSlot {
   [[nodiscard]] OVObject* peek() const { return held_.get(); }
 
  private:
-  // A text is told by its reference, which counts nothing.
+  // A text is recognised by its reference, which counts nothing.
   [[nodiscard]] bool isText() const { return held_ != nullptr && held_.use_count() == 0; }
   [[nodiscard]] const TextObject* heldText() const {
     return static_cast<const TextObject*>(held_.get());

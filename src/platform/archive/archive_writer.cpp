@@ -1,3 +1,6 @@
+// The walk that writes objects. An object gets its UID when it is first met and is written later,
+// so that nothing recurses. Only what may be met twice is looked up by its address.
+
 #include "platform/archive/archive_writer.h"
 
 #include <algorithm>
@@ -78,7 +81,7 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object,
   }
 }
 
-/// What is shared is known again by its address; what is not, where it was written lately.
+/// What is shared is recognised by its address; what is not, if it was written lately.
 ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
   const auto write = [&] {
     plist_.text({text.data(), text.size()});

@@ -32,7 +32,7 @@ class ArchiveWriter {
   /// lives as long as the graph. A host's class may do otherwise, unless it promises the same.
   ///
   /// In an archive that cannot be written, something cannot be archived: the last way finds out
-  /// where that stands.
+  /// where that is.
   enum class Sharing : std::uint8_t { byReferenceCount, byIdentity, byIdentityWithPlaces };
 
   explicit ArchiveWriter(Sharing sharing);
@@ -47,7 +47,7 @@ class ArchiveWriter {
     if (places_ != nullptr) places_->name(key);
     fields_.add(key, value);
   }
-  /// A field whose key is written as it stands.
+  /// A field whose key is written verbatim.
   void rawField(std::string_view key, Number value) {
     if (places_ != nullptr) places_->name(key);
     fields_.addRaw(key, value);
@@ -66,7 +66,7 @@ class ArchiveWriter {
   /// The fields of a dictionary object.
   void entryFields(const DictionaryObject& dictionary);
 
-  /// For values that stand in the object itself.
+  /// For values in the object itself.
   [[nodiscard]] WrittenValues& values() { return values_; }
   Number opaqueValue(const OVOpaqueValue& value);
 

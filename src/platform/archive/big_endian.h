@@ -34,7 +34,7 @@ inline void storeBigEndian(std::byte* place, std::uint64_t number, unsigned widt
   for (unsigned i = width; i-- > 0; number >>= 8) place[i] = static_cast<std::byte>(number);
 }
 
-/// A number of at most 8 bytes; of a wider one, what stands in the last 8.
+/// A number of at most 8 bytes; of a wider one, the last 8.
 [[nodiscard]] inline std::uint64_t loadBigEndian(const std::byte* place, unsigned width) {
   switch (width) {
     case 1:

@@ -7,7 +7,7 @@
 
 namespace ov {
 
-/// Every class of the library that archives may build. The table stands with the uppermost classes.
+/// Every class of the library that archives may build. The table is beside the uppermost classes.
 [[nodiscard]] std::span<const OVClass* const> libraryClasses();
 
 namespace detail {

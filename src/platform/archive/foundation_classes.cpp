@@ -1,3 +1,5 @@
+// Dates, lists and dictionaries in archives, under the names of Foundation's classes.
+
 #include <new>
 #include <utility>
 

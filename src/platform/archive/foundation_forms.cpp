@@ -60,7 +60,7 @@ bool FoundationForms::areTexts(const PlistItem& array) {
   return true;
 }
 
-/// Whether a text stands there, directly or as an object. Builds nothing, so that keys which are
+/// Whether there is a text, directly or as an object. Builds nothing, so that keys which are
 /// dictionaries with keys of their own lead no deeper.
 bool FoundationForms::isText(std::uint64_t uid) {
   const PlistItem item = objects_.item(uid);

@@ -24,7 +24,7 @@ class KeyNumbers {
   [[nodiscard]] std::uint32_t find(std::string_view key) {
     const Recent& recent = recent_[slotOf(key)];
     const bool isRecent = recent.address == key.data() && recent.text != nullptr;
-    return isRecent && *recent.text == key ? recent.number : findAnew(key);
+    return isRecent && *recent.text == key ? recent.number : lookUp(key);
   }
   void add(std::string_view key, std::uint32_t number) { numbers_.emplace(key, number); }
   /// Gives the key the next free number.
@@ -48,7 +48,7 @@ class KeyNumbers {
     return (address ^ address >> 8) % kRecent;
   }
 
-  [[gnu::noinline, gnu::cold]] std::uint32_t findAnew(std::string_view key) {
+  [[gnu::noinline, gnu::cold]] std::uint32_t lookUp(std::string_view key) {
     const auto at = numbers_.find(key);
     if (at == numbers_.end()) return kNone;
     recent_[slotOf(key)] = {key.data(), &at->first, at->second};

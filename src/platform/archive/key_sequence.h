@@ -9,9 +9,9 @@ namespace ov::detail {
 
 /// Numbers given to the keys of a class's fields, in the order in which its objects use them.
 ///
-/// One object uses the keys of the one before, but for some left out: the next key is guessed from
-/// the last one, and the address of its text tells whether the guess is right. Only for keys whose
-/// texts live, unchanged, for as long as this does.
+/// One object uses the keys of the one before, except for some left out: the next key is guessed
+/// from the last one, and the address of its text says whether the guess is right. Only for keys
+/// whose texts live, unchanged, for as long as this does.
 class KeySequence {
  public:
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
@@ -36,7 +36,7 @@ class KeySequence {
     }
     /// Adds a key that was not found.
     void add(std::string_view key, std::uint32_t number) {
-      if (sequence_->keys_.size() == kMost) return;
+      if (sequence_->keys_.size() == kMaxKeys) return;
       const auto place = sequence_->keys_.begin() + static_cast<std::ptrdiff_t>(next_);
       sequence_->keys_.insert(place, {key.data(), key.size(), number});
       ++next_;
@@ -48,7 +48,7 @@ class KeySequence {
   };
 
  private:
-  static constexpr std::size_t kMost = 64;
+  static constexpr std::size_t kMaxKeys = 64;
 
   struct Key {
     const char* address;

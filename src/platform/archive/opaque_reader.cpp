@@ -35,8 +35,8 @@ std::vector<OVOpaqueField> OpaqueReader::fields(const PlistItem& dictionary, uns
 }
 
 OVOpaqueValue OpaqueReader::value(std::uint64_t item, unsigned depth) {
-  if (depth >= ArchiveReader::kDeepest) {
-    throw OVInvalidArchive("containers inside each other without end");
+  if (depth >= ArchiveReader::kMaxDepth) {
+    throw OVInvalidArchive("plain containers that contain themselves or are nested too deeply");
   }
   const ArchiveReader::Deeper deeper(objects_);
   const PlistItem found = plist_.item(item);

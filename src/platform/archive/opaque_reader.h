@@ -13,7 +13,7 @@ namespace ov::detail {
 
 class ArchiveReader;
 
-/// Reads what stands in an object whose class nobody knows.
+/// Reads what is in an object whose class nobody knows.
 class OpaqueReader {
  public:
   /// The objects that it refers to come from `objects`.

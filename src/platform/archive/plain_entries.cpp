@@ -4,7 +4,7 @@ namespace ov::detail {
 
 PlistItem keyAt(const PlistReader& plist, std::uint64_t object) {
   const PlistItem key = plist.item(object);
-  if (!PlistReader::isText(key)) throw OVInvalidArchive("a dictionary key that is no text");
+  if (!PlistReader::isText(key)) throw OVInvalidArchive("a dictionary key that is not text");
   return key;
 }
 

@@ -26,7 +26,7 @@ class PlainEntries {
   ReadingBudget& budget_;
 };
 
-/// A key of a dictionary; throws `OVInvalidArchive` for one that is no text.
+/// A key of a dictionary; throws `OVInvalidArchive` for one that is not text.
 [[nodiscard]] PlistItem keyAt(const PlistReader& plist, std::uint64_t object);
 
 }  // namespace ov::detail

@@ -1,3 +1,6 @@
+// Reads a property list in place: an object is a position in the block. Nothing is trusted; each
+// extent is checked against the block before it is used.
+
 #include "platform/archive/plist_reader.h"
 
 #include <bit>
@@ -96,14 +99,14 @@ PlistItem PlistReader::fixed(unsigned marker, const std::byte* at, std::uint64_t
     default:
       break;
   }
-  refuse("an unknown kind of object", object);
+  refuse("an object of unknown kind", object);
 }
 
-/// The length in the integer object behind the first byte.
+/// The length in the integer object after the first byte.
 std::uint64_t PlistReader::readLength(const std::byte*& at, std::uint64_t object) const {
   const unsigned marker = at < table_ ? static_cast<unsigned>(*at) : 0;
   if ((marker & 0xF0U) != plist::kInteger || (marker & 0x0FU) > 3) {
-    refuse("its length is no integer of at most 8 bytes", object);
+    refuse("its length is not an integer of at most 8 bytes", object);
   }
   const unsigned width = 1U << (marker & 0x0FU);
   if (static_cast<std::uint64_t>(table_ - at) <= width) refuse("its length is cut short", object);
@@ -177,7 +180,7 @@ PlistReader::Integer PlistReader::integer(const PlistItem& item) const {
   const auto value = static_cast<std::int64_t>(low);
   if (high == 0) return {value, value < 0};
   if (~high == 0 && value < 0) return {value, false};
-  throw OVInvalidArchive("an integer of 16 bytes that 64 bits cannot hold");
+  throw OVInvalidArchive("a 16-byte integer that does not fit into 64 bits");
 }
 
 }  // namespace ov::detail

@@ -50,7 +50,7 @@ class PlistReader {
   /// The object at a position of an array or set; of a dictionary, keys come before values.
   [[nodiscard]] std::uint64_t reference(const PlistItem& container, std::uint64_t position) const;
 
-  /// The references to a dictionary's keys, as they stand in the block.
+  /// The references to a dictionary's keys, as they are in the block.
   [[nodiscard]] std::span<const std::byte> keys(const PlistItem& dictionary) const {
     return {dictionary.bytes, static_cast<std::size_t>(dictionary.count * referenceSize_)};
   }
@@ -68,7 +68,7 @@ class PlistReader {
   /// True when the object is a UID, which goes to `uid`.
   [[nodiscard]] bool isUid(std::uint64_t object, std::uint64_t& uid) const;
   [[nodiscard]] double real(const PlistItem& item) const;
-  /// An integer, and whether it stands above the signed range.
+  /// An integer, and whether it is above the signed range.
   struct Integer {
     std::int64_t value;
     bool isUnsigned;

@@ -1,3 +1,6 @@
+// Writes objects straight into the block, with references as wide as they may have to be; when
+// their number is known, `finish` moves the objects together and narrows the references.
+
 #include "platform/archive/plist_writer.h"
 
 #include <algorithm>

@@ -53,7 +53,7 @@ class PlistWriter {
   }
   /// Whether an object that begins at `offset` has the bytes of the one written last.
   [[nodiscard]] bool isLike(std::uint64_t offset) const {
-    // Its first bytes tell its length: it is as long if they are the same.
+    // Its first bytes give its length: it is as long if they are the same.
     const std::span<const std::byte> bytes = lastBytes();
     return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
   }
@@ -66,7 +66,7 @@ class PlistWriter {
  private:
   /// Containers are written with references of this size and narrowed at the end.
   static constexpr unsigned kWideReference = 4;
-  static constexpr Number kMost = 0xFFFFFFFE;
+  static constexpr Number kMaxObjects = 0xFFFFFFFE;
 
   Number begin();
   [[noreturn, gnu::cold]] static void refuseMore();
@@ -84,7 +84,7 @@ class PlistWriter {
   void writeTable(Number top, unsigned referenceSize);
 
   GrowingArray<std::byte> body_;
-  ObjectLengths lengths_;   // but for the one written last
+  ObjectLengths lengths_;   // except for the one written last
   std::uint64_t last_ = 0;  // where that begins; 0 when there is none
   Number count_ = 0;
 };
@@ -94,7 +94,7 @@ inline void PlistWriter::endLast() {
 }
 
 inline PlistWriter::Number PlistWriter::begin() {
-  if (count_ == kMost) refuseMore();
+  if (count_ == kMaxObjects) refuseMore();
   endLast();
   last_ = body_.size();
   return count_++;

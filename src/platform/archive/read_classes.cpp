@@ -24,7 +24,7 @@ ArchivedClass ReadClasses::read(std::uint64_t uid) {
                         : std::nullopt;
   if (!name || !PlistReader::isText(*name)) {
     throw OVInvalidArchive("object " + std::to_string(uid) +
-                           " of the archive is used as a class and is none");
+                           " of the archive is used as a class but is not one");
   }
   budget_.charge(sizeof(ArchivedClass) + 64);
   ArchivedClass record;
@@ -51,7 +51,7 @@ std::vector<OVString> ReadClasses::texts(const PlistItem& array) {
   std::vector<OVString> texts;
   for (std::uint64_t i = 0; i < array.count; ++i) {
     const PlistItem item = plist_.item(plist_.reference(array, i));
-    if (!PlistReader::isText(item)) throw OVInvalidArchive("a class name that is no text");
+    if (!PlistReader::isText(item)) throw OVInvalidArchive("a class name that is not text");
     texts.push_back(leaves_.text(item));
   }
   return texts;

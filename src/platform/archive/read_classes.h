@@ -31,7 +31,7 @@ class ReadClasses {
               ReadLeaves& leaves, Known known)
       : plist_(plist), budget_(budget), objects_(objects), leaves_(leaves), known_(known) {}
 
-  /// Stays where it is. Throws `OVInvalidArchive` where no class record stands.
+  /// Stays where it is. Throws `OVInvalidArchive` where there is no class record.
   [[nodiscard]] const ArchivedClass& record(std::uint64_t uid) {
     const Recent& recent = recent_[static_cast<std::size_t>(uid % recent_.size())];
     return recent.record != nullptr && recent.uid == uid ? *recent.record : find(uid);

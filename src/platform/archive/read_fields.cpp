@@ -1,3 +1,6 @@
+// Objects with the same keys share a shape, found by the bytes of their key references. A class
+// that asks for its keys in the usual order finds each field by position, without comparing texts.
+
 #include "platform/archive/read_fields.h"
 
 #include <cstring>
@@ -8,7 +11,7 @@ namespace ov::detail {
 
 namespace {
 
-constexpr std::uint64_t kMostKeys = 64;
+constexpr std::uint64_t kMaxKeys = 64;
 
 /// Some dozens of bytes mostly: fewer than a call is worth.
 bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
@@ -29,14 +32,14 @@ bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
 
 ArchiveFields ReadFields::open(const PlistItem& dictionary) {
   budget_.charge(dictionary.count * 3 * sizeof(std::uint32_t));  // the numbers' memory grows ahead
-  if (dictionary.count == 0 || dictionary.count > kMostKeys) return openNew(dictionary);
+  if (dictionary.count == 0 || dictionary.count > kMaxKeys) return openNew(dictionary);
   const std::span<const std::byte> keys = plist_.keys(dictionary);
   ArchiveShape*& recent = slotOf(plist_.reference(dictionary, 0), keys);
   if (recent != nullptr) {
     return {dictionary, recent, numbers_.size(), false, KeySequence::Walk(recent->positions)};
   }
   const ArchiveFields fields = openNew(dictionary);
-  if (shapes_.size() == kMostShapes) return fields;
+  if (shapes_.size() == kMaxShapes) return fields;
   budget_.charge(2 * sizeof(ArchiveShape) + keys.size());
   const auto numbers = numbers_.from(fields.firstKey);
   shapes_.push_back(
@@ -45,7 +48,7 @@ ArchiveFields ReadFields::open(const PlistItem& dictionary) {
   return fields;
 }
 
-/// Where the shape with these keys stands, or else would. There is always room for one more.
+/// Where the shape with these keys is, or else would be. There is always room for one more.
 ArchiveShape*& ReadFields::slotOf(Item firstKey, std::span<const std::byte> keys) {
   for (Item at = firstKey * 31 + keys.size();; ++at) {
     ArchiveShape*& slot = shapesByKeys_[static_cast<std::size_t>(at % shapesByKeys_.size())];
@@ -98,7 +101,7 @@ std::optional<PlistItem> ReadFields::find(const ArchiveFields& fields, std::stri
   return isWanted ? std::optional(found) : std::nullopt;
 }
 
-std::uint32_t ReadFields::findAnew(const ArchiveFields& fields, std::string_view key) {
+std::uint32_t ReadFields::lookUp(const ArchiveFields& fields, std::string_view key) {
   const bool isReserved = key.starts_with(archive::kReserved);
   const std::uint32_t number =
       isReserved ? keys_.find(archive::kReserved + std::string(key)) : keys_.find(key);

@@ -27,7 +27,7 @@ struct ArchiveShape {
   std::span<const std::byte> keys;     // their references, in the block
   std::vector<std::uint32_t> numbers;  // of the keys
   std::uint32_t classPosition;         // kAbsent when there is none
-  std::uint64_t classItem = 0;         // what stood there last, and the class that it is
+  std::uint64_t classItem = 0;         // what was there last, and the class that it is
   const ArchivedClass* objectClass = nullptr;
   KeySequence positions;  // of constant keys that were looked for
 };
@@ -66,16 +66,16 @@ class ReadFields {
   [[nodiscard]] std::optional<Item> find(const ArchiveFields& fields, std::string_view key) {
     const bool isLearned = fields.shape != nullptr && fields.hasConstantKeys;
     const std::uint32_t known = isLearned ? fields.nextKey.next(key) : KeySequence::kNone;
-    return valueAt(fields, known == KeySequence::kNone ? findAnew(fields, key) : known);
+    return valueAt(fields, known == KeySequence::kNone ? lookUp(fields, key) : known);
   }
-  /// The same, read, where it is of that kind. `ascii` stands for any text.
+  /// The same, read, where it is of that kind. `ascii` means any text.
   [[nodiscard]] std::optional<PlistItem> find(const ArchiveFields& fields, std::string_view key,
                                               PlistItem::Kind kind);
   /// Throws `OVInvalidArchive` where the object has no class.
   [[nodiscard]] const ArchivedClass& classOf(const ArchiveFields& fields);
 
  private:
-  static constexpr std::size_t kMostShapes = 128;
+  static constexpr std::size_t kMaxShapes = 128;
 
   struct RecentKey {
     Item item = ~Item{0};
@@ -84,7 +84,7 @@ class ReadFields {
 
   ArchiveShape*& slotOf(Item firstKey, std::span<const std::byte> keys);
   [[gnu::cold]] ArchiveFields openNew(const PlistItem& dictionary);
-  std::uint32_t findAnew(const ArchiveFields& fields, std::string_view key);
+  std::uint32_t lookUp(const ArchiveFields& fields, std::string_view key);
   [[nodiscard]] std::uint32_t positionOf(const ArchiveFields& fields, std::uint32_t number) const;
   [[nodiscard]] std::optional<Item> valueAt(const ArchiveFields& fields,
                                             std::uint32_t position) const {
@@ -106,7 +106,7 @@ class ReadFields {
   std::array<RecentKey, 512> recentKeys_{};
   GrowingArray<std::uint32_t> numbers_;  // of the keys of open objects without a shape
   std::deque<ArchiveShape> shapes_;
-  std::array<ArchiveShape*, 2 * kMostShapes> shapesByKeys_{};
+  std::array<ArchiveShape*, 2 * kMaxShapes> shapesByKeys_{};
   std::string scratch_;
 };
 

@@ -14,7 +14,7 @@
 
 namespace ov::detail {
 
-/// Makes objects of what stands in one place of a property list: texts, numbers, dates and data.
+/// Makes objects of what is in one place of a property list: texts, numbers, dates and data.
 class ReadLeaves {
  public:
   /// Texts are made in the arena.

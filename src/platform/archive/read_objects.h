@@ -13,8 +13,8 @@
 
 namespace ov::detail {
 
-/// The objects of an archive by their UIDs: where they stand in the property list, and what was
-/// made of them.
+/// The objects of an archive by their UIDs: where they are in the property list, and what was made
+/// of them.
 class ReadObjects {
  public:
   ReadObjects(const PlistReader& plist, ReadingBudget& budget) : plist_(plist), budget_(budget) {}
@@ -30,10 +30,10 @@ class ReadObjects {
   void check(std::uint64_t uid) const {
     if (uid >= array_.count) refuse(uid);
   }
-  /// The UID that stands there; throws `OVInvalidArchive` for anything else.
+  /// The UID that is there; throws `OVInvalidArchive` for anything else.
   [[nodiscard]] std::uint64_t uidOf(std::uint64_t item) const {
     std::uint64_t uid = 0;
-    if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is no UID");
+    if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is not a UID");
     check(uid);
     return uid;
   }

@@ -42,7 +42,7 @@ RecentLeaves::Result RecentLeaves::addLast() {
     }
   }
   add(set, {hash, last, writer_.lastOffset()});
-  if (++added_ == sets_.size() && added_ < kMostSets) grow();
+  if (++added_ == sets_.size() && added_ < kMaxSets) grow();
   return {last, true};
 }
 

@@ -16,7 +16,7 @@ namespace ov::detail {
 /// nothing but what was written before, so that a graph gives the same bytes everywhere.
 class RecentLeaves {
  public:
-  explicit RecentLeaves(PlistWriter& writer) : writer_(writer), sets_(kFewestSets) {}
+  explicit RecentLeaves(PlistWriter& writer) : writer_(writer), sets_(kMinSets) {}
 
   struct Result {
     PlistWriter::Number object;
@@ -35,8 +35,8 @@ class RecentLeaves {
   /// The latest first.
   using Set = std::array<Leaf, 4>;
 
-  static constexpr std::size_t kFewestSets = 1 << 6;
-  static constexpr std::size_t kMostSets = 1 << 12;
+  static constexpr std::size_t kMinSets = 1 << 6;
+  static constexpr std::size_t kMaxSets = 1 << 12;
 
   [[nodiscard]] Set& setOf(std::uint32_t hash);
   static void add(Set& set, Leaf leaf);

@@ -44,7 +44,7 @@ class WrittenClasses {
   WrittenClasses(PlistWriter& plist, WrittenValues& values, WrittenObjects& objects)
       : plist_(plist), values_(values), objects_(objects) {}
 
-  /// The key under which an object's class stands.
+  /// The key of an object's class.
   Number key() { return key_ == 0 ? key_ = values_.key(archive::kClass) : key_; }
 
   /// Stays where it is.

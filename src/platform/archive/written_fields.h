@@ -37,7 +37,7 @@ class WrittenFields {
       entries_.push_back({number, value});
     }
   }
-  /// A field whose key is written as it stands.
+  /// A field whose key is written verbatim.
   void addRaw(std::string_view key, Number value) { entries_.push_back({values_.key(key), value}); }
   void addRaw(Number key, Number value) { entries_.push_back({key, value}); }
 

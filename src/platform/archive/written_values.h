@@ -18,7 +18,7 @@ namespace ov::detail {
 /// Writes a text, number, date or data block as one object of a property list.
 PlistWriter::Number writeLeaf(PlistWriter& plist, const OVObject& leaf);
 
-/// What stands in the objects of an archive themselves: their keys, each written once, and plain
+/// What is in the objects of an archive themselves: their keys, each written once, and plain
 /// values, equal ones written once in a while.
 class WrittenValues {
  public:

@@ -23,7 +23,7 @@ class CachedValues {
 
   [[nodiscard]] std::vector<DefaultsDatabase::Change> unsaved() const;
   [[nodiscard]] bool hasUnsaved() const;
-  /// The changes have been saved. Those that have been changed anew meanwhile stay unsaved.
+  /// The changes have been saved. Those that have been changed again meanwhile stay unsaved.
   void markSaved(const std::vector<DefaultsDatabase::Change>& changes);
 
   /// Takes what the database holds in the place of what was known.

@@ -15,8 +15,7 @@ namespace {
 
 using Collator = std::unique_ptr<icu::Collator>;
 
-/// The locale that stands for none, "en_US_POSIX", orders by code: nobody reads lists of persons
-/// so.
+/// The locale that means none, "en_US_POSIX", orders by code: nobody reads lists of persons so.
 icu::Locale localeOf(const OVString& identifier) {
   return identifier == "en_US_POSIX" ? icu::Locale::getRoot() : icu::Locale(identifier.c_str());
 }
@@ -42,8 +41,8 @@ Collation::~Collation() = default;
 
 std::string Collation::keyOf(const OVString& text) const {
   if (rules_->collator == nullptr) return text.str();  // without ICU's data: by code point
-  constexpr std::size_t kMostText = std::numeric_limits<std::int32_t>::max() / 8;
-  if (text.size() > kMostText) throw std::length_error("OVLocale: the text is too long to sort");
+  constexpr std::size_t kMaxText = std::numeric_limits<std::int32_t>::max() / 8;
+  if (text.size() > kMaxText) throw std::length_error("OVLocale: the text is too long to sort");
   const auto characters = icu::UnicodeString::fromUTF8(text.view());
   std::array<std::uint8_t, 256> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init)
   const std::int32_t size =

@@ -1,3 +1,6 @@
+// Values in one table, by key. Each call is one transaction with a deadline; a damaged file is
+// moved aside and the call repeated on a new one.
+
 #include "platform/services/defaults_database.h"
 
 #include <memory>

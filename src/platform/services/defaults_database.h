@@ -32,7 +32,7 @@ class DefaultsDatabase {
 
   [[nodiscard]] Values read(Deadline& deadline);
   /// What `read` gives, unless nobody else has changed anything since this was last called. A file
-  /// that is no database is left where it is: an error.
+  /// that is not a database is left where it is: an error.
   [[nodiscard]] std::optional<Values> readIfChanged(Deadline& deadline);
   /// Writes all of the changes or none. They survive the death of the process from then on; other
   /// entries stay as they are.

@@ -1,3 +1,6 @@
+// The database file. A new one is made under another name and renamed when it is complete, so that
+// nobody ever sees half of one; a foreign or damaged one is renamed, never overwritten.
+
 #include "platform/services/defaults_file.h"
 
 #include <fcntl.h>
@@ -37,7 +40,7 @@ constexpr std::array<const char*, 3> kSuffixes = {"", "-wal", "-shm"};
 
 enum class Entry { kNone, kFile, kOther };
 
-/// What stands there; symbolic links are not followed.
+/// What is there; symbolic links are not followed.
 Entry entryAt(const std::string& path) {
   struct stat status;
   if (lstat(path.c_str(), &status) == 0) {
@@ -48,7 +51,7 @@ Entry entryAt(const std::string& path) {
 }
 
 /// Which files these are, and, of the database itself, that nobody has changed it since. It changes
-/// when the log is copied into it, which opening it once more does no harm after.
+/// when the log is copied into it, after which opening it once more is harmless.
 DefaultsFile::Identity identityOf(const std::string& path) {
   struct stat file = {};
   struct stat log = {};

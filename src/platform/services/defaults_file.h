@@ -13,14 +13,14 @@
 namespace ov {
 
 /// The database file of one application's preferences, together with its write-ahead log: opens it,
-/// makes it, moves aside what stands in its place. Failures throw `sqlite::Error` or
+/// makes it, moves aside what is in its place. Failures throw `sqlite::Error` or
 /// `std::system_error`.
 ///
 /// A lock of the folder keeps the files where they are: who uses the database shares it, who makes
 /// or moves files has it alone.
 class DefaultsFile {
  public:
-  /// Tells files apart that have stood under one name.
+  /// Tells files apart that have had one name.
   struct Identity {
     std::array<std::uint64_t, 8> numbers{};
     bool operator==(const Identity&) const = default;
@@ -35,7 +35,7 @@ class DefaultsFile {
     Identity identity;
   };
 
-  /// The folder need not exist; "" stands for no folder at all.
+  /// The folder need not exist; "" means no folder at all.
   explicit DefaultsFile(std::string directory) : directory_(std::move(directory)) {}
 
   /// A connection that commits without waiting for the disk; null when there is no file. The error
@@ -53,7 +53,7 @@ class DefaultsFile {
   /// moved aside for it.
   [[nodiscard]] std::vector<std::string> create(Deadline& deadline) const;
 
-  /// Renames what stands in the place of the database and is none, or is a damaged one, together
+  /// Renames what is in the place of the database and is not one, or is a damaged one, together
   /// with its log; nothing that was moved earlier is overwritten. Gives the new names, none when
   /// all was well after all.
   [[nodiscard]] std::vector<std::string> moveAside(Deadline& deadline) const;

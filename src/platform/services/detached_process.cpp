@@ -1,3 +1,6 @@
+// Starts a program that outlives this process: through a child that ends at once, so that nobody
+// has to wait for the program. The child shares this process's memory instead of copying it.
+
 #include "platform/services/detached_process.h"
 
 #include <fcntl.h>

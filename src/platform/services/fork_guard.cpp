@@ -12,9 +12,9 @@ namespace ov {
 
 namespace {
 
-constexpr std::size_t kMostForever = 8;
+constexpr std::size_t kMaxPermanent = 8;
 
-constinit std::array<std::atomic<std::mutex*>, kMostForever> everlasting{};
+constinit std::array<std::atomic<std::mutex*>, kMaxPermanent> everlasting{};
 constinit std::atomic<std::size_t> everlastingCount = 0;
 
 }  // namespace
@@ -48,7 +48,7 @@ class ForkGuards {
   static void hold() {
     forking_.lock();
     isForking_.store(true, std::memory_order_relaxed);
-    for (std::size_t i = 0; i < kMostForever; ++i) {
+    for (std::size_t i = 0; i < kMaxPermanent; ++i) {
       held_[i] = everlasting[i].load(std::memory_order_acquire);
       if (held_[i] != nullptr) held_[i]->lock();
     }
@@ -71,14 +71,14 @@ class ForkGuards {
 
   static constinit std::mutex forking_;  // one fork at a time
   static constinit std::atomic<bool> isForking_;
-  static constinit std::array<std::mutex*, kMostForever> held_;
+  static constinit std::array<std::mutex*, kMaxPermanent> held_;
   static constinit std::mutex mutex_;  // of the list
   static constinit ForkGuard* newest_;
 };
 
 constinit std::mutex ForkGuards::forking_;
 constinit std::atomic<bool> ForkGuards::isForking_ = false;
-constinit std::array<std::mutex*, kMostForever> ForkGuards::held_{};
+constinit std::array<std::mutex*, kMaxPermanent> ForkGuards::held_{};
 constinit std::mutex ForkGuards::mutex_;
 constinit ForkGuard* ForkGuards::newest_ = nullptr;
 

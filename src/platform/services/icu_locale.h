@@ -13,7 +13,7 @@ namespace ov {
 /// Countries, case mappings and collations of ICU.
 class IcuLocale final : public OVLocale {
  public:
-  /// A null identifier stands for that of the environment.
+  /// A null identifier means that of the environment.
   explicit IcuLocale(OVString identifier) : identifier_(std::move(identifier)) {}
 
   [[nodiscard]] OVList<OVString> isoCountryCodes() const override;

@@ -1,3 +1,5 @@
+// Makes a locale identifier of what the environment says: "de_DE.UTF-8@euro" is "de_DE".
+
 #include "platform/services/locale_identifier.h"
 
 #include <algorithm>

@@ -50,7 +50,7 @@ OVRef<OVNotificationCenter> OVNotificationCenter::inProcess() {
 
 OVNotificationObserver OVNotificationCenter::addObserver(const OVString& name, Callback callback) {
   if (callback == nullptr) {
-    throw std::invalid_argument("OVNotificationCenter: an observer needs a callback to be called");
+    throw std::invalid_argument("OVNotificationCenter: an observer needs a callback");
   }
   return observe(name, std::move(callback));
 }

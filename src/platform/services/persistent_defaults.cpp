@@ -1,3 +1,7 @@
+// User defaults in a database, read from memory. A look at the database's version says whether
+// another process has written; only then is it read again. What cannot be written stays in memory
+// and is tried again.
+
 #include "platform/services/persistent_defaults.h"
 
 #include <ctime>
@@ -29,8 +33,8 @@ class PersistentDefaults::State {
 
   CachedValues values;
 
-  /// Knows what has been committed by now. What cannot be read for want of memory must not pass for
-  /// absent: that throws.
+  /// Brings the values up to date with what has been committed. What cannot be read for want of
+  /// memory must not pass for absent: that throws.
   void look() {
     Deadline deadline(longestWait_);
     ForkGuard::letForksPass();
@@ -38,7 +42,7 @@ class PersistentDefaults::State {
       const std::lock_guard lock(readMutex_);
       if (readIfChanged(deadline)) return;
     }
-    // The other way moves aside what is no database, and says what is wrong.
+    // The other way moves aside what is not a database, and says what is wrong.
     bool lacksMemory = false;
     withDatabase([&](Deadline&) {
       const bool done = attempt([&] { read(deadline); });
@@ -164,8 +168,7 @@ class PersistentDefaults::State {
     std::vector<OVString> lines;
     try {
       if (const std::string names = database_.takeMovedAside(); !names.empty()) {
-        lines.emplace_back("User defaults: no sound database; what stood there is kept as " +
-                           names);
+        lines.emplace_back("User defaults: not a valid database; the old file is kept as " + names);
       }
       if (!done && !failing_) {
         lines.emplace_back("User defaults in \"" + directory_ + "\" stay in memory: " + failure_);

@@ -36,7 +36,7 @@ icu::UnicodeString normalized(const icu::Normalizer2& normalizer, const icu::Uni
   return result;
 }
 
-/// The text without the characters that stand above, below or in others.
+/// The text without the marks above, below or in other characters.
 icu::UnicodeString withoutMarks(const icu::UnicodeString& text) {
   icu::UnicodeString kept;
   for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
@@ -50,8 +50,9 @@ icu::UnicodeString withoutMarks(const icu::UnicodeString& text) {
 
 OVString searchForm(const OVString& text) {
   if (text.isNull()) return nullptr;
-  constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max() / 32;
-  if (text.size() > kMost) throw std::length_error("OVLocale: the text is too long to search in");
+  constexpr std::size_t kMaxText = std::numeric_limits<std::int32_t>::max() / 32;
+  if (text.size() > kMaxText)
+    throw std::length_error("OVLocale: the text is too long to search in");
   const auto given = icu::UnicodeString::fromUTF8(text.view());
   std::string form;
   withoutMarks(normalized(decomposition(), normalized(caseFolding(), given))).toUTF8String(form);

@@ -30,7 +30,7 @@ class SharedInstance {
     return default_;
   }
 
-  /// Null brings the default back. The instance replaced is let go of once the lock is.
+  /// Null brings the default back. The instance replaced is released after the lock.
   void set(OVRef<Service> service) {
     const std::lock_guard lock(mutex_);
     installed_.swap(service);

@@ -1,3 +1,5 @@
+// SQLite's connections and statements as objects, its errors as exceptions.
+
 #include "platform/services/sqlite.h"
 
 #include <sqlite3.h>

@@ -21,7 +21,7 @@ class Statement;
 class Error : public std::runtime_error {
  public:
   Error(int code, const std::string& message) : std::runtime_error(message), code_(code) {}
-  /// What SQLite says of a file that is no database.
+  /// What SQLite says about a file that is not a database.
   [[nodiscard]] static Error notADatabase();
   /// The file itself is at fault: no database, a damaged one, or one with other tables.
   [[nodiscard]] bool isInFile() const;
@@ -33,8 +33,8 @@ class Error : public std::runtime_error {
 /// A connection. Belongs to one thread and to one process.
 class Database {
  public:
-  /// Opens an existing file that is no symbolic link; nor may a folder above it be one. Waits for
-  /// locks of others until `deadline`, which must live as long as the connection waits for it.
+  /// Opens an existing file that is not a symbolic link; nor may a folder above it be one. Waits
+  /// for locks of others until `deadline`, which must live as long as the connection waits for it.
   Database(const std::string& path, Deadline& deadline);
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -53,7 +53,7 @@ class Database {
   /// Copies the write-ahead log into the file, both safely on the disk, and empties it.
   void checkpoint();
   /// Copies the write-ahead log into the file if it has more than `pages` after a commit of this
-  /// connection and nobody has to be waited for, so that it begins anew. An emptied log takes no
+  /// connection and nobody has to be waited for, so that it starts over. An emptied log takes no
   /// room either.
   void checkpointIfLongerThan(int pages, bool emptying);
 
@@ -83,7 +83,7 @@ class Statement {
 
   /// True when there is a row.
   bool step();
-  /// Makes the statement ready to be stepped anew.
+  /// Makes the statement ready to be stepped again.
   void reset();
 
   [[nodiscard]] bool isNull(int column) const;

@@ -1,3 +1,5 @@
+// The grammar of RFC 3986, rule by rule; nothing else is handed to the desktop.
+
 #include "platform/services/url.h"
 
 #include <arpa/inet.h>
@@ -44,7 +46,7 @@ bool isScheme(std::string_view text) {
          all(text, [](char c) { return isAsciiLetter(c) || isAsciiDigit(c) || isOneOf("+-.", c); });
 }
 
-/// What stands between the brackets of an address of IPv6 or later.
+/// What is between the brackets of an address of IPv6 or later.
 bool isAddress(std::string_view text) {
   if (text.empty()) return false;
   if (text.front() == 'v' || text.front() == 'V') {

@@ -1,3 +1,6 @@
+// What all stores have in common: checks of keys and values, conversions, and the choice of the
+// standard store.
+
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include <mutex>
@@ -61,7 +64,7 @@ bool truthOf(std::string_view text) {
 
 void requireKey(const OVString& key) {
   if (key.isNull()) {
-    throw std::invalid_argument("OVUserDefaults: a value is set under a key that is not null");
+    throw std::invalid_argument("OVUserDefaults: a value needs a key that is not null");
   }
 }
 

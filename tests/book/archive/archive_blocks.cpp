@@ -16,8 +16,8 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/archive/sample_graphs.h"
-#include "support/archive_listing.h"
-#include "support/leaks_tolerated.h"
+#include "support/archive/archive_listing.h"
+#include "support/memory/leaks_tolerated.h"
 
 namespace {
 

@@ -11,7 +11,7 @@ import sys
 import tempfile
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "support"))
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "support" / "archive"))
 import keyed_archive_reader as reader
 from foreign_archives import FOREIGN_ARCHIVES, ForeignArchive, misplaced_objects
 
@@ -167,7 +167,7 @@ class ForeignBlocks(FolderTest):
     def test_a_property_list_that_is_no_archive_is_refused(self):
         block = plistlib.dumps({"settings": [1, 2]}, fmt=plistlib.FMT_BINARY)
         done = run(ARCHIVE_BLOCKS, "list", self.file(block), expected=REFUSED)
-        self.assertIn(b"no keyed archive", done.stderr)
+        self.assertIn(b"not a keyed archive", done.stderr)
 
 
 if __name__ == "__main__":

@@ -6,8 +6,8 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/archive/small_book.h"
-#include "support/leaks_tolerated.h"
-#include "support/refusal.h"
+#include "support/archive/refusal.h"
+#include "support/memory/leaks_tolerated.h"
 
 // Any damage to a block gives either some object or `OVInvalidArchive`. Nothing else can be said of
 // a damaged block, but that is said of every one.
@@ -51,7 +51,7 @@ bool survives(const std::string& damaged) {
       return true;
     }
   }
-  // A block that is refused leaves nothing behind, rings included.
+  // A block that is refused leaves nothing allocated, rings included.
   return refusal(data) == "accepted";
 }
 

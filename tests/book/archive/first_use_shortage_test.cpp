@@ -9,11 +9,11 @@
 #include <OVAddressBookSDK/instant_message.h>
 #include <OVAddressBookSDK/property.h>
 
-#include "support/child_process.h"
-#include "support/failing_memory.h"
-#include "support/fake_platform.h"
-#include "support/host_node.h"
-#include "support/own_process.h"
+#include "support/archive/host_node.h"
+#include "support/fakes/fake_platform.h"
+#include "support/memory/failing_memory.h"
+#include "support/processes/child_process.h"
+#include "support/processes/own_process.h"
 #include "support/values.h"
 
 namespace {
@@ -53,10 +53,10 @@ class FirstUseInAShortage : public testing::TestWithParam<FirstUse> {};
 /// Uses it in a new process, once in a shortage unless `failing` is 0 and then again. Tells whether
 /// the shortage was felt, and how many blocks are kept.
 struct Outcome {
-  bool wasFelt;
+  bool occurred;
   std::string blocksKept;
 };
-Outcome useAnew(bool (*use)(), long failing) {
+Outcome useAgain(bool (*use)(), long failing) {
   Pipe pipe;
   ChildProcess process([&] {
     const long before = blocksInUse();
@@ -67,10 +67,10 @@ Outcome useAnew(bool (*use)(), long failing) {
       } catch (const std::bad_alloc&) {  // the next use is to be right
       }
     }
-    const bool wasFelt = MemoryShortage::wasFelt();
+    const bool occurred = MemoryShortage::occurred();
     if (!use()) return false;
     const long kept = blocksInUse() - before;
-    pipe.write((wasFelt ? "1" : "0") + std::to_string(kept));
+    pipe.write((occurred ? "1" : "0") + std::to_string(kept));
     return true;
   });
   const std::string written = pipe.readAll();
@@ -82,13 +82,14 @@ Outcome useAnew(bool (*use)(), long failing) {
 TEST_P(FirstUseInAShortage, IsMadeUpForByTheNext) {
   expectInOwnProcess([] {
     const auto use = GetParam().use;
-    const std::string kept = useAnew(use, 0).blocksKept;
-    bool wasFelt = true;
-    for (long failing = 1; wasFelt && !testing::Test::HasFailure(); failing = nextToFail(failing)) {
-      const Outcome outcome = useAnew(use, failing);
-      wasFelt = outcome.wasFelt;
+    const std::string kept = useAgain(use, 0).blocksKept;
+    bool occurred = true;
+    for (long failing = 1; occurred && !testing::Test::HasFailure();
+         failing = nextToFail(failing)) {
+      const Outcome outcome = useAgain(use, failing);
+      occurred = outcome.occurred;
       EXPECT_EQ(outcome.blocksKept, kept) << "allocation " << failing;
-      EXPECT_TRUE(wasFelt || failing > 1);
+      EXPECT_TRUE(occurred || failing > 1);
     }
   });
 }

@@ -13,9 +13,9 @@
 
 #include "book/archive/sample_graphs.h"
 #include "book/archive/small_book.h"
-#include "support/archive_builder.h"
-#include "support/failing_memory.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/memory/failing_memory.h"
 #include "support/values.h"
 
 namespace {
@@ -49,7 +49,7 @@ OVRef<HostNode> hostGraph() {
 /// Calls `expect` with a graph for each class that archives hold, and with a whole book.
 template <class Expect>
 void forEachGraph(Expect expect) {
-  // Thousands of labels fail as hundreds do; what refers to itself is never let go of.
+  // Thousands of labels fail as hundreds do; what refers to itself is never released.
   const std::set<std::string> leftOut{"widest_references", "book", "ring"};
   for (const SampleGraph& each : sampleGraphs()) {
     if (leftOut.contains(each.name)) continue;
@@ -64,8 +64,8 @@ TEST(MemoryShortage, LeavesEveryBlockRestorable) {
   forEachGraph([](const OVRef<OVObject>& graph) { expectRestoresWhole(archiveOf(graph)); });
 }
 
-/// Once the memory is gone for good, everything can still be let go of.
-void expectIsLetGoOf(const std::function<OVRef<OVObject>()>& make) {
+/// Once the memory is gone for good, everything can still be released.
+void expectIsReleased(const std::function<OVRef<OVObject>()>& make) {
   static_cast<void>(make());  // builds what is built on first use
   const long before = blocksInUse();
   OVRef<OVObject> graph = make();
@@ -79,8 +79,8 @@ void expectIsLetGoOf(const std::function<OVRef<OVObject>()>& make) {
 TEST(MemoryShortage, LetsEveryGraphGo) {
   forEachGraph([](const OVRef<OVObject>& graph) {
     const auto block = archiveOf(graph);
-    expectIsLetGoOf([&] { return OVKeyedUnarchiver::unarchiveObjectWithData(block); });
-    expectIsLetGoOf([&] { return OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(block); });
+    expectIsReleased([&] { return OVKeyedUnarchiver::unarchiveObjectWithData(block); });
+    expectIsReleased([&] { return OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(block); });
   });
 }
 
@@ -92,8 +92,8 @@ TEST(MemoryShortage, LetsLongChainsGo) {
     return last;
   };
   const auto block = archiveOf(chain());
-  expectIsLetGoOf(chain);
-  expectIsLetGoOf([&] { return OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(block); });
+  expectIsReleased(chain);
+  expectIsReleased([&] { return OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(block); });
 }
 
 TEST(MemoryShortage, LeavesAHostsGraphSavableAndRestorable) {

@@ -9,7 +9,7 @@
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/phone.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/values.h"
 
 namespace {

@@ -13,7 +13,7 @@
 #include <OVAddressBookSDK/phone.h>
 
 #include "book/archive/small_book.h"
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "support/printers.h"
-#include "support/together.h"
+#include "support/processes/together.h"
 
 namespace {
 

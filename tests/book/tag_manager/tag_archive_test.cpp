@@ -3,8 +3,8 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/archived_fields.h"
-#include "support/recording_defaults.h"
+#include "support/archive/archived_fields.h"
+#include "support/fakes/recording_defaults.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/fake_platform.h"
-#include "support/recording_defaults.h"
+#include "support/fakes/fake_platform.h"
+#include "support/fakes/recording_defaults.h"
 
 namespace {
 
@@ -93,7 +93,7 @@ TEST_F(TagBatch, OfNoManagerDoesNothing) {
   EXPECT_TRUE(defaults->writes.empty());
 }
 
-/// A store that takes nothing.
+/// A store that accepts nothing.
 class RefusingDefaults final : public OVUserDefaults {
   OVRef<OVObject> load(const OVString& /*key*/) const override { return nullptr; }
   void store(const OVRef<OVObject>& /*object*/, const OVString& /*key*/) override {
@@ -110,7 +110,7 @@ TEST_F(TagBatch, WhatCannotBeSavedGoesToTheLogAndStaysInMemory) {
     const OVTagManager::Batch batch(manager);
     manager->addPersonIDForTag("P", "A");
   }
-  EXPECT_THAT(log->lines(), ElementsAre("Tags \"book\" are not saved: no room"));
+  EXPECT_THAT(log->lines(), ElementsAre("Tags \"book\" were not saved: no room"));
   EXPECT_THAT(tagsOf(*manager), ElementsAre("A"));
   EXPECT_THROW(manager->save(), std::runtime_error);
   OVTagManager::Batch batch(manager);

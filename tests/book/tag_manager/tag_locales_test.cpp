@@ -1,6 +1,6 @@
 #include "book/tag_manager/tag_lists.h"
-#include "support/locales.h"
-#include "support/recording_defaults.h"
+#include "support/fakes/locales.h"
+#include "support/fakes/recording_defaults.h"
 
 namespace {
 

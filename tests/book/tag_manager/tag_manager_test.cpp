@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/recording_defaults.h"
+#include "support/fakes/recording_defaults.h"
 
 namespace {
 

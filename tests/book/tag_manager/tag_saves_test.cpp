@@ -5,7 +5,7 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/recording_defaults.h"
+#include "support/fakes/recording_defaults.h"
 
 namespace {
 

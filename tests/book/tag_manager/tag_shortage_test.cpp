@@ -1,8 +1,8 @@
 // Tagging while memory runs out, at each allocation in turn.
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/failing_memory.h"
-#include "support/recording_defaults.h"
+#include "support/fakes/recording_defaults.h"
+#include "support/memory/failing_memory.h"
 
 namespace {
 
@@ -54,15 +54,15 @@ std::vector<Texts> everything(const OVTagManager& manager) {
 
 /// Tags the person while ever later allocations fail.
 void expectTagsWhole(const OVString& person, const OVString& tag) {
-  bool wasFelt = true;
-  for (long failing = 1; wasFelt; failing = nextToFail(failing)) {
+  bool occurred = true;
+  for (long failing = 1; occurred; failing = nextToFail(failing)) {
     const auto manager = OVTagManager::tagManagerWithID("book");
     manager->setTagID(nullptr);  // a manager without an ID does not save
     const auto before = everything(*manager);
     try {
       const MemoryShortage shortage(MemoryShortage::Kind::lasting, failing);
       manager->addPersonIDForTag(person, tag);
-      wasFelt = MemoryShortage::wasFelt();
+      occurred = MemoryShortage::occurred();
     } catch (const std::bad_alloc&) {
       EXPECT_EQ(everything(*manager), before) << "allocation " << failing;
     }

@@ -3,8 +3,8 @@
 #include <random>
 
 #include "book/tag_manager/tag_lists.h"
-#include "support/child_process.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 
@@ -91,7 +91,7 @@ TEST(TagStore, HoldsWhatTheLastOfTwoProcessesSaved) {
   EXPECT_TRUE(holdsInNewProcess([] { EXPECT_THAT(tagsOf(*stored()), ElementsAre("W")); }));
 }
 
-/// The change that stands at the given place of an endless row: four taggings, then one taken back.
+/// The change at the given place of an endless row: four taggings, then one taken back.
 void change(OVTagManager& manager, unsigned number) {
   const unsigned target = number % 5 == 4 ? number - 1 : number;
   const OVString person = "person " + std::to_string(target % 7);

@@ -4,7 +4,7 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/number.h>
 
-#include "support/archived_fields.h"
+#include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include <OVAddressBookSDK/instant_message.h>
 
-#include "support/own_process.h"
 #include "support/printers.h"
-#include "support/together.h"
+#include "support/processes/own_process.h"
+#include "support/processes/together.h"
 
 namespace {
 

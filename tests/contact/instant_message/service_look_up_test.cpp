@@ -5,9 +5,9 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
-#include "support/locales.h"
-#include "support/own_process.h"
+#include "support/fakes/locales.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 #include "support/table_file.h"
 
 namespace {

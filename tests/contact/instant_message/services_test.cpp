@@ -1,12 +1,12 @@
 #include <OVAddressBookSDK/instant_message.h>
 
-#include "support/own_process.h"
 #include "support/printers.h"
+#include "support/processes/own_process.h"
 #include "support/table_file.h"
 
 namespace {
 
-TEST(InstantMessageServices, StandInTheOrderOfTheTable) {
+TEST(InstantMessageServices, AreInTheOrderOfTheTable) {
   const auto rows = readTable(OV_SERVICES_TEST_DATA);
   ASSERT_EQ(rows.size(), 10U);
   const auto servers = OVInstantMessageServer::supportServer();

@@ -63,7 +63,7 @@ TEST_F(LiveCommand, WithoutItsPackageTheCommandSaysSo) {
   std::filesystem::copy_file(OV_OVBOOK, alone, std::filesystem::copy_options::overwrite_existing);
   const Outcome outcome = runProgram({alone, "books"}, {});
   EXPECT_EQ(outcome, (Outcome{2, "",
-                              "ovbook: the address books of the desktop need the package "
+                              "ovbook: the desktop's address books need the package "
                               "ovbook-live\n"}));
 }
 

@@ -21,7 +21,7 @@ class DavServer {
 
   /// Of the address book.
   [[nodiscard]] std::string url() const;
-  /// All cards of the address book, one behind the other.
+  /// All cards of the address book, one after the other.
   [[nodiscard]] std::string cards() const;
   /// Puts a file there, as another program would.
   void put(const std::string& name, const std::string& card) const;

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "daemon.h"
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 /// A desktop of its own: a session bus that knows the two services for address books and nothing
 /// else, so that no keyring, no prompter and no calendar starts, and a home below a temporary

@@ -1,7 +1,7 @@
 #include <sys/resource.h>
 
 #include "live_test.h"
-#include "support/own_mounts.h"
+#include "support/processes/own_mounts.h"
 
 namespace {
 

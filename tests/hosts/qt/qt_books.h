@@ -14,8 +14,8 @@
 #include <OVAddressBookSDK/tag_manager.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
-#include "support/fake_locale.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_locale.h"
+#include "support/fakes/fake_platform.h"
 
 inline std::ostream& operator<<(std::ostream& out, const QString& text) {
   return out << text.toStdString();

@@ -9,8 +9,8 @@
 #include <OVAddressBookSDK/opaque_object.h>
 
 #include "platform/archive/class_table.h"
-#include "support/archive_builder.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
 #include "support/printers.h"
 
 namespace {
@@ -113,7 +113,7 @@ TEST(ArchiveClasses, EveryClassOfTheTableIsRegisteredUnderItsName) {
   EXPECT_EQ(ov::detail::registeredClass("XYUnknown"), nullptr);
 }
 
-TEST(ArchiveClasses, EveryClassMayStandEmptyInAnArchive) {
+TEST(ArchiveClasses, EveryClassMayBeEmptyInAnArchive) {
   for (const OVClass* each : ov::libraryClasses()) {
     ArchiveBuilder archive;
     const auto read = unarchived(archive.archive(archive.object(each->name, {})));

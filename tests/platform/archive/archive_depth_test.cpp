@@ -8,11 +8,11 @@
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/leaks_tolerated.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/refusal.h"
+#include "support/memory/leaks_tolerated.h"
 #include "support/printers.h"
-#include "support/refusal.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ OVRef<OVData> deepArchive(ArchiveBuilder& archive, int depth, const char* classN
   return archive.archive(next);
 }
 
-TEST(ArchiveDepth, AChainOfUnknownObjectsIsReadWrittenAndLetGo) {
+TEST(ArchiveDepth, AChainOfUnknownObjectsIsReadWrittenAndReleased) {
   ArchiveBuilder archive;
   const auto data = deepArchive(archive, kDeep, "XYUnknown", [](auto next) {
     return ArchiveBuilder::Fields{{"next", next}};
@@ -70,7 +70,7 @@ TEST(ArchiveDepth, AChainOfUnknownObjectsIsReadWrittenAndLetGo) {
   EXPECT_TRUE(archiveOf(unarchived(again))->text() == again->text());
 }
 
-TEST(ArchiveDepth, AChainThroughSetsIsReadWrittenAndLetGo) {
+TEST(ArchiveDepth, AChainThroughSetsIsReadWrittenAndReleased) {
   ArchiveBuilder archive;
   const auto data = deepArchive(archive, kDeep, "NSSet", [&](auto next) {
     return ArchiveBuilder::Fields{{"NS.objects", archive.array({next})}};
@@ -81,7 +81,7 @@ TEST(ArchiveDepth, AChainThroughSetsIsReadWrittenAndLetGo) {
   read.reset();
 }
 
-TEST(ArchiveDepth, AChainThroughPlainDictionariesAndSetsIsLetGo) {
+TEST(ArchiveDepth, AChainThroughPlainDictionariesAndSetsIsReleased) {
   ArchiveBuilder archive;
   const auto data = deepArchive(archive, kDeep, "XYUnknown", [&](auto next) {
     return ArchiveBuilder::Fields{{"in", archive.fields({{"next", archive.set({next})}})}};

@@ -11,8 +11,8 @@
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
 
 using testing::HasSubstr;
 

@@ -10,8 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/host_node.h"
-#include "support/plist_text.h"
+#include "support/archive/host_node.h"
+#include "support/archive/plist_text.h"
 #include "support/printers.h"
 
 namespace {
@@ -59,7 +59,7 @@ std::string fieldsOf(Scripted::Encode encode) {
   return archivedObjects(written(std::move(encode)))[1];
 }
 
-TEST(ArchiveFields, PlainValuesStandInTheObject) {
+TEST(ArchiveFields, PlainValuesAreInTheObject) {
   const std::byte bytes[] = {std::byte{0}, std::byte{0xFF}};
   EXPECT_EQ(fieldsOf([&](OVKeyedArchiver& coder) {
               coder.encodeIntegerForKey(-1, "integer");

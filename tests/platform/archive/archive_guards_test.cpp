@@ -7,11 +7,11 @@
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/label.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/plist_text.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/plist_text.h"
+#include "support/archive/refusal.h"
 #include "support/printers.h"
-#include "support/refusal.h"
 
 using testing::HasSubstr;
 
@@ -93,8 +93,8 @@ TEST(ArchiveGuards, AKeyThatIsNoTextIsRefused) {
         archive.dictionary({archive.integer(5), archive.ascii("$class")},
                            {archive.integer(6), archive.to(archive.classNamed(className))}));
   };
-  EXPECT_THAT(refusal(archive.archive(odd("XYUnknown"))), HasSubstr("key that is no text"));
-  EXPECT_THAT(refusal(archive.archive(odd("OVLabel"))), HasSubstr("key that is no text"));
+  EXPECT_THAT(refusal(archive.archive(odd("XYUnknown"))), HasSubstr("key that is not text"));
+  EXPECT_THAT(refusal(archive.archive(odd("OVLabel"))), HasSubstr("key that is not text"));
 }
 
 TEST(ArchiveGuards, OfAKeyTwiceTheFirstCounts) {
@@ -121,7 +121,7 @@ TEST(ArchiveGuards, EntriesOfTheTopWhoseKeyStoodBeforeAreWrittenBack) {
             "{NS.keys: [#2, #2], NS.objects: [#3, #4], $class: #5}");
 }
 
-TEST(ArchiveGuards, EntriesWhoseKeyStoodBeforeAreWrittenBack) {
+TEST(ArchiveGuards, EntriesWithARepeatedKeyAreWrittenBack) {
   ArchiveBuilder archive;
   const auto text = [&](const char* each) { return archive.addText(each); };
   const Uid dictionary = archive.dictionaryOf("NSDictionary", {text("a"), text("b"), text("a")},

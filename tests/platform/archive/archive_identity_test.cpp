@@ -8,7 +8,7 @@
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/host_node.h"
+#include "support/archive/host_node.h"
 #include "support/printers.h"
 
 namespace {
@@ -140,7 +140,7 @@ class Reporter : public OVObject {
   bool promisesNotTo_;
 };
 
-/// What stands in the fields of the object that is read back.
+/// What is in the fields of the object that is read back.
 std::vector<OVRef<OVObject>> fieldsOf(const OVRef<OVObject>& object) {
   std::vector<OVRef<OVObject>> fields;
   const auto read = ov::cast<OVOpaqueObject>(unarchived(archiveOf(object)));
@@ -163,7 +163,7 @@ TEST(ArchiveIdentity, AHostThatPromisesNotToIsTakenAtItsWord) {
   EXPECT_NE(fields[0], fields[1]);
 }
 
-/// Promises to hold what it encodes, and does not; its keys are no literals either.
+/// Promises to hold what it encodes, and does not; its keys are not literals either.
 class Forgetful : public OVObject {
  public:
   const OVClass* classForCoder() const override {

@@ -8,8 +8,8 @@
 #include <OVAddressBookSDK/image.h>
 #include <OVAddressBookSDK/number.h>
 
-#include "support/host_node.h"
-#include "support/plist_text.h"
+#include "support/archive/host_node.h"
+#include "support/archive/plist_text.h"
 
 using testing::ElementsAre;
 
@@ -33,7 +33,7 @@ TEST(ArchiveLayout, ANullRootIsObjectZero) {
             "$objects: [\"$null\"]}");
 }
 
-TEST(ArchiveLayout, TextsNumbersAndDataStandDirectlyInTheArchive) {
+TEST(ArchiveLayout, TextsNumbersAndDataAreDirectlyInTheArchive) {
   const auto list = Any::list({OVString("a"), OVNumber::numberWithInteger(-7),
                                OVNumber::numberWithBool(true), OVNumber::numberWithDouble(0.5),
                                OVNumber::numberWithUnsigned(18446744073709551615U),

@@ -6,9 +6,9 @@
 
 #include <OVAddressBookSDK/opaque_object.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/refusal.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/refusal.h"
 
 // Blocks that a reader would take hours or terabytes for, were it not careful. The test run's own
 // time limit is what fails them.

@@ -42,7 +42,7 @@ OVRef<OVData> blockOfLists(const OVList<OVObject>& lists) {
   return OVKeyedArchiver::archivedDataWithRootObject(lists);
 }
 
-/// How often each text stands in the block.
+/// How often each text is in the block.
 std::map<std::string, int> textsIn(const OVRef<OVData>& data) {
   const PlistReader reader(data->bytes());
   std::map<std::string, int> texts;

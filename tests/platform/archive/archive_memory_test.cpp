@@ -1,15 +1,15 @@
 #include <gtest/gtest.h>
 
 #include "platform/archive/memory_limit.h"
-#include "support/mean_blocks.h"
+#include "support/archive/costly_blocks.h"
 
 // However a block is made, reading it takes no more than 64 times its size and a mebibyte.
 
-void PrintTo(const MeanBlock& block, std::ostream* stream) { *stream << block.name; }
+void PrintTo(const CostlyBlock& block, std::ostream* stream) { *stream << block.name; }
 
 namespace {
 
-class ArchiveMemory : public testing::TestWithParam<MeanBlock> {
+class ArchiveMemory : public testing::TestWithParam<CostlyBlock> {
  protected:
   static void expectBounded(std::size_t many) {
     OVRef<OVData> block;
@@ -30,7 +30,7 @@ TEST_P(ArchiveMemory, IsBoundedForASmallBlock) { expectBounded(4900); }
 /// just grown.
 TEST_P(ArchiveMemory, IsBoundedForALargeBlock) { expectBounded(65540); }
 
-INSTANTIATE_TEST_SUITE_P(, ArchiveMemory, testing::ValuesIn(meanBlocks()),
+INSTANTIATE_TEST_SUITE_P(, ArchiveMemory, testing::ValuesIn(costlyBlocks()),
                          [](const auto& block) { return block.param.name; });
 
 TEST(ArchiveMemoryLimit, IsNoticedWhereItIsTooLow) {

@@ -9,10 +9,10 @@
 #include <OVAddressBookSDK/opaque_object.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/refusal.h"
 #include "support/printers.h"
-#include "support/refusal.h"
 
 using testing::HasSubstr;
 
@@ -53,7 +53,7 @@ TEST(ArchiveGuards, AnObjectWithoutAClassIsRefused) {
 TEST(ArchiveGuards, AClassThatIsNoUidIsRefused) {
   ArchiveBuilder archive;
   const Uid object = archive.add(archive.fields({{"$class", archive.ascii("OVLabel")}}));
-  EXPECT_THAT(refusal(archive.archive(object)), HasSubstr("no UID"));
+  EXPECT_THAT(refusal(archive.archive(object)), HasSubstr("not a UID"));
 }
 
 TEST(ArchiveGuards, AClassThatIsNoClassRecordIsRefused) {

@@ -17,7 +17,7 @@
 #include "platform/archive/read_leaves.h"
 #include "platform/archive/read_objects.h"
 #include "platform/archive/reading_budget.h"
-#include "support/archive_builder.h"
+#include "support/archive/archive_builder.h"
 
 using ov::detail::ArchivedClass;
 using ov::detail::ArchiveFields;
@@ -190,8 +190,8 @@ TEST_F(ArchiveReaderRooms, WhatAnUnknownObjectHoldsIsReadInItsOrder) {
   Rooms& rooms = this->rooms();
   ArchiveReader reader(rooms.data->bytes(), ReadClasses::Known::noClasses);
   ASSERT_EQ(reader.root(), nullptr);
-  const auto fields = OpaqueReader(rooms.plist, rooms.budget, rooms.leaves, reader)
-                          .fields(rooms.objects.item(odd));
+  const auto fields =
+      OpaqueReader(rooms.plist, rooms.budget, rooms.leaves, reader).fields(rooms.objects.item(odd));
   ASSERT_EQ(fields.size(), 4U);
   EXPECT_EQ(fields[0].key, "z");
   EXPECT_EQ(ov::cast<OVString>(get<OVOpaqueValue::Reference>(fields[0].value.content).object),

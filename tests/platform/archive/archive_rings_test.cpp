@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/refusal.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/refusal.h"
 
 // An archive is refused after a ring has been built: nothing of it may stay behind. A node in the
 // ring tells whether it did, where no leak checker runs.

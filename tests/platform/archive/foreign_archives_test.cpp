@@ -6,10 +6,10 @@
 #include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookSDK/label.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/refusal.h"
 #include "support/printers.h"
-#include "support/refusal.h"
 
 using testing::HasSubstr;
 
@@ -35,10 +35,10 @@ TEST(ForeignArchives, NoDataIsRefused) {
 TEST(ForeignArchives, APropertyListThatIsNoArchiveIsRefused) {
   PlistBuilder text;
   text.ascii("just a text");
-  EXPECT_THAT(refusal(OVData::dataWithText(text.list(0))), HasSubstr("no keyed archive"));
+  EXPECT_THAT(refusal(OVData::dataWithText(text.list(0))), HasSubstr("not a keyed archive"));
   PlistBuilder settings;
   EXPECT_THAT(refusal(OVData::dataWithText(settings.list(settings.fields({})))),
-              HasSubstr("no keyed archive"));
+              HasSubstr("not a keyed archive"));
 }
 
 TEST(ForeignArchives, TheHeadMayHaveItsKeysInAnyOrderAndMoreOfThem) {
@@ -115,7 +115,7 @@ TEST(ForeignArchives, WithoutARootTheTopIsADictionaryOfItsEntries) {
 TEST(ForeignArchives, ARootThatIsNoReferenceIsRefused) {
   ArchiveBuilder archive;
   EXPECT_THAT(refusal(archive.archiveWithTop(archive.fields({{"root", archive.integer(1)}}))),
-              HasSubstr("no reference"));
+              HasSubstr("not a reference"));
 }
 
 TEST(ForeignArchives, AContainerThatIsNoObjectIsRefused) {
@@ -129,10 +129,10 @@ TEST(ForeignArchives, ReferencesMustBeUids) {
   ArchiveBuilder archive;
   const auto bare = archive.array({archive.ascii("bare")});
   EXPECT_THAT(refusal(archive.archive(archive.object("NSArray", {{"NS.objects", bare}}))),
-              HasSubstr("no UID"));
+              HasSubstr("not a UID"));
   EXPECT_THAT(refusal(archive.archive(
                   archive.object("NSDictionary", {{"NS.keys", bare}, {"NS.objects", bare}}))),
-              HasSubstr("no UID"));
+              HasSubstr("not a UID"));
 }
 
 TEST(ForeignArchives, UidsMayBeOfAnyWidth) {

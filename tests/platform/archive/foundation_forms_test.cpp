@@ -8,9 +8,9 @@
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/opaque_object.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/plist_text.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/plist_text.h"
 #include "support/printers.h"
 
 namespace {

@@ -21,7 +21,7 @@ constexpr std::size_t kSmall = 1000;
 constexpr std::size_t kLarge = 5'000'000;
 constexpr std::size_t kLarger = 90'000'000;
 
-/// Memory whose bytes tell where they stand.
+/// Memory whose bytes tell where they are.
 class LargeMemoryResize : public testing::Test {
  protected:
   ~LargeMemoryResize() override { LargeMemory::free(memory_, bytes_); }

@@ -16,8 +16,8 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "platform/archive/class_table.h"
-#include "support/archive_builder.h"
-#include "support/temporary_folder.h"
+#include "support/archive/archive_builder.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "platform/archive/memory_limit.h"
-#include "support/leaks_tolerated.h"
+#include "support/memory/leaks_tolerated.h"
 
 // A sanitizer takes terabytes of address space for itself: its allocator counts instead.
 

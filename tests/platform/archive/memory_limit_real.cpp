@@ -3,8 +3,8 @@
 #include <string>
 
 #include "platform/archive/memory_limit.h"
-#include "support/child_process.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 // A new process reads the archive, with no more address space than that.
 testing::AssertionResult readsInMemory(const OVRef<OVData>& block, Classes known,

@@ -10,10 +10,10 @@
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/opaque_object.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
-#include "support/leaks_tolerated.h"
-#include "support/plist_text.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
+#include "support/archive/plist_text.h"
+#include "support/memory/leaks_tolerated.h"
 #include "support/printers.h"
 
 using testing::ElementsAre;
@@ -105,7 +105,7 @@ TEST(OpaqueObjects, KeepWhatTheyShareWithOthers) {
 }
 
 // Nothing can untie a ring of opaque objects.
-TEST(OpaqueObjects, MayStandInARing) {
+TEST(OpaqueObjects, MayBeInARing) {
   const LeaksTolerated tolerated;
   ArchiveBuilder archive;
   const Uid ring = archive.reserve();
@@ -146,7 +146,7 @@ TEST(OpaqueObjects, OfOneClassShareItsRecord) {
                                    "{$class: #5}", "{$class: #5}", testing::_, testing::_));
 }
 
-TEST(OpaqueObjects, StandWhereAnyObjectMayStand) {
+TEST(OpaqueObjects, AreValuesLikeAnyObject) {
   ArchiveBuilder archive;
   const Uid unknown = archive.object("XY", {{"n", archive.integer(1)}});
   const auto root =

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/plist_builder.h"
-#include "support/plist_refusal.h"
+#include "support/archive/plist_builder.h"
+#include "support/archive/plist_refusal.h"
 
 using std::string_literals::operator""s;
 
@@ -61,13 +61,13 @@ TEST(PlistGuards, LengthsPastTheEndAreRefused) {
 TEST(PlistGuards, ALengthThatIsNoIntegerOfAtMostEightBytesIsRefused) {
   EXPECT_THAT(refusal(listOf("\x5F\x51"
                              "a")),
-              testing::HasSubstr("no integer"));
-  EXPECT_THAT(refusal(listOf("\x5F\x09")), testing::HasSubstr("no integer"));
+              testing::HasSubstr("not an integer"));
+  EXPECT_THAT(refusal(listOf("\x5F\x09")), testing::HasSubstr("not an integer"));
   EXPECT_THAT(refusal(listOf("\x5F\x14" + std::string(15, '\0') +
                              "\x01"
                              "a")),
-              testing::HasSubstr("no integer"));
-  EXPECT_THAT(refusal(listOf("\x5F")), testing::HasSubstr("no integer"));
+              testing::HasSubstr("not an integer"));
+  EXPECT_THAT(refusal(listOf("\x5F")), testing::HasSubstr("not an integer"));
   EXPECT_THAT(refusal(listOf("\x5F\x10")), testing::HasSubstr("cut short"));
   EXPECT_THAT(refusal(listOf("\x5F\x13\0\0\0\0"s)), testing::HasSubstr("cut short"));
 }
@@ -102,7 +102,7 @@ TEST(PlistGuards, AMessageNamesTheObject) {
   PlistBuilder builder;
   builder.null();
   builder.raw("\x77");
-  EXPECT_EQ(refusal(builder.list(0)), "property list object 1: an unknown kind of object");
+  EXPECT_EQ(refusal(builder.list(0)), "property list object 1: an object of unknown kind");
 }
 
 }  // namespace

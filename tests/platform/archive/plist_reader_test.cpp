@@ -8,7 +8,7 @@
 
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
-#include "support/plist_builder.h"
+#include "support/archive/plist_builder.h"
 
 using ov::detail::PlistItem;
 using ov::detail::PlistReader;

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/plist_builder.h"
-#include "support/plist_refusal.h"
+#include "support/archive/plist_builder.h"
+#include "support/archive/plist_refusal.h"
 
 using std::string_literals::operator""s;
 

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/plist_builder.h"
+#include "support/archive/plist_builder.h"
 
 using ov::detail::PlistWriter;
 using Number = PlistWriter::Number;

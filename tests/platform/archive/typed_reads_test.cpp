@@ -10,8 +10,8 @@
 #include <OVAddressBookSDK/date.h>
 #include <OVAddressBookSDK/single_value.h>
 
-#include "support/archive_builder.h"
-#include "support/host_node.h"
+#include "support/archive/archive_builder.h"
+#include "support/archive/host_node.h"
 #include "support/printers.h"
 
 namespace {
@@ -107,7 +107,7 @@ TEST_F(TypedReads, SomethingOfAnotherKindIsZero) {
   }
 }
 
-TEST_F(TypedReads, TextsAreNullWhereSomethingElseStands) {
+TEST_F(TypedReads, TextsAreNullWhereThereIsSomethingElse) {
   const auto date = archive_.object("NSDate", {{"NS.time", archive_.real(1)}});
   for (const Number value : {archive_.integer(5), archive_.to(date), archive_.to(0),
                              archive_.to(archive_.add(archive_.integer(5)))}) {
@@ -128,7 +128,7 @@ TEST_F(TypedReads, ObjectsOfAnotherClassAreNullInATypedRead) {
   });
 }
 
-TEST_F(TypedReads, BytesAreNoneWhereSomethingElseStands) {
+TEST_F(TypedReads, BytesAreNoneWhereThereIsSomethingElse) {
   for (const Number value :
        {archive_.ascii("5"), textReference(), archive_.to(archive_.add(archive_.bytes("5")))}) {
     read(value,
@@ -136,7 +136,7 @@ TEST_F(TypedReads, BytesAreNoneWhereSomethingElseStands) {
   }
 }
 
-TEST_F(TypedReads, AListIsNoneWhereSomethingElseStands) {
+TEST_F(TypedReads, AListIsNoneWhereThereIsSomethingElse) {
   const auto set = archive_.arrayOf("NSSet", {archive_.addText("a")});
   for (const Number value : {archive_.integer(1), textReference(), archive_.to(0), archive_.to(set),
                              archive_.array({})}) {

@@ -1,4 +1,4 @@
-// What is no sound database of the user defaults is moved aside.
+// What is not a valid database of the user defaults is moved aside.
 
 #include <chrono>
 #include <string>
@@ -102,7 +102,7 @@ TEST_F(DefaultsMovedAside, ADatabaseThatBreaksWhileItIsInUseIsMovedAside) {
   EXPECT_EQ(log_->lines().size(), 1U);
 }
 
-TEST_F(DefaultsMovedAside, ADatabaseThatIsRemovedWhileItIsInUseIsMadeAnew) {
+TEST_F(DefaultsMovedAside, ADatabaseThatIsRemovedWhileItIsInUseIsMadeAgain) {
   const auto defaults = openStore();
   setInteger(*defaults, 1, "key");
   fs::remove_all(directory());

@@ -1,4 +1,4 @@
-// The files of the user defaults: who may read them, and where they stand.
+// The files of the user defaults: who may read them, and where they are.
 
 #include <chrono>
 #include <string>

@@ -10,7 +10,7 @@
 
 #include <OVAddressBookSDK/user_defaults.h>
 
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include "platform/services/deadline.h"
 #include "platform/services/directory.h"
 #include "stored_defaults.h"
-#include "support/child_process.h"
 #include "support/printers.h"
+#include "support/processes/child_process.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "stored_defaults.h"
-#include "support/failing_memory.h"
+#include "support/memory/failing_memory.h"
 #include "support/printers.h"
 
 namespace {
@@ -16,10 +16,10 @@ using Kind = MemoryShortage::Kind;
 sqlite3_mem_methods sqliteMemory;
 
 void* allocate(int size) {
-  return MemoryShortage::strikes() ? nullptr : sqliteMemory.xMalloc(size);
+  return MemoryShortage::shouldFail() ? nullptr : sqliteMemory.xMalloc(size);
 }
 void* reallocate(void* block, int size) {
-  return MemoryShortage::strikes() ? nullptr : sqliteMemory.xRealloc(block, size);
+  return MemoryShortage::shouldFail() ? nullptr : sqliteMemory.xRealloc(block, size);
 }
 
 /// Makes SQLite feel each shortage.
@@ -50,8 +50,8 @@ class DefaultsShortage : public StoredDefaults {
       Work work, Check check,
       const std::function<void(OVUserDefaults&)>& prepare = [](OVUserDefaults&) {}) const {
     for (const Kind kind : {Kind::passing, Kind::lasting}) {
-      bool wasFelt = true;
-      for (long failing = 1; wasFelt && !HasFailure(); failing += 1 + failing / 50) {
+      bool occurred = true;
+      for (long failing = 1; occurred && !HasFailure(); failing += 1 + failing / 50) {
         SCOPED_TRACE(failing);
         auto defaults = openStore();
         prepare(*defaults);
@@ -62,7 +62,7 @@ class DefaultsShortage : public StoredDefaults {
         } catch (const std::bad_alloc&) {
           isGivenUp = true;
         }
-        wasFelt = MemoryShortage::wasFelt();
+        occurred = MemoryShortage::occurred();
         check(*defaults, isGivenUp);
         EXPECT_EQ(integer(*defaults, "kept"), 7);
         EXPECT_EQ(ov::cast<OVString>(defaults->objectForKey("long")), kLong);

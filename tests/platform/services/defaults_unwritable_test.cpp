@@ -6,9 +6,9 @@
 #include <string>
 
 #include "defaults_files.h"
-#include "support/child_process.h"
-#include "support/own_mounts.h"
 #include "support/printers.h"
+#include "support/processes/child_process.h"
+#include "support/processes/own_mounts.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-#include "support/child_process.h"
 #include "support/printers.h"
+#include "support/processes/child_process.h"
 
 namespace {
 

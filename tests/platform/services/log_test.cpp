@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {

@@ -8,10 +8,10 @@
 #include <OVAddressBookSDK/notification_names.h>
 #include <OVAddressBookSDK/number.h>
 
-#include "support/child_process.h"
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 
@@ -61,7 +61,7 @@ TEST_F(NameOrder, TheAnnouncementHasNeitherSenderNorUserInformation) {
   EXPECT_EQ(announced[0].userInfo, nullptr);
 }
 
-TEST_F(NameOrder, TheAnnouncementComesOnTheCallersThreadWhenThePreferenceStands) {
+TEST_F(NameOrder, TheAnnouncementComesOnTheCallersThreadOnceThePreferenceIsSet) {
   bool seen = false;
   std::thread::id thread;
   const auto observer = platform_.center->addObserver(OV_LastNmaeFrontChange_notification,

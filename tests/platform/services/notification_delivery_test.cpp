@@ -88,7 +88,7 @@ TEST_F(NotificationDelivery, AnObserverThatANestedPostRemovesIsNotCalledAfterwar
   EXPECT_THAT(calls_, ElementsAre("first", "first", "second"));
 }
 
-TEST_F(NotificationDelivery, AnObserverMayLetGoOfTheCentre) {
+TEST_F(NotificationDelivery, AnObserverMayReleaseTheCentre) {
   const auto observer = addDoing("first", [this] { center_.reset(); });
   const auto next = add("next");
   const auto center = center_;

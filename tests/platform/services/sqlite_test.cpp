@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "support/temporary_folder.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

@@ -11,9 +11,9 @@
 #include "platform/services/deadline.h"
 #include "platform/services/persistent_defaults.h"
 #include "platform/services/sqlite.h"
-#include "support/child_process.h"
-#include "support/fake_platform.h"
-#include "support/temporary_folder.h"
+#include "support/fakes/fake_platform.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 /// Stores of one application in a folder of the test's own.
 class StoredDefaults : public testing::Test {

@@ -1,4 +1,4 @@
-// URLs handed to a program called `xdg-open`, for which a witness stands in.
+// URLs handed to a program called `xdg-open`, for which a witness is used.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,8 +19,8 @@
 
 #include <OVAddressBookSDK/workspace.h>
 
-#include "support/child_process.h"
-#include "support/temporary_folder.h"
+#include "support/processes/child_process.h"
+#include "support/processes/temporary_folder.h"
 
 namespace {
 

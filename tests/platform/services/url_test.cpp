@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Structure, InvalidUrl,
                          testing::Values("a:b#c#d", "a://h:x", "a://h:1:2", "a://u@v@h",
                                          "a://[::1]:x"));
 
-TEST(Url, EveryCharacterThatMayStandInAPathDoes) {
+TEST(Url, EveryCharacterAllowedInAPathIsKept) {
   const std::string_view allowed =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~!$&'()*+,;=:@/?#";
   for (int c = 0; c < 256; ++c) {

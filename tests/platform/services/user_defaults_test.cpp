@@ -58,7 +58,7 @@ TEST_F(UserDefaults, ASecondValueReplacesTheFirst) {
   EXPECT_TRUE(defaults_->boolForKey("key"));
 }
 
-TEST_F(UserDefaults, KeysAreComparedAsTheyStand) {
+TEST_F(UserDefaults, KeysAreComparedExactly) {
   defaults_->setBoolForKey(true, "key");
   defaults_->setBoolForKey(true, "");
   EXPECT_FALSE(defaults_->boolForKey("Key"));

@@ -1,6 +1,6 @@
 #include <OVAddressBookSDK/workspace.h>
 
-#include "support/fake_platform.h"
+#include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
 namespace {
@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Workspace, HandsOnAValidUrlAsItStands) {
+TEST(Workspace, PassesOnAValidUrlUnchanged) {
   RecordingWorkspace workspace;
   EXPECT_TRUE(workspace.openURL("tel:49301234567"));
   EXPECT_TRUE(workspace.openURL("mailto:%41@b?subject=$(x)"));

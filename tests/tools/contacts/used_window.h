@@ -16,8 +16,8 @@
 
 #include <OVAddressBookQt/qt_text.h>
 
-#include "support/fake_platform.h"
-#include "support/temporary_folder.h"
+#include "support/fakes/fake_platform.h"
+#include "support/processes/temporary_folder.h"
 #include "window/main_window.h"
 
 inline std::ostream& operator<<(std::ostream& out, const QString& text) {

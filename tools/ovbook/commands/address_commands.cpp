@@ -28,12 +28,12 @@ void printLayout(const std::string& code, std::ostream& out) {
 void setValue(OVObjectAddress& address, const std::string& assignment) {
   const std::size_t equals = assignment.find('=');
   if (equals == std::string::npos) {
-    throw Failure(assignment, "an address value is given as FIELD=VALUE, such as City=Uppsala");
+    throw Failure(assignment, "an address value has the form FIELD=VALUE, such as City=Uppsala");
   }
   const OVString field = fieldOfWord(assignment.substr(0, equals));
   if (field.isNull()) {
     throw Failure(assignment.substr(0, equals),
-                  "no address field (\"ovbook layout CODE\" shows those of a country)");
+                  "not an address field (\"ovbook layout CODE\" shows those of a country)");
   }
   address.setStringValueForFieldName(assignment.substr(equals + 1), field);
 }
@@ -55,7 +55,7 @@ void addAddressCommands(const Command& ovbook, Session& session) {
   const Command layout = ovbook.addCommand("layout", "Show a country's address layout");
   layout.setFooter(
       "One line for each line of an address: its fields, joined by \" + \". Codes are lower case;\n"
-      "every other code has the layout of the United States.");
+      "every other code gets the layout of the United States.");
   const Argument layoutCode = layout.addArgument("CODE", "A country's code").required();
   layout.setAction([=, &session] { printLayout(layoutCode.text(), session.out()); });
 

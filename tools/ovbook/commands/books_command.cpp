@@ -6,13 +6,12 @@
 namespace ovbook {
 
 void addBooksCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("books", "List the address books of the desktop");
+  const Command command = ovbook.addCommand("books", "List the desktop's address books");
   command.setFooter(
-      "One line a book: UID, name, kind (local, carddav or other), and rw where it may be changed\n"
-      "or ro. The default book is marked with a star; with --tsv that is a field of its own, "
-      "\"*\"\n"
-      "or empty. Needs the package ovbook-live.");
-  const Argument tsv = command.addFlag("--tsv", "Fields apart by one tab, for programs");
+      "One line per book: UID, name, kind (local, carddav or other), and rw, or ro when it is\n"
+      "read-only. The default book is marked with a star; with --tsv the mark is a field of its\n"
+      "own, \"*\" or empty. Needs the package ovbook-live.");
+  const Argument tsv = command.addFlag("--tsv", "Separate fields by tabs, for programs");
   command.setAction([=, &session] { session.live().list(tsv.isGiven(), session); });
 }
 

@@ -27,15 +27,15 @@ void showDefaultCountry(Session& session) {
   if (country != nullptr) {
     printCountry(*country, session.out());
   } else {
-    session.complain("no default country is chosen, and the locale names none");
+    session.complain("no default country has been chosen, and the locale names none");
   }
 }
 
-/// Countries are found by their own code only: no other code stands for one of them here.
+/// Countries are found by their own code only: no other code means one of them here.
 OVRef<OVCountry> countryOf(const std::string& code) {
   auto country = OVCountry::countryWithCode(code);
   if (country == nullptr || country->code() != code) {
-    throw Failure(code, "no country code (\"ovbook countries\" lists them)");
+    throw Failure(code, "not a country code (\"ovbook countries\" lists them)");
   }
   return country;
 }
@@ -44,7 +44,7 @@ OVRef<OVCountry> countryOf(const std::string& code) {
 
 void addCountryCommands(const Command& ovbook, Session& session) {
   const Command countries = ovbook.addCommand("countries", "List the countries");
-  countries.setFooter("One line a country, ordered by name: its code, a tab, its name.");
+  countries.setFooter("One line per country, ordered by name: its code, a tab, its name.");
   countries.setAction([&session] {
     const auto all = OVCountry::allCountry();
     for (const auto& country : all) printCountry(*country, session.out());
@@ -52,7 +52,7 @@ void addCountryCommands(const Command& ovbook, Session& session) {
 
   const Command command = ovbook.addCommand("country", "Show or choose the default country");
   const Argument code =
-      command.addArgument("CODE", "A code in lower case; shows the present country when left out");
+      command.addArgument("CODE", "A lower-case code; shows the current country when omitted");
   command.setAction([=, &session] {
     if (!code.isGiven()) return showDefaultCountry(session);
     OVCountry::setDefaultCountry(countryOf(code.text()));

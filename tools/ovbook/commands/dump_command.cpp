@@ -27,8 +27,9 @@ void addDumpCommand(const Command& ovbook, Session& session) {
   command.setFooter(
       "Objects of all classes are shown with their fields as they are stored. What several places\n"
       "refer to is shown once, with a number: \"#3\" (in JSON \"id\": 3), and \"#3\" alone\n"
-      "({\"ref\": 3}) everywhere else. What lies very deep is shown behind the rest, likewise.\n"
-      "Of a pipe or a device 512 MiB are read at most.");
+      "({\"ref\": 3}) everywhere else. Very deep objects are shown after the rest in the same "
+      "way.\n"
+      "At most 512 MiB are read from a pipe or a device.");
   const Argument file = command.addArgument("FILE", "The archive to show").required();
   const Argument json = command.addFlag("--json", "As JSON, for programs");
   command.setAction([=, &session] {

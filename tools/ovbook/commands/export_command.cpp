@@ -31,20 +31,20 @@ void takeTags(const OVAddressBookGeneral& book, const OVTagManager& store) {
 
 void addExportCommand(const Command& ovbook, Session& session) {
   const Command command =
-      ovbook.addCommand("export", "Write a book as vCards 4.0, or into one of the desktop");
+      ovbook.addCommand("export", "Write a book as vCard 4.0 or into a desktop address book");
   command.setFooter("The file is written whole or not at all. \"-o -\" writes to standard output.");
   const Argument path = command.addArgument("BOOK", "The book to read").required();
   const Argument target =
       command.addOption("-o,--output", "FILE", "The vCard file to write; replaced if there is one");
   const Argument liveBook = command.addOption(
       "--to-book", "UID",
-      "Add who is not there yet to this address book of the desktop (see \"ovbook books\")");
-  const Argument trial = command.addFlag("--dry-run", "Only tell whom --to-book would add");
+      "Add persons that are not there yet to this desktop address book (see \"ovbook books\")");
+  const Argument trial = command.addFlag("--dry-run", "Only show whom --to-book would add");
   const Argument store = command.addOption(
       "--tags", "STORE", "Write the tags of this store as the persons' categories");
   command.setAction([=, &session] {
     if (target.isGiven() == liveBook.isGiven()) {
-      throw Failure("either -o or --to-book is required (ovbook export --help tells more)");
+      throw Failure("either -o or --to-book is required (see ovbook export --help)");
     }
     if (target.isGiven()) checkTarget(target.text(), path.text());
     const auto book = openBook(path.text());

@@ -1,3 +1,6 @@
+// Cards or a desktop book become one block. The snapshot shares the values of the cards' persons,
+// so the cards are released before the block is written.
+
 #include <algorithm>
 #include <filesystem>
 #include <numeric>
@@ -100,16 +103,17 @@ std::string counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-/// Files of which nothing at all went in are no vCard files.
+/// Files from which nothing at all was imported are not vCard files.
 void requireCards(const OVVCardBook& book, const std::vector<std::string>& files) {
   if (book.allPersonsCount() > 0 || book.rootGroupsCount() > 0) return;
   const std::string end = "; nothing could be imported";
   const std::vector<OVVCardProblem> problems = book.problems();
   const auto first = std::find_if(problems.begin(), problems.end(), isLoss);
   if (first != problems.end()) throw Failure(placeOf(*first), first->reason.str() + end);
-  throw Failure(
-      files.front(),
-      (files.size() == 1 ? "holds no card" : "holds no card, nor do the other files") + end);
+  throw Failure(files.front(),
+                (files.size() == 1 ? "contains no card"
+                                   : "contains no card, and neither do the other files") +
+                    end);
 }
 
 struct Import {
@@ -121,8 +125,8 @@ struct Import {
 
   void run(Session& session) const {
     if (files.empty() == liveBook.empty()) {
-      throw Failure(files.empty() ? "FILE is required (ovbook import --help tells more)"
-                                  : "--from-book excludes FILE (ovbook import --help tells more)");
+      throw Failure(files.empty() ? "FILE is required (see ovbook import --help)"
+                                  : "--from-book excludes FILE (see ovbook import --help)");
     }
     checkNoTerminal(target);
     liveBook.empty() ? importFiles(session) : importBook(session);
@@ -169,11 +173,10 @@ struct Import {
 
 void addImportCommand(const Command& ovbook, Session& session) {
   const Command command =
-      ovbook.addCommand("import", "Make a book from vCard files, or from one of the desktop");
+      ovbook.addCommand("import", "Make a book from vCard files or a desktop address book");
   command.setFooter(
-      "The book is written whole or not at all; files that hold no card make none. What could not\n"
-      "be taken over as it stood is named with file and line; the exit status is 1 where "
-      "something\n"
+      "The book is written whole or not at all; files without any card make no book. Whatever was\n"
+      "not imported verbatim is reported with file and line; the exit status is 1 if something\n"
       "was left out. \"-o -\" writes to standard output, unless that is a terminal.");
   const Argument files = command.addArguments("FILE", "The vCard files to read", 0);
   const Argument target =
@@ -181,11 +184,11 @@ void addImportCommand(const Command& ovbook, Session& session) {
           .required();
   const Argument liveBook =
       command.addOption("--from-book", "UID",
-                        "Read this address book of the desktop (see \"ovbook books\"), no files");
+                        "Read this desktop address book (see \"ovbook books\") instead of files");
   const Argument store = command.addOption(
-      "--tags", "STORE", "Also give the persons their categories as tags in this store");
+      "--tags", "STORE", "Also store the persons' categories as their tags in this store");
   const Argument all =
-      command.addFlag("--all-messages", "Show more than the first 20 messages of each file");
+      command.addFlag("--all-messages", "Show more than the first 20 messages per file");
   command.setAction([=, &session] {
     const Import import{files.texts(), liveBook.text(), target.text(), store.text(), all.isGiven()};
     import.run(session);

@@ -18,7 +18,8 @@ namespace ovbook {
 
 namespace {
 
-/// The persons to be listed, with the IDs that they have in the book; null for what is no person.
+/// The persons to be listed, with the IDs that they have in the book; null for what is not a
+/// person.
 using Listed = std::vector<std::pair<OVString, OVRef<OVPersonGeneral>>>;
 
 Listed matching(const OVAddressBookGeneral& book, const OVPersonMatcher& matcher) {
@@ -90,25 +91,21 @@ void listForPeople(const Listed& listed, std::ostream& out) {
 void addListCommand(const Command& ovbook, Session& session) {
   const Command command = ovbook.addCommand("list", "List the persons of a book");
   command.setFooter(
-      "One line a person: ID, name, main phone number, main e-mail address. An organisation goes "
-      "by\n"
-      "its company; a person without a name by company, nickname, e-mail address or phone number.\n"
-      "Who is listed first is as the locale and the name order (ovbook name-order) have it, or "
-      "the\n"
-      "book's own order. TEXT is words, each of them a part of a name, the company, a phone "
-      "number\n"
-      "or an e-mail address; case and accents do not count, and of numbers only the digits do.\n"
-      "With --tsv, tabs, line breaks and other control characters inside a field stand as \\t, "
-      "\\n,\n"
-      "\\r or \\uXXXX, and a backslash as \\\\.");
+      "One line per person: ID, name, main phone number, main e-mail address. An organisation is\n"
+      "listed by its company; a person without a name by company, nickname, e-mail address or\n"
+      "phone number. Sorting follows the locale and the name order (see ovbook name-order).\n"
+      "Every word of TEXT must be part of a name, the company, a phone number or an e-mail\n"
+      "address; case and accents are ignored, and so is everything but the digits of a number.\n"
+      "With --tsv, tabs, line breaks and other control characters inside a field are written as\n"
+      "\\t, \\n, \\r or \\uXXXX, and a backslash as \\\\.");
   const Argument book = command.addArgument("BOOK", "The book to list").required();
   const Argument sort =
       command
           .addOption("--sort", "ORDER",
-                     "By name, by company, or none, the book's own order (default)")
+                     "By name, by company, or none for the book's own order (default)")
           .oneOf({"name", "company", "none"});
-  const Argument match = command.addOption("--match", "TEXT", "Only persons who match the text");
-  const Argument tsv = command.addFlag("--tsv", "Fields apart by one tab, for programs");
+  const Argument match = command.addOption("--match", "TEXT", "Only persons that match the text");
+  const Argument tsv = command.addFlag("--tsv", "Separate fields by tabs, for programs");
   command.setAction([=, &session] {
     const auto opened = openBook(book.text());
     const Listed listed =

@@ -17,10 +17,10 @@ constexpr const char* kLast = "last";
 }  // namespace
 
 void addNameOrderCommand(const Command& ovbook, Session& session) {
-  const Command command =
-      ovbook.addCommand("name-order", "Show or choose which name stands in front");
-  const Argument order = command.addArgument("ORDER", "The name in front; shows it when left out")
-                             .oneOf({kFirst, kLast});
+  const Command command = ovbook.addCommand("name-order", "Show or choose which name comes first");
+  const Argument order =
+      command.addArgument("ORDER", "The name that comes first; shows it when omitted")
+          .oneOf({kFirst, kLast});
   command.setAction([=, &session] {
     if (!order.isGiven()) {
       session.out() << (OVAddressBook::lastNameInFront() ? kLast : kFirst) << '\n';

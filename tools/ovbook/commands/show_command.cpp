@@ -33,7 +33,7 @@ class Sheets {
     if (persons.contains(ID)) showPerson(ID, persons[ID]);
     if (groups.contains(ID)) showGroup(ID, groups[ID]);
     if (!persons.contains(ID) && !groups.contains(ID)) {
-      session_.complain(ID.str() + ": the book holds no person and no group of this ID");
+      session_.complain(ID.str() + ": the book has no person or group with this ID");
     }
   }
 
@@ -59,11 +59,11 @@ class Sheets {
 }  // namespace
 
 void addShowCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("show", "Show all that a book holds");
+  const Command command = ovbook.addCommand("show", "Show the content of a book");
   command.setFooter(
-      "Persons first, then groups, each in the book's order; with IDs, those persons and groups\n"
-      "only. A star marks the main one of several entries. Brackets hold what belongs to a datum\n"
-      "without being its text.");
+      "Persons first, then groups, each in the book's order; with IDs, only those persons\n"
+      "and groups. A star marks the main one of several entries. Brackets hold what belongs to a\n"
+      "datum without being its text.");
   const Argument path = command.addArgument("BOOK", "The book to read").required();
   const Argument IDs = command.addArguments("ID", "Persons and groups to show", 0);
   const Argument store = command.addOption("--tags", "STORE", "Also show the tags of this store");

@@ -41,12 +41,11 @@ void printTags(const OVTagManager& tags, std::ostream& out) {
 }
 
 void addListAction(const TagCommand& tag) {
-  const Command action = tag.app.addCommand("list", "List the tags and who carries them");
+  const Command action = tag.app.addCommand("list", "List the tags and who has them");
   action.setFooter(
-      "One line a tag, in the order of first use: the tag and the IDs of its persons, apart by\n"
-      "tabs. Tabs, line breaks and other control characters stand as \\t, \\n, \\r or \\uXXXX, and "
-      "a\n"
-      "backslash as \\\\.");
+      "One line per tag, in the order of first use: the tag and the IDs of its persons, separated\n"
+      "by tabs. Tabs, line breaks and other control characters are written as \\t, \\n, \\r or\n"
+      "\\uXXXX, and a backslash as \\\\.");
   action.setAction([store = tag.store, session = &tag.session] {
     printTags(*openTagStore(store.text()), session->out());
   });
@@ -103,10 +102,10 @@ void addSetAction(const TagCommand& tag) {
 }  // namespace
 
 void addTagCommand(const Command& ovbook, Session& session) {
-  const Command command = ovbook.addCommand("tag", "Look at or change a store of tags");
+  const Command command = ovbook.addCommand("tag", "Show or change a store of tags");
   command.setFooter("The store comes before the action: ovbook tag STORE add PERSON TAG.");
   const Argument store =
-      command.addArgument("STORE", "The store's name; the first change makes it").required();
+      command.addArgument("STORE", "The store's name; the first change creates it").required();
   const TagCommand tag{command, store, session};
   addListAction(tag);
   addAddAction(tag);

@@ -13,7 +13,7 @@ enum class GraphNodeKind : std::uint8_t {
   object,      // with fields
   list,        // an object, with items
   dictionary,  // an object, with entries
-  // These three stand inside an object and have no identity.
+  // These three are inside an object and have no identity.
   inlineArray,
   inlineDictionary,
   inlineSet,
@@ -27,11 +27,11 @@ struct GraphNode {
   std::size_t size;
   /// 0 when nothing refers to the node by a number.
   std::uint64_t number;
-  /// Null for a node that is no object of an unknown class.
+  /// Null for a node that is not an object of an unknown class.
   const OVOpaqueObject* opaque;
 };
 
-/// Is told of an object graph, part by part, in the order in which it is shown.
+/// Receives an object graph, part by part, in the order in which it is shown.
 class GraphSink {
  public:
   GraphSink() = default;
@@ -40,7 +40,7 @@ class GraphSink {
   virtual ~GraphSink() = default;
 
   /// Stands around everything: first the root, then, each after `beginRest` with its number, the
-  /// parts that lie too deep to be shown in their place.
+  /// parts that are too deep to be shown in their place.
   virtual void begin() = 0;
   virtual void beginRest(std::uint64_t number) = 0;
   virtual void end() = 0;

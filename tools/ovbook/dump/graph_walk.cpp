@@ -1,3 +1,6 @@
+// Finds the shared objects of a graph first, then passes it to the sink, in which only shared and
+// very deep objects get numbers.
+
 #include "dump/graph_walk.h"
 
 #include <deque>
@@ -15,7 +18,7 @@ namespace ovbook {
 
 namespace {
 
-constexpr unsigned kDeepest = 40;
+constexpr unsigned kMaxDepth = 40;
 
 class Walk {
  public:
@@ -55,9 +58,9 @@ class Walk {
     const auto known = numbers_.find(object.get());
     if (known != numbers_.end()) return sink_.reference(known->second);
     const bool isShared = shared_.contains(object.get());
-    const std::uint64_t number = isShared || depth >= kDeepest ? ++lastNumber_ : 0;
+    const std::uint64_t number = isShared || depth >= kMaxDepth ? ++lastNumber_ : 0;
     if (number != 0) numbers_.emplace(object.get(), number);
-    if (depth >= kDeepest) return postpone({object, number});
+    if (depth >= kMaxDepth) return postpone({object, number});
     showHolder(object, number, depth);
   }
 
@@ -66,7 +69,7 @@ class Walk {
       show(reference->object, depth);
     } else if (const auto* leaf = std::get_if<OVOpaqueValue::Inline>(&value.content)) {
       sink_.leaf(leaf->object);
-    } else if (depth >= kDeepest) {
+    } else if (depth >= kMaxDepth) {
       postpone({&value, ++lastNumber_});
     } else {
       showInline(value, 0, depth);

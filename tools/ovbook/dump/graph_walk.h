@@ -6,9 +6,9 @@
 
 namespace ovbook {
 
-/// Tells `sink` of everything that can be reached from `root`. What several places refer to is told
-/// of once, under a number, and so is what lies deep: nothing is nested more than some dozen times,
-/// and rings and endless chains are harmless. Of fields with one name the first counts.
+/// Passes everything that can be reached from `root` to `sink`. What several places refer to is
+/// passed once, under a number, and so is what is deep: nothing is nested more than some dozen
+/// times, and rings and endless chains are harmless. Of fields with one name the first counts.
 ///
 /// The graph is one of opaque objects, lists, dictionaries and leaves.
 void walkGraph(const OVRef<OVObject>& root, GraphSink& sink);

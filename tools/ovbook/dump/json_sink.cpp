@@ -1,3 +1,5 @@
+// The graph as JSON, part by part, without holding it in memory.
+
 #include "dump/json_sink.h"
 
 #include <cmath>

@@ -5,15 +5,15 @@
 
 namespace ovbook {
 
-/// Writes a graph as one JSON object: {"root": part}, and where something lies too deep,
-/// {"root": part, "rest": {"7": part, ...}}. A part is
+/// Writes a graph as one JSON object: {"root": part}, and where something is too deep, {"root":
+/// part, "rest": {"7": part, ...}}. A part is
 ///   null, true, 5, 1.5, "text"             numbers that JSON lacks are "nan", "inf", "-inf"
 ///   {"date": "2009-08-22", "seconds": 272592000}, without "date" where the calendar ends
 ///   {"data": base64}
 ///   {"class": name, "classes": [name and superclasses], "hints": [...], "fields": {name: part}}
 ///   {"class": name, "items": [part]}       a list
 ///   {"class": name, "entries": {key: part}}  a dictionary
-///   {"items": [...]}, {"entries": {...}}, {"set": [...]}  what stands inside an object
+///   {"items": [...]}, {"entries": {...}}, {"set": [...]}  what is inside an object
 ///   {"ref": 7}                             the part that has "id": 7
 class JsonSink final : public GraphSink {
  public:

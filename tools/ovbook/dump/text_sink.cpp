@@ -59,7 +59,7 @@ std::string leafText(const OVRef<OVObject>& object) {
   if (const auto number = ov::cast<OVNumber>(object)) return numberText(*number);
   if (const auto date = ov::cast<OVDate>(object)) return isoText(*date);
   if (const auto data = ov::cast<OVData>(object)) return dataText(*data);
-  return "an object of an unknown kind";
+  return "an object of unknown kind";
 }
 
 }  // namespace

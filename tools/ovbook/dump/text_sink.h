@@ -8,8 +8,8 @@
 
 namespace ovbook {
 
-/// Writes a graph for people: one line for each part, indented by what holds it. "#3" behind a
-/// class gives the object its number, alone it stands for that object.
+/// Writes a graph for people: one line for each part, indented by what holds it. "#3" after a class
+/// gives the object its number, alone it refers to that object.
 class TextSink final : public GraphSink {
  public:
   explicit TextSink(std::ostream& out) : out_(out) {}

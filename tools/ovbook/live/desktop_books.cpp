@@ -82,7 +82,7 @@ OVRef<OVAddressBook> DesktopBooks::read(const std::string& uid, Session& session
 void DesktopBooks::add(const OVAddressBookGeneral& book, const std::string& uid, bool isTrial,
                        Session& session) const {
   const auto target = openBook(uid, session);
-  if (!target->canOprate()) throw Failure(uid, "the address book may only be read");
+  if (!target->canOprate()) throw Failure(uid, "the address book is read-only");
   addMissing(book, *target, isTrial, session);
 }
 

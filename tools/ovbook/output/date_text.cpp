@@ -53,7 +53,7 @@ std::string isoText(const OVDate& date) {
 std::string dateText(const OVDate& date) {
   const OVDate::Day day = date.day();
   if (day.year != kYearOfNone || !isMidnight(date)) return isoText(date);
-  return monthAndDay(day) + " (of no known year)";
+  return monthAndDay(day) + " (year unknown)";
 }
 
 }  // namespace ovbook

@@ -10,7 +10,7 @@ namespace ovbook {
 /// without a day in the calendar is given by its number: "nan seconds since 2001-01-01".
 [[nodiscard]] std::string isoText(const OVDate& date);
 
-/// The same, but a day of the year 1604, which stands for a day of no known year, without its year.
+/// The same, but a day of the year 1604, which means a day of no known year, without its year.
 [[nodiscard]] std::string dateText(const OVDate& date);
 
 }  // namespace ovbook

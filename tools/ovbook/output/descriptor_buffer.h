@@ -14,7 +14,7 @@ class OutputError : public std::system_error {
 };
 
 /// The buffer of a stream that writes to a file descriptor, which stays open. Throws `OutputError`
-/// as soon as something cannot be written; a stream hands it on when `badbit` is among its
+/// as soon as something cannot be written; a stream passes it on when `badbit` is among its
 /// `exceptions`.
 class DescriptorBuffer final : public std::streambuf {
  public:

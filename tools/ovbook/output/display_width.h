@@ -10,7 +10,7 @@ namespace ovbook {
 /// drawn over the character before it.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
-/// The text, with blanks behind it up to `width` columns.
+/// The text, padded with blanks to `width` columns.
 [[nodiscard]] std::string padded(std::string_view text, std::size_t width);
 
 }  // namespace ovbook

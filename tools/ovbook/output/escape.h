@@ -9,7 +9,7 @@ namespace ovbook {
 /// separators and the marks that turn the direction of writing around become "\n", "\t", "\r" or
 /// "\u" and four hexadecimal digits. Ill-formed UTF-8 becomes U+FFFD.
 
-/// For people: a backslash stands for itself.
+/// For people: a backslash is itself.
 [[nodiscard]] std::string printable(std::string_view text);
 
 /// For programs that read fields apart by tabs: a backslash is doubled, so that every text can be

@@ -9,7 +9,7 @@ namespace ovbook {
 
 void JsonWriter::startLine() { out_ << '\n' << std::string(levels_.size(), ' '); }
 
-/// What stands between this value or key and the one before it.
+/// What separates this value or key from the one before it.
 void JsonWriter::separate() {
   if (std::exchange(isAfterKey_, false) || levels_.empty()) return;
   if (!std::exchange(levels_.back().isEmpty, false)) out_ << ',';

@@ -15,7 +15,7 @@ class ProgressBar {
   using Time = std::chrono::steady_clock::time_point;
   using Clock = std::function<Time()>;
 
-  /// `terminal` outlives the bar. `task` stands before the bar: one short, printable text.
+  /// `terminal` outlives the bar. `task` precedes the bar: one short, printable text.
   ProgressBar(std::ostream& terminal, std::string task,
               Clock clock = &std::chrono::steady_clock::now);
   ProgressBar(const ProgressBar&) = delete;

@@ -7,7 +7,7 @@
 
 namespace ovbook {
 
-/// Rows of cells whose columns stand below each other on a terminal. Cells hold one line each.
+/// Rows of cells whose columns line up on a terminal. Cells hold one line each.
 class Table {
  public:
   void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }

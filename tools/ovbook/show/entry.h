@@ -7,7 +7,7 @@
 
 namespace ovbook {
 
-/// One of several things that stand below each other under one heading: a label, and lines.
+/// One of several things below each other under one heading: a label, and lines.
 struct Entry {
   std::string label;
   std::vector<std::string> lines;

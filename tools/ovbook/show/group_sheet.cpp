@@ -28,7 +28,7 @@ void addMembers(Table& table, const char* heading, const OVList<OVString>& IDs,
 void printGroup(const OVString& ID, const OVRef<OVGroupGeneral>& group,
                 const OVAddressBookGeneral& book, std::ostream& out) {
   if (group == nullptr) {
-    out << printable(ID) << " [no group]\n";
+    out << printable(ID) << " [not a group]\n";
     return;
   }
   Table table;

@@ -19,7 +19,7 @@ namespace ovbook {
 
 namespace {
 
-/// Whether both are the same but for capitals and blanks.
+/// Whether both are the same except for case and blanks.
 bool isSameWord(const OVString& a, const OVString& b) {
   const auto locale = OVLocale::currentLocale();
   const auto letters = [&](const OVString& text) {
@@ -44,7 +44,7 @@ std::string labelText(const OVRef<OVLabel>& label, const OVProperty& property) {
 }
 
 Entry entryOf(const OVRef<OVSingleValue>& value, const OVProperty& property) {
-  if (value == nullptr) return {"", {"[something that is no value]"}};
+  if (value == nullptr) return {"", {"[not a value]"}};
   return {labelText(value->label(), property), datumLines(value->value())};
 }
 
@@ -94,7 +94,7 @@ void addValue(Table& table, const OVRef<OVValue>& value, const OVProperty& prope
 void printPerson(const OVString& ID, const OVRef<OVPersonGeneral>& person,
                  const OVList<OVString>& tags, std::ostream& out) {
   if (person == nullptr) {
-    out << printable(ID) << " [no person]\n";
+    out << printable(ID) << " [not a person]\n";
     return;
   }
   Table table;

@@ -25,18 +25,17 @@ class OVVCardGroup final : public IOVGroup {
   [[nodiscard]] OVList<IOVGroup> subGroups() const override;
   [[nodiscard]] OVList<IOVPerson> persons() const override;
 
-  /// A record that also holds what the group's card says beside name and members.
+  /// A record that also holds what the group's card says besides name and members.
   [[nodiscard]] OVRef<OVGroupGeneral> emptyGeneralGroup() const override;
 
-  /// False, changing nothing, when the person is null, belongs to another book or is a member
-  /// already.
+  /// False, without any change, for null, a person of another book, and an existing member.
   bool addPerson(const OVRef<IOVPerson>& person) override;
-  /// False when the person is no member.
+  /// False when the person is not a member.
   bool removePerson(const OVRef<IOVPerson>& person) override;
-  /// False, changing nothing, when the group is null, belongs to another book, is a sub-group
-  /// already, or would come to stand inside itself.
+  /// False, without any change, for null, a group of another book, an existing sub-group, and one
+  /// that would then contain itself.
   bool addSubGroup(const OVRef<IOVGroup>& group) override;
-  /// The group stays in the book. False when it is no sub-group of this one.
+  /// The group stays in the book. False when it is not a sub-group of this one.
   bool removeSubGroup(const OVRef<IOVGroup>& group) override;
 
  private:

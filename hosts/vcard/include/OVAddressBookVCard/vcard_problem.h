@@ -5,17 +5,17 @@
 #include <OVAddressBookSDK/text.h>
 
 enum class OVVCardSeverity : std::uint8_t {
-  /// Everything was taken over, but not exactly as it stood.
+  /// Imported, but not verbatim.
   Warning,
   /// Some of the text could not be read and was left out.
   Error,
 };
 
-/// Something in a vCard file that did not go in as it stood.
+/// Something in a vCard file that was not imported verbatim.
 struct OVVCardProblem {
-  /// How much of it was lost.
+  /// Whether anything was lost.
   OVVCardSeverity severity = OVVCardSeverity::Error;
-  /// The file as it was named to the book; null for cards that came from no file.
+  /// The file as the book was given it; null for cards that came from no file.
   OVString file;
   /// Where the card or the line begins; the first line is 1.
   std::uint64_t line = 0;

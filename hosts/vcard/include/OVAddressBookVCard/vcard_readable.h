@@ -8,7 +8,7 @@
 
 namespace ov::vcard {
 
-/// How a person is called; see `ov::headingOf`.
+/// What a person is called; see `ov::headingOf`.
 using Heading = OVPersonHeading;
 using ov::headingOf;
 
@@ -18,7 +18,7 @@ struct ReadableOther {
   OVString label;
   /// What it says, without the backslashes of a vCard. May have several lines.
   OVString text;
-  /// Whether it is a line of a card; the name of its label tells how that was spelled.
+  /// Whether it is a line of a card; the name of its label says how that was spelled.
   bool isLine = false;
 };
 

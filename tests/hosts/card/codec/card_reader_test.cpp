@@ -68,9 +68,9 @@ TEST(CardReader, ReportsTextBetweenCardsOnceEach) {
       "junk\nmore\nBEGIN:VCARD\nFN:a\nEND:VCARD\n\njunk\n\nagain\nBEGIN:VCARD\nFN:b\nEND:VCARD\n"
       "END:VCARD\n");
   EXPECT_THAT(split.cards, ElementsAre("3: FN:a", "10: FN:b"));
-  EXPECT_THAT(split.problems, ElementsAre("!1: this text stands outside of any card",
-                                          "!7: this text stands outside of any card",
-                                          "!13: this text stands outside of any card"));
+  EXPECT_THAT(split.problems,
+              ElementsAre("!1: this text is outside any card", "!7: this text is outside any card",
+                          "!13: this text is outside any card"));
 }
 
 TEST(CardReader, ACardWithoutEndEndsWhereTheNextBegins) {
@@ -79,8 +79,8 @@ TEST(CardReader, ACardWithoutEndEndsWhereTheNextBegins) {
   EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\nFN:a\n", "BEGIN:VCARD\nFN:b"));
   EXPECT_THAT(split.rests, ElementsAre("END:VCARD\n", "\nEND:VCARD\n"));
   EXPECT_THAT(split.problems,
-              ElementsAre("!1: this card has no END:VCARD; what it holds was taken over",
-                          "!3: this card has no END:VCARD; what it holds was taken over"));
+              ElementsAre("!1: this card has no END:VCARD; its content was imported anyway",
+                          "!3: this card has no END:VCARD; its content was imported anyway"));
 }
 
 TEST(CardReader, KeepsTheCardOfAnAgentInside) {
@@ -114,7 +114,7 @@ TEST(CardReader, KeepsEmptyLinesOfAnAgent) {
   EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\n\\nEND:VCARD\\n"));
 }
 
-TEST(CardReader, EndsACardOnceThatIsSpelledAnew) {
+TEST(CardReader, EndsARespelledCardOnce) {
   const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nN:\xE4");
   EXPECT_THAT(split.sources, ElementsAre("BEGIN:VCARD\nAGENT:BEGIN:VCARD\\nN:\u00E4\\n"
                                          "END:VCARD\\n\n"));
@@ -133,7 +133,7 @@ TEST(CardReader, KnowsMarkersBehindTheMarksOfJoinedFiles) {
 TEST(CardReader, GivesViewsOfTheText) {
   const std::string text = card("FN:a\n\njunk\nNOTE:b\n c\n\n", "3.0");
   readCards(text, [&](const Card& card) {
-    EXPECT_FALSE(card.isSpelledAnew);
+    EXPECT_FALSE(card.isRespelled);
     EXPECT_EQ(card.source.data(), text.data());
     EXPECT_EQ(card.source, text);
     ASSERT_EQ(card.lines.size(), 2U);
@@ -171,14 +171,14 @@ void expectStable(std::string_view text) {
   EXPECT_EQ(again, sources) << testing::PrintToString(std::string(text));
 }
 
-TEST(HostileCards, MayBeCutAnywhere) { useCutCards(expectStable); }
-TEST(HostileCards, MayLackAnyByte) { useCardsThatLackAByte(expectStable); }
-TEST(HostileCards, MayHaveAnyByteChanged) { useChangedCards(3000, expectStable); }
-TEST(HostileCards, MayBeAnyBytes) { useAnyBytes(expectStable); }
-TEST(HostileCards, MayNestWithoutEnd) { useNestedCards(expectStable); }
+TEST(MaliciousCards, MayBeCutAnywhere) { useCutCards(expectStable); }
+TEST(MaliciousCards, MayLackAnyByte) { useCardsThatLackAByte(expectStable); }
+TEST(MaliciousCards, MayHaveAnyByteChanged) { useChangedCards(3000, expectStable); }
+TEST(MaliciousCards, MayBeAnyBytes) { useAnyBytes(expectStable); }
+TEST(MaliciousCards, MayNestWithoutEnd) { useNestedCards(expectStable); }
 
 /// What would take forever if the time grew with the square of the size.
-TEST(HostileCards, TakeTimeInProportionToTheirSize) {
+TEST(MaliciousCards, TakeTimeInProportionToTheirSize) {
   constexpr int kMany = 100000;
   std::string names;
   for (int i = 0; i < kMany; ++i) names += ";A" + std::to_string(i) + "=b";
@@ -212,7 +212,7 @@ TEST(HostileCards, TakeTimeInProportionToTheirSize) {
   }
 }
 
-TEST(HostileCards, HaveTheirValuesLookedAtOnce) {
+TEST(MaliciousCards, HaveTheirValuesLookedAtOnce) {
   const std::string plain = repeated("a", 100000);
   for (const std::string& line :
        {"X:" + plain, "X:" + plain + "\\n", "X:" + plain + "\n b", "X;ENCODING=b:aaaa" + plain}) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "codec/card_reader.h"
-#include "support/card_text.h"
+#include "support/cards/card_text.h"
 
 namespace ov::card {
 

@@ -121,9 +121,9 @@ TEST(ContentLines, TakeNewCardsForItTooAndSaySo) {
   for (const char* version : {"3.0", "4.0"}) {
     const Lines lines("FN:\xE4\nNOTE;X=\xE4:a\n\u00E4:\xE4\nN;CHARSET=UTF-8:\xE4", version);
     EXPECT_THAT(lines.all, ElementsAre("FN:\u00E4", "NOTE;X=\"\u00E4\":a", "N:\u00E4"));
-    const std::string reason = ": bytes that are no UTF-8 text were read as Windows-1252";
-    EXPECT_THAT(lines.problems, ElementsAre("!5: this line is no property of a vCard", "3" + reason,
-                                            "4" + reason, "6" + reason));
+    const std::string reason = ": bytes that are not valid UTF-8 were read as Windows-1252";
+    EXPECT_THAT(lines.problems, ElementsAre("!5: this line is not a valid vCard property",
+                                            "3" + reason, "4" + reason, "6" + reason));
   }
 }
 
@@ -151,10 +151,9 @@ TEST(ContentLines, OfOldCardsAreSpelledInQuotedPrintable) {
 TEST(ContentLines, ReportCharsetsThatAreNone) {
   const Lines lines("FN;CHARSET=KLINGON:\xE4\nN;CHARSET=US-ASCII:a\xE4", "2.1");
   EXPECT_THAT(lines.all, ElementsAre("FN:\u00E4", "N:a\uFFFD"));
-  EXPECT_THAT(
-      lines.problems,
-      ElementsAre("!3: the character set KLINGON is not known; the text was read without it",
-                  "4: bytes that are no US-ASCII text were replaced"));
+  EXPECT_THAT(lines.problems,
+              ElementsAre("!3: the character set KLINGON is unknown and was ignored",
+                          "4: bytes that are not valid US-ASCII were replaced"));
 }
 
 TEST(ContentLines, DropEncodingsThatSayNothing) {
@@ -169,7 +168,7 @@ TEST(ContentLines, KeepTheGroupAndWriteNamesInCapitals) {
 TEST(ContentLines, ReportLinesThatAreNoProperty) {
   const Lines lines("no colon\nFN:x\n:no name\nÄ:b\nA B:c\nBEGIN:VEVENT\nEND:VEVENT\n", "3.0");
   EXPECT_THAT(lines.all, ElementsAre("FN:x"));
-  const std::string reason = ": this line is no property of a vCard";
+  const std::string reason = ": this line is not a valid vCard property";
   EXPECT_THAT(lines.problems, ElementsAre("!3" + reason, "!5" + reason, "!6" + reason,
                                           "!7" + reason, "!8" + reason, "!9" + reason));
 }
@@ -177,14 +176,14 @@ TEST(ContentLines, ReportLinesThatAreNoProperty) {
 TEST(ContentLines, HaveNoQuotesInTheirGroups) {
   const Lines lines("\".A;\":x\n\"a:b\".TEL:1", "3.0");
   EXPECT_THAT(lines.all, IsEmpty());
-  EXPECT_THAT(lines.problems, ElementsAre("!3: this line is no property of a vCard",
-                                          "!4: this line is no property of a vCard"));
+  EXPECT_THAT(lines.problems, ElementsAre("!3: this line is not a valid vCard property",
+                                          "!4: this line is not a valid vCard property"));
 }
 
 TEST(ContentLines, DropQuotesThatDoNotPair) {
   const Lines lines("TEL;TYPE=\"home:1\n 2", "4.0");
   EXPECT_THAT(lines.all, ElementsAre("TEL;TYPE=home:12"));
-  EXPECT_THAT(lines.problems, ElementsAre("3: quotes without a partner, or NUL, were left out"));
+  EXPECT_THAT(lines.problems, ElementsAre("3: unbalanced quotes or NUL characters were left out"));
 }
 
 TEST(ContentLines, ReplaceNUL) {
@@ -192,7 +191,7 @@ TEST(ContentLines, ReplaceNUL) {
   const Lines lines("TEL;TYPE=ho\0me:1\0 2\nFN;QUOTED-PRINTABLE:=00"s, "4.0");
   EXPECT_THAT(lines.all, ElementsAre("TEL;TYPE=home:1\uFFFD 2", "FN:\uFFFD"));
   EXPECT_THAT(lines.problems,
-              ElementsAre("3: quotes without a partner, or NUL, were left out",
+              ElementsAre("3: unbalanced quotes or NUL characters were left out",
                           "3: NUL characters were replaced", "4: NUL characters were replaced"));
 }
 

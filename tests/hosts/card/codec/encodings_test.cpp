@@ -177,7 +177,7 @@ TEST(FileText, ConvertsUTF16) {
 TEST(FileText, ReportsWhatIsNoUTF16) {
   EXPECT_EQ(fileText("\xFF\xFE"
                      "a\0\0\xDC"s),
-            "a\uFFFD|1: characters of this file that are no UTF-16 text were replaced");
+            "a\uFFFD|1: invalid UTF-16 in this file was replaced");
 }
 
 std::string numbered(std::string_view text) {

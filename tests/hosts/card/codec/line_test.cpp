@@ -83,11 +83,11 @@ TEST(Parameters, TellThePreferenceInOneWay) {
   EXPECT_EQ(headerOf("TEL;TYPE=pref;PREF=2:1"), "TEL;TYPE=pref;PREF=2");
 }
 
-TEST(Parameters, StandAsTheyStand) {
+TEST(Parameters, AreKeptVerbatim) {
   readLine("item1.tel;type=Home;Encoding=8bit;type=pref : 1", [](const Line& line) {
     EXPECT_EQ(line.group(), "item1");
     EXPECT_EQ(line.name(), "TEL");
-    EXPECT_EQ(line.parametersAsTheyStand(), ";type=Home;Encoding=8bit;type=pref ");
+    EXPECT_EQ(line.rawParameters(), ";type=Home;Encoding=8bit;type=pref ");
     EXPECT_EQ(line.value(), " 1");
   });
 }

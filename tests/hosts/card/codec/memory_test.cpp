@@ -1,16 +1,16 @@
-// Reading a card takes memory in proportion to its size, whatever stands in it.
+// Reading a card takes memory in proportion to its size, whatever is in it.
 
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include "hosts/card/codec/cards.h"
-#include "support/failing_memory.h"
+#include "support/memory/failing_memory.h"
 
 namespace ov::card {
 namespace {
 
-constexpr std::size_t kMost = 64;  // bytes for one of the card
+constexpr std::size_t kMaxBytesPerByte = 64;  // bytes for one of the card
 
 class NoProblems final : public Problems {
  public:
@@ -39,7 +39,7 @@ TEST_P(MemoryOfACardOf, IsInProportionToItsSize) {
       const int count = GetParam() / static_cast<int>(line.size()) + 1;
       const std::string text = card(repeated(line, count), version);
       const std::size_t most = mostBytesOf([&] { readValues(text); });
-      EXPECT_LE(most, kMost * text.size())
+      EXPECT_LE(most, kMaxBytesPerByte * text.size())
           << line << " in " << version << " takes " << most / text.size() << " times its size";
     }
   }
