@@ -64,33 +64,68 @@ void BookSteps::setValue(const OVString& id, const OVString& property,
   emit shown.personChanged(changed, property);
 }
 
-OVRef<IOVPerson> BookSteps::bring(const OVRef<IOVPerson>& person) {
+template <class Tell>
+void BookSteps::tellOf(const Persons& persons, Tell tell) {
+  constexpr std::size_t kMany = 500;
+  if (persons.size() > kMany) {
+    emit shown.personsReset();
+  } else {
+    std::for_each(persons.begin(), persons.end(), tell);
+  }
+}
+
+OVRef<IOVPerson> BookSteps::bringOne(const OVRef<IOVPerson>& person) {
   auto came = person == nullptr ? book->newPerson() : book->addOneFromOtherPerson(person);
   if (came == nullptr) return nullptr;
   if (person != nullptr && came->ID() != person->ID()) laterIDs[person->ID()] = came->ID();
-  emit shown.personAdded(came);
-  if (!came->tagArray().empty()) emit shown.tagsChanged();
   return came;
 }
 
-RemovedPerson BookSteps::remove(const OVString& id) {
-  RemovedPerson removed{person(id), tagsOf(id), {}};
-  if (removed.person == nullptr) return removed;
-  for (const auto& each : allGroups()) {
-    if (each->persons().contains(removed.person)) removed.groups.push_back(each->ID());
+Persons BookSteps::bring(const Persons& persons) {
+  Persons arrived;
+  for (const auto& person : persons) {
+    if (const auto came = bringOne(person)) arrived.push_back(came);
   }
-  book->removePersons(OVList<IOVPerson>::list({removed.person}));
-  emit shown.personRemoved(removed.person);
+  tellOf(arrived, [this](const auto& person) { emit shown.personAdded(person); });
+  return arrived;
+}
+
+std::vector<RemovedPerson> BookSteps::remove(const IDs& ids) {
+  std::vector<RemovedPerson> removed;
+  std::unordered_map<const IOVPerson*, std::size_t> places;
+  Persons persons;
+  auto list = OVList<IOVPerson>::list();
+  for (const OVString& id : ids) {
+    const auto leaving = person(id);
+    if (leaving == nullptr || !places.emplace(leaving.get(), removed.size()).second) continue;
+    removed.push_back({leaving, tagsOf(id), {}});
+    persons.push_back(leaving);
+    list.push_back(leaving);
+  }
+  for (const auto& each : allGroups()) {
+    const auto members = each->persons();
+    for (const auto& member : members) {
+      const auto at = places.find(member.get());
+      if (at != places.end()) removed[at->second].groups.push_back(each->ID());
+    }
+  }
+  book->removePersons(list);
+  tellOf(persons, [this](const auto& person) { emit shown.personRemoved(person); });
   return removed;
 }
 
-void BookSteps::bringBack(const RemovedPerson& removed) {
-  const auto came = removed.person == nullptr ? nullptr : bring(removed.person);
-  if (came == nullptr) return;
-  if (!removed.tags.empty()) setTags(came->ID(), removed.tags);
-  for (const OVString& id : removed.groups) {
-    if (const auto each = group(id)) each->addPerson(came);
+void BookSteps::bringBack(const std::vector<RemovedPerson>& removed) {
+  Persons arrived;
+  for (const RemovedPerson& each : removed) {
+    const auto came = bringOne(each.person);
+    if (came == nullptr) continue;
+    if (!each.tags.empty()) setTags(came->ID(), each.tags);
+    for (const OVString& id : each.groups) {
+      if (const auto joined = group(id)) joined->addPerson(came);
+    }
+    arrived.push_back(came);
   }
+  tellOf(arrived, [this](const auto& person) { emit shown.personAdded(person); });
 }
 
 RemovedGroup BookSteps::removeGroup(const OVString& id) {
@@ -154,7 +189,15 @@ void BookSteps::setTags(const OVString& id, const IDs& tags) {
   auto list = OVList<OVString>::list();
   for (const OVString& tag : tags) list.push_back(tag);
   manager->setTagsForPersonID(list, currentID(id));
-  if (const auto changed = person(id)) emit shown.personChanged(changed, OVProPertyTags);
+}
+
+void BookSteps::setTags(const TagsOf& all) {
+  Persons changed;
+  for (const auto& [id, tags] : all) {
+    setTags(id, tags);
+    if (const auto carrier = person(id)) changed.push_back(carrier);
+  }
+  tellOf(changed, [this](const auto& each) { emit shown.personChanged(each, OVProPertyTags); });
   emit shown.tagsChanged();
 }
 

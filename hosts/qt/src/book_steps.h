@@ -44,10 +44,11 @@ struct BookSteps {
   [[nodiscard]] std::vector<OVRef<IOVGroup>> allGroups() const;
 
   void setValue(const OVString& id, const OVString& property, const OVRef<OVValue>& value);
-  /// The person that came; null when the book takes none.
-  OVRef<IOVPerson> bring(const OVRef<IOVPerson>& person);
-  RemovedPerson remove(const OVString& id);
-  void bringBack(const RemovedPerson& removed);
+  /// Of this and the next two, groups and tags that change with the persons are told of by the
+  /// caller. The persons that came; fewer when the book takes none.
+  Persons bring(const Persons& persons);
+  std::vector<RemovedPerson> remove(const IDs& ids);
+  void bringBack(const std::vector<RemovedPerson>& removed);
 
   RemovedGroup removeGroup(const OVString& id);
   void bringBack(const RemovedGroup& removed);
@@ -56,7 +57,16 @@ struct BookSteps {
   void leave(const OVString& groupID, const IDs& persons);
 
   [[nodiscard]] IDs tagsOf(const OVString& id) const;
+  /// The tags of persons, by ID.
+  using TagsOf = std::vector<std::pair<OVString, IDs>>;
+  void setTags(const TagsOf& all);
+
+ private:
+  OVRef<IOVPerson> bringOne(const OVRef<IOVPerson>& person);
   void setTags(const OVString& id, const IDs& tags);
+  /// One by one, or all at once where they are many.
+  template <class Tell>
+  void tellOf(const Persons& persons, Tell tell);
 };
 
 /// Keeps reports of our own from coming back.

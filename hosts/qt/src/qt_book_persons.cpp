@@ -37,21 +37,20 @@ OVQtBook::Persons OVQtBook::addCopies(const Persons& persons) {
   BookSteps& steps = inner_->steps;
   inner_->push(
       tr("New Contact"),
-      [=, &steps] {
+      [=, this, &steps] {
         if (arrivals->wereHere) {
-          for (const auto& removed : arrivals->removed) steps.bringBack(removed);
-          return;
+          steps.bringBack(arrivals->removed);
+          emit groupsChanged();
+        } else {
+          arrivals->first = steps.bring(persons);
+          arrivals->wereHere = true;
         }
-        for (const auto& person : persons) {
-          if (const auto came = steps.bring(person)) arrivals->first.push_back(came);
-        }
-        arrivals->wereHere = true;
+        emit tagsChanged();
       },
-      [=, &steps] {
-        arrivals->removed.clear();
-        for (const auto& came : arrivals->first) {
-          arrivals->removed.push_back(steps.remove(came->ID()));
-        }
+      [=, this, &steps] {
+        arrivals->removed = steps.remove(idsOf(arrivals->first));
+        emit groupsChanged();
+        emit tagsChanged();
       });
   return arrivals->first;
 }
@@ -63,13 +62,12 @@ bool OVQtBook::removePersons(const Persons& persons) {
   inner_->push(
       tr("Remove Contacts"),
       [this, removed, &steps, ids = idsOf(persons)] {
-        removed->clear();
-        for (const OVString& id : ids) removed->push_back(steps.remove(id));
+        *removed = steps.remove(ids);
         emit groupsChanged();
         emit tagsChanged();
       },
       [this, removed, &steps] {
-        for (const auto& each : *removed) steps.bringBack(each);
+        steps.bringBack(*removed);
         emit groupsChanged();
         emit tagsChanged();
       });

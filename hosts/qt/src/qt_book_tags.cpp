@@ -31,8 +31,8 @@ bool OVQtBook::changeTags(const QString& text, const std::vector<OVString>& pers
                           const std::function<IDs(const IDs&)>& changed) {
   if (!canChange() || !hasTags()) return false;
   BookSteps& steps = inner_->steps;
-  std::vector<std::pair<OVString, IDs>> before;
-  std::vector<std::pair<OVString, IDs>> after;
+  BookSteps::TagsOf before;
+  BookSteps::TagsOf after;
   for (const OVString& id : personIDs) {
     const IDs tags = steps.tagsOf(id);
     IDs others = changed(tags);
@@ -41,11 +41,8 @@ bool OVQtBook::changeTags(const QString& text, const std::vector<OVString>& pers
     after.emplace_back(id, std::move(others));
   }
   if (after.empty()) return false;
-  const auto setAll = [&steps](const auto& all) {
-    for (const auto& [id, tags] : all) steps.setTags(id, tags);
-  };
   inner_->push(
-      text, [setAll, after] { setAll(after); }, [setAll, before] { setAll(before); });
+      text, [&steps, after] { steps.setTags(after); }, [&steps, before] { steps.setTags(before); });
   return true;
 }
 

@@ -1,7 +1,10 @@
+#include <optional>
 #include <random>
+#include <set>
 
 #include <OVAddressBookQt/groups_model.h>
 #include <OVAddressBookQt/person_sheet.h>
+#include <OVAddressBookSDK/notification_names.h>
 
 #include "qt_books.h"
 
@@ -31,8 +34,9 @@ class ChangingModels : public QtBooks {
     const OVPersonMatcher matcher(ov::qt::ovString(filter_.text()));
     QStringList expected;
     for (int row = 0; row < persons_.rowCount(); ++row) {
-      if (matcher.matches(*persons_.personAt(row)))
-        expected += persons_.index(row).data().toString();
+      const auto person = persons_.personAt(row);
+      const bool isChosen = !chosen_ || chosen_->contains(person.get());
+      if (isChosen && matcher.matches(*person)) expected += persons_.index(row).data().toString();
     }
     ASSERT_EQ(shown(filter_), expected.join(", "));
     const OVPersonSorter sorter(persons_.order());
@@ -47,7 +51,33 @@ class ChangingModels : public QtBooks {
     ASSERT_EQ(shown(sheet_), shown(freshSheet));
   }
 
+  void choose(const OVRef<IOVGroup>& group) {
+    filter_.setGroup(group);
+    chosen_.emplace();
+    std::vector<OVRef<IOVGroup>> open{group};
+    while (!open.empty()) {
+      const auto each = open.back();
+      open.pop_back();
+      if (each == nullptr) continue;
+      for (const auto& member : each->persons()) chosen_->insert(member.get());
+      for (const auto& below : each->subGroups()) open.push_back(below);
+    }
+  }
+  void changeSheet() {
+    const QModelIndex row = sheet_.index(static_cast<int>(upTo(3)));
+    if (!row.isValid()) return;
+    switch (upTo(2)) {
+      case 0:
+        return static_cast<void>(sheet_.setData(row, true, OVPersonSheet::MainRole));
+      case 1:
+        return static_cast<void>(sheet_.setData(row, "Work", OVPersonSheet::LabelRole));
+      default:
+        return static_cast<void>(sheet_.setData(row, row.data(Qt::EditRole)));
+    }
+  }
+
   std::mt19937 random_{20260101};
+  std::optional<std::set<const IOVPerson*>> chosen_;
   OVPersonsModel persons_{&book_};
   OVPersonsFilter filter_{&persons_};
   OVGroupsModel groups_{&book_};
@@ -58,7 +88,7 @@ OV_ON_EACH_BOOK(ChangingModels);
 
 void ChangingModels::changeSomething() {
   const auto person = anybody();
-  switch (upTo(17)) {
+  switch (upTo(24)) {
     case 0:
       return static_cast<void>(book_.addPerson());
     case 1:
@@ -93,6 +123,21 @@ void ChangingModels::changeSomething() {
     case 16:
       return static_cast<void>(
           sheet_.addValue(upTo(1) == 0 ? "Phone" : "Nickname", "x", ov::qt::qString(word())));
+    case 17:
+      return persons_.setOrder(static_cast<OVPersonOrder>(upTo(2)));
+    case 18:
+      return static_cast<void>(book_.removeFromGroup(anyGroup(), {person, anybody()}));
+    case 19:
+      return static_cast<void>(book_.dropTag(word()));
+    case 20:
+      return changeSheet();
+    case 21:
+      return platform_.center->postNotificationName(OVPersonChangeAllPersonNotification);
+    case 22:
+      return choose(anyGroup());
+    case 23:
+      chosen_.reset();
+      return filter_.setEverybody();
     default:
       return static_cast<void>(sheet_.removeRows(static_cast<int>(upTo(3)), 1));
   }
@@ -101,7 +146,7 @@ void ChangingModels::changeSomething() {
 }  // namespace
 
 TEST_P(ChangingModels, KeepTheRulesOfModelsAndShowTheBook) {
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 400; ++i) {
     changeSomething();
     ASSERT_NO_FATAL_FAILURE(check()) << "after change " << i;
     if (i % 50 == 49) OVAddressBook::setlastNameInFront(i % 100 == 49);

@@ -75,6 +75,34 @@ TEST_P(Undo, ABookThatIsReadOnlyForAWhileRefusesChanges) {
   EXPECT_EQ(book_.undoStack().count(), 1);
 }
 
+TEST_P(Undo, ManyPersonsComeAndGoAtOnce) {
+  constexpr int kMany = 600;
+  const OVPersonsModel model(&book_);
+  OVQtBook::Persons persons;
+  for (int i = 0; i < kMany; ++i) {
+    persons.push_back(OVPersonGeneral::initWithID("many" + std::to_string(i)));
+  }
+  int resets = 0;
+  int tagChanges = 0;
+  QObject::connect(&book_, &OVQtBook::personsReset, [&] { ++resets; });
+  QObject::connect(&book_, &OVQtBook::tagsChanged, [&] { ++tagChanges; });
+  const auto came = book_.addCopies(persons);
+  EXPECT_EQ(came.size(), persons.size());
+  EXPECT_EQ(model.rowCount(), kMany + 3);
+  tagChanges = 0;
+  book_.addTag("crew", came);
+  EXPECT_EQ(tagChanges, 1);
+  book_.addToGroup(group("h"), came);
+  book_.removePersons(came);
+  EXPECT_EQ(model.rowCount(), 3);
+  EXPECT_EQ(group("h")->persons().size(), 1U);
+  book_.undoStack().undo();
+  EXPECT_EQ(resets, 4);
+  EXPECT_EQ(model.rowCount(), kMany + 3);
+  EXPECT_EQ(group("h")->persons().size(), kMany + 1U);
+  EXPECT_EQ(book_.book()->tagManager()->personIDsByTag("crew").size(), std::uint64_t{kMany});
+}
+
 TEST_P(Undo, WhatIsRefusedIsNoStep) {
   EXPECT_FALSE(book_.addToGroup(group("g"), {person("a")}));
   EXPECT_FALSE(book_.removePersons({}));
