@@ -46,7 +46,7 @@ QByteArray pictureInFile(const QString& path, const Cancellation& cancellation) 
   };
   const FileBytes file = readFile(path, limited, cancellation);
   QByteArray bytes(reinterpret_cast<const char*>(file.bytes.data()),
-                         static_cast<qsizetype>(file.bytes.size()));
+                   static_cast<qsizetype>(file.bytes.size()));
   QBuffer buffer;
   buffer.setData(bytes);
   buffer.open(QIODevice::ReadOnly);
