@@ -4,8 +4,8 @@
 
 namespace ov::detail {
 
-/// Lets go of a reference without deep recursion: where destroying one object destroys the next,
-/// and so on, a bounded number are destroyed inside each other and the rest one after the other.
+/// Releases a reference without deep recursion: where destroying one object destroys the next, and
+/// so on, a bounded number are destroyed inside each other and the rest one after the other.
 void dispose(OVRef<OVObject>&& reference) noexcept;
 
 }  // namespace ov::detail

@@ -26,7 +26,7 @@ TEST(AddressField, ConstantsReadAsTheirOwnNames) {
   for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(constants()[i], rows[i].at(0));
 }
 
-// Stands before any constructor of this program has run.
+// Exists before any constructor of this program has run.
 const OVString keptAtStart = OVAddressFieldCity;
 
 TEST(AddressField, ConstantsServeStaticInitialisers) {

@@ -13,7 +13,7 @@
 
 namespace ov::card {
 
-/// Memory of one card, given back as a whole. Pieces do not grow: little is left over.
+/// Memory of one card, freed as a whole. Pieces do not grow, so little is wasted.
 class Arena final : public std::pmr::memory_resource {
  public:
   /// Never null.

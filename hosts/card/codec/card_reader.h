@@ -14,8 +14,8 @@
 
 namespace ov::card {
 
-/// Finds the cards in a text, one after the other. A card without END:VCARD ends where the next one
-/// begins; a card inside another as the value of AGENT belongs to that line.
+/// Finds the cards in a text, one by one. A card without END:VCARD ends where the next one begins;
+/// a card inside another as the value of AGENT belongs to that line.
 ///
 /// Time is linear in the size of the text, memory in that of the largest card.
 class CardReader {

@@ -15,7 +15,7 @@ namespace ov::card {
 
 namespace {
 
-/// iconv gives a meaning of its own to slashes and commas in names.
+/// iconv interprets slashes and commas in names.
 bool isCharsetName(std::string_view name) {
   return !name.empty() && name.size() <= 40 && std::all_of(name.begin(), name.end(), [](char c) {
     return isAlphanumeric(c) || std::string_view("-_.:+").find(c) != std::string_view::npos;

@@ -10,11 +10,11 @@
 
 namespace ov::card {
 
-/// Converts from character sets by name. To open a converter is slow: all are kept.
+/// Converts from character sets by name. Opening a converter is slow, so all are kept.
 class Charsets {
  public:
-  /// Nothing when there is no such character set. ISO-8859-1 is taken for Windows-1252, which holds
-  /// it except for control characters.
+  /// Nothing when there is no such character set. ISO-8859-1 is treated as Windows-1252, which
+  /// contains it except for control characters.
   [[nodiscard]] std::optional<Converted> toUTF8(std::string_view bytes, std::string_view charset);
 
  private:

@@ -36,7 +36,7 @@ struct Header {
   std::string_view charset;
 };
 
-/// Takes headers apart.
+/// Parses headers.
 class HeaderParser {
  public:
   /// What had to be copied is in `arena`.
@@ -67,7 +67,7 @@ class HeaderParser {
   std::vector<Parameter> parameters_;
 };
 
-/// Hands over the parts of a header between separators outside quotes.
+/// Passes on the parts of a header between separators outside quotes.
 template <class Use>
 void forEachPart(std::string_view text, char separator, Use use) {
   bool inQuotes = false;

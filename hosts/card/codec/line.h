@@ -14,7 +14,7 @@
 
 namespace ov::card {
 
-/// The preference of a line that says nothing of it.
+/// The preference of a line that does not state one.
 inline constexpr int kNotPreferred = 101;
 
 /// Bytes that a line holds as base64.

@@ -10,7 +10,7 @@
 
 namespace ov::card {
 
-/// Reads one property after the other, however many lines of the text it takes.
+/// Reads one property at a time, however many lines of the text it takes.
 class LineReader {
  public:
   LineReader(Cursor& cursor, CardContext& context, Problems& problems)

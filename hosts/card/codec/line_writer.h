@@ -21,8 +21,8 @@ struct LineHeader {
 ///
 /// Callers think in vCard 4.0: values are canonical (see escapes.h), the preferred entry has PREF.
 /// Before 4.0 PREF=1 becomes a type. In 2.1 types have no name, text beyond ASCII and line breaks
-/// become quoted-printable UTF-8, and other text is not folded. Reading gives what was written, but
-/// that in 2.1 commas separate the members of CATEGORIES only.
+/// become quoted-printable UTF-8, and other text is not folded. Reading gives what was written,
+/// except that in 2.1 commas separate the members of CATEGORIES only.
 class LineWriter {
  public:
   /// Both texts must live as long as the writer.

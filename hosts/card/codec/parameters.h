@@ -11,7 +11,7 @@
 namespace ov::card {
 
 // Canonical parameters are spelled as vCard 4.0 does, each after a semicolon: named, encoded, in
-// quotes where need be, PREF=1 for the type that means it, nothing of encoding and character set.
+// quotes where need be, PREF=1 for the type that means it, without encoding and character set.
 
 /// Appends a parameter.
 void appendParameter(std::string& parameters, std::string_view name,

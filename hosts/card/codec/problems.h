@@ -5,8 +5,8 @@
 
 namespace ov::card {
 
-/// Told what goes wrong while cards are read. Lines are counted from 1; a reason is one sentence
-/// in English that lives until the call returns.
+/// Receives what goes wrong while cards are read. Lines are counted from 1; a reason is one
+/// sentence in English that lives until the call returns.
 class Problems {
  public:
   virtual ~Problems() = default;

@@ -10,7 +10,7 @@ constexpr std::size_t kLongestQuotedLine = 75;
 
 bool isQuotedAsItIs(char c) { return c >= ' ' && c <= '~' && c != '='; }
 
-/// Behind a soft line break nothing may look like a blank that folds or like END:VCARD.
+/// After a soft line break nothing may look like a blank that folds or like END:VCARD.
 bool mayBeginLine(char c) { return c != ' ' && upperASCII(c) != 'B' && upperASCII(c) != 'E'; }
 
 }  // namespace

@@ -49,7 +49,7 @@ std::size_t characterSize(std::string_view bytes) {
                            : first < 0xF5 ? 4
                                           : 0;
   if (size == 0 || bytes.size() < size) return 0;
-  // Overlong forms, surrogates, and what lies beyond U+10FFFF show in the second byte.
+  // Overlong forms, surrogates, and what is beyond U+10FFFF show in the second byte.
   const unsigned low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
   const unsigned high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
   if (at(1) < low || at(1) > high) return 0;

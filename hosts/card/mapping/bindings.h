@@ -38,7 +38,7 @@ struct Spelling {
   std::string parameters;
   /// Canonical.
   std::string value;
-  /// Stands in place of the value unless null.
+  /// Replaces the value unless null.
   OVRef<OVData> bytes;
   std::string mediaType;
   LabelSpelling label;

@@ -43,8 +43,8 @@ class CardText {
 /// The spelling of an entry of "Other" that is a line.
 [[nodiscard]] Spelling spellingOfOther(const Line& line, const OVSingleValue& entry);
 
-/// Tells which entries of "Other" are lines. An entry is written as the line of its name unless
-/// that would be read as something else.
+/// Says which entries of "Other" are lines. An entry is written as the line of its name unless that
+/// would be read as something else.
 class OtherLines {
  public:
   OtherLines(const Entries& others, const PersonValues& values, bool hasID);

@@ -20,7 +20,7 @@ namespace ov {
 /// or moves files has it alone.
 class DefaultsFile {
  public:
-  /// Tells files apart that have had one name.
+  /// Distinguishes files that have had the same name.
   struct Identity {
     std::array<std::uint64_t, 8> numbers{};
     bool operator==(const Identity&) const = default;

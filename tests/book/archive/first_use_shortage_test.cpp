@@ -50,8 +50,8 @@ bool hasItsPlatform() {
 
 class FirstUseInAShortage : public testing::TestWithParam<FirstUse> {};
 
-/// Uses it in a new process, once in a shortage unless `failing` is 0 and then again. Tells whether
-/// the shortage was felt, and how many blocks are kept.
+/// Uses it in a new process, once in a shortage unless `failing` is 0 and then again. Returns
+/// whether the shortage was felt, and how many blocks are kept.
 struct Outcome {
   bool occurred;
   std::string blocksKept;

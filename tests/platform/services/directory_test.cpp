@@ -16,7 +16,7 @@ std::vector<std::filesystem::path> flushed;
 
 }  // namespace
 
-/// Stands in for the system's function in this program, and notes what is flushed.
+/// Replaces the system's function in this program, and notes what is flushed.
 extern "C" int fsync(int descriptor) {
   flushed.push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor)));
   return static_cast<int>(syscall(SYS_fsync, descriptor));

@@ -32,7 +32,7 @@ class LogLine : public testing::Test {
 
 }  // namespace
 
-/// Stands in for the C library's.
+/// Replaces the C library's.
 extern "C" void syslog(int priority, const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);

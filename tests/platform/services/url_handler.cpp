@@ -1,4 +1,4 @@
-// Stands in for `xdg-open`: tells the pipe "report" beside it how it was run, one line for each
+// Replaces `xdg-open`: reports to the pipe "report" beside it how it was run, one line for each
 // run.
 
 #include <fcntl.h>

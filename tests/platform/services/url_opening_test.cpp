@@ -36,7 +36,7 @@ class UrlOpening : public testing::Test {
     }
   }
   ~UrlOpening() override {
-    // Lets go of handlers that a failed test has left waiting.
+    // Releases handlers that a failed test has left waiting.
     ::close(::open(folder_.at("report").c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
   }
 

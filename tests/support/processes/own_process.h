@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 /// Runs a part of a test in a new process, where no catalogue of the library has been built yet,
-/// and expects everything that it expects to hold. Stands once in a test, before all else.
+/// and expects all its expectations to hold. Used once in a test, before everything else.
 template <class Work>
 void expectInOwnProcess(Work work) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");

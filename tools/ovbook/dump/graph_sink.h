@@ -39,13 +39,13 @@ class GraphSink {
   GraphSink& operator=(const GraphSink&) = delete;
   virtual ~GraphSink() = default;
 
-  /// Stands around everything: first the root, then, each after `beginRest` with its number, the
-  /// parts that are too deep to be shown in their place.
+  /// Encloses everything: first the root, then, each after `beginRest` with its number, the parts
+  /// that are too deep to be shown in their place.
   virtual void begin() = 0;
   virtual void beginRest(std::uint64_t number) = 0;
   virtual void end() = 0;
 
-  /// Stands around the content of a node.
+  /// Encloses the content of a node.
   virtual void open(const GraphNode& node) = 0;
   virtual void close(const GraphNode& node) = 0;
   /// The name of what comes next, in a node that holds named things.
