@@ -10,7 +10,8 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   ovcontacts::setUp(application);
-  QApplication::setApplicationVersion(QString::fromLatin1(OVAddressBookSDKVersionString));
+  QApplication::setApplicationVersion(
+      QString::fromLatin1(OVAddressBookSDKVersionString).section(u'-', -1));
   QCommandLineParser parser;
   parser.setApplicationDescription(
       QCoreApplication::translate("Application", "Shows and changes address books."));

@@ -96,6 +96,25 @@ TEST_F(Editing, AClickOnALinkOpensIt) {
   EXPECT_EQ(opened_.urls.size(), 2U);
 }
 
+TEST_F(Editing, MailsAndChatsGoThroughTheDesktop) {
+  lookAt("b");
+  window_->sheet().sheet()->addValue(
+      "InstantMessage", "", QVariantMap{{"userName", "bob@ebb.example"}, {"service", "Jabber"}});
+  for (int row = 0; row < window_->sheet().sheet()->rowCount(); ++row) {
+    window_->sheet().list()->setCurrentIndex(window_->sheet().sheet()->index(row));
+    action("Open It").trigger();
+  }
+  EXPECT_EQ(opened_.urls,
+            (std::vector<QUrl>{QUrl("mailto:bob@ebb.example"), QUrl("xmpp:bob@ebb.example")}));
+}
+
+TEST_F(Editing, WhatNothingOpensIsTold) {
+  emit window_->sheet().urlOpened(QUrl("nothing-opens:this"));
+  EXPECT_EQ(message(),
+            "\u201cnothing-opens:this\u201d could not be opened. "
+            "No program of this computer does that.");
+}
+
 TEST_F(Editing, OrganizationsAreSuchByAnAction) {
   lookAt("b");
   action("Is an Organization").trigger();

@@ -53,6 +53,15 @@ TEST_F(Grouping, DraggedPersonsAreCards) {
   EXPECT_TRUE(dragged(1)->data("text/vcard").contains("FN:Bob Abel"));
 }
 
+TEST_F(Grouping, DraggedPersonsAreAFileForFileManagers) {
+  const auto data = dragged(1);
+  ASSERT_TRUE(data->hasUrls());
+  const QUrl url = data->urls().front();
+  EXPECT_EQ(url.fileName(), "Bob Abel.vcf");
+  EXPECT_EQ(content(url.toLocalFile().toStdString()), data->data("text/vcard").toStdString());
+  EXPECT_EQ(data->data("text/uri-list"), url.toEncoded() + "\r\n");
+}
+
 TEST_F(Grouping, DroppedCardsAreAddedAsOneChange) {
   QMimeData cards;
   cards.setData("text/vcard",

@@ -28,6 +28,29 @@ TEST_F(Pictures, ShowWholeWindows) {
   EXPECT_EQ(QDir(QStringLiteral(OV_SOURCE_DIR "/docs/pictures")).entryList({"*.png"}), names);
 }
 
+TEST_F(Pictures, FollowLightAndDarkAndHighResolution) {
+  ovcontacts::MainWindow window;
+  window.resize(400, 300);
+  window.show();
+  const auto drawn = [&](int scale) {
+    QApplication::processEvents();
+    QImage image(window.size() * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    window.render(&image);
+    return image.scaled(200, 150, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  };
+  const auto brightness = [](const QImage& image) {
+    return image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+  };
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(QPalette(Qt::white, Qt::lightGray));
+  EXPECT_GT(brightness(drawn(1)).lightness(), 180);
+  QApplication::setPalette(QPalette(Qt::darkGray, Qt::black));
+  EXPECT_LT(brightness(drawn(1)).lightness(), 60);
+  EXPECT_LT(brightness(drawn(2)).lightness(), 60);
+  QApplication::setPalette(before);
+}
+
 TEST_F(Pictures, EmptyOnesAreFound) {
   QImage empty(400, 300, QImage::Format_RGB32);
   empty.fill(Qt::white);

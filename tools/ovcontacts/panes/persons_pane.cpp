@@ -6,10 +6,13 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QVBoxLayout>
 
+#include <memory>
+
 #include <OVAddressBookQt/qt_text.h>
 #include <OVAddressBookSDK/tag_manager.h>
 
 #include "document.h"
+#include "panes/dragged_cards.h"
 #include "panes/person_delegate.h"
 
 namespace ovcontacts {
@@ -17,8 +20,10 @@ namespace ovcontacts {
 QMimeData* DraggedPersons::mimeData(const QModelIndexList& indexes) const {
   OVQtBook::Persons persons;
   for (const QModelIndex& index : indexes) persons.push_back(personAt(index.row()));
-  auto* const data = OVPersonsFilter::mimeData(indexes);
-  data->setData(QStringLiteral("text/vcard"), cardsOf(persons));
+  const QString name = indexes.size() == 1 ? indexes.front().data().toString() : QString();
+  auto* const data = new DraggedCards(cardsOf(persons), name);  // the caller's
+  const std::unique_ptr<QMimeData> rows(OVPersonsFilter::mimeData(indexes));
+  data->setData(kMimeType, rows->data(kMimeType));
   return data;
 }
 

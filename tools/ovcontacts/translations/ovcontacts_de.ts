@@ -799,6 +799,10 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>No program of this computer does that.</source>
+        <translation>Kein Programm dieses Rechners tut das.</translation>
+    </message>
 </context>
 <context>
     <name>ovcontacts::PasswordDialog</name>

@@ -36,8 +36,11 @@ MainWindow::MainWindow(QWidget* parent)
           &MainWindow::enableActions);
   connect(sheet_->list()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &MainWindow::enableActions);
-  connect(sheet_, &SheetPane::urlOpened, this,
-          [](const QUrl& url) { QDesktopServices::openUrl(url); });
+  connect(sheet_, &SheetPane::urlOpened, this, [this](const QUrl& url) {
+    if (QDesktopServices::openUrl(url)) return;
+    showWrong(tr("\u201c%1\u201d could not be opened.").arg(url.toDisplayString()),
+              tr("No program of this computer does that."));
+  });
   connect(sheet_->header(), &SheetHeader::pictureClicked, this, &MainWindow::choosePicture);
   connect(sheet_->header(), &SheetHeader::pictureDropped, this, &MainWindow::setPicture);
   connect(sheet_->header(), &SheetHeader::pictureFileDropped, this, &MainWindow::usePicture);
