@@ -104,7 +104,7 @@ format: setup ## Format the sources
 
 bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 unless given
 	scripts/setup bench
-	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON -DOV_BUILD_EDS=OFF
+	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON
 	cmake --build build/bench -j $(BUILD_JOBS)
 	bench/run.py build/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Measures the library against its peers in one run.
 
-usage: run.py BUILD OUT [--sizes 1000,10000,...] [--only-cards] [--page docs/performance.md]
+usage: run.py BUILD OUT [--sizes 1000,10000,...] [--only books|cards|windows|live]
+              [--page docs/performance.md]
 
 BUILD is a build folder with the benchmarks. OUT gets results.json; the tables between the markers of
 the page are replaced, and performance.svg is drawn beside it (into OUT without a page). Every point
@@ -28,6 +29,7 @@ PLISTLIB_LIMIT = 100000
 VCARD_LIMIT = 10000
 CARDS = (10000, 100000)
 WINDOW_PERSONS = 100000
+LIVE_PERSONS = (1000, 10000)
 
 
 def graph_points(programs, size):
@@ -197,24 +199,46 @@ def measure_windows(options, results):
     return "\n\n".join([machine() + ".", "\n".join(lines)])
 
 
+def measure_live(options, results):
+    program = options.build / "bench" / "measure_live"
+    found = [measured([program, persons]) for persons in LIVE_PERSONS]
+    results |= {"live": found}
+    rows = (
+        ("`e_book_client_get_contacts_sync`", "fetching"),
+        ("`OVEDSSession::openBook`", "opening"),
+        ("`OVEDSBook::load`", "loading"),
+        ("both", "both"),
+    )
+    lines = ["| persons | | ms | × |", "|---|---|---|---|"]
+    for point in found:
+        for text, key in rows:
+            lines.append(f"| {point['persons']} | {text} | {point[key] * 1000:.1f} "
+                         f"| {point[key] / point['fetching']:.2f} |")
+    return "\n\n".join([machine() + ".", "\n".join(lines)])
+
+
+MEASURES = {
+    "books": ("measured", measure_books),
+    "cards": ("measured with cards", measure_cards),
+    "windows": ("measured with windows", measure_windows),
+    "live": ("measured with live books", measure_live),
+}
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("out", type=pathlib.Path)
     parser.add_argument("--sizes", default="1000,10000,100000")
-    parser.add_argument("--only-cards", action="store_true")
-    parser.add_argument("--only-windows", action="store_true")
+    parser.add_argument("--only", choices=MEASURES)
     parser.add_argument("--page", type=pathlib.Path)
     options = parser.parse_args()
     options.out.mkdir(parents=True, exist_ok=True)
 
     results, texts = {"machine": machine()}, {}
-    if not options.only_cards and not options.only_windows:
-        texts["measured"] = measure_books(options, results)
-    if not options.only_windows:
-        texts["measured with cards"] = measure_cards(options, results)
-    if not options.only_cards:
-        texts["measured with windows"] = measure_windows(options, results)
+    for name, (marker, measure) in MEASURES.items():
+        if options.only in (None, name):
+            texts[marker] = measure(options, results)
     print("\n\n".join(texts.values()))
     (options.out / "results.json").write_text(json.dumps(results, indent=1) + "\n")
     if options.page:

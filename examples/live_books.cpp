@@ -3,22 +3,39 @@
 #include <OVAddressBookSDK/OVAddressBookSDK.h>
 
 #include <iostream>
+#include <semaphore>
 
 namespace {
 
 const char* kPassword = "secret";  // a program would ask its user
 
-bool failed(const std::error_code& error) {
-  if (error) std::cerr << error.message() << "\n";
-  return static_cast<bool>(error);
+/// Ends the program; one with windows would tell its user.
+void require(const std::error_code& error) {
+  if (!error) return;
+  std::cerr << error.message() << "\n";
+  std::exit(1);
 }
 
-void showNews(OVEDSBook& book) {
+OVRef<OVEDSBook> openedBook(OVEDSSession& session, const OVString& uid) {
   std::error_code error;
-  const OVEDSChanges changes = book.applyChanges(error);
-  if (failed(error)) return;
-  for (const auto& person : changes.cameIn) std::cout << person->showName() << " is new\n";
-  for (const auto& person : changes.changed) std::cout << person->showName() << " has changed\n";
+  auto book = session.openBook(uid, error);
+  require(error);
+  require(book->load());
+  return book;
+}
+
+void addMira(OVEDSBook& book) {
+  const auto mira = book.newPerson();
+  if (mira == nullptr) require(OVEDSError::ReadOnly);
+  const auto name = OVObjectPersonName::initWithFirstMiddleLast("Mira", nullptr, "Halonen");
+  mira->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
+}
+
+void setPhone(const OVRef<IOVPerson>& person, const char* number) {
+  const auto phones = OVMutableMultipleValue::init();
+  phones->addValue(
+      ov::labelled(OVObjectPhone::initWithPhoneNumber(number), "work", OVValueTypePhone));
+  person->setValueByPropertyName(phones, OVProPertyPhone);
 }
 
 }  // namespace
@@ -28,27 +45,39 @@ int main() {
   const auto session = OVEDSSession::open(error, [](const OVEDSCredentialsRequest& request) {
     if (!request.wasRejected) request.answer({nullptr, kPassword});
   });
-  if (failed(error)) return 1;
+  require(error);
 
   OVString uid;
   for (const OVEDSBookInfo& info : session->books()) {
+    std::cout << info.name << (info.isDefault ? ", the default" : "") << "\n";
     if (info.isDefault) uid = info.uid;
   }
-  const auto book = session->openBook(uid, error);
-  if (failed(error) || failed(book->load())) return 1;
+  const auto book = openedBook(*session, uid);
+  if (book->allPersonsCount() == 0) addMira(*book);
+  require(book->saveWithin({}));
   for (const auto& person : book->allPersons()) std::cout << person->showName() << "\n";
 
-  const auto mira = book->newPerson();
-  if (mira == nullptr) return 1;  // the book may only be read
-  const auto name = OVObjectPersonName::initWithFirstMiddleLast("Mira", nullptr, "Halonen");
-  mira->setValueByPropertyName(ov::labelled(name, "name", OVValueTypePersonName), OVProPertyName);
-  const auto phones = OVMutableMultipleValue::init();
-  phones->addValue(ov::labelled(OVObjectPhone::initWithPhoneNumber("+44 20 7946 0018"), "work",
-                                OVValueTypePhone));
-  mira->setValueByPropertyName(phones, OVProPertyPhone);
-  if (failed(book->saveWithin({}))) return 1;
-  std::cout << "saved " << mira->showName() << "\n";
+  // In a program with a main loop the callback, which is called on the session's thread, wakes
+  // that; here it counts.
+  std::counting_semaphore news(0);
+  book->setWaitingCallback([&] { news.release(); });
 
-  book->setWaitingCallback([] { /* on another thread: wake the main loop, which applies it */ });
-  showNews(*book);
+  // Somebody else, as the book sees it.
+  const auto elsewhere = openedBook(*session, uid);
+  for (const OVRef<IOVPerson> person : elsewhere->allPersons()) {
+    setPhone(person, "+44 20 7946 0018");
+  }
+  require(elsewhere->saveWithin({}));
+
+  OVEDSChanges changes;
+  while (changes.changed.empty()) {
+    news.acquire();
+    changes = book->applyChanges(error);
+    require(error);
+  }
+  for (const auto& person : changes.changed) {
+    std::cout << person->showName() << " has changed: " << person->mainPhone()->phoneNumber()
+              << "\n";
+  }
+  book->setWaitingCallback({});
 }

@@ -72,6 +72,20 @@ if(OV_BUILD_VCARD)
   set_tests_properties(project.consumer.vcard_shared project.consumer.vcard_static
                        PROPERTIES FIXTURES_REQUIRED installed)
 endif()
+if(OV_BUILD_EDS)
+  ov_consumer_test(eds_shared shared -DOV_PROGRAM=eds -DOV_COMPONENTS=EDS
+                   -DOV_LIBRARY=OVAddressBookEDS -DCMAKE_PREFIX_PATH=${prefix})
+  ov_consumer_test(eds_static static -DOV_PROGRAM=eds "-DOV_COMPONENTS=Static$<SEMICOLON>EDS"
+                   -DOV_LIBRARY=OVAddressBookEDS_static -DCMAKE_PREFIX_PATH=${prefix})
+  add_test(NAME project.consumer.eds_pkg_config
+           COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/pkg_config_consumer.sh ${prefix}
+                   ${CMAKE_CURRENT_BINARY_DIR}/consumer_eds_pkg_config ${PROJECT_VERSION}
+                   OVAddressBookEDS eds)
+  set_tests_properties(project.consumer.eds_pkg_config
+                       PROPERTIES ENVIRONMENT "CXX=${CMAKE_CXX_COMPILER};STANDARD=20" TIMEOUT 600)
+  set_tests_properties(project.consumer.eds_shared project.consumer.eds_static
+                       project.consumer.eds_pkg_config PROPERTIES FIXTURES_REQUIRED installed)
+endif()
 if(OV_BUILD_QT)
   ov_consumer_test(qt_shared shared -DOV_PROGRAM=qt -DOV_COMPONENTS=Qt -DOV_LIBRARY=OVAddressBookQt
                    -DCMAKE_PREFIX_PATH=${prefix})
@@ -100,10 +114,10 @@ if(OV_TEST_EVERY_CONSUMER)
   endforeach()
 endif()
 
-if(OV_BUILD_EXAMPLES)
+if(OV_BUILD_EXAMPLES AND OV_BUILD_EDS)
   ov_script_test(task_pages ${CMAKE_CURRENT_SOURCE_DIR}/task_pages_test.py)
   set_tests_properties(
     project.task_pages
-    PROPERTIES ENVIRONMENT "OV_BUILD_DIR=${PROJECT_BINARY_DIR};OV_PREFIX=${prefix}"
+    PROPERTIES ENVIRONMENT "OV_BUILD_DIR=${PROJECT_BINARY_DIR};OV_PREFIX=${prefix};OV_ON_A_DESKTOP=$<TARGET_FILE:on_a_desktop>"
                FIXTURES_REQUIRED installed TIMEOUT 300)
 endif()
