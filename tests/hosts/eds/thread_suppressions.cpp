@@ -1,5 +1,5 @@
-// What ThreadSanitizer is not to tell. It sees neither the code nor the locks of these libraries, so it
-// takes what they hand from one thread to another for a race.
+// What ThreadSanitizer is not to tell. It sees neither the code nor the locks of these libraries,
+// so it takes what they hand from one thread to another for a race.
 extern "C" const char* __tsan_default_suppressions() {
   return
       // Queues of the main contexts, and memory slices that threads pass on; locked with futexes.

@@ -51,8 +51,8 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
 
   /// Any thread may ask.
   [[nodiscard]] OVEDSState state() const;
-  /// Whether the service may keep changes of ours that it could not yet send to the server; a refresh
-  /// that succeeds has sent them. Any thread may ask.
+  /// Whether the service may keep changes of ours that it could not yet send to the server; a
+  /// refresh that succeeds has sent them. Any thread may ask.
   [[nodiscard]] bool waitsForServer() const;
 
   /// Whether others have changed something that has not been applied, or the service has to be
