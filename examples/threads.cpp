@@ -21,7 +21,7 @@ int main() {
   std::cout << book->personsDic().size() << " persons loaded\n";
 
   // A snapshot is cheap: it shares the values. While another thread saves it, nobody may change
-  // more of those than atomic fields, so either wait, or save first and hand on the block, which
+  // more of those than atomic fields, so either wait, or save first and pass on the block, which
   // never changes.
   auto saving = std::async(std::launch::async, [book] { return book->saveToData()->size(); });
   std::cout << saving.get() << " bytes saved\n";
