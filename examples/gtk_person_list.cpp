@@ -2,7 +2,7 @@
 #include <OVAddressBookVCard/vcard_book.h>
 #include <gtk/gtk.h>
 
-#include <memory>
+#include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
       names += std::string(" ") + gtk_string_object_get_string(name);
       g_object_unref(name);
     }
-    g_print("'%s':%s\n", typed, names.c_str());
+    std::cout << "'" << typed << "':" << names << "\n";
   }
   if (argc > 1) {
     GtkApplication* const application = gtk_application_new(nullptr, G_APPLICATION_NON_UNIQUE);
