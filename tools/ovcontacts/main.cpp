@@ -1,8 +1,6 @@
 #include <QtCore/QCommandLineParser>
 #include <QtWidgets/QApplication>
 
-#include <OVAddressBookSDK/version.h>
-
 #include "application.h"
 #include "live/live_sources.h"
 #include "window/main_window.h"
@@ -10,8 +8,7 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   ovcontacts::setUp(application);
-  QApplication::setApplicationVersion(
-      QString::fromLatin1(OVAddressBookSDKVersionString).section(u'-', -1));
+  QApplication::setApplicationVersion(QStringLiteral(OV_VERSION));
   QCommandLineParser parser;
   parser.setApplicationDescription(
       QCoreApplication::translate("Application", "Shows and changes address books."));
