@@ -70,17 +70,18 @@ Connection::~Connection() {
 std::string Connection::name() const { return taken(e_source_dup_display_name(source_.get())); }
 
 void Connection::setNewsCallback(std::function<void()> callback) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(callbackMutex_);
   callback_ = std::move(callback);
+  if (!callback_ || inbox_.empty()) return;
+  session_->worker().post([weak = weak_from_this()] {
+    if (const auto connection = weak.lock()) connection->tell();
+  });
 }
 
 void Connection::tell() {
-  std::function<void()> callback;
-  {
-    const std::lock_guard lock(mutex_);
-    callback = callback_;
-  }
-  if (callback) callback();
+  const std::lock_guard lock(callbackMutex_);
+  // It may set another one.
+  if (const auto callback = callback_) callback();
 }
 
 OVEDSState Connection::state() const {

@@ -117,9 +117,11 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::atomic<bool> waitsForServer_{false};
   Inbox inbox_;
 
+  std::recursive_mutex callbackMutex_;
+  std::function<void()> callback_;
+
   mutable std::mutex mutex_;
   std::shared_ptr<Client> client_;
-  std::function<void()> callback_;
   std::condition_variable changed_;
   int refreshesEnded_ = 0;
   bool hasBeenOpen_ = false;

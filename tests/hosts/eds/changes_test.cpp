@@ -74,6 +74,15 @@ TEST_F(LiveChanges, ACallbackTellsThatSomethingWaits) {
   EXPECT_TRUE(book->hasChangesWaiting());
 }
 
+TEST_F(LiveChanges, ACallbackTellsOfWhatWaitsAlready) {
+  putCard(kim("555-02"));
+  EXPECT_TRUE(eventually([&] { return book->hasChangesWaiting(); }));
+  std::atomic<int> times = 0;
+  book->setWaitingCallback([&] { ++times; });
+  EXPECT_TRUE(eventually([&] { return times > 0; }));
+  book->setWaitingCallback({});
+}
+
 TEST_F(LiveChanges, OfOurOwnAreNoNews) {
   setPhone(personOf(*book, "kim"), "555-02");
   setName(book->newPerson(), "Mira", "Halonen");

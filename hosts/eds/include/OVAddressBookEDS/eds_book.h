@@ -58,7 +58,8 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
   /// Whether others have changed something that has not been applied, or the service has to be
   /// asked again. Any thread may ask.
   [[nodiscard]] bool hasChangesWaiting() const;
-  /// Called each time that something begins to wait, and when the state changes; empty for none.
+  /// Called each time that something begins to wait, at once for what waits already, and when the
+  /// state changes; empty for none. The one before is no longer called once this has returned.
   void setWaitingCallback(WaitingCallback callback);
   /// Shows what others have changed, and tells what it was. Own changes are not among it. A person
   /// whom both sides have changed becomes a conflict.
