@@ -45,8 +45,8 @@ QByteArray pictureInFile(const QString& path, const Cancellation& cancellation) 
     }
   };
   const FileBytes file = readFile(path, limited, cancellation);
-  const QByteArray bytes(reinterpret_cast<const char*>(file.bytes.data()),
-                         static_cast<qsizetype>(file.bytes.size()));
+  QByteArray bytes(reinterpret_cast<const char*>(file.bytes.data()),
+                   static_cast<qsizetype>(file.bytes.size()));
   QBuffer buffer;
   buffer.setData(bytes);
   buffer.open(QIODevice::ReadOnly);
