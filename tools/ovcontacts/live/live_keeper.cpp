@@ -96,7 +96,7 @@ void LiveKeeper::run(const std::shared_ptr<Job>& job) {
 
 void LiveKeeper::end(Task task, const QString& wrong, const LiveChanges& changes) {
   const bool wasStopped = job_->stop.stop_requested();
-  job_.reset();
+  std::exchange(job_, nullptr)->mailbox->close();
   book_->setReadOnly(false);
   follow(changes);
   if (task == Task::Save) emit saved(wrong);

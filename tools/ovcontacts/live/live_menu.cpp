@@ -34,7 +34,7 @@ void LiveMenu::look() {
       wrong = QString::fromUtf8(error.what());
     }
     return [this, found, wrong] {
-      mailbox_.reset();
+      std::exchange(mailbox_, nullptr)->close();
       show(found, wrong);
     };
   });

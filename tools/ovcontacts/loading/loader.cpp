@@ -56,14 +56,14 @@ void Loader::run(const std::shared_ptr<Job>& job) {
   };
   const auto fail = [&](const QString& reason) {
     job->mailbox->post([this, name = job->source->name(), reason] {
-      job_.reset();
+      std::exchange(job_, nullptr)->mailbox->close();
       emit failed(name, reason);
     });
   };
   try {
     const OpenedBook book = job->source->open(progress, job->cancellation);
     job->mailbox->post([this, book] {
-      job_.reset();
+      std::exchange(job_, nullptr)->mailbox->close();
       emit opened(book);
     });
   } catch (const Cancelled&) {  // nobody waits for it

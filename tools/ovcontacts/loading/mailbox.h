@@ -10,9 +10,10 @@ namespace ovcontacts {
 
 /// By which other threads have something done on the thread of an object, for as long as that
 /// wants to hear of them.
-class Mailbox : public std::enable_shared_from_this<Mailbox> {
+class Mailbox {
  public:
-  explicit Mailbox(QObject* owner) : owner_(owner) {}
+  /// On the owner's thread.
+  explicit Mailbox(QObject* owner);
 
   /// Any thread may call it. Does nothing once the mailbox is closed.
   void post(std::function<void()> letter);
@@ -21,7 +22,8 @@ class Mailbox : public std::enable_shared_from_this<Mailbox> {
 
  private:
   std::mutex mutex_;
-  QObject* owner_;
+  class Reader;
+  Reader* reader_;  // null once it is closed
 };
 
 /// Does `work`, which must not throw, on a thread of its own; what it returns is done on the

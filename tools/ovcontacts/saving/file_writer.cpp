@@ -37,7 +37,7 @@ void FileWriter::start(const QString& path, OVRef<OVData> bytes) {
   mailbox_ = std::make_shared<Mailbox>(this);
   inBackground(mailbox_, [this, path, bytes = std::move(bytes)] {
     return [this, wrong = write(path, bytes)] {
-      mailbox_.reset();
+      forget();
       emit written(wrong);
     };
   });

@@ -5,6 +5,7 @@
 #include <QtWidgets/QToolButton>
 
 #include "loading/file_source.h"
+#include "loading/mailbox.h"
 #include "window/main_window.h"
 
 /// What goes on in the background: books are opened and saved.
@@ -91,7 +92,7 @@ void MainWindow::showOpened(const OpenedBook& opened) {
 void MainWindow::showSaved(Saving what, const QString& wrong) {
   const auto then = std::exchange(afterSaving_, {});
   if (wrong.isEmpty()) {
-    if (then) QMetaObject::invokeMethod(this, then, Qt::QueuedConnection);
+    if (then) mailbox_->post(then);
     return;
   }
   showWrong(what == Saving::Copy ? tr("The contacts were not exported.")
