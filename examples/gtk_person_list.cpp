@@ -68,7 +68,7 @@ static void findAgain(PersonList* list) {
   g_list_model_items_changed(G_LIST_MODEL(list), 0, before, itemCount(G_LIST_MODEL(list)));
 }
 
-/// Follows whoever tells that the persons are others; on the main loop's thread.
+/// Follows reports that all persons have changed; on the main loop's thread.
 static PersonList* personListOf(OVRef<OVAddressBook> book) {
   auto* const list = static_cast<PersonList*>(g_object_new(person_list_get_type(), nullptr));
   list->persons->book = std::move(book);

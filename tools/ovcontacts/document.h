@@ -46,7 +46,7 @@ class Document : public QObject {
   /// Not while something is being saved.
   void show(const OpenedBook& opened);
 
-  /// Saves where the book is kept. This and the next two go on in the background: `saved` tells how
+  /// Saves where the book is kept. This and the next two go on in the background: `saved` says how
   /// it went. They do nothing while something is being saved.
   void save();
   /// Saves under another name, and keeps the book there from now on: as vCards where the name ends

@@ -43,10 +43,10 @@ class Applier {
   std::vector<std::shared_ptr<ov::card::Group>> leavingGroups_;
 };
 
-/// Applies what the service has told, and what it has to be asked for.
+/// Applies what the service has reported, and what it must be asked for.
 [[nodiscard]] std::error_code applyNews(BookContent& book, const Call& call);
 
-/// Posts what observers are to be told, with `object` as the sender.
+/// Posts notifications for observers, with `object` as the sender.
 void postNotices(BookContent& book, const OVRef<OVObject>& object);
 
 }  // namespace ov::eds

@@ -9,7 +9,7 @@ namespace ov::eds {
 
 namespace {
 
-/// Keeps what could not be read as it stood.
+/// Keeps what could not be read verbatim.
 class ReadingProblems final : public ov::card::Problems {
  public:
   explicit ReadingProblems(std::vector<OVEDSProblem>& problems) : problems_(problems) {}

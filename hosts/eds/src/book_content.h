@@ -17,7 +17,7 @@
 
 namespace ov::eds {
 
-/// What observers are to be told of a person.
+/// What observers are to know about a person.
 struct Notice {
   OVString name;
   OVString key;
@@ -42,7 +42,7 @@ struct BookContent {
   std::vector<OVEDSProblem> saveProblems;
   std::error_code saveError;
   bool isLoaded = false;
-  /// What has been applied since the program was last told.
+  /// What has been applied since the program last asked.
   OVEDSChanges applied;
   std::vector<Notice> notices;
 

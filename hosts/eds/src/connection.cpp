@@ -114,7 +114,7 @@ void Connection::progressed(bool isEnd) {
   changed_.notify_all();
 }
 
-/// The service also tells when it could not ask the server at all.
+/// The service also reports when it could not ask the server at all.
 void Connection::credentialsRequired(bool isError) {
   if (!isError) {
     access_ = Access::NeedsCredentials;

@@ -8,10 +8,10 @@
 
 namespace ov::eds {
 
-/// What the service has told of a book and nobody has looked at. Any thread may do anything.
+/// What the service has reported about a book and nobody has read yet. Any thread may use it.
 class Inbox {
  public:
-  /// By UID: the card as it was told last, or nothing for one that went.
+  /// By UID: the card as last reported, or nothing for one that is gone.
   using News = std::map<std::string, std::optional<std::string>>;
   struct Content {
     News news;

@@ -6,7 +6,7 @@
 
 namespace ov::eds {
 
-/// What observers are told of when it changes.
+/// What observers are notified of when it changes.
 class PersonBefore {
  public:
   explicit PersonBefore(const ov::card::Person& person);

@@ -16,7 +16,7 @@ class Category final : public std::error_category {
       case OVEDSError::NoBook:
         return "there is no such address book";
       case OVEDSError::ReadOnly:
-        return "the address book may only be read";
+        return "the address book is read-only";
       case OVEDSError::Offline:
         return "the server of the address book cannot be reached";
       case OVEDSError::CredentialsNeeded:

@@ -90,7 +90,7 @@ void Signals::cardsCame(EBookClientView* /*view*/, const GSList* contacts, gpoin
     isRepeated |= !told.insert(uid).second;
     isFirst |= connection->inbox_.add(uid, std::move(card));
   }
-  // Of cards that are changed together in a local book, the service tells the first again and
+  // Of cards that are changed together in a local book, the service reports the first again and
   // again.
   if (isRepeated) isFirst |= connection->inbox_.addIncomplete();
   if (isFirst) connection->tell();

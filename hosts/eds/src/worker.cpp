@@ -154,7 +154,7 @@ void Worker::run(const std::shared_ptr<Shared>& shared) {
   }
   g_source_destroy(source);
   g_source_unref(source);
-  // What the service still had to say is let go with its objects.
+  // What the service still had to report is released with its objects.
   while (g_main_context_iteration(context, FALSE) != FALSE) {
   }
   g_main_context_pop_thread_default(context);

@@ -10,9 +10,9 @@
 
 namespace ov::eds {
 
-/// The sessions' thread: it runs a main context of its own, in which the service tells its news.
+/// The sessions' thread: it runs a main context of its own, in which the service reports changes.
 ///
-/// What is handed over goes through a lock of our own, so that it is plain to see (also for a tool
+/// What is passed on goes through a lock of our own, so that it is plain to see (also for a tool
 /// that does not know GLib's locks) what happens before what.
 class Worker {
  public:

@@ -117,7 +117,7 @@ OVList<IOVGroup> OVBlockBook::rootGroups() const {
   for (const auto& [id, record] : all) {
     if (record != nullptr && !inner.contains(id)) roots.push_back(content_->group(id));
   }
-  // Groups inside each other stand inside nothing else.
+  // Groups inside each other are inside nothing else.
   std::unordered_set<OVString> shown;
   for (const auto& root : roots) content_->addAllBelow(root->ID(), shown);
   for (const auto& [id, record] : all) {

@@ -31,7 +31,7 @@ struct RemovedGroup {
   IDs parents;
 };
 
-/// The single steps that changes of a book are made of. Each changes the book, and tells so.
+/// The single steps that changes of a book are made of. Each changes the book, and reports it.
 struct BookSteps {
   OVQtBook& shown;
   OVRef<OVAddressBook> book;

@@ -9,7 +9,7 @@ namespace ov::qt {
 namespace {
 
 /// ICU knows how a locale writes a day without a year, Qt does not. Their patterns agree but for
-/// the letter of a month that stands alone.
+/// the letter of a month on its own.
 QString pattern(const QLocale& locale, bool hasYear) {
   UErrorCode status = U_ZERO_ERROR;
   const icu::Locale its(locale.name().toLatin1().constData());

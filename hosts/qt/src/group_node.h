@@ -34,7 +34,7 @@ struct GroupNode {
   }
 };
 
-/// The whole tree of a book, below a node that is no row.
+/// The whole tree of a book, below a node that is not a row.
 [[nodiscard]] std::unique_ptr<GroupNode> groupTreeOf(const OVQtBook& book);
 
 }  // namespace ov::qt

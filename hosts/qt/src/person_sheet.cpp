@@ -67,7 +67,7 @@ std::vector<OVPersonSheet::Row> OVPersonSheet::currentRows() const {
   return rows;
 }
 
-/// Rows that are the same stay; those between are told apart one by one.
+/// Rows that are the same stay; those between are compared one by one.
 void OVPersonSheet::refresh() {
   std::vector<Row> current = currentRows();
   const auto isSame = [](const Row& a, const Row& b) { return a.isSame(b); };

@@ -62,7 +62,7 @@ void OVPersonsFilter::sourceInserted(int first, int last) {
   endInsertRows();
 }
 
-/// Before the model's own rows go, so that whoever is told can still ask for them.
+/// Before the model's own rows go, so that observers can still ask for them.
 void OVPersonsFilter::sourceRemoved(int first, int last) {
   const int place = placeOf(first);
   const int end = placeOf(last + 1);

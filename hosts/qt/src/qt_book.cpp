@@ -13,7 +13,7 @@ using ov::qt::BookSteps;
 
 namespace {
 
-/// What another thread reported, to be told on ours.
+/// What another thread reported, to be passed on on ours.
 class Report final : public QEvent {
  public:
   explicit Report(std::function<void()> tell) : QEvent(User), tell_(std::move(tell)) {}
@@ -82,7 +82,7 @@ OVQtBook::~OVQtBook() {
     inner_->ear->book = nullptr;
   }
   inner_->observers.clear();
-  inner_->stack.blockSignals(true);  // its end is no change of the book
+  inner_->stack.blockSignals(true);  // its end is not a change of the book
 }
 
 bool OVQtBook::event(QEvent* event) {

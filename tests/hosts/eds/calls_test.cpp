@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 using ov::eds::Call;
 
-/// The service's processes stand still meanwhile.
+/// The service's processes are stopped meanwhile.
 class Standstill {
  public:
   Standstill() { send(SIGSTOP); }

@@ -15,7 +15,7 @@ class DesktopBooks : public LiveTest {
     window_.show();
   }
   ~DesktopBooks() override {
-    // The book is let go of before the session ends.
+    // The book is released before the session ends.
     window_.document().show({OVAddressBook::init(), ovcontacts::Format::Block, {}, {}, nullptr});
   }
 

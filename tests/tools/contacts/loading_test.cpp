@@ -119,7 +119,7 @@ TEST_F(Loading, ADamagedBlockIsToldInWords) {
   EXPECT_TRUE(message().contains("The data block is damaged"));
   const auto label = OVKeyedArchiver::archivedDataWithRootObject(OVLabel::init());
   openFile(file("label.ovbook", std::string(label->text())));
-  EXPECT_TRUE(message().contains("something else than contacts"));
+  EXPECT_TRUE(message().contains("something other than contacts"));
 }
 
 TEST_F(Loading, WhatDidNotGoInIsTold) {

@@ -49,8 +49,9 @@ TEST_F(PersonPictures, AreMadeSmallerWhereTheyAreLarge) {
 
 TEST_F(PersonPictures, AFileThatIsNoneIsToldInWords) {
   window_->usePicture(QString::fromStdString(file("notes.png", "no picture")));
-  EXPECT_EQ(message(),
-            "The picture \u201cnotes.png\u201d cannot be used. It is no picture that can be read.");
+  EXPECT_EQ(
+      message(),
+      "The picture \u201cnotes.png\u201d cannot be used. It is not a picture that can be read.");
   window_->usePicture(QString::fromStdString(path_ + "/none.png"));
   EXPECT_EQ(message(), "The picture \u201cnone.png\u201d cannot be used. Not a directory");
   EXPECT_FALSE(window_->isWindowModified());

@@ -12,7 +12,7 @@
 
 namespace ovcontacts {
 
-/// How a live book stands with its store.
+/// The state of a live book's connection to its store.
 enum class LiveState : std::uint8_t {
   Connected,
   ReadOnly,

@@ -23,13 +23,13 @@ class LiveKeeper : public QObject {
   /// Stops what is under way, and does not wait for it.
   ~LiveKeeper() override;
 
-  /// Begin; `saved`, `refreshed` or `applied` tells how it went.
+  /// Begin; `saved`, `refreshed` or `applied` has the result.
   /// @{
   void save();
   void refresh();
   void apply();
   /// @}
-  /// Stops what is under way; its end is told all the same.
+  /// Stops what is under way; its end is still reported.
   void stop();
   /// Whether something is under way.
   [[nodiscard]] bool isBusy() const { return job_ != nullptr; }

@@ -29,7 +29,7 @@ struct OpenedBook {
   Format format = Format::Block;
   /// "" where the book cannot be saved under the name it was opened by.
   QString path;
-  /// What did not go in as it stood; "" for nothing.
+  /// What was not imported verbatim; "" for nothing.
   QString remarks;
   /// What keeps a live book; null for others.
   std::shared_ptr<LiveBook> live = nullptr;

@@ -68,7 +68,7 @@ FileBytes readFile(const QString& path, const BookSource::Progress& progress,
   for (;;) {
     if (size == most) {
       throw OpeningError(QCoreApplication::translate(
-          "Opening", "It is no ordinary file, and has no end after 512 MiB."));
+          "Opening", "It is not a regular file and is larger than 512 MiB."));
     }
     if (size == result.bytes.size()) {
       result.bytes.resize(std::min(std::max(size * 2, kPiece), most));

@@ -15,7 +15,7 @@ struct FileBytes {
 };
 
 /// All bytes of a file, pipes included. Waits for a pipe for as long as it takes, unless it is
-/// cancelled. Throws `OpeningError`, also for what is no ordinary file and has no end after
+/// cancelled. Throws `OpeningError`, also for anything but a regular file that has no end after
 /// 512 MiB.
 [[nodiscard]] FileBytes readFile(const QString& path, const BookSource::Progress& progress,
                                  const Cancellation& cancellation);

@@ -45,7 +45,7 @@ OVRef<OVAddressBook> bookOfBlock(const OVRef<OVData>& data) {
   const auto general = ov::cast<OVAddressBookGeneral>(root);
   if (general == nullptr) {
     throw OpeningError(
-        words(QT_TRANSLATE_NOOP("Opening", "The data block holds something else than contacts.")));
+        words(QT_TRANSLATE_NOOP("Opening", "The data block holds something other than contacts.")));
   }
   return OVBlockBook::initWithBook(general);
 }

@@ -4,7 +4,7 @@
 
 namespace ovcontacts {
 
-/// A file with a data block or with vCards, told apart by what is in it.
+/// A file with a data block or with vCards, distinguished by its content.
 class FileSource final : public BookSource {
  public:
   explicit FileSource(QString path) : path_(std::move(path)) {}

@@ -53,7 +53,8 @@ QByteArray pictureInFile(const QString& path, const Cancellation& cancellation) 
   QImageReader reader(&buffer);
   reader.setAutoTransform(true);
   const QImage picture = reader.read();
-  if (picture.isNull()) refuse(QT_TRANSLATE_NOOP("Opening", "It is no picture that can be read."));
+  if (picture.isNull())
+    refuse(QT_TRANSLATE_NOOP("Opening", "It is not a picture that can be read."));
   const bool isSmall = fitted(picture).size() == picture.size() && bytes.size() <= kLarge;
   if (isSmall) return bytes;
   return encodedAs(picture, picture.hasAlphaChannel() ? "PNG" : "JPG");

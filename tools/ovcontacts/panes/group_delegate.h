@@ -4,7 +4,7 @@
 
 namespace ovcontacts {
 
-/// A group or a tag in the tree; what stands above them is small and dim.
+/// A group or a tag in the tree; what is above them is small and dim.
 class GroupDelegate final : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -57,7 +57,7 @@ class SheetPane final : public QWidget {
 
   /// Asks for a value of the property, by its name, and adds it.
   void addValue(const QString& property);
-  /// Asks for the current value anew.
+  /// Asks for the current value again.
   void editCurrent();
   void removeCurrent();
   void makeCurrentMain();

@@ -22,7 +22,7 @@ class FileWriter : public QObject {
 
   /// Not while something is being written.
   void start(const QString& path, OVRef<OVData> bytes);
-  /// Does not wait for the end any more, which is not told either.
+  /// No longer waits for the end, which is not reported either.
   void forget();
   [[nodiscard]] bool isWriting() const { return mailbox_ != nullptr; }
 

@@ -5,7 +5,7 @@ class QStyleOptionViewItem;
 
 namespace ovcontacts {
 
-/// What draws rows and can tell when a text does not fit.
+/// What draws rows and can say when a text does not fit.
 class DrawsWholeTexts {
  public:
   DrawsWholeTexts() = default;

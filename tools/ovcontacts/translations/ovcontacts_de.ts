@@ -135,7 +135,7 @@
 <context>
     <name>Opening</name>
     <message>
-        <source>It is no ordinary file, and has no end after 512 MiB.</source>
+        <source>It is not a regular file and is larger than 512 MiB.</source>
         <translation>Das ist keine gewöhnliche Datei, und sie hat nach 512 MiB kein Ende.</translation>
     </message>
     <message>
@@ -143,7 +143,7 @@
         <translation>Der Datenblock ist beschädigt: %1</translation>
     </message>
     <message>
-        <source>The data block holds something else than contacts.</source>
+        <source>The data block holds something other than contacts.</source>
         <translation>Der Datenblock enthält etwas anderes als Kontakte.</translation>
     </message>
     <message>
@@ -159,7 +159,7 @@
         <translation>Das Bild ist größer als 64 MiB.</translation>
     </message>
     <message>
-        <source>It is no picture that can be read.</source>
+        <source>It is not a picture that can be read.</source>
         <translation>Es ist kein lesbares Bild.</translation>
     </message>
 </context>
@@ -638,7 +638,7 @@
         <translation>„%1“ wird geöffnet…</translation>
     </message>
     <message>
-        <source>Not everything in “%1” could be taken over exactly.</source>
+        <source>Not everything in “%1” could be imported exactly.</source>
         <translation>Nicht alles in „%1“ ließ sich genau übernehmen.</translation>
     </message>
     <message>

@@ -82,7 +82,7 @@ void MainWindow::showOpened(const OpenedBook& opened) {
   if (opened.remarks.isEmpty()) return;
   auto* const box = new QMessageBox(
       QMessageBox::Information, QString(),
-      tr("Not everything in \u201c%1\u201d could be taken over exactly.").arg(document_.title()),
+      tr("Not everything in \u201c%1\u201d could be imported exactly.").arg(document_.title()),
       QMessageBox::Ok, this);
   box->setDetailedText(opened.remarks);
   box->setAttribute(Qt::WA_DeleteOnClose);

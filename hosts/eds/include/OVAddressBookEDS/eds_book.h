@@ -29,7 +29,7 @@ using Progress = std::function<void(std::uint64_t done, std::uint64_t all)>;
 /// vCards 3.0, which is what the service keeps.
 ///
 /// The book belongs to one thread at a time. What others change does not show until that thread
-/// calls `applyChanges`; a callback tells that there is something. Changes of this program wait in
+/// calls `applyChanges`; a callback says that there is something. Changes of this program wait in
 /// the book until `save`.
 ///
 /// When the service's process for books dies, the next call starts it again and goes on; what it
@@ -61,8 +61,8 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
   /// Called each time that something begins to wait, at once for what waits already, and when the
   /// state changes; empty for none. The one before is no longer called once this has returned.
   void setWaitingCallback(WaitingCallback callback);
-  /// Shows what others have changed, and tells what it was. Own changes are not among it. A person
-  /// whom both sides have changed becomes a conflict.
+  /// Shows what others have changed, and returns what it was, without the program's own changes. A
+  /// person whom both sides have changed becomes a conflict.
   ///
   /// For each person whose name, main phone or main e-mail address is another now, the notification
   /// of that name is posted, with the book as object and the person and the new value as user
@@ -73,7 +73,7 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
   [[nodiscard]] std::vector<OVEDSConflict> conflicts() const;
   /// Decides the conflict of that person or group. False when there is none.
   bool resolve(const OVString& conflictID, OVEDSResolution resolution);
-  /// What the last save could not do, and what cards could not be read as they stood.
+  /// What the last save could not do, and which cards could not be read verbatim.
   [[nodiscard]] std::vector<OVEDSProblem> problems() const;
 
   /// Writes what was changed: new, changed and removed persons and groups, in lots. What cannot be

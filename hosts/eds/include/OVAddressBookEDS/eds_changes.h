@@ -8,7 +8,7 @@
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/text.h>
 
-/// How a book stands with its store.
+/// The state of a book's connection to its store.
 enum class OVEDSState : std::uint8_t {
   Connected,
   /// The server cannot be reached; the book shows what is kept here.
@@ -62,7 +62,7 @@ enum class OVEDSResolution : std::uint8_t {
   Both,
 };
 
-/// Something that the service refused, or that could not be read as it stood.
+/// Something that the service refused, or that could not be read verbatim.
 struct OVEDSProblem {
   /// Of the person or group; null for the book as a whole.
   OVString ID;

@@ -22,7 +22,7 @@ class OVEDSGroup final : public IOVGroup {
   /// Null counts as "".
   void setDisplayName(const OVString& name) override;
 
-  /// New lists, in the order of the card. Addresses in a list that are no person of the book are
+  /// New lists, in the order of the card. Addresses in a list that are not persons of the book are
   /// not among the members; saving keeps them.
   [[nodiscard]] OVList<IOVGroup> subGroups() const override;
   [[nodiscard]] OVList<IOVPerson> persons() const override;
@@ -33,7 +33,7 @@ class OVEDSGroup final : public IOVGroup {
   /// False, changing nothing, when the person is null, belongs to another book or is a member
   /// already.
   bool addPerson(const OVRef<IOVPerson>& person) override;
-  /// False when the person is no member.
+  /// False when the person is not a member.
   bool removePerson(const OVRef<IOVPerson>& person) override;
 
  private:

@@ -19,7 +19,7 @@ class Session;
 
 enum class OVEDSBookKind : std::uint8_t { Local, CardDAV, Other };
 
-/// What the service tells of a book without opening it.
+/// What the service says about a book without opening it.
 struct OVEDSBookInfo {
   OVString uid;
   OVString name;
@@ -56,12 +56,12 @@ struct OVEDSCredentialsRequest {
   std::function<void(const OVEDSCredentials&)> answer;
 };
 
-/// How a session stands with the service.
+/// The state of a session's connection to the service.
 enum class OVEDSSessionState : std::uint8_t { Connected, Gone };
 
 /// A connection with the desktop's address-book service, evolution-data-server.
 ///
-/// All sessions of a process share one thread, on which the service tells its news and callbacks
+/// All sessions of a process share one thread, on which the service reports changes and callbacks
 /// run; the calls themselves are made on the caller's thread, and wait there no longer than their
 /// deadline. Any thread may call a session. It lives at least as long as its books.
 ///

@@ -40,7 +40,7 @@ class OVBlockBook final : public OVAddressBook {
   [[nodiscard]] OVList<OVProperty> commonProperty() const override;
 
   [[nodiscard]] std::uint64_t allPersonsCount() const override;
-  /// A new list, in the book's order. What is no person in the block is passed over.
+  /// A new list, in the book's order. What is not a person in the block is skipped.
   [[nodiscard]] OVList<IOVPerson> allPersons() const override;
   /// The persons with these IDs, in the order of the IDs; unknown ones are passed over. Empty for
   /// null.
@@ -55,7 +55,7 @@ class OVBlockBook final : public OVAddressBook {
   /// The same as `addOneFromOtherPerson`.
   OVRef<IOVPerson> addBatchPersonForOther(const OVRef<IOVPerson>& person) override;
 
-  /// Groups that stand inside no other, and of groups inside each other the first.
+  /// Groups that no other contains, and of groups inside each other the first.
   [[nodiscard]] std::uint64_t rootGroupsCount() const override;
   [[nodiscard]] OVList<IOVGroup> rootGroups() const override;
   [[nodiscard]] OVRef<IOVGroup> groupByID(const OVString& groupID) const override;

@@ -13,7 +13,7 @@ struct GroupNode;
 
 /// The groups of a book with their sub-groups, and its tags, as a tree: everybody; groups; tags.
 ///
-/// A group that is in several others stands in each of them. Names are edited in place where the
+/// A group that is in several others appears in each of them. Names are edited in place where the
 /// book can be changed; persons that are dropped on a group or a tag (`OVPersonsFilter::kMimeType`)
 /// join it. The tree follows the book: rows come, go and change one by one.
 class OVGroupsModel : public QAbstractItemModel {
@@ -34,9 +34,9 @@ class OVGroupsModel : public QAbstractItemModel {
   /// Shows another book's; null for none, which leaves no rows.
   void setBook(OVQtBook* book);
 
-  /// Null where the row is no group.
+  /// Null where the row is not a group.
   [[nodiscard]] OVRef<IOVGroup> groupAt(const QModelIndex& index) const;
-  /// Null where the row is no tag.
+  /// Null where the row is not a tag.
   [[nodiscard]] OVString tagAt(const QModelIndex& index) const;
   /// The first row of that kind and ID; invalid when there is none.
   [[nodiscard]] QModelIndex find(Kind kind, const QString& ID = {}) const;

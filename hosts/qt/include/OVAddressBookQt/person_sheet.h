@@ -11,7 +11,7 @@
 #include <OVAddressBookSDK/single_value.h>
 
 /// The sheet of one person: a row for each value, in the order of the catalogue. The thumbnail has
-/// no row, nor has a person who is no organisation one that says so.
+/// no row, nor has a person who is not an organisation one that says so.
 ///
 /// It keeps references to the person's values and asks them for everything else. Where the book can
 /// be changed, values, labels and main values are set by `setData`, through `OVQtBook`, so that
@@ -73,7 +73,7 @@ class OVPersonSheet : public QAbstractListModel {
   [[nodiscard]] bool canChange(const Row& row) const;
   [[nodiscard]] QString labelOf(const Row& row) const;
   [[nodiscard]] QString textOf(const Row& row) const;
-  /// Puts `entry` in the place of the row's; null takes it away.
+  /// Replaces the row's entry with `entry`; null removes it.
   bool replace(const Row& row, const OVRef<OVSingleValue>& entry);
   bool makeMain(const Row& row);
 

@@ -14,7 +14,7 @@
 ///
 /// It keeps a number for each person it shows, 4 bytes, and nothing while it shows everybody. A new
 /// text, group or tag resets the model; a view that is to keep its current person selects it again
-/// (`rowOf`). A person is in a group when the group hands out the very object that the book does.
+/// (`rowOf`). A person is in a group when the group returns the same object as the book.
 class OVPersonsFilter : public QAbstractProxyModel {
   Q_OBJECT
 

@@ -8,7 +8,7 @@
 #include <OVAddressBookQt/qt_book.h>
 #include <OVAddressBookSDK/person_sorter.h>
 
-/// The persons of a book, one row each, in order: by name unless told otherwise.
+/// The persons of a book, one row each, in order: by name by default.
 ///
 /// It keeps a reference to each person and asks the person for everything else: 16 bytes a person.
 /// It follows the book's changes and the name order; a person whose name changes moves to its new
@@ -21,7 +21,7 @@ class OVPersonsModel : public QAbstractListModel {
   /// of whom nothing is known.
   enum Role {
     IDRole = Qt::UserRole + 1,  ///< QString
-    BelowRole,                  ///< QString: what stands below the heading, if anything does
+    BelowRole,                  ///< QString: what is below the heading, if anything
     SortKeyRole,                ///< QByteArray: orders as the list by name does
     ThumbnailRole,              ///< QByteArray: the encoded image; null for none
     MainPhoneRole,              ///< QString

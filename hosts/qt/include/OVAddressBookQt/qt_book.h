@@ -49,7 +49,7 @@ class OVQtBook : public QObject {
   /// back only its name, its place and its members do.
   [[nodiscard]] QUndoStack& undoStack();
 
-  /// Gives the person a value under a property; null takes it away. Values are replaced, not
+  /// Sets the person's value of a property; null removes it. Values are replaced, not
   /// changed: the old one is what undoing brings back.
   bool setValue(const OVRef<IOVPerson>& person, const OVString& property,
                 const OVRef<OVValue>& value);
