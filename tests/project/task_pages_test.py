@@ -75,7 +75,7 @@ class Page:
         self.check(content, self.printed, "what is printed")
 
     def needs_desktop(self):
-        return "OVAddressBookEDS/" in (self.folder / self.named).read_text("utf-8")
+        return "OVAddressBookEDS/" in (EXAMPLES / self.named).read_text("utf-8")
 
     def run(self, command):
         library = next(PREFIX.rglob("libOVAddressBookSDK.so")).parent

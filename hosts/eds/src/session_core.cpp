@@ -59,11 +59,14 @@ std::error_code Session::connect(const Call& call) {
     return early ? early : std::error_code(OVEDSError::NoService);
   }
   g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
-  // The service ends when nobody needs it, and may do so in this very moment.
+  // The service ends when nobody needs it, and may do so in this very moment. What another call has
+  // given up comes back cancelled until its thread has dropped it.
   std::error_code error;
-  for (int i = 0; i < kMostStarts; ++i) {
+  for (int i = 0; i < kMostStarts;) {
     error = connectRegistry(request);
-    if (!error || request.ended()) break;
+    if (!error) break;
+    if (const auto early = request.ended()) return early;
+    if (error != std::errc::operation_canceled) ++i;
   }
   if (!error) watch();
   return error;
@@ -79,7 +82,11 @@ std::error_code Session::connectRegistry(const ServiceCall& request) {
   if (!came) return request.ended();
   if (came->result == nullptr) {
     const auto early = request.ended();
-    return early ? early : std::error_code(OVEDSError::NoService);
+    if (early) return early;
+    const bool isAnothers =
+        came->fault && g_error_matches(came->fault.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED);
+    return isAnothers ? std::make_error_code(std::errc::operation_canceled)
+                      : std::error_code(OVEDSError::NoService);
   }
   registry_ = std::move(came->result);
   return {};
