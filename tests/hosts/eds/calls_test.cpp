@@ -125,6 +125,19 @@ TEST_F(LiveCalls, ThatOpenASessionEndEarlyToo) {
   EXPECT_EQ(error, std::errc::operation_canceled);
 }
 
+TEST_F(LiveCalls, ThatOpenASessionDoNotFailWithOthersThatWereGivenUp) {
+  for (auto* book : {&told, &changed, &opened}) *book = nullptr;
+  session = nullptr;
+  for (int i = 0; i < 20; ++i) {
+    std::error_code error;
+    {
+      const Standstill standstill;
+      EXPECT_EQ(OVEDSSession::open(error, {}, {10ms}), nullptr);
+    }
+    EXPECT_NE(OVEDSSession::open(error), nullptr) << error.message();
+  }
+}
+
 TEST_F(LiveCalls, ThatEndedEarlyMayBeMadeAgain) {
   std::error_code error;
   {
