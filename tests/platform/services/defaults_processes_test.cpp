@@ -1,16 +1,10 @@
-// User defaults shared by processes that die, fork and stop.
+// User defaults of processes that die, fork and lack descriptors.
 
 #include <unistd.h>
 
-#include <atomic>
-#include <chrono>
-#include <csignal>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "platform/services/deadline.h"
-#include "platform/services/directory.h"
 #include "stored_defaults.h"
 #include "support/printers.h"
 #include "support/processes/child_process.h"
@@ -159,147 +153,6 @@ TEST_F(DefaultsProcesses, NoDescriptorIsLeftWhenTheStoreIsGone) {
     EXPECT_EQ(integer(*defaults, "key"), 1);
   }
   EXPECT_EQ(descriptors(), before);
-}
-
-TEST_F(DefaultsProcesses, AnObjectThatAnotherHasSetIsReadAtOnce) {
-  const auto defaults = openStore();
-  EXPECT_EQ(integer(*defaults, "key"), -1);
-  for (std::int64_t value = 1; value < 20; ++value) {
-    ChildProcess process([&] {
-      setInteger(*openStore(), value, "key");
-      return true;
-    });
-    EXPECT_TRUE(process.succeeded());
-    EXPECT_EQ(integer(*defaults, "key"), value);
-    setInteger(*openStore(), -value, "key");
-    EXPECT_EQ(integer(*defaults, "key"), -value);
-  }
-  const auto other = openStore();
-  other->setObjectForKey(nullptr, "key");
-  EXPECT_EQ(defaults->objectForKey("key"), nullptr);
-}
-
-TEST_F(DefaultsProcesses, APreferenceThatAnotherHasSetIsReadSoon) {
-  const auto defaults = openStore();
-  EXPECT_FALSE(defaults->boolForKey("flag"));
-  ChildProcess process([&] {
-    openStore()->setBoolForKey(true, "flag");
-    openStore()->setObjectForKey(OVString("fr"), "text");
-    return true;
-  });
-  EXPECT_TRUE(process.succeeded());
-  ov::Deadline deadline(std::chrono::minutes(1));
-  while (!defaults->boolForKey("flag") && deadline.pause()) {
-  }
-  EXPECT_TRUE(defaults->boolForKey("flag"));
-  while (defaults->stringForKey("text").isNull() && deadline.pause()) {
-  }
-  EXPECT_EQ(defaults->stringForKey("text"), "fr");
-}
-
-TEST_F(DefaultsProcesses, WhatAnotherHasSetDoesNotHideWhatIsNotSavedYet) {
-  const auto defaults = openHurriedStore();
-  setInteger(*defaults, 1, "key");
-  {
-    const ChildProcess holder = stoppedWriter();
-    setInteger(*defaults, 2, "key");
-  }
-  setInteger(*openStore(), 3, "key");
-  setInteger(*openStore(), 3, "other");
-  EXPECT_EQ(integer(*defaults, "other"), 3);
-  EXPECT_EQ(integer(*defaults, "key"), 2);
-}
-
-TEST_F(DefaultsProcesses, ADatabaseThatAnotherHasMovedAsideIsLeft) {
-  const auto defaults = openStore();
-  setInteger(*defaults, 1, "key");
-  EXPECT_EQ(integer(*defaults, "key"), 1);
-  std::filesystem::rename(directory(), home_.path() / "elsewhere");
-  EXPECT_EQ(integer(*defaults, "key"), -1);
-  setInteger(*openStore(), 2, "key");
-  EXPECT_EQ(integer(*defaults, "key"), 2);
-  setInteger(*defaults, 3, "key");
-  EXPECT_EQ(integer(*openStore(), "key"), 3);
-}
-
-TEST_F(DefaultsProcesses, AThreadThatReadsNeverMissesWhatThisProcessHasSet) {
-  const auto defaults = openStore();
-  setInteger(*defaults, 0, "key");
-  std::atomic<bool> done = false;
-  const std::jthread others([&] {
-    const auto other = openStore();
-    for (std::int64_t value = 0; !done; ++value) {
-      setInteger(*other, value, "other");
-      (void)defaults->objectForKey("other");
-    }
-  });
-  for (std::int64_t value = 1; value < 200; ++value) {
-    setInteger(*defaults, value, "key");
-    EXPECT_EQ(integer(*defaults, "key"), value);
-    defaults->setBoolForKey(value % 2 == 0, "flag");
-    EXPECT_EQ(defaults->boolForKey("flag"), value % 2 == 0);
-  }
-  done = true;
-}
-
-TEST_F(DefaultsProcesses, AStoppedProcessWithTheLockDoesNotStopOthers) {
-  const auto defaults = openHurriedStore();
-  setInteger(*defaults, 1, "key");
-  ChildProcess holder = stoppedWriter();
-  setInteger(*defaults, 2, "key");
-  EXPECT_EQ(integer(*defaults, "key"), 2);
-  EXPECT_FALSE(defaults->synchronize());
-  EXPECT_EQ(integer(*openStore(), "key"), 1);
-  EXPECT_THAT(log_->lines(), testing::SizeIs(1));
-
-  holder.kill();
-  EXPECT_TRUE(defaults->synchronize());
-  EXPECT_EQ(integer(*openStore(), "key"), 2);
-}
-
-TEST_F(DefaultsProcesses, WhatALockKeptBackIsWrittenWithTheNextSet) {
-  const auto defaults = openHurriedStore();
-  setInteger(*defaults, 1, "key");
-  ChildProcess holder = stoppedWriter();
-  setInteger(*defaults, 2, "key");
-  defaults->setObjectForKey(nullptr, "absent");
-  holder.kill();
-  setInteger(*defaults, 3, "other");
-  EXPECT_EQ(integer(*openStore(), "key"), 2);
-  EXPECT_EQ(integer(*openStore(), "other"), 3);
-}
-
-TEST_F(DefaultsProcesses, NobodyUsesTheFilesWhileAProcessMayMoveThem) {
-  const auto defaults = openHurriedStore();
-  setInteger(*defaults, 1, "key");
-  ChildProcess holder([this] {
-    ov::Deadline deadline(std::chrono::seconds(10));
-    const ov::Directory folder(directory().string());
-    folder.lock(deadline);
-    ::raise(SIGSTOP);
-    return true;
-  });
-  holder.waitUntilStopped();
-  setInteger(*defaults, 2, "key");
-  EXPECT_FALSE(defaults->synchronize());
-  EXPECT_EQ(integer(*openHurriedStore(), "key"), -1);
-  holder.kill();
-  EXPECT_EQ(integer(*openStore(), "key"), 1);
-  EXPECT_TRUE(defaults->synchronize());
-  EXPECT_EQ(integer(*openStore(), "key"), 2);
-}
-
-TEST_F(DefaultsProcesses, ReadingGoesOnWhileALockIsWaitedFor) {
-  const auto defaults = openStore();
-  setInteger(*defaults, 1, "key");
-  EXPECT_EQ(integer(*defaults, "key"), 1);
-  ChildProcess holder = stoppedWriter();
-  std::thread writer([&] { setInteger(*defaults, 2, "key"); });
-  while (integer(*defaults, "key") != 2) std::this_thread::yield();
-  // The lock goes only after the value has been read: no reader waits for it.
-  holder.kill();
-  writer.join();
-  EXPECT_EQ(integer(*openStore(), "key"), 2);
 }
 
 }  // namespace
