@@ -1,7 +1,5 @@
 // What a card says survives in the data block of a snapshot, and comes back on export.
 
-#include <sstream>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +8,7 @@
 
 #include "hosts/cards.h"
 #include "hosts/snapshot.h"
+#include "hosts/through_block.h"
 #include "support/printers.h"
 
 namespace {
@@ -17,45 +16,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::Not;
-
-/// The book as it is exported from the block of its snapshot.
-std::string throughBlock(const OVAddressBook& book) {
-  const auto block = snapshotOf(book)->saveToData();
-  const auto restored =
-      ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
-  return std::string(ov::vcard::exportBook(restored)->text());
-}
-
-/// The unfolded lines of a text of cards, without those that frame a card.
-std::vector<std::string> linesIn(std::string text) {
-  for (std::size_t fold; (fold = text.find("\r\n ")) != std::string::npos;) text.erase(fold, 3);
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) {
-    if (line.ends_with('\r')) line.pop_back();
-    const bool isFrame =
-        line.starts_with("BEGIN:") || line.starts_with("VERSION:") || line.starts_with("END:");
-    if (!isFrame) lines.push_back(line);
-  }
-  return lines;
-}
-
-/// The lines of the only card in a book, after the way through a block. What is exported a second
-/// time must be the same.
-std::vector<std::string> linesAfterBlock(const std::string& lines,
-                                         std::string_view version = "4.0") {
-  const auto book = bookOf(card("UID:1\n" + lines, version));
-  const std::string once = throughBlock(*book);
-  const auto again = bookOf(once);
-  EXPECT_EQ(description(*again), description(*book));
-  EXPECT_EQ(throughBlock(*again), once) << lines;
-  std::vector<std::string> all = linesIn(once);
-  EXPECT_FALSE(all.empty());
-  if (!all.empty() && all.front() == "UID:1") all.erase(all.begin());
-  return all;
-}
 
 /// Cards whose lines come back in their order, character for character.
 class ThroughABlock : public testing::TestWithParam<const char*> {};
@@ -239,40 +200,6 @@ TEST(ThroughABlock, APersonStaysAPerson) {
   }
 }
 
-const std::string kGroupWithLines =
-    "UID:g\nKIND:group\nFN:Team\nMEMBER:ABC\nMEMBER:abc\nMEMBER;PREF=1:x\n"
-    "MEMBER:mailto:a@example.com\nMEMBER;PID=1.1:mailto:b@example.com\n"
-    "NOTE;LANGUAGE=en:a\\, b\nEMAIL:team@example.com\nURL:https://example.com\n"
-    "CATEGORIES:p,q\nitem1.X-FOO:1\nitem1.X-ABLABEL:mine\n";
-
-std::string withMembers(const std::string& group) {
-  return card(group) + card("UID:ABC\nFN:1") + card("UID:abc\nFN:2") + card("UID:x\nFN:3");
-}
-
-TEST(ThroughABlock, AGroupKeepsAllItsLines) {
-  const auto book = bookOf(withMembers(kGroupWithLines));
-  EXPECT_THAT(idsOf(book->groupByID("g")->persons()), ElementsAre("ABC", "abc", "x"));
-  const std::string once = throughBlock(*book);
-  std::vector<std::string> lines = linesIn(once);
-  lines.erase(lines.begin(), lines.begin() + 6);  // the persons come first
-  std::vector<std::string> expected = linesIn(card(kGroupWithLines));
-  EXPECT_EQ(lines, expected);
-  EXPECT_EQ(throughBlock(*bookOf(once)), once);
-}
-
-TEST(ThroughABlock, AGroupKeepsItsOtherNames) {
-  const auto lines = linesAfterBlock("KIND:group\nFN:a\nN:c;d;;;\nFN:b");
-  EXPECT_THAT(lines, ElementsAre("KIND:group", "FN:a", "N:c;d;;;", "FN:b"));
-}
-
-TEST(ThroughABlock, AGroupKeepsItsOtherIDs) {
-  const std::string text = card("UID:a\nKIND:group\nFN:G\nUID:b\nNOTE:n\nUID:b\nUID:c");
-  const std::string once = throughBlock(*bookOf(text));
-  EXPECT_THAT(linesIn(once), IsSupersetOf({"UID:a", "UID:b", "UID:b", "UID:c", "NOTE:n"}));
-  EXPECT_EQ(throughBlock(*bookOf(once)), once);
-  EXPECT_EQ(ov::vcard::exportBook(bookOf(once))->text(), once);
-}
-
 TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
   EXPECT_THAT(linesAfterBlock("PHOTO;BASE64:QUJDRA==\n", "2.1"),
               Contains("PHOTO:data:application/octet-stream;base64,QUJDRA=="));
@@ -284,43 +211,6 @@ TEST(ThroughABlock, AnUnknownImageKeepsItsLine) {
 
 TEST(ThroughABlock, ATypeWithoutAWordIsNothing) {
   EXPECT_THAT(linesAfterBlock("N;TYPE=:a"), ElementsAre("FN:a", "N:a;;;;"));
-}
-
-TEST(ThroughABlock, AGroupInsideItselfKeepsItsLines) {
-  const std::string text = card("UID:g\nKIND:group\nFN:G\nMEMBER:h") +
-                           card("UID:h\nKIND:group\nFN:H\nMEMBER;X-A=b:g\nMEMBER:h");
-  const auto book = bookOf(text);
-  EXPECT_EQ(book->saveData()->text(), text);
-  const std::string once = throughBlock(*book);
-  EXPECT_EQ(linesIn(once), linesIn(text));
-  EXPECT_EQ(throughBlock(*bookOf(once)), once);
-}
-
-TEST(ThroughABlock, AGroupThatChangedKeepsItsOtherLines) {
-  const auto general = snapshotOf(*bookOf(withMembers(kGroupWithLines)));
-  const auto group = general->groupsDic()["g"];
-  group->setTitle("Crew");
-  group->setPersons(OVList<OVString>::list({"abc"}));
-  const std::vector<std::string> lines =
-      linesIn(std::string(ov::vcard::exportBook(general)->text()));
-  EXPECT_THAT(lines, Contains("FN:Crew"));
-  EXPECT_THAT(lines, Contains("MEMBER:abc"));
-  EXPECT_THAT(lines, Contains("MEMBER:mailto:a@example.com"));
-  EXPECT_THAT(lines, Not(Contains("MEMBER;PREF=1:x")));
-  EXPECT_THAT(lines, Not(Contains("MEMBER:ABC")));
-}
-
-TEST(ThroughABlock, AnOrdinaryGroupIsAnOrdinaryRecord) {
-  const auto general =
-      snapshotOf(*bookOf(card("UID:g\nKIND:group\nFN:Team\nMEMBER:a") + card("UID:a\nFN:A")));
-  EXPECT_EQ(std::string(general->groupsDic()["g"]->classForCoder()->name), "OVGroupGeneral");
-}
-
-TEST(ThroughABlock, ProgramsThatDoNotKnowTheClassReadAPlainGroup) {
-  const auto block = snapshotOf(*bookOf(withMembers(kGroupWithLines)))->saveToData();
-  const std::string text(block->text());
-  EXPECT_NE(text.find("OVCardGroup"), std::string::npos);
-  EXPECT_NE(text.find("$classhints"), std::string::npos);
 }
 
 }  // namespace
