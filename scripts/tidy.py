@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the library, the hosts and the tools. Usage: tidy.py BUILD [JOBS [OPTION...]]
 
-BUILD is a build folder of clang with its compile_commands.json; each OPTION is one of clang-tidy. What the build compiles together
-(CMAKE_UNITY_BUILD) is looked at together, as one text: most of the time goes into the headers. What
-was clean is not looked at again until it, a header it includes, its flags or .clang-tidy change:
-BUILD/tidy remembers.
+BUILD is a build folder of clang with its compile_commands.json; each OPTION is one of clang-tidy. What
+the build compiles together (CMAKE_UNITY_BUILD) is looked at together, as one text: most of the time goes
+into the headers. What was clean is not looked at again until it, a header it includes, its flags or
+.clang-tidy change: BUILD/tidy remembers.
 """
 
 import concurrent.futures
