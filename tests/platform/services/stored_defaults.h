@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include <OVAddressBookSDK/number.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
