@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
+
 #include "stored_defaults.h"
 #include "support/printers.h"
 #include "support/processes/child_process.h"
