@@ -223,6 +223,14 @@ TEST(LoseNothing, AChangedCardKeepsTheIDThatItsContentGave) {
   EXPECT_EQ(saved(*book), card("UID:" + id.str() + "\nFN:x\nTEL:1\nTEL:2"));
 }
 
+TEST(LoseNothing, AChangedCardSaysItsIDInTheEmptyLineForIt) {
+  const auto book = bookOf("BEGIN:VCARD\nFN:x\nUID: \nNOTE:y\nEND:VCARD\n");
+  const OVRef<IOVPerson> person = book->allPersons().front();
+  addPhone(person, "1");
+  EXPECT_EQ(saved(*book),
+            "BEGIN:VCARD\nFN:x\nUID:" + person->ID().str() + "\nNOTE:y\nTEL:1\nEND:VCARD\n");
+}
+
 TEST(LoseNothing, ACardWhoseUIDWasTakenTellsItsIDOnceTheOtherIsGone) {
   const auto book = bookOf(card("UID:a\nFN:1") + card("UID:a\nFN:2"));
   EXPECT_EQ(saved(*book), card("UID:a\nFN:1") + card("UID:a\nFN:2"));
