@@ -35,7 +35,9 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
     // What was met first is to be written first.
     std::reverse(waiting_.begin() + others, waiting_.end());
   }
-  return restart_ ? nullptr : plist_.finish(writeTop(rootReference));
+  if (restart_) return nullptr;
+  met_.reset();  // the table that is still to come takes as much memory
+  return plist_.finish(writeTop(rootReference));
 }
 
 void ArchiveWriter::write(const Waiting& waiting) {
@@ -88,7 +90,7 @@ ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
     return objects_.addLeaf();
   };
   if (!text.isShared()) return write();
-  const auto [known, isNew] = met_.at(text);
+  const auto [known, isNew] = met_->at(text);
   if (isNew) known.number = write();
   return known.number;
 }
@@ -99,7 +101,7 @@ ArchiveWriter::Number ArchiveWriter::leafReference(const OVRef<OVObject>& leaf, 
     return objects_.addLeaf();
   };
   if (!isShared) return write();
-  const auto [known, isNew] = met_.at(leaf);
+  const auto [known, isNew] = met_->at(leaf);
   if (isNew) known.number = write();
   return known.number;
 }
@@ -113,7 +115,7 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
   if (countsReferences() && !isShared) {
     reference = objects_.add();
   } else {
-    const auto [known, isNew] = met_.at(object);
+    const auto [known, isNew] = met_->at(object);
     if (!isNew) return known.number;
     if (places_ != nullptr) places_->meet(*object);
     reference = known.number = objects_.add();

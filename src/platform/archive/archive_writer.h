@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -96,7 +97,7 @@ class ArchiveWriter {
   WrittenValues values_;
   WrittenClasses classes_;
   WrittenFields fields_;
-  MetObjects met_;
+  std::optional<MetObjects> met_{std::in_place};  // while objects may be met
   std::vector<Waiting> waiting_;
   GrowingArray<Number> elements_;
 

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <optional>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include <unistd.h>
@@ -74,11 +75,15 @@ void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
   }
 }
 
-OVRef<OVAddressBookGeneral> snapshotOf(const OVAddressBook& book) {
+/// Where nobody else holds the book, each copied person takes the room of the one before.
+OVRef<OVAddressBookGeneral> snapshotOf(OVRef<const OVAddressBook> book) {
   auto snapshot = OVAddressBookGeneral::init();
-  const auto persons = book.allPersons();
-  for (const auto& person : persons) snapshot->addPerson(person);
-  addGroups(*snapshot, book);
+  addGroups(*snapshot, *book);
+  auto all = book->allPersons();
+  std::vector<OVRef<IOVPerson>> persons(all.begin(), all.end());
+  all = nullptr;
+  book = nullptr;
+  for (auto& person : persons) snapshot->addPerson(std::exchange(person, nullptr));
   return snapshot;
 }
 
@@ -135,7 +140,7 @@ struct Import {
   void importBook(Session& session) const {
     const auto live = session.live().read(liveBook, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
-    const auto book = snapshotOf(*live);
+    const auto book = snapshotOf(live);
     write(*book, session);
     if (tags != nullptr) tagPersons(tags, *live);
   }
@@ -149,8 +154,7 @@ struct Import {
     requireCards(*cards, files);
     report(cards->problems(), showsAllMessages, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
-    const auto book = snapshotOf(*cards);
-    if (tags == nullptr) cards = nullptr;  // the block needs the memory
+    const auto book = snapshotOf(tags == nullptr ? std::move(cards) : cards);
     write(*book, session);
     if (tags != nullptr) tagPersons(tags, *cards);
   }
