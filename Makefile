@@ -52,10 +52,10 @@ asan: setup ## Run the tests with clang, AddressSanitizer, UndefinedBehaviorSani
 	$(call build_preset,asan-ubsan)
 	rm -rf build/asan-ubsan/counts
 	$(call test_preset,asan-ubsan)
-	scripts/coverage.py --floor 95 build/asan-ubsan build/asan-ubsan/counts
+	scripts/coverage 95 build/asan-ubsan
 
-coverage: asan ## The same, and tell which lines of src/ the tests do not reach
-	scripts/coverage.py --lines build/asan-ubsan build/asan-ubsan/counts
+coverage: asan ## The same, and write which lines of src/ the tests do not reach to build/coverage
+	scripts/coverage 95 build/asan-ubsan build/coverage
 
 tsan: setup ## Run the thread tests with clang and ThreadSanitizer
 	cmake --preset tsan
