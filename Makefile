@@ -119,7 +119,7 @@ packages: ## Make Debian packages of what is committed, in build/package, and ha
 	mkdir -p build/package/source
 	git archive HEAD | tar -x -C build/package/source
 	cd build/package/source && CCACHE_DIR=$$(ccache -k cache_dir 2>/dev/null) \
-	  DEB_BUILD_OPTIONS="noautodbgsym parallel=$(BUILD_JOBS)" dpkg-buildpackage -us -uc -b
+	  DEB_BUILD_OPTIONS="noautodbgsym parallel=$(BUILD_JOBS)" dpkg-buildpackage -us -uc -b -tc
 	lintian --info --fail-on error,warning build/package/*.changes
 
 packages-check: packages ## Install the packages on a new, minimal Debian and run their tests there
