@@ -17,7 +17,7 @@
 #include <OVAddressBookSDK/user_defaults.h>
 
 #include "address/country_names.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 #include "platform/built_once.h"
 #include "platform/maker.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "book/person_texts.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace ov {
 

@@ -11,9 +11,10 @@
 #include <OVAddressBookSDK/phone.h>
 
 #include "book/person_texts.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 using ov::asciiLower;
+using ov::isASCIIDigit;
 using ov::detail::anyDatum;
 using ov::detail::listedProperties;
 
@@ -23,14 +24,12 @@ bool isASCII(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 /// The digits of what can be a part of a number; "" for anything else.
 std::string digitsOfNumber(std::string_view text) {
   constexpr std::string_view kSigns = "+-()./";
   std::string digits;
   for (const char c : text) {
-    if (isDigit(c)) {
+    if (isASCIIDigit(c)) {
       digits.push_back(c);
     } else if (c != ' ' && kSigns.find(c) == std::string_view::npos) {
       return {};
@@ -45,7 +44,7 @@ bool hasDigits(std::string_view number, std::string_view digits) {
     if (number[start] != digits.front()) continue;
     std::size_t met = 0;
     for (std::size_t i = start; i < number.size() && met < digits.size(); ++i) {
-      if (!isDigit(number[i])) continue;
+      if (!isASCIIDigit(number[i])) continue;
       if (number[i] != digits[met]) break;
       ++met;
     }

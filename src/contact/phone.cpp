@@ -7,6 +7,7 @@
 
 #include <OVAddressBookSDK/workspace.h>
 
+#include "platform/ascii.h"
 #include "platform/maker.h"
 #include "platform/utf16.h"
 
@@ -17,8 +18,6 @@ constexpr std::string_view kPhoneNumberKey = "phoneNumber";
 /// Numbers are looked at through the low byte of each code unit only, in tests and in the digits
 /// taken out of them: far-off characters that share it count as well.
 char lowByte(char16_t unit) { return static_cast<char>(unit & 0xFF); }
-
-bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 constexpr std::array kAllowedInNumber = []() {
   std::array<bool, 256> allowed{};
@@ -65,7 +64,7 @@ void OVObjectPhone::sendMessage() const {
 OVString OVObjectPhone::adjustNumber(const OVString& number) const {
   std::string digits;
   for (const char16_t unit : ov::detail::Utf16Units(number)) {
-    if (isDigit(lowByte(unit))) digits.push_back(lowByte(unit));
+    if (ov::isASCIIDigit(lowByte(unit))) digits.push_back(lowByte(unit));
   }
   return digits;
 }

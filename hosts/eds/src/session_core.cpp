@@ -1,9 +1,10 @@
 #include "session_core.h"
 
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "awaited.h"
-#include "service_error.h"
 
 namespace ov::eds {
 
@@ -11,20 +12,20 @@ namespace {
 
 constexpr int kMostStarts = 3;
 
-using RegistryReply = Awaited<Reply<GRef<ESourceRegistry>>>;
+/// Null when the service has no list of sources to give.
+using RegistryReply = Awaited<GRef<ESourceRegistry>>;
 
-/// Keeps the thread on which the reply comes in: the next registry would be the same, and broken,
-/// as long as nobody has taken that.
-struct RegistryRequest {
-  std::shared_ptr<RegistryReply> reply;
-  std::shared_ptr<Worker> worker;
-};
+/// Who waits for the list of sources. Of the sessions' thread.
+std::vector<std::shared_ptr<RegistryReply>>& waiting() {
+  thread_local std::vector<std::shared_ptr<RegistryReply>> replies;
+  return replies;
+}
 
 void registryIsThere(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-  const std::unique_ptr<RegistryRequest> request(static_cast<RegistryRequest*>(data));
-  Fault fault;
-  GRef<ESourceRegistry> registry(e_source_registry_new_finish(result, fault.out()));
-  request->reply->give({std::move(registry), std::move(fault)});
+  const std::unique_ptr<std::shared_ptr<Worker>> worker(
+      static_cast<std::shared_ptr<Worker>*>(data));
+  const GRef<ESourceRegistry> registry(e_source_registry_new_finish(result, nullptr));
+  for (const auto& reply : std::exchange(waiting(), {})) reply->give(anotherRef(registry.get()));
 }
 
 /// Somebody took a name on the bus, or lost it.
@@ -59,37 +60,29 @@ std::error_code Session::connect(const Call& call) {
     return early ? early : std::error_code(OVEDSError::NoService);
   }
   g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
-  // The service ends when nobody needs it, and may do so in this very moment. What another call has
-  // given up comes back cancelled until its thread has dropped it.
+  // The service ends when nobody needs it, and may do so in this very moment.
   std::error_code error;
-  for (int i = 0; i < kMostStarts;) {
+  for (int i = 0; i < kMostStarts; ++i) {
     error = connectRegistry(request);
-    if (!error) break;
-    if (const auto early = request.ended()) return early;
-    if (error != std::errc::operation_canceled) ++i;
+    if (!error || request.ended()) break;
   }
   if (!error) watch();
   return error;
 }
 
 std::error_code Session::connectRegistry(const ServiceCall& request) {
+  // A process has one list of sources, so the making of it is never cancelled: others would be
+  // given a broken one. Who waits for it may give up, and who comes later waits for the same.
   const auto reply = std::make_shared<RegistryReply>();
-  worker_->post([reply, worker = worker_,
-                 cancellable = std::shared_ptr<GCancellable>(anotherRef(request.cancellable()))] {
-    e_source_registry_new(cancellable.get(), registryIsThere, new RegistryRequest{reply, worker});
+  worker_->post([reply, worker = worker_] {
+    waiting().push_back(reply);
+    if (waiting().size() > 1) return;
+    e_source_registry_new(nullptr, registryIsThere, new std::shared_ptr<Worker>(worker));
   });
-  auto came = reply->takeWithin(request);
-  if (!came) return request.ended();
-  if (came->result == nullptr) {
-    const auto early = request.ended();
-    if (early) return early;
-    const bool isAnothers =
-        came->fault && g_error_matches(came->fault.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED);
-    return isAnothers ? std::make_error_code(std::errc::operation_canceled)
-                      : std::error_code(OVEDSError::NoService);
-  }
-  registry_ = std::move(came->result);
-  return {};
+  registry_ = reply->takeWithin(request).value_or(nullptr);
+  if (registry_ != nullptr) return {};
+  const auto early = request.ended();
+  return early ? early : std::error_code(OVEDSError::NoService);
 }
 
 void Session::watch() {

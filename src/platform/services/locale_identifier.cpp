@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace ov {
 
@@ -20,7 +20,6 @@ constexpr std::pair<std::string_view, std::string_view> kScripts[] = {
 };
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isLetters(std::string_view text, std::size_t shortest, std::size_t longest) {
   return text.size() >= shortest && text.size() <= longest &&
@@ -29,13 +28,14 @@ bool isLetters(std::string_view text, std::size_t shortest, std::size_t longest)
 
 bool isRegion(std::string_view text) {
   return isLetters(text, 2, 2) ||
-         (text.size() == 3 && std::all_of(text.begin(), text.end(), &isDigit));
+         (text.size() == 3 && std::all_of(text.begin(), text.end(), &isASCIIDigit));
 }
 
 bool isVariant(std::string_view text) {
-  const std::size_t shortest = !text.empty() && isDigit(text.front()) ? 4 : 5;
+  const std::size_t shortest = !text.empty() && isASCIIDigit(text.front()) ? 4 : 5;
   return text.size() >= shortest && text.size() <= 8 &&
-         std::all_of(text.begin(), text.end(), [](char c) { return isLetter(c) || isDigit(c); });
+         std::all_of(text.begin(), text.end(),
+                     [](char c) { return isLetter(c) || isASCIIDigit(c); });
 }
 
 struct Parts {

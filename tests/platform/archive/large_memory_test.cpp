@@ -31,7 +31,9 @@ class LargeMemoryResize : public testing::Test {
     ASSERT_NE(resized, nullptr);
     memory_ = static_cast<std::uint8_t*>(resized);
     const std::size_t kept = std::min(bytes_, bytes);
-    for (std::size_t i = 0; i < kept; ++i) ASSERT_EQ(memory_[i], mark(i)) << i;
+    std::size_t same = 0;
+    while (same < kept && memory_[same] == mark(same)) ++same;
+    ASSERT_EQ(same, kept);
     for (std::size_t i = kept; i < bytes; ++i) memory_[i] = mark(i);
     bytes_ = bytes;
   }

@@ -4,9 +4,10 @@
 
 #include <cerrno>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 TemporaryFolder::TemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "ov-test-XXXXXX").string();
@@ -30,5 +31,7 @@ void writeFile(const std::filesystem::path& path, std::string_view content) {
 std::string readFile(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
   if (!stream) throw std::runtime_error("cannot read " + path.string());
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream content;
+  content << stream.rdbuf();
+  return std::move(content).str();
 }

@@ -24,4 +24,6 @@ inline std::string asciiUpper(std::string_view text) {
 }
 /// @}
 
+constexpr bool isASCIIDigit(char c) { return c >= '0' && c <= '9'; }
+
 }  // namespace ov
