@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy analyze fuzz docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
+.PHONY: help demo check setup build test coverage asan tsan tidy analyze fuzz docs mutate format bench consumers cross abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -35,44 +35,43 @@ check: ## Build everything and run every test; the last lines tell the result
 	$(MAKE) tsan
 	$(MAKE) test
 
-setup: ## Install the Debian packages that are missing
-	scripts/setup
+setup: ## Install the Debian packages that are missing, FOR=check, analyze, bench, cross or packages
+	scripts/setup $(FOR)
 
-build: setup ## Build with g++, for debugging
+build: ## Build with g++, for debugging
 	cmake --preset dev
 	$(call build_preset,dev)
 
-test: setup ## Build with g++, optimised as it ships, and run every test
+test: ## Build with g++, optimised as it ships, and run every test
 	cmake --preset optimised
 	$(call build_preset,optimised)
 	$(call test_preset,optimised)
 
-asan: setup ## Run the tests with clang, AddressSanitizer, UndefinedBehaviorSanitizer and counters
+asan: ## Run the tests with clang, AddressSanitizer, UndefinedBehaviorSanitizer and counters
 	cmake --preset asan-ubsan
 	$(call build_preset,asan-ubsan)
 	rm -rf build/asan-ubsan/counts
 	$(call test_preset,asan-ubsan)
-	scripts/coverage.py --floor 95 build/asan-ubsan build/asan-ubsan/counts
+	scripts/coverage 95 build/asan-ubsan
 
-coverage: asan ## The same, and tell which lines of src/ the tests do not reach
-	scripts/coverage.py --lines build/asan-ubsan build/asan-ubsan/counts
+coverage: asan ## The same, and write which lines of src/ the tests do not reach to build/coverage
+	scripts/coverage 95 build/asan-ubsan build/coverage
 
-tsan: setup ## Run the thread tests with clang and ThreadSanitizer
+tsan: ## Run the thread tests with clang and ThreadSanitizer
 	cmake --preset tsan
 	$(call build_preset,tsan) --target ov_thread_tests
 	$(call test_preset,tsan)
 
-tidy: setup ## Run clang-tidy over the library, the hosts and the tools
+tidy: ## Run clang-tidy over the library, the hosts and the tools
 	cmake --preset asan-ubsan
 	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS)
 
-fuzz: setup ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless given
+fuzz: ## Fuzz the readers of data blocks, each for FUZZ_SECONDS=60 unless given
 	cmake --preset fuzz
 	$(call build_preset,fuzz) --target ov_fuzzers
 	scripts/fuzz.py build/fuzz $(or $(FUZZ_SECONDS),60)
 
 analyze: ## Have clang's analyzer and cppcheck follow the paths through the code; takes minutes
-	scripts/setup analyze
 	cmake --preset asan-ubsan
 	scripts/tidy.py build/asan-ubsan $(BUILD_JOBS) '--checks=-*,clang-analyzer-*'
 	mkdir -p build/cppcheck
@@ -81,65 +80,53 @@ analyze: ## Have clang's analyzer and cppcheck follow the paths through the code
 	  -I include -I src -I hosts/card -I hosts/eds/include -I hosts/vcard/include -I hosts/vcard/src -I hosts/qt/include \
 	  -I hosts/qt/src src hosts
 
-docs: setup ## Write the reference of the public headers to build/reference/html
+docs: ## Write the reference of the public headers to build/reference/html
 	mkdir -p build/reference
 	OV_REFERENCE_FOLDER=build/reference doxygen docs/Doxyfile
 
-pictures: setup ## Draw docs/pictures/ from the contacts program
+pictures: ## Draw docs/pictures/ from the contacts program
 	cmake --preset optimised
 	$(call build_preset,optimised) --target ovcontacts_pictures
 	build/optimised/tools/ovcontacts/ovcontacts_pictures examples/contacts.vcf docs/pictures
 
-mutate: setup ## Change src/ in MUTANTS=42 places, one at a time: the tests must notice 90 % or more
+mutate: ## Change src/ in MUTANTS=42 places, one at a time: the tests must notice 90 % or more
 	scripts/mutate.py --count $(or $(MUTANTS),42) --seed $(or $(SEED),1) --jobs $(BUILD_JOBS) \
 	  --equivalents scripts/equivalent_mutants.txt build/mutate
 
-format: setup ## Format the sources
+format: ## Format the sources
 	scripts/format
 
 bench: ## Measure the library against its peers; BENCH_SIZES=1000,10000,100000 unless given
-	scripts/setup bench
 	cmake --preset release -B build/bench -DOV_BUILD_BENCHMARKS=ON
 	cmake --build build/bench -j $(BUILD_JOBS)
 	bench/run.py build/bench build/bench/results --sizes $(or $(BENCH_SIZES),1000,10000,100000) \
 	  --page docs/performance.md
 
-consumers: setup ## Use the library as a subfolder with each compiler and standard, shared and static
+consumers: ## Use the library as a subfolder with each compiler and standard, shared and static
 	cmake --preset dev -B build/consumers -DOV_TEST_EVERY_CONSUMER=ON
 	ctest --test-dir build/consumers -R consumer.add_subdirectory_ -j $(TEST_JOBS) --output-on-failure
 
 cross: ## Build for s390x (big-endian) and i386 (32 bits), run the tests of archives, compare blocks
-	scripts/setup cross
 	scripts/cross s390x $(BUILD_JOBS)
 	scripts/cross i386 $(BUILD_JOBS)
 
-symbols: setup ## Write abi/symbols.txt, the list of what the shared library exports
-	cmake --preset optimised
-	$(call build_preset,optimised) --target OVAddressBookSDK
-	scripts/symbols --update build/optimised/src/libOVAddressBookSDK.so
-
-abi: ## Compare the binary interface of the shared library with the stored one
-	scripts/setup abi
-	cmake --preset abi
-	$(call build_preset,abi) --target OVAddressBookSDK
-	scripts/abi.py compare build/abi/src/libOVAddressBookSDK.so
-
 abi-baseline: ## Store the binary interface of the shared library again
-	scripts/setup abi
-	cmake --preset abi
-	$(call build_preset,abi) --target OVAddressBookSDK
-	scripts/abi.py update build/abi/src/libOVAddressBookSDK.so
+	cmake --preset optimised
+	OV_STORE_ABI=1 $(call test_preset,optimised) -R project.abi
 
-packages: ## Make Debian packages of the library, its development files and the command
-	scripts/setup packages
-	cmake --preset package
-	$(call build_preset,package)
-	cd build/package && cpack --config CPackConfig.cmake
+packages: ## Make Debian packages of what is committed, in build/package, and have lintian look at them
+	rm -rf build/package
+	mkdir -p build/package/source
+	git archive HEAD | tar -x -C build/package/source
+	cd build/package/source && CCACHE_DIR=$$(ccache -k cache_dir 2>/dev/null) \
+	  DEB_BUILD_OPTIONS="noautodbgsym parallel=$(BUILD_JOBS)" dpkg-buildpackage -us -uc -b -tc
+	lintian --info --fail-on error,warning build/package/*.changes
 
-packages-check: packages ## Install the packages on a new, minimal Debian and use them; as root
-	scripts/check_packages build/package
+packages-check: packages ## Install the packages on a new, minimal Debian and run their tests there
+	mmdebstrap --variant=apt --include=autopkgtest --format=null --customize-hook='copy-in build/package /srv' \
+	  --chrooted-customize-hook='autopkgtest /srv/package/*.deb /srv/package/source/ -- null' bookworm -
 
-install: setup ## Build optimised and install; PREFIX=/usr/local unless given
+install: ## Build optimised and install; PREFIX=/usr/local unless given
 	cmake --preset release
 	$(call build_preset,release)
 	cmake --install build/release --prefix $(or $(PREFIX),/usr/local)

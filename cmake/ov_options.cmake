@@ -1,3 +1,9 @@
+# Compiles a file again only when it has changed, where ccache is there.
+find_program(OV_CCACHE ccache)
+if(OV_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${OV_CCACHE})
+endif()
+
 # Compiler settings that every target of this project shares.
 add_library(ov_options INTERFACE)
 target_compile_features(ov_options INTERFACE cxx_std_20)

@@ -94,10 +94,19 @@ if(OV_BUILD_QT)
   set_tests_properties(project.consumer.qt_shared project.consumer.qt_static
                        PROPERTIES FIXTURES_REQUIRED installed)
 endif()
+# Built with what the comparison of binary interfaces reads.
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
-                 -DCMAKE_CXX_FLAGS_RELEASE=-O0
+                 -DCMAKE_CXX_COMPILER=clang++-14 -DCMAKE_BUILD_TYPE=Debug
+                 "-DCMAKE_CXX_FLAGS=-O1 -fstandalone-debug"
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
+set_tests_properties(project.consumer.add_subdirectory PROPERTIES FIXTURES_SETUP subfolder)
+add_test(
+  NAME project.abi
+  COMMAND
+    ${CMAKE_CURRENT_SOURCE_DIR}/abi.sh
+    ${CMAKE_CURRENT_BINARY_DIR}/consumer_add_subdirectory/OVAddressBookSDK/src/libOVAddressBookSDK.so)
+set_tests_properties(project.abi PROPERTIES FIXTURES_REQUIRED subfolder TIMEOUT 120)
 # Each of these builds the whole library, so they are only made when they are asked for.
 if(OV_TEST_EVERY_CONSUMER)
   foreach(compiler g++ clang++-14)
