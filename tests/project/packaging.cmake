@@ -100,7 +100,8 @@ ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddres
                  "-DCMAKE_CXX_FLAGS=-O1 -fstandalone-debug"
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
-set_tests_properties(project.consumer.add_subdirectory PROPERTIES FIXTURES_SETUP subfolder)
+# It takes longest, so that it begins first.
+set_tests_properties(project.consumer.add_subdirectory PROPERTIES FIXTURES_SETUP subfolder COST 100)
 add_test(
   NAME project.abi
   COMMAND

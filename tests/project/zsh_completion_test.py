@@ -85,12 +85,13 @@ class Shell:
 
 
 class ZshCompletion(unittest.TestCase):
-    def setUp(self):
+    @classmethod
+    def setUpClass(cls):
         folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
+        cls.addClassCleanup(folder.cleanup)
         (pathlib.Path(folder.name) / "family.ovbook").touch()
-        self.shell = Shell(pathlib.Path(folder.name))
-        self.addCleanup(self.shell.close)
+        cls.shell = Shell(pathlib.Path(folder.name))  # takes a second to begin
+        cls.addClassCleanup(cls.shell.close)
 
     def completed(self, line):
         return {word.removesuffix("=") for word in self.shell.completed(line)}
