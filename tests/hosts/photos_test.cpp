@@ -31,6 +31,14 @@ TEST(Photos, AreWrittenAsDataURIs) {
               ElementsAre("PHOTO:data:image/png;base64," + encodeBase64(kPNG)));
 }
 
+TEST(Photos, AreReadWhereverTheirURIIsFolded) {
+  const std::string uri = "data:image/png;base64," + encodeBase64(kPNG);
+  for (std::size_t i = 1; i < uri.size(); ++i) {
+    const std::string folded = uri.substr(0, i) + "\n " + uri.substr(i);
+    EXPECT_EQ(entry(*person("PHOTO:" + folded), OVProPertyThumbnail), kPNG) << folded;
+  }
+}
+
 TEST(Photos, TellTheirMediaType) {
   using std::string_literals::operator""s;
   const std::pair<std::string, const char*> rows[] = {

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "codec/ascii.h"
+#include "codec/text_lines.h"
 #include "properties.h"
 #include "reading.h"
 
@@ -38,7 +39,7 @@ std::string_view typeIn(const std::array<Beginning, N>& beginnings, std::string_
 bool isDataURI(const Line& line) {
   constexpr std::size_t kLongestHeader = 4096;
   const std::string_view source = line.source().substr(0, kLongestHeader);
-  return lowerASCII(source).find("data:") != std::string::npos;
+  return lowerASCII(unfolded(source, 1)).find("data:") != std::string::npos;
 }
 
 /// Whether the type that a card names is the one of the bytes.
