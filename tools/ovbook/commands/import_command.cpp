@@ -154,9 +154,10 @@ struct Import {
     requireCards(*cards, files);
     report(cards->problems(), showsAllMessages, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
-    const auto book = snapshotOf(tags == nullptr ? std::move(cards) : cards);
+    const auto tagged = tags == nullptr ? nullptr : cards;
+    const auto book = snapshotOf(std::move(cards));
     write(*book, session);
-    if (tags != nullptr) tagPersons(tags, *cards);
+    if (tagged != nullptr) tagPersons(tags, *tagged);
   }
 
   void write(OVAddressBookGeneral& book, Session& session) const {
