@@ -127,6 +127,11 @@ TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
       ElementsAre("TEL;X-CUSTOM=Fo:1"));
 }
 
+TEST(ThroughABlock, AnEmptyTypeTakesNoLineOutOfItsGroup) {
+  EXPECT_THAT(linesAfterBlock("a.X-A;TYPE=\"\",b:1\na.X-B;TYPE=:2\na.X-C:3"),
+              ElementsAre("a.X-A;TYPE=b:1", "a.X-B:2", "a.X-C:3"));
+}
+
 TEST(ThroughABlock, LinesThatLookEncodedSwallowNoOther) {
   const char* lines = "TEL;TYPE=QUOTED-PRINTABLE;ENCODING=QUOTED-PRINTABLE:1=3D\nTEL:2";
   for (const char* version : {"2.1", "3.0", "4.0"}) {

@@ -56,12 +56,14 @@ bool isMostPreferred(const Parameter& parameter) {
   return parameter.name == "PREF" && parameter.values.size() == 1 && parameter.values[0] == "1";
 }
 
-void appendWithoutPreference(std::string& parameters, const Parameter& types) {
+/// Empty words say nothing.
+void appendTypes(std::string& parameters, const Parameter& types, bool withPreference) {
   std::vector<std::string> kept;
   for (const std::string_view value : types.values) {
     std::string words;
     for (const std::string_view word : splitValue(value, ',')) {
-      if (!sameWord(trim(word), "PREF")) words.append(words.empty() ? "" : ",").append(word);
+      if (trim(word).empty() || (!withPreference && sameWord(trim(word), "PREF"))) continue;
+      words.append(words.empty() ? "" : ",").append(word);
     }
     if (!words.empty()) kept.push_back(std::move(words));
   }
@@ -93,8 +95,8 @@ std::string canonicalParameters(const Line& line) {
       preference == nullptr ? line.preference() == 1 : isMostPreferred(*preference);
   std::string parameters;
   for (const Parameter& parameter : line.parameters()) {
-    if (isPreferred && parameter.name == "TYPE") {
-      appendWithoutPreference(parameters, parameter);
+    if (parameter.name == "TYPE") {
+      appendTypes(parameters, parameter, !isPreferred);
     } else {
       appendParameter(parameters, parameter);
     }
