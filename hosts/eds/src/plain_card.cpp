@@ -78,7 +78,8 @@ std::string_view takeLine(std::string_view& text) {
 }  // namespace
 
 std::string_view uidOfPlainCard(std::string_view card) {
-  if (!card.starts_with(kBegin) || !card.ends_with(kEnd) || card.size() < kBegin.size() + kEnd.size()) {
+  if (!card.starts_with(kBegin) || !card.ends_with(kEnd) ||
+      card.size() < kBegin.size() + kEnd.size()) {
     return {};
   }
   std::string_view rest = card.substr(kBegin.size(), card.size() - kBegin.size() - kEnd.size());
@@ -94,7 +95,8 @@ std::string_view uidOfPlainCard(std::string_view card) {
     if (name != "UID") continue;
     const bool isWhole = !rest.starts_with(' ');
     uid = line.substr(line.find(':') + 1);
-    if (!isWhole || uid.find('\\') != std::string_view::npos || ov::card::trim(uid) != uid) return {};
+    if (!isWhole || uid.find('\\') != std::string_view::npos || ov::card::trim(uid) != uid)
+      return {};
   }
   return uid;
 }
