@@ -17,7 +17,7 @@ build_preset = cmake --build --preset $(1) -j $(BUILD_JOBS)
 test_preset = ctest --preset $(1) -j $(TEST_JOBS)
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy analyze fuzz docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
+.PHONY: help demo check setup build test coverage asan tsan tsan-live tidy analyze fuzz docs mutate format bench consumers cross symbols abi abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -61,6 +61,11 @@ tsan: setup ## Run the thread tests with clang and ThreadSanitizer
 	cmake --preset tsan
 	$(call build_preset,tsan) --target ov_thread_tests
 	$(call test_preset,tsan)
+
+tsan-live: setup ## The same for the tests of live books, with the real services
+	cmake --preset tsan
+	$(call build_preset,tsan) --target ov_live_thread_tests
+	$(call test_preset,tsan-live)
 
 tidy: setup ## Run clang-tidy over the library, the hosts and the tools
 	cmake --preset asan-ubsan

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "codec/ascii.h"
+#include "codec/utf8.h"
 
 namespace ov::eds {
 
@@ -79,7 +80,7 @@ std::string_view takeLine(std::string_view& text) {
 
 std::string_view uidOfPlainCard(std::string_view card) {
   if (!card.starts_with(kBegin) || !card.ends_with(kEnd) ||
-      card.size() < kBegin.size() + kEnd.size()) {
+      card.size() < kBegin.size() + kEnd.size() || !ov::card::isUTF8(card)) {
     return {};
   }
   std::string_view rest = card.substr(kBegin.size(), card.size() - kBegin.size() - kEnd.size());
@@ -93,10 +94,11 @@ std::string_view uidOfPlainCard(std::string_view card) {
     const std::string_view name = plainNameOf(line);
     if (name.empty() || isSpecial(name)) return {};
     if (name != "UID") continue;
-    const bool isWhole = !rest.starts_with(' ');
+    if (!uid.empty() || rest.starts_with(' ')) return {};
     uid = line.substr(line.find(':') + 1);
-    if (!isWhole || uid.find('\\') != std::string_view::npos || ov::card::trim(uid) != uid)
+    if (uid.empty() || uid.find('\\') != std::string_view::npos || ov::card::trim(uid) != uid) {
       return {};
+    }
   }
   return uid;
 }
