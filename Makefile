@@ -20,7 +20,7 @@ run_tidy = run-clang-tidy-14 -quiet -j $(BUILD_JOBS) -p build/asan-ubsan \
   'build/asan-ubsan/(src|hosts|tools)/.*/Unity/' '$(CURDIR)/(src|hosts|tools)/'
 
 .DEFAULT_GOAL := help
-.PHONY: help demo check setup build test coverage asan tsan tidy analyze fuzz docs mutate format bench consumers cross abi-baseline packages packages-check pictures install clean
+.PHONY: help demo check setup build test coverage asan tsan tsan-live tidy analyze fuzz docs mutate format bench consumers cross abi-baseline packages packages-check pictures install clean
 
 help: ## List the commands
 	@sed -n 's/^\([a-z-]*\):.*## /  make \1\t/p' $(MAKEFILE_LIST) | expand -t 18
@@ -64,6 +64,11 @@ tsan: ## Run the thread tests with clang and ThreadSanitizer
 	cmake --preset tsan
 	$(call build_preset,tsan) --target ov_thread_tests
 	$(call test_preset,tsan)
+
+tsan-live: ## The same for the tests of live books, with the real services
+	cmake --preset tsan
+	$(call build_preset,tsan) --target ov_live_thread_tests
+	$(call test_preset,tsan-live)
 
 tidy: ## Run clang-tidy over the library, the hosts and the tools
 	cmake --preset asan-ubsan

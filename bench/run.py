@@ -207,7 +207,9 @@ def measure_live(options, results):
         ("`e_book_client_get_contacts_sync`", "fetching"),
         ("`OVEDSSession::openBook`", "opening"),
         ("`OVEDSBook::load`", "loading"),
-        ("both", "both"),
+        ("opening and loading", "both"),
+        ("the call, then the name of each contact", "fetchingNames"),
+        ("loading, then the name of each person", "loadingNames"),
     )
     lines = ["| persons | | ms | × |", "|---|---|---|---|"]
     for point in found:

@@ -34,6 +34,14 @@ bool saysGroup(const Line& line) {
   return line.isNamed("KIND") && sameWord(trim(line.text()), "group");
 }
 
+OVString uidOf(const Lines& lines) {
+  for (const Line& line : lines) {
+    if (line.name() != "UID") continue;
+    if (const std::string_view id = trim(line.text()); !id.empty()) return OVString(id);
+  }
+  return nullptr;
+}
+
 PersonReading::PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVImage> photo)
     : lines_(&lines), labels_(&labels), photo_(std::move(photo)), claims_(lines.size()) {
   findGroups();

@@ -55,6 +55,8 @@ struct Claim {
 
 /// True for a line that makes its card that of a group.
 [[nodiscard]] bool saysGroup(const Line& line);
+/// The UID of a card; null when there is none.
+[[nodiscard]] OVString uidOf(const Lines& lines);
 
 /// Reads the lines of a card as the values of a person.
 class PersonReading {

@@ -52,13 +52,31 @@ const Store::Entry* ImportTransaction::find(std::string_view id) const {
 }
 
 void ImportTransaction::add(const Card& card) {
+  if (!addGroupOrNothing(card)) addPerson(card);
+}
+
+void ImportTransaction::addUnread(const Card& card) {
+  if (addGroupOrNothing(card)) return;
+  const OVString uid = uidOf(card.lines);
+  const OVString id = idFor(card, uid);
+  if (id.isNull()) return;
+  keep(std::make_shared<Person>(id, sourceOf(card), uid, book_.weak_from_this()));
+}
+
+bool ImportTransaction::addUnread(const OVString& uid, CardSource source) {
+  if (find(uid) != nullptr) return false;
+  keep(std::make_shared<Person>(uid, std::move(source), uid, book_.weak_from_this()));
+  return true;
+}
+
+bool ImportTransaction::addGroupOrNothing(const Card& card) {
   if (card.lines.empty()) {
     problems_.error(card.number, "this card is empty");
-  } else if (std::any_of(card.lines.begin(), card.lines.end(), saysGroup)) {
-    addGroup(card);
-  } else {
-    addPerson(card);
+    return true;
   }
+  if (std::none_of(card.lines.begin(), card.lines.end(), saysGroup)) return false;
+  addGroup(card);
+  return true;
 }
 
 Store::WantedID& ImportTransaction::wishFor(const OVString& id) {
@@ -111,6 +129,10 @@ void ImportTransaction::addPerson(const Card& card) {
   const auto person = std::make_shared<Person>(id, valuesOf(card.lines, reading), reading.tags(),
                                                book_.weak_from_this());
   person->setSource(sourceOf(card), reading.id());
+  keep(person);
+}
+
+void ImportTransaction::keep(const OVRef<Person>& person) {
   person->order = nextOrder_++;
   persons_.push_back(person);
   byID_.emplace(person->key(), Store::Entry{person, {}});

@@ -26,6 +26,13 @@ class ImportTransaction {
   ~ImportTransaction();
 
   void add(const Card& card);
+  /// The same, but what the card says of a person is read when somebody first asks for it.
+  void addUnread(const Card& card);
+  /// Adds a person whose card has this UID, and has not been read. False, adding nothing, when the
+  /// UID is in use.
+  bool addUnread(const OVString& uid, CardSource source);
+  /// The cards that are added from here on have their sources in this text.
+  void setText(std::shared_ptr<const std::string> text) { text_ = std::move(text); }
   /// Has a group of the book, whose members are all missing, find them.
   void rejoin(std::shared_ptr<Group> group) { rejoining_.push_back(std::move(group)); }
 
@@ -55,7 +62,10 @@ class ImportTransaction {
   [[nodiscard]] OVString idFor(const Card& card, const OVString& given);
   Store::WantedID& wishFor(const OVString& id);
   [[nodiscard]] CardSource sourceOf(const Card& card) const;
+  /// False for the card of a person.
+  bool addGroupOrNothing(const Card& card);
   void addPerson(const Card& card);
+  void keep(const OVRef<Person>& person);
   void addGroup(const Card& card);
   void addTags();
   void forgetTags() noexcept;

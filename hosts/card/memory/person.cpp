@@ -16,6 +16,8 @@
 #include "mapping/others.h"
 #include "mapping/person_card.h"
 #include "mapping/properties.h"
+#include "mapping/reading.h"
+#include "renewal.h"
 #include "store.h"
 
 namespace ov::card {
@@ -40,6 +42,26 @@ Person::Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_
   values_.shrink();
 }
 
+Person::Person(OVString id, CardSource source, OVString sourceID, std::weak_ptr<Store> book)
+    : id_(std::move(id)),
+      book_(std::move(book)),
+      source_(std::move(source)),
+      sourceID_(std::move(sourceID)),
+      isUnread_(true) {}
+
+void Person::readCard() const {
+  if (!isUnread_) return;
+  const auto book = book_.lock();
+  LabelReader ownLabels;
+  const CardText text(std::string(source_.card));
+  PersonReading reading(text.lines(), book == nullptr ? ownLabels : book->labels);
+  values_ = valuesOf(text.lines(), reading);
+  values_.shrink();
+  tags_ = reading.tags();
+  sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
+  isUnread_ = false;
+}
+
 OVString Person::addressBookID() const {
   const auto book = book_.lock();
   return book == nullptr ? OVString("") : book->id;
@@ -55,6 +77,7 @@ OVRef<OVValue> Person::valueByProperty(const OVRef<OVProperty>& property) const 
 }
 
 OVRef<OVValue> Person::find(const OVStringView& name) const {
+  readCard();
   if (name != OVProPertyTags) return values_.find(name);
   const OVList<OVString> tags = tagArray();
   if (tags.empty()) return nullptr;
@@ -72,6 +95,7 @@ void Person::setValueByProperty(const OVRef<OVValue>& value, const OVRef<OVPrope
 
 void Person::setValueByPropertyName(const OVRef<OVValue>& value, const OVString& name) {
   if (name.isNull()) return;
+  readCard();
   isHandedOut_ = true;
   if (name == OVProPertyTags) {
     const auto single = ov::cast<OVSingleValue>(value);
@@ -152,6 +176,7 @@ OVString Person::companyName() const { return text(OVProPertyCompany); }
 OVString Person::jobTitle() const { return text(OVProPertyJobTitle); }
 
 void Person::setSource(CardSource source, OVString id) {
+  readCard();
   source_ = std::move(source);
   sourceID_ = std::move(id);
   sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
@@ -159,6 +184,7 @@ void Person::setSource(CardSource source, OVString id) {
 
 void Person::become(ValueTable values, OVList<OVString> tags, CardSource source, OVString id) {
   values.shrink();
+  isUnread_ = false;
   if (const auto manager = tagManager()) {
     manager->setTagsForPersonID(tags == nullptr ? OVList<OVString>::list() : tags, id_);
   }
@@ -173,7 +199,8 @@ bool Person::isAsItCame() const {
   const auto manager = tagManager();
   if (manager == nullptr) return true;
   const OVList<OVString> tags = manager->tagsByPersonID(id_);
-  return std::equal(tags.begin(), tags.end(), tags_.begin(), tags_.end());
+  const OVList<OVString>& own = ownTags();
+  return std::equal(tags.begin(), tags.end(), own.begin(), own.end());
 }
 
 /// A person whose UID was in use has another ID, which its card gets once the other is gone.
@@ -194,6 +221,7 @@ void Person::write(std::string& out) const {
     out += source_.card;
     return;
   }
+  readCard();
   const bool wasHandedOut = isHandedOut_;
   const CardText text(std::string(source_.card));
   rewritePerson(*text.card(), *this, id, sourcePhoto_, out);

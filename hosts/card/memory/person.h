@@ -27,6 +27,8 @@ struct CardSource {
 class Person final : public IOVPerson {
  public:
   Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_ptr<Store> book);
+  /// What the card says is read when somebody first asks; `sourceID` is the UID in it, or null.
+  Person(OVString id, CardSource source, OVString sourceID, std::weak_ptr<Store> book);
 
   [[nodiscard]] OVString ID() const override { return id_; }
   /// The same; lives as long as the person.
@@ -71,7 +73,10 @@ class Person final : public IOVPerson {
   [[nodiscard]] OVString jobTitle() const override;
 
   /// The tags that count while the book has no tag manager; null for none.
-  [[nodiscard]] const OVList<OVString>& ownTags() const { return tags_; }
+  [[nodiscard]] const OVList<OVString>& ownTags() const {
+    readCard();
+    return tags_;
+  }
   /// Keeps the card, in which `id` is the UID, or null.
   void setSource(CardSource source, OVString id);
   [[nodiscard]] const CardSource& source() const { return source_; }
@@ -90,6 +95,7 @@ class Person final : public IOVPerson {
   std::uint64_t order = 0;
 
  private:
+  void readCard() const;
   [[nodiscard]] OVRef<OVValue> find(const OVStringView& name) const;
   [[nodiscard]] OVString text(const OVString& property) const;
   [[nodiscard]] OVRef<OVObject> mainDatum(const OVString& property) const;
@@ -98,12 +104,14 @@ class Person final : public IOVPerson {
   void forgetFormattedName();
 
   OVString id_;
-  ValueTable values_;
-  OVList<OVString> tags_;  // while the book has no tag manager
+  // What follows from the card is there once `readCard` has been called.
+  mutable ValueTable values_;
+  mutable OVList<OVString> tags_;  // while the book has no tag manager
   std::weak_ptr<Store> book_;
   CardSource source_;
   OVString sourceID_;
-  OVRef<OVImage> sourcePhoto_;
+  mutable OVRef<OVImage> sourcePhoto_;
+  mutable bool isUnread_ = false;
   // Whether values have been handed out or set, so that they may be others by now.
   mutable bool isHandedOut_ = false;
 };

@@ -15,7 +15,7 @@ OVRef<OVTagManager> Person::tagManager() const {
 
 OVList<OVString> Person::tagArray() const {
   const OVRef<OVTagManager> manager = tagManager();
-  const OVList<OVString> tags = manager == nullptr ? tags_ : manager->tagsByPersonID(id_);
+  const OVList<OVString> tags = manager == nullptr ? ownTags() : manager->tagsByPersonID(id_);
   return tags == nullptr ? OVList<OVString>::list() : tags.copy();
 }
 
@@ -23,7 +23,7 @@ void Person::addTag(const OVString& tag) {
   if (tag.empty()) return;
   if (const auto manager = tagManager()) {
     manager->addPersonIDForTag(id_, tag);
-  } else if (!tags_.contains(tag)) {
+  } else if (!ownTags().contains(tag)) {
     isHandedOut_ = true;
     if (tags_ == nullptr) tags_ = OVList<OVString>::list();
     tags_.push_back(tag);
@@ -34,7 +34,7 @@ void Person::removeTag(const OVString& tag) {
   if (tag.isNull()) return;
   if (const auto manager = tagManager()) {
     manager->removePersonIDFromTag(id_, tag);
-  } else if (tags_ != nullptr) {
+  } else if (ownTags() != nullptr) {
     isHandedOut_ = true;
     tags_.remove(tag);
   }
@@ -49,6 +49,7 @@ void Person::setTags(const OVList<OVString>& tags) {
   if (const auto manager = tagManager()) {
     manager->setTagsForPersonID(given, id_);
   } else {
+    readCard();
     isHandedOut_ = true;
     tags_ = given;
   }

@@ -13,6 +13,7 @@
 
 #include "group.h"
 #include "mapping/keyed_hash.h"
+#include "mapping/labels.h"
 #include "person.h"
 
 namespace ov::card {
@@ -45,6 +46,7 @@ struct Store : std::enable_shared_from_this<Store> {
   ByText<Entry> byID;
   OVRef<OVTagManager> tags;  // null until somebody asks for it
   std::uint64_t nextOrder = 0;
+  LabelReader labels;  // for persons whose cards are read late
 
   /// What is known of IDs that more than one card wanted.
   struct WantedID {

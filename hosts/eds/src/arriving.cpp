@@ -3,6 +3,7 @@
 #include "codec/card_reader.h"
 #include "memory/import_transaction.h"
 #include "memory/renewal.h"
+#include "plain_card.h"
 #include "same_card.h"
 
 namespace ov::eds {
@@ -23,33 +24,37 @@ class ReadingProblems final : public ov::card::Problems {
   std::vector<OVEDSProblem>& problems_;
 };
 
+void addTo(ov::card::ImportTransaction& arrivals, BookContent& book, std::string card,
+           ReadingProblems& problems) {
+  const OVString plainUID(uidOfPlainCard(card));
+  if (!plainUID.empty()) {
+    const auto text = std::make_shared<const std::string>(std::move(card));
+    if (arrivals.addUnread(plainUID, {text, *text})) return;
+    card = *text;
+  }
+  // Few cards are read in another form; only those are looked up.
+  if (card.find("X-EVOLUTION-LIST") != std::string::npos ||
+      card.find("PHOTO") != std::string::npos) {
+    const std::string uid = uidOf(card);
+    card = book.readable(uid, std::move(card));
+  }
+  const auto text = std::make_shared<const std::string>(std::move(card));
+  arrivals.setText(text);
+  ov::card::CardReader reader(*text, problems);
+  while (const ov::card::Card* const each = reader.next()) arrivals.addUnread(*each);
+}
+
 }  // namespace
 
 void arrive(BookContent& book, std::vector<std::string> cards,
             const std::vector<GroupRenewal>& renewals, const Progress& progress) {
   constexpr std::size_t kCardsBetweenReports = 64;
-  std::string all;
-  std::size_t size = 0;
-  for (const std::string& card : cards) size += card.size();
-  all.reserve(size);
   const std::size_t count = cards.size();
-  for (std::string& card : cards) {
-    // Few cards are read in another form; only those are looked up.
-    if (card.find("X-EVOLUTION-LIST") != std::string::npos ||
-        card.find("PHOTO") != std::string::npos) {
-      const std::string uid = uidOf(card);
-      card = book.readable(uid, std::move(card));
-    }
-    all += card;
-    card = {};
-  }
-  const auto text = std::make_shared<const std::string>(std::move(all));
   ReadingProblems problems(book.readingProblems);
-  ov::card::ImportTransaction arrivals(*book.store, nullptr, text, problems);
-  ov::card::CardReader reader(*text, problems);
+  ov::card::ImportTransaction arrivals(*book.store, nullptr, nullptr, problems);
   std::size_t read = 0;
-  while (const ov::card::Card* const card = reader.next()) {
-    arrivals.add(*card);
+  for (std::string& card : cards) {
+    addTo(arrivals, book, std::move(card), problems);
     if (progress && ++read % kCardsBetweenReports == 0) progress(read, count);
   }
   for (const GroupRenewal& renewal : renewals) {

@@ -15,10 +15,9 @@ template <class T>
 class Awaited {
  public:
   void give(T value) {
-    {
-      const std::lock_guard lock(mutex_);
-      value_.emplace(std::move(value));
-    }
+    // Whoever waits may destroy this as soon as the lock is free.
+    const std::lock_guard lock(mutex_);
+    value_.emplace(std::move(value));
     given_.notify_all();
   }
 
@@ -45,10 +44,8 @@ class Awaited {
 
  private:
   void wake() {
-    {
-      const std::lock_guard lock(mutex_);
-      isOver_ = true;
-    }
+    const std::lock_guard lock(mutex_);
+    isOver_ = true;
     given_.notify_all();
   }
 

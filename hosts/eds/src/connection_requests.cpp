@@ -68,8 +68,13 @@ std::string quoted(const std::string& text) {
 }  // namespace
 
 std::string textOf(EContact* contact) {
-  std::string text = taken(e_vcard_to_string(E_VCARD(contact), EVC_FORMAT_VCARD_30));
-  if (!text.ends_with('\n')) text += "\r\n";
+  constexpr std::string_view kEnd = "\r\n";
+  const GText card(e_vcard_to_string(E_VCARD(contact), EVC_FORMAT_VCARD_30));
+  const std::string_view view(card.get());
+  std::string text;
+  text.reserve(view.size() + kEnd.size());
+  text = view;
+  if (!text.ends_with('\n')) text += kEnd;
   return text;
 }
 

@@ -71,10 +71,7 @@ bool sayTheSame(std::string_view a, std::string_view b, Photos photos) {
 
 std::string uidOf(std::string_view card) {
   const CardText text{std::string(card)};
-  for (const Line& line : text.lines()) {
-    if (line.name() == "UID") return std::string(ov::card::trim(line.text()));
-  }
-  return {};
+  return ov::card::uidOf(text.lines()).str();
 }
 
 }  // namespace ov::eds

@@ -41,8 +41,9 @@ class OVEDSBook final : public OVAddressBook, public std::enable_shared_from_thi
 
   ~OVEDSBook() override;
 
-  /// Reads all cards; to be called once. The cards of a server are those that are kept here until
-  /// `refresh` has asked it. An error leaves the book empty.
+  /// Fetches all cards; to be called once. What a card says is read when somebody first asks its
+  /// person. The cards of a server are those that are kept here until `refresh` has asked it. An
+  /// error leaves the book empty.
   [[nodiscard]] std::error_code load(const ov::eds::Progress& progress = {},
                                      const ov::eds::Call& call = {});
   /// Has the service ask the server for news, sends what it kept for it, and waits for the end.
