@@ -38,7 +38,7 @@ OVString bookAt(OVEDSSession& session, const char* url) {
 OVRef<OVEDSBook> opened(OVEDSSession& session, const char* book) {
   const bool isURL = std::string_view(book).find("://") != std::string_view::npos;
   const OVString uid = isURL ? bookAt(session, book) : OVString(book);
-  const ov::eds::Call call{isURL ? std::chrono::seconds(30) : std::chrono::seconds(1)};
+  const ov::eds::Call call{std::chrono::seconds(isURL ? 30 : 5)};
   std::error_code error;
   auto opened = session.openBook(uid, error, call);
   require(error);
