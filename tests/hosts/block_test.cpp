@@ -127,9 +127,9 @@ TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
       ElementsAre("TEL;X-CUSTOM=Fo:1"));
 }
 
-TEST(ThroughABlock, AnEmptyTypeTakesNoLineOutOfItsGroup) {
-  EXPECT_THAT(linesAfterBlock("a.X-A;TYPE=\"\",b:1\na.X-B;TYPE=:2\na.X-C:3"),
-              ElementsAre("a.X-A;TYPE=b:1", "a.X-B:2", "a.X-C:3"));
+TEST(ThroughABlock, OddTypesTakeNoLineOutOfItsGroup) {
+  EXPECT_THAT(linesAfterBlock("a.X-A;TYPE=\"\",b:1\na.X-B;TYPE=:2\na.X-C;TYPE=\"d,,e\":3"),
+              ElementsAre("a.X-A;TYPE=b:1", "a.X-B:2", "a.X-C;TYPE=d,e:3"));
 }
 
 TEST(ThroughABlock, LinesThatLookEncodedSwallowNoOther) {

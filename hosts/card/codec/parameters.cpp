@@ -56,22 +56,6 @@ bool isMostPreferred(const Parameter& parameter) {
   return parameter.name == "PREF" && parameter.values.size() == 1 && parameter.values[0] == "1";
 }
 
-/// Empty words say nothing.
-void appendTypes(std::string& parameters, const Parameter& types, bool withPreference) {
-  std::vector<std::string> kept;
-  for (const std::string_view value : types.values) {
-    std::string words;
-    for (const std::string_view word : splitValue(value, ',')) {
-      if (trim(word).empty() || (!withPreference && sameWord(trim(word), "PREF"))) continue;
-      words.append(words.empty() ? "" : ",").append(word);
-    }
-    if (!words.empty()) kept.push_back(std::move(words));
-  }
-  if (kept.empty()) return;
-  const std::vector<std::string_view> values(kept.begin(), kept.end());
-  appendParameter(parameters, {types.name, values});
-}
-
 }  // namespace
 
 void appendParameter(std::string& parameters, std::string_view name,
@@ -87,6 +71,17 @@ void appendParameter(std::string& parameters, const Parameter& parameter) {
     appendValue(parameters, value);
     isFirst = false;
   }
+}
+
+void appendTypes(std::string& parameters, const Parameter& types, bool withPreference) {
+  std::vector<std::string_view> words;
+  for (const std::string_view value : types.values) {
+    for (const std::string_view part : splitValue(value, ',')) {
+      const std::string_view word = trim(part);
+      if (!word.empty() && (withPreference || !sameWord(word, "PREF"))) words.push_back(word);
+    }
+  }
+  if (!words.empty()) appendParameter(parameters, {types.name, words});
 }
 
 std::string canonicalParameters(const Line& line) {

@@ -18,6 +18,9 @@ void appendParameter(std::string& parameters, std::string_view name,
                      std::initializer_list<std::string_view> values);
 void appendParameter(std::string& parameters, const Parameter& parameter);
 
+/// Appends the types, each word a value of its own: with PREF among them, or without.
+void appendTypes(std::string& parameters, const Parameter& types, bool withPreference);
+
 /// All parameters of a line.
 [[nodiscard]] std::string canonicalParameters(const Line& line);
 

@@ -32,20 +32,6 @@ std::string_view olderName(std::string_view name) {
   return at == kOlderNames.end() ? name : at->older;
 }
 
-/// TYPE without PREF, each word a value of its own.
-void appendTypes(std::string& parameters, const Parameter& types) {
-  std::vector<std::string_view> words;
-  for (std::string_view value : types.values) {
-    while (!value.empty()) {
-      const std::size_t comma = std::min(value.find(','), value.size());
-      const std::string_view word = trim(value.substr(0, comma));
-      if (!word.empty() && !sameWord(word, "PREF")) words.push_back(word);
-      value.remove_prefix(std::min(comma + 1, value.size()));
-    }
-  }
-  if (!words.empty()) appendParameter(parameters, {"TYPE", words});
-}
-
 }  // namespace
 
 std::string parametersOf(const Line& line, Preference preference) {
@@ -62,7 +48,7 @@ std::string parametersOf(const Line& line, Preference preference) {
     if (parameter.name == "PREF") {
       appendRank();
     } else if (parameter.name == "TYPE") {
-      appendTypes(parameters, parameter);
+      appendTypes(parameters, parameter, false);
     } else {
       appendParameter(parameters, parameter);
     }

@@ -37,7 +37,7 @@ bool saysGroup(const Line& line) {
 OVString uidOf(const Lines& lines) {
   for (const Line& line : lines) {
     if (line.name() != "UID") continue;
-    if (const std::string_view id = trim(line.text()); !id.empty()) return OVString(id);
+    if (OVString id(trim(line.text())); !id.empty()) return id;
   }
   return nullptr;
 }

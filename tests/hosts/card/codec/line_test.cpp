@@ -43,7 +43,7 @@ TEST(Parameters, WithoutANameAreTypes) {
 TEST(Parameters, MayBeQuoted) {
   EXPECT_EQ(headerOf("ADR;LABEL=\"a:b;c, d\":1"), "ADR;LABEL=\"a:b;c, d\"");
   EXPECT_EQ(headerOf("TEL;TYPE=\"home\",\"work\":1"), "TEL;TYPE=home,work");
-  EXPECT_EQ(headerOf("TEL;TYPE=\"home,work\":1"), "TEL;TYPE=\"home,work\"");
+  EXPECT_EQ(headerOf("TEL;TYPE=\"home,work\":1"), "TEL;TYPE=home,work");
   EXPECT_EQ(headerOf("X;A=\" b \":1"), "X;A=\" b \"");
 }
 
