@@ -1,8 +1,6 @@
 #include "session_core.h"
 
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "awaited.h"
 
@@ -12,20 +10,18 @@ namespace {
 
 constexpr int kMostStarts = 3;
 
-/// Null when the service has no list of sources to give.
-using RegistryReply = Awaited<GRef<ESourceRegistry>>;
-
-/// Who waits for the list of sources. Of the sessions' thread.
-std::vector<std::shared_ptr<RegistryReply>>& waiting() {
-  thread_local std::vector<std::shared_ptr<RegistryReply>> replies;
-  return replies;
-}
-
-void registryIsThere(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-  const std::unique_ptr<std::shared_ptr<Worker>> worker(
-      static_cast<std::shared_ptr<Worker>*>(data));
-  const GRef<ESourceRegistry> registry(e_source_registry_new_finish(result, nullptr));
-  for (const auto& reply : std::exchange(waiting(), {})) reply->give(anotherRef(registry.get()));
+/// Null when the service has no list of sources to give. Released where it was made, on the thread
+/// of the sessions.
+std::shared_ptr<ESourceRegistry> newRegistry(const std::shared_ptr<Worker>& worker) {
+  ESourceRegistry* const made = e_source_registry_new_sync(nullptr, nullptr);
+  if (made == nullptr) return nullptr;
+  return {made, [worker](ESourceRegistry* registry) {
+            if (worker->isThisThread()) {
+              g_object_unref(registry);
+            } else {
+              worker->post([registry] { g_object_unref(registry); });
+            }
+          }};
 }
 
 /// Somebody took a name on the bus, or lost it.
@@ -71,14 +67,11 @@ std::error_code Session::connect(const Call& call) {
 }
 
 std::error_code Session::connectRegistry(const ServiceCall& request) {
-  // A process has one list of sources, so the making of it is never cancelled: others would be
-  // given a broken one. Who waits for it may give up, and who comes later waits for the same.
-  const auto reply = std::make_shared<RegistryReply>();
-  worker_->post([reply, worker = worker_] {
-    waiting().push_back(reply);
-    if (waiting().size() > 1) return;
-    e_source_registry_new(nullptr, registryIsThere, new std::shared_ptr<Worker>(worker));
-  });
+  // A process has one list of sources, which libebook gives to all who ask, even while another
+  // thread destroys it or after its making was cancelled. So one thread makes and destroys it, and
+  // only the waiting for it is given up.
+  const auto reply = std::make_shared<Awaited<std::shared_ptr<ESourceRegistry>>>();
+  worker_->post([reply, worker = worker_] { reply->give(newRegistry(worker)); });
   registry_ = reply->takeWithin(request).value_or(nullptr);
   if (registry_ != nullptr) return {};
   const auto early = request.ended();

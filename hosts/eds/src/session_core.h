@@ -46,7 +46,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::atomic<bool> isGone_{false};
   GRef<GDBusConnection> bus_;
   guint busWatch_ = 0;  // of the session's thread
-  GRef<ESourceRegistry> registry_;
+  std::shared_ptr<ESourceRegistry> registry_;
 };
 
 }  // namespace ov::eds
