@@ -32,3 +32,12 @@ if(OV_BUILD_FUZZERS)
   target_compile_options(ov_options INTERFACE -fsanitize=fuzzer-no-link)
   target_link_options(ov_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# Has what is below compiled by OV_TEST_COMPILER: clang takes half of g++'s time for code that is not
+# optimised, and links with what g++ has compiled.
+macro(ov_use_test_compiler)
+  if(OV_TEST_COMPILER)
+    set(CMAKE_CXX_COMPILER ${OV_TEST_COMPILER})
+    add_compile_options(-Wno-unknown-warning-option)
+  endif()
+endmacro()

@@ -97,7 +97,8 @@ endif()
 # Built with what the comparison of binary interfaces reads.
 ov_consumer_test(add_subdirectory shared -DOV_PROGRAM=main -DOV_LIBRARY=OVAddressBookSDK
                  -DCMAKE_CXX_COMPILER=clang++-14 -DCMAKE_BUILD_TYPE=Debug
-                 "-DCMAKE_CXX_FLAGS=-O1 -fstandalone-debug"
+                 -DCMAKE_CXX_FLAGS=-fstandalone-debug -DCMAKE_UNITY_BUILD=ON
+                 -DCMAKE_UNITY_BUILD_BATCH_SIZE=60
                  -DOV_SOURCE_DIR=${PROJECT_SOURCE_DIR}
                  -DOV_WARNINGS_AS_ERRORS=${OV_WARNINGS_AS_ERRORS})
 # It takes longest, so that it begins first.

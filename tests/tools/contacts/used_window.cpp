@@ -180,3 +180,6 @@ QPoint UsedWindow::pointOn(const QModelIndex& value) {
   const QRect row = list->visualRect(value);
   return {row.left() + row.width() * 3 / 10 + 40, row.center().y()};
 }
+
+// Compiled by itself, it takes as long as the rest.
+#include "moc_used_window.cpp"
