@@ -1,3 +1,6 @@
+// Steps name persons and groups by ID, since one that was removed comes back as another object. The
+// book may give it another ID, too: `laterIDs` says which.
+
 #include "book_steps.h"
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// A list of the model's row numbers, in the model's order. While everybody is shown there is no
+// list: the rows are those of the model.
+
 #include <OVAddressBookQt/persons_filter.h>
 
 #include <QtCore/QMimeData>
