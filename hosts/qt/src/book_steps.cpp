@@ -3,21 +3,13 @@
 
 #include "book_steps.h"
 
-#include <algorithm>
-
 #include <OVAddressBookSDK/notification_names.h>
+
+#include "all_groups.h"
 
 namespace ov::qt {
 
 namespace {
-
-void addBelow(const OVList<IOVGroup>& groups, std::vector<OVRef<IOVGroup>>& all) {
-  for (const auto& group : groups) {
-    if (group == nullptr || std::find(all.begin(), all.end(), group) != all.end()) continue;
-    all.push_back(group);
-    addBelow(group->subGroups(), all);
-  }
-}
 
 template <class List>
 IDs idsOf(const List& list) {
@@ -49,9 +41,7 @@ OVRef<IOVGroup> BookSteps::group(const OVString& id) const {
 }
 
 std::vector<OVRef<IOVGroup>> BookSteps::allGroups() const {
-  std::vector<OVRef<IOVGroup>> all;
-  addBelow(book->rootGroups(), all);
-  return all;
+  return withAllBelow(book->rootGroups());
 }
 
 RemovedGroup BookSteps::removeGroup(const OVString& id) {
