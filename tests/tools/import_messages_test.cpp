@@ -33,7 +33,7 @@ TEST_F(Import, NoBarIsDrawnIntoAFile) {
   EXPECT_EQ(importFiles({std::string(EXAMPLE_CONTACTS)}).err.find('\r'), std::string::npos);
 }
 
-TEST_F(Import, TellsTheFirstMessagesOfEachFile) {
+TEST_F(Import, ShowsTheFirstMessagesOfEachFile) {
   const std::string one = cardsOf("1.vcf", {card("UID:a\n" + junk(25))});
   const std::string two = cardsOf("2.vcf", {card("UID:b\n" + junk(20))});
   const auto told = [&](bool all) {
@@ -71,7 +71,7 @@ TEST_F(Import, ALossBehindTheFirstMessagesStillCounts) {
                                             "(--all-messages shows them)\n"));
 }
 
-TEST_F(Import, TellsOfEverythingThatIsLost) {
+TEST_F(Import, ReportsEverythingThatIsLost) {
   const std::pair<const char*, const char*> rows[] = {
       {"no property\n", "this line is not a valid vCard property"},
       {"END:VCARD\njunk\nBEGIN:VCARD\nFN:x\n", "this text is outside any card"},
@@ -86,7 +86,7 @@ TEST_F(Import, TellsOfEverythingThatIsLost) {
   }
 }
 
-TEST_F(Import, TellsOfEverythingThatIsChanged) {
+TEST_F(Import, ReportsEverythingThatIsChanged) {
   const std::pair<const char*, const char*> rows[] = {
       {"NOTE:\xE4\n", "were read as Windows-1252"},
       {"NOTE;CHARSET=x-unheard-of:a\n", "x-unheard-of"},

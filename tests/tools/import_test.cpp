@@ -16,7 +16,7 @@ mode_t modeOf(const std::string& path) {
   return status.st_mode & 07777;
 }
 
-TEST_F(Import, TellsWhatItWrote) {
+TEST_F(Import, SaysWhatItWrote) {
   const std::string family = card("UID:g\nKIND:group\nFN:Family\nMEMBER:a\n");
   const std::string cards = cardsOf("cards.vcf", {person("a"), person("b"), family});
   const Outcome outcome = importFiles({cards});

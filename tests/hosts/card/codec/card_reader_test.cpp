@@ -46,7 +46,7 @@ TEST(CardReader, FindsNoneInAnEmptyText) {
   }
 }
 
-TEST(CardReader, TellsTheVersion) {
+TEST(CardReader, FindsTheVersion) {
   const auto versionOf = [](std::string_view lines) {
     Version version{};
     readCards("BEGIN:VCARD\n" + std::string(lines) + "\nEND:VCARD\n",
