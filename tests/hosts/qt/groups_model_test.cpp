@@ -120,14 +120,14 @@ TEST(GroupsOfManyPaths, MakeNoMoreRowsThanCanBeShown) {
 
 TEST(GroupsOfManyLevels, AreShownAsDeepAsAnybodyLooks) {
   const FakePlatform platform;
-  OVQtBook book(bookOfLevels(50000, 1));
+  OVQtBook book(bookOfLevels(20000, 1));
   const OVGroupsModel model(&book);
   EXPECT_EQ(rowsBelow(model, model.find(OVGroupsModel::Groups, {})), 100);
 }
 
 TEST(GroupsOfManyLevels, HaveTheMembersOfAll) {
   const FakePlatform platform;
-  for (const auto& [levels, groups] : {std::pair(50000, 1), std::pair(40, 2)}) {
+  for (const auto& [levels, groups] : {std::pair(20000, 1), std::pair(40, 2)}) {
     OVQtBook book(bookOfLevels(levels, groups));
     OVPersonsModel persons(&book);
     OVPersonsFilter filter(&persons);
