@@ -1,3 +1,6 @@
+// A book holds general persons and groups only: whatever is added is copied into one, which shares
+// its values and names members and sub-groups by ID.
+
 #include <OVAddressBookSDK/address_book_general.h>
 
 #include <stdexcept>

@@ -12,7 +12,7 @@
 #include <OVAddressBookSDK/log.h>
 #include <OVAddressBookSDK/user_defaults.h>
 
-#include "book/tag_index.h"
+#include "book/tag_addition.h"
 #include "platform/maker.h"
 #include "platform/owned.h"
 
@@ -22,48 +22,10 @@ constexpr std::string_view kTagsKey = "TagsKey";
 constexpr std::string_view kTagKeyDicKey = "TagsDicKey";
 constexpr std::string_view kPersonIDDicKey = "PersonDicKey";
 
+using ov::detail::TagAddition;
 using ov::detail::TagIndex;
 using Texts = OVList<OVString>;
 using TextsByText = OVDictionary<Texts>;
-
-/// Adds a text to a list that does not hold it yet, and removes it again unless it is kept.
-class Addition {
- public:
-  Addition(OVString text, Texts list, TagIndex& index)
-      : index_(index), text_(std::move(text)), list_(std::move(list)) {
-    if (list_ == nullptr || index_.contains(list_, text_)) return;
-    index_.push_back(list_, text_);
-    isAdded_ = true;
-  }
-  /// Makes the list when there is none under the key.
-  Addition(const OVString& text, const OVString& key, const TextsByText& dictionary,
-           TagIndex& index)
-      : Addition(text, dictionary[key], index) {
-    if (list_ != nullptr || dictionary == nullptr) return;
-    dictionary.set(key, Texts::list({text}));
-    key_ = key;
-    dictionary_ = dictionary;
-  }
-  Addition(const Addition&) = delete;
-  Addition& operator=(const Addition&) = delete;
-  ~Addition() {
-    if (isAdded_) index_.remove(list_, text_);
-    if (dictionary_ != nullptr) dictionary_.erase(key_);
-  }
-
-  void keep() {
-    isAdded_ = false;
-    dictionary_ = nullptr;
-  }
-
- private:
-  TagIndex& index_;
-  OVString text_;
-  Texts list_;
-  bool isAdded_ = false;
-  OVString key_;
-  TextsByText dictionary_;  // null unless the list was made
-};
 
 void removeKey(const OVString& key, const TextsByText& dictionary) {
   if (dictionary != nullptr) dictionary.erase(key);
@@ -172,10 +134,10 @@ void OVTagManager::addPersonIDForTag(const OVString& personID, const OVString& t
   if (personID.isNull() || tag.isNull()) return;
   {
     // All three or none, also when memory runs out.
-    Addition toTags(tag, tags(), *index_);
-    Addition toPersonIDs(personID, tag, tagKeyDic(), *index_);
-    Addition toTagsOfPerson(tag, personID, personIDDic(), *index_);
-    for (Addition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
+    TagAddition toTags(tag, tags(), *index_);
+    TagAddition toPersonIDs(personID, tag, tagKeyDic(), *index_);
+    TagAddition toTagsOfPerson(tag, personID, personIDDic(), *index_);
+    for (TagAddition* each : {&toTags, &toPersonIDs, &toTagsOfPerson}) each->keep();
   }
   save();
 }

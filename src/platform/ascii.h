@@ -25,5 +25,6 @@ inline std::string asciiUpper(std::string_view text) {
 /// @}
 
 constexpr bool isASCIIDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isASCIILetter(char c) { return asciiLower(c) >= 'a' && asciiLower(c) <= 'z'; }
 
 }  // namespace ov

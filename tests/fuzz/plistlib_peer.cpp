@@ -46,9 +46,10 @@ PlistlibPeer::~PlistlibPeer() {
   ::waitpid(process_, nullptr, 0);
 }
 
-std::string PlistlibPeer::difference(std::span<const std::byte> block, std::string_view json) {
+std::string PlistlibPeer::difference(std::span<const std::byte> block,
+                                     std::string_view description) {
   send({reinterpret_cast<const char*>(block.data()), block.size()});
-  send(json);
+  send(description);
   const std::string size = receive(4);
   return receive(static_cast<std::size_t>(
       ov::detail::loadBigEndian(reinterpret_cast<const std::byte*>(size.data()), 4)));

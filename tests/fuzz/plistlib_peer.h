@@ -14,9 +14,10 @@ class PlistlibPeer {
   PlistlibPeer& operator=(const PlistlibPeer&) = delete;
   ~PlistlibPeer();
 
-  /// How the values that plistlib reads in the block differ from our description of them; "" when
-  /// they do not.
-  [[nodiscard]] std::string difference(std::span<const std::byte> block, std::string_view json);
+  /// How the values that plistlib reads in the block differ from `description` (plist_text.h); ""
+  /// when they do not.
+  [[nodiscard]] std::string difference(std::span<const std::byte> block,
+                                       std::string_view description);
 
  private:
   void send(std::string_view part) const;

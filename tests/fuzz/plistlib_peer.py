@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compares what our reader finds in property lists with what plistlib finds in them.
 
-Reads pairs from standard input, a block and our description of its values (plist_json.h), each
+Reads pairs from standard input, a block and our description of its values (plist_text.h), each
 after its length in four bytes. Answers each pair on standard output in the same way: "" when the
 values are the same, else the difference.
 
@@ -12,6 +12,7 @@ dates that Python has no value for. Nothing else is forgiven.
 import datetime
 import json
 import plistlib
+import re
 import struct
 import sys
 
@@ -22,44 +23,53 @@ class RefusedByPlistlib(Exception):
     """Why plistlib cannot read a value that we read."""
 
 
-def real(bits):
-    return struct.unpack(">d", bytes.fromhex(bits))[0]
-
-
-def date(bits):
+def date(seconds):
     try:
-        return EPOCH + datetime.timedelta(seconds=real(bits))
+        return EPOCH + datetime.timedelta(seconds=seconds)
     except (OverflowError, ValueError) as error:
         raise RefusedByPlistlib("a date") from error
 
 
-def refused(_):
-    raise RefusedByPlistlib("a set or a repaired text")
+class Description:
+    """What the text of a property list says, one token after the other."""
 
+    TOKEN = re.compile(r'\??"(?:[^"\\]|\\.)*"|[][(){}:,]|[^][(){}:,\s]+')
 
-def dictionary(entries):
-    # Of a key that is there twice plistlib takes the last.
-    return {value_of(key): value_of(value) for key, value in entries}
+    def __init__(self, text):
+        self.tokens = (found[0] for found in self.TOKEN.finditer(text))
 
+    def value(self):
+        return self.value_of(next(self.tokens))
 
-MAKE = {
-    "i": int,
-    "r": real,
-    "d": date,
-    "b": bytes.fromhex,
-    "u": lambda number: plistlib.UID(int(number)),
-    "a": lambda elements: [value_of(each) for each in elements],
-    "s": refused,
-    "m": dictionary,
-    "t": refused,
-}
+    def value_of(self, token):
+        if token == "[":
+            return [self.value_of(each) for each in self.until("]")]
+        if token == "{":
+            # Of a key that is there twice plistlib takes the last.
+            return {self.key_of(each): self.value() for each in self.until("}")}
+        if token[0] in "(?":
+            raise RefusedByPlistlib("a set or a repaired text")
+        if token[0] == "<":
+            return bytes.fromhex(token[1:-1])
+        if token[0] == "#":
+            return plistlib.UID(int(token[1:]))
+        if token[0] == "@":
+            return date(float(token[1:]))
+        if token in ("inf", "nan", "-inf", "-nan"):
+            return float(token)
+        return json.loads(token)
 
+    def until(self, end):
+        for token in self.tokens:
+            if token == end:
+                return
+            if token != ",":
+                yield token
 
-def value_of(described):
-    if not isinstance(described, dict):
-        return described
-    [(tag, content)] = described.items()
-    return MAKE[tag](content)
+    def key_of(self, token):
+        if next(self.tokens) != ":":
+            raise ValueError(f"no value for {token}")
+        return self.value_of(token) if token[0] in '"?' else token
 
 
 def same(ours, theirs):
@@ -82,7 +92,7 @@ def difference(block, description):
     except plistlib.InvalidFileException:
         theirs = RefusedByPlistlib
     try:
-        ours = value_of(json.loads(description))
+        ours = Description(description).value()
     except RefusedByPlistlib as reason:
         return "" if theirs is RefusedByPlistlib else f"plistlib was to refuse {reason}"
     if theirs is RefusedByPlistlib:
@@ -98,7 +108,8 @@ def read_part(stream):
 def main():
     sys.setrecursionlimit(20000)
     while (block := read_part(sys.stdin.buffer)) is not None:
-        answer = difference(block, read_part(sys.stdin.buffer)).encode(errors="replace")
+        description = read_part(sys.stdin.buffer).decode()
+        answer = difference(block, description).encode(errors="replace")
         sys.stdout.buffer.write(len(answer).to_bytes(4, "big") + answer)
         sys.stdout.buffer.flush()
 

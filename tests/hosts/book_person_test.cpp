@@ -76,7 +76,7 @@ TEST(BookPerson, KeepsValuesUnderNamesOfTheHost) {
   EXPECT_TRUE(one->notNullValueProperty().empty());
 }
 
-TEST(BookPerson, TellsWhichPropertiesItHas) {
+TEST(BookPerson, KnowsWhichPropertiesItHas) {
   std::vector<std::string> names;
   const auto properties = person("NOTE:x\nN:L\nCATEGORIES:a\nTEL:1")->notNullValueProperty();
   for (const OVRef<OVProperty> property : properties) names.push_back(property->name().str());

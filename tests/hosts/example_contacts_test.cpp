@@ -1,11 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <OVAddressBookSDK/address_book_general.h>
-#include <OVAddressBookVCard/vcard_export.h>
-
 #include "hosts/cards.h"
-#include "hosts/snapshot.h"
+#include "hosts/through_block.h"
 #include "support/fakes/fake_platform.h"
 #include "support/printers.h"
 
@@ -95,10 +92,7 @@ TEST_F(ExampleContacts, HaveGroupsInGroups) {
 }
 
 TEST_F(ExampleContacts, ComeBackThroughSnapshotAndExport) {
-  const auto block = snapshotOf(*book)->saveToData();
-  const auto restored =
-      ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
-  const auto again = bookOf(ov::vcard::exportBook(restored)->text());
+  const auto again = bookOf(throughBlock(*book));
   EXPECT_THAT(problems(*again), IsEmpty());
   EXPECT_EQ(description(*again), description(*book));
 }

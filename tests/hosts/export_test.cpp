@@ -11,7 +11,7 @@
 
 #include "book/host_persons.h"
 #include "hosts/cards.h"
-#include "hosts/snapshot.h"
+#include "hosts/through_block.h"
 #include "support/archive/archived_fields.h"
 #include "support/printers.h"
 
@@ -73,10 +73,7 @@ TEST(Export, OfAHostsBookWritesEachGroupOnce) {
 
 TEST(Export, OfASnapshotIsReadBack) {
   const auto book = bookOf(kBook);
-  const auto block = snapshotOf(*book)->saveToData();
-  const auto restored =
-      ov::cast<OVAddressBookGeneral>(OVAddressBookGeneral::addressBookWithData(block));
-  const auto again = bookOf(ov::vcard::exportBook(restored)->text());
+  const auto again = bookOf(throughBlock(*book));
   EXPECT_THAT(problems(*again), IsEmpty());
   EXPECT_EQ(description(*again), description(*book));
 }

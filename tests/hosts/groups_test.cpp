@@ -81,7 +81,7 @@ TEST(Groups, NeverContainThemselves) {
   EXPECT_EQ(book->saveData()->text(), text);
 }
 
-TEST(Groups, TellOfMembersThatAreInNoFile) {
+TEST(Groups, ReportMembersThatAreInNoFile) {
   const auto book = bookOf(groupCard("g", "MEMBER:p\nMEMBER:mailto:x@example.com"));
   EXPECT_THAT(problems(*book),
               ElementsAre("5: the member p is not in any file",

@@ -84,7 +84,7 @@ TEST(Save, CallsTheBlockAfterwards) {
   book->saveDataBlock({});
 }
 
-TEST(Save, TellsWhatWentWrong) {
+TEST(Save, SaysWhatWentWrong) {
   const TemporaryFolder folder;
   const auto book = OVVCardBook::initWithPath(folder.at("none/book.vcf"));
   book->save();

@@ -74,7 +74,6 @@ struct Binding {
   [[nodiscard]] bool isLabelled() const { return descriptor().valueType() == OVValueTypeMultiple; }
   [[nodiscard]] bool understands(std::string_view parameter) const;
   /// Whether both are about the same property.
-  [[nodiscard]] bool isAbout(const Binding& other) const { return property == other.property; }
 };
 
 /// All of them, in the order in which they are written.

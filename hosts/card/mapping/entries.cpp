@@ -64,7 +64,7 @@ bool spellEmail(const Binding& /*binding*/, const PersonValues& /*values*/,
   return email != nullptr;
 }
 
-Fit readURL(const Line& line, const Binding& binding, PersonReading& reading) {
+Fit readTextEntry(const Line& line, const Binding& binding, PersonReading& reading) {
   if (line.isBase64()) return Fit::Other;
   if (line.text().empty()) return Fit::Nothing;
   return reading.add(line, binding, OVString(line.text()));
@@ -75,10 +75,6 @@ bool spellURL(const Binding& /*binding*/, const PersonValues& /*values*/,
   const OVString url = ov::cast<OVString>(entry->value());
   spelling.value = escapeURI(url);
   return !url.isNull();
-}
-
-Fit readRelatedName(const Line& line, const Binding& binding, PersonReading& reading) {
-  return readURL(line, binding, reading);
 }
 
 bool spellRelatedName(const Binding& /*binding*/, const PersonValues& /*values*/,

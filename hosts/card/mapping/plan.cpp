@@ -1,3 +1,6 @@
+// Entries of now are paired with the lines that said them before. A line is kept where its entry is
+// still there; the marks of main entries are put right last.
+
 #include "plan.h"
 
 #include <algorithm>

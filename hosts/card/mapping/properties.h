@@ -82,11 +82,10 @@ Fit readEmail(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellEmail(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                 Spelling& spelling);
 /// URL.
-Fit readURL(const Line& line, const Binding& binding, PersonReading& reading);
+Fit readTextEntry(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellURL(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
               Spelling& spelling);
 /// RELATED: related names.
-Fit readRelatedName(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellRelatedName(const Binding& binding, const PersonValues& values,
                       const OVSingleValue* entry, Spelling& spelling);
 /// X-ANDROID-CUSTOM: a nickname, a date or a related name.

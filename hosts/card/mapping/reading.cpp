@@ -1,6 +1,5 @@
 // Reads the values of a person from the lines of a card. Each line is claimed by the binding of its
-// name, in two passes: reading gives the values; judging then marks as odd what writing the values
-// would not give again (unusual parameters, groups, preferences), so that those lines are kept.
+// name; what has been read is then judged (judging.cpp).
 
 #include "reading.h"
 
@@ -229,67 +228,6 @@ Fit PersonReading::fitOf(const Line& line, const PersonValues* values) {
   probe.current_ = &claim;
   probe.formatted_ = &line;
   return binding->read(line, *binding, probe);
-}
-
-/// One preferred entry is the main one; more than that only the lines themselves say.
-void PersonReading::judgePreferences() {
-  for (const Several& several : several_) {
-    std::vector<std::size_t> preferred;
-    bool isOdd = false;
-    for (std::size_t i = 0; i < claims_.size(); ++i) {
-      const Claim& claim = claims_[i];
-      if (claim.binding == nullptr || claim.binding->property != several.property ||
-          claim.binding == &otherBinding() || claim.fit == Fit::Nothing ||
-          (*lines_)[i].preference() == kNotPreferred) {
-        continue;
-      }
-      isOdd |= (*lines_)[i].preference() != 1 || !preferred.empty();
-      preferred.push_back(i);
-    }
-    for (const std::size_t i : preferred) claims_[i].isOdd |= isOdd;
-  }
-}
-
-void PersonReading::judgeGroups() {
-  for (Claim& claim : claims_) {
-    if (claim.group == nullptr || claim.role != Claim::Role::Value) continue;
-    claim.isOdd |= claim.group->count > 1 && claim.fit != Fit::Nothing;
-    claim.group->isOdd |= claim.isOdd;
-  }
-  for (Claim& claim : claims_) {
-    if (claim.role == Claim::Role::Companion) claim.isOdd = claim.group->isOdd;
-  }
-}
-
-/// Lines that say one thing together are odd together.
-void PersonReading::judgeLinesOfOneProperty() {
-  std::vector<const OVString*> odd;
-  Claim* usualName = nullptr;  // writing the name gives it again, unless there is a second one
-  for (std::size_t i = 0; i < claims_.size(); ++i) {
-    if (&(*lines_)[i] == formatted_ && claims_[i].fit == Fit::Usual) usualName = &claims_[i];
-  }
-  bool hasSecondName = false;
-  for (std::size_t i = 0; i < claims_.size(); ++i) {
-    const Claim& claim = claims_[i];
-    const bool isSecondName =
-        usualName != nullptr && claim.binding == &otherBinding() && (*lines_)[i].name() == "FN";
-    hasSecondName |= isSecondName;
-    if (!claim.isOdd && !isSecondName) continue;
-    const Binding* const binding =
-        claim.binding == &otherBinding() ? bindingOf((*lines_)[i]) : claim.binding;
-    if (binding != nullptr && !binding->isLabelled() &&
-        std::find(odd.begin(), odd.end(), binding->property) == odd.end()) {
-      odd.push_back(binding->property);
-    }
-  }
-  if (odd.empty()) return;
-  for (Claim& claim : claims_) {
-    if (claim.binding == nullptr || claim.binding->isLabelled() || claim.fit == Fit::Nothing) {
-      continue;
-    }
-    if (&claim == usualName && !hasSecondName) continue;
-    claim.isOdd |= std::find(odd.begin(), odd.end(), claim.binding->property) != odd.end();
-  }
 }
 
 }  // namespace ov::card

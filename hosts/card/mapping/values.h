@@ -30,6 +30,15 @@ class ValueTable {
 /// value may hold several in a foreign book, and the other way round.
 [[nodiscard]] Entries entriesOf(const OVRef<OVValue>& value);
 
+/// The datum of the first of them that is a T; null without one.
+template <class T>
+[[nodiscard]] ov::Handle<T> datumIn(const OVRef<OVValue>& held) {
+  for (const OVRef<OVSingleValue>& entry : entriesOf(held)) {
+    if (auto found = ov::cast<T>(entry->value())) return found;
+  }
+  return nullptr;
+}
+
 /// Reads a person's values whatever shape they have.
 class PersonValues {
  public:
@@ -45,10 +54,7 @@ class PersonValues {
   /// The datum of the first entry that holds a T; null without one.
   template <class T>
   [[nodiscard]] ov::Handle<T> datum(const OVString& property) const {
-    for (const OVRef<OVSingleValue>& entry : entries(property)) {
-      if (auto found = ov::cast<T>(entry->value())) return found;
-    }
-    return nullptr;
+    return datumIn<T>(value(property));
   }
   [[nodiscard]] OVString text(const OVString& property) const { return datum<OVString>(property); }
 

@@ -1,9 +1,6 @@
-// A person of a book over cards. It keeps a view of its card, and notes when its values may have
-// been changed: until then the card is written as it was, without a look at the values.
+// The values of a person of a book over cards.
 
 #include "person.h"
-
-#include <algorithm>
 
 #include <OVAddressBookSDK/email.h>
 #include <OVAddressBookSDK/image.h>
@@ -13,26 +10,10 @@
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/phone.h>
 
-#include "mapping/others.h"
-#include "mapping/person_card.h"
 #include "mapping/properties.h"
-#include "mapping/reading.h"
-#include "renewal.h"
 #include "store.h"
 
 namespace ov::card {
-
-namespace {
-
-template <class T>
-ov::Handle<T> datumOf(const OVRef<OVValue>& value) {
-  for (const OVRef<OVSingleValue>& entry : entriesOf(value)) {
-    if (auto found = ov::cast<T>(entry->value())) return found;
-  }
-  return nullptr;
-}
-
-}  // namespace
 
 Person::Person(OVString id, ValueTable values, OVList<OVString> tags, std::weak_ptr<Store> book)
     : id_(std::move(id)),
@@ -49,26 +30,13 @@ Person::Person(OVString id, CardSource source, OVString sourceID, std::weak_ptr<
       sourceID_(std::move(sourceID)),
       isUnread_(true) {}
 
-void Person::readCard() const {
-  if (!isUnread_) return;
-  const auto book = book_.lock();
-  LabelReader ownLabels;
-  const CardText text(std::string(source_.card));
-  PersonReading reading(text.lines(), book == nullptr ? ownLabels : book->labels);
-  values_ = valuesOf(text.lines(), reading);
-  values_.shrink();
-  tags_ = reading.tags();
-  sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
-  isUnread_ = false;
-}
-
 OVString Person::addressBookID() const {
   const auto book = book_.lock();
   return book == nullptr ? OVString("") : book->id;
 }
 
 OVString Person::displayName() const {
-  const auto name = datumOf<OVObjectPersonName>(find(OVProPertyName));
+  const auto name = datumIn<OVObjectPersonName>(find(OVProPertyName));
   return name == nullptr ? OVString("") : name->displayString();
 }
 
@@ -120,7 +88,7 @@ void Person::forgetFormattedName() {
   if (others->count() == 0) values_.set(OVProPertyOther, nullptr);
 }
 
-OVRef<OVImage> Person::thumbnail() const { return datumOf<OVImage>(find(OVProPertyThumbnail)); }
+OVRef<OVImage> Person::thumbnail() const { return datumIn<OVImage>(find(OVProPertyThumbnail)); }
 
 void Person::setThumbnail(const OVRef<OVImage>& image) {
   const OVRef<OVProperty> property = OVProperty::propertyWithName(OVProPertyThumbnail);
@@ -154,7 +122,7 @@ OVList<OVProperty> Person::notNullValueProperty() const {
   return properties;
 }
 
-OVString Person::text(const OVString& property) const { return datumOf<OVString>(find(property)); }
+OVString Person::text(const OVString& property) const { return datumIn<OVString>(find(property)); }
 
 void Person::setIsOrganization(bool isOrganization) {
   const OVRef<OVProperty> property = OVProperty::propertyWithName(OVProPertyIsOrganization);
@@ -174,58 +142,5 @@ OVString Person::showName() const {
 OVString Person::companyName() const { return text(OVProPertyCompany); }
 
 OVString Person::jobTitle() const { return text(OVProPertyJobTitle); }
-
-void Person::setSource(CardSource source, OVString id) {
-  readCard();
-  source_ = std::move(source);
-  sourceID_ = std::move(id);
-  sourcePhoto_ = datumOf<OVImage>(values_.find(OVProPertyThumbnail));
-}
-
-void Person::become(ValueTable values, OVList<OVString> tags, CardSource source, OVString id) {
-  values.shrink();
-  isUnread_ = false;
-  if (const auto manager = tagManager()) {
-    manager->setTagsForPersonID(tags == nullptr ? OVList<OVString>::list() : tags, id_);
-  }
-  values_ = std::move(values);
-  tags_ = std::move(tags);
-  setSource(std::move(source), std::move(id));
-  isHandedOut_ = false;
-}
-
-bool Person::isAsItCame() const {
-  if (isHandedOut_) return false;
-  const auto manager = tagManager();
-  if (manager == nullptr) return true;
-  const OVList<OVString> tags = manager->tagsByPersonID(id_);
-  const OVList<OVString>& own = ownTags();
-  return std::equal(tags.begin(), tags.end(), own.begin(), own.end());
-}
-
-/// A person whose UID was in use has another ID, which its card gets once the other is gone.
-OVString Person::idToWrite() const {
-  const auto book = book_.lock();
-  const bool isGivenAgain =
-      !sourceID_.isNull() && sourceID_ != id_ && book != nullptr && book->has(sourceID_);
-  return isGivenAgain ? sourceID_ : id_;
-}
-
-void Person::write(std::string& out) const {
-  if (source_.card.empty()) {
-    writePerson(*this, id_, out);
-    return;
-  }
-  const OVString id = idToWrite();
-  if (isAsItCame() && (sourceID_.isNull() || id == sourceID_)) {
-    out += source_.card;
-    return;
-  }
-  readCard();
-  const bool wasHandedOut = isHandedOut_;
-  const CardText text(std::string(source_.card));
-  rewritePerson(*text.card(), *this, id, sourcePhoto_, out);
-  isHandedOut_ = wasHandedOut;
-}
 
 }  // namespace ov::card

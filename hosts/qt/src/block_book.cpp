@@ -1,3 +1,6 @@
+// A general book behind the interface of any book. It keeps neither groups nor tags as programs see
+// them: both are made from its dictionaries when somebody asks for them.
+
 #include <OVAddressBookQt/block_book.h>
 
 #include <unordered_set>

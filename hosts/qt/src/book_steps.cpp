@@ -1,20 +1,15 @@
+// Steps name persons and groups by ID, since one that was removed comes back as another object. The
+// book may give it another ID, too: `laterIDs` says which.
+
 #include "book_steps.h"
 
-#include <algorithm>
-
 #include <OVAddressBookSDK/notification_names.h>
+
+#include "all_groups.h"
 
 namespace ov::qt {
 
 namespace {
-
-void addBelow(const OVList<IOVGroup>& groups, std::vector<OVRef<IOVGroup>>& all) {
-  for (const auto& group : groups) {
-    if (group == nullptr || std::find(all.begin(), all.end(), group) != all.end()) continue;
-    all.push_back(group);
-    addBelow(group->subGroups(), all);
-  }
-}
 
 template <class List>
 IDs idsOf(const List& list) {
@@ -46,9 +41,7 @@ OVRef<IOVGroup> BookSteps::group(const OVString& id) const {
 }
 
 std::vector<OVRef<IOVGroup>> BookSteps::allGroups() const {
-  std::vector<OVRef<IOVGroup>> all;
-  addBelow(book->rootGroups(), all);
-  return all;
+  return withAllBelow(book->rootGroups());
 }
 
 RemovedGroup BookSteps::removeGroup(const OVString& id) {

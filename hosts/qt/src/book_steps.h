@@ -44,8 +44,8 @@ struct BookSteps {
   [[nodiscard]] std::vector<OVRef<IOVGroup>> allGroups() const;
 
   void setValue(const OVString& id, const OVString& property, const OVRef<OVValue>& value);
-  /// Of this and the next two, groups and tags that change with the persons are told of by the
-  /// caller. The persons that came; fewer when the book takes none.
+  /// This and the next two leave it to the caller to report groups and tags that change with the
+  /// persons. Returns the persons that came; fewer when the book takes none.
   Persons bring(const Persons& persons);
   std::vector<RemovedPerson> remove(const IDs& ids);
   void bringBack(const std::vector<RemovedPerson>& removed);

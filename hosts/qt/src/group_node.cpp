@@ -1,5 +1,7 @@
 #include "group_node.h"
 
+#include <deque>
+
 #include <OVAddressBookSDK/tag_manager.h>
 
 namespace ov::qt {
@@ -22,11 +24,27 @@ bool isAbove(const GroupNode& node, const OVRef<IOVGroup>& group) {
   return false;
 }
 
-void addGroups(GroupNode& parent, const OVList<IOVGroup>& groups) {
-  for (const auto& group : groups) {
-    if (group == nullptr || isAbove(parent, group)) continue;
-    addGroups(parent.add(node(OVGroupsModel::Group, group->displayName(), group)),
-              group->subGroups());
+/// Groups whose sub-groups are still to be added.
+struct Level {
+  GroupNode* parent;
+  OVList<IOVGroup> groups;
+  int depth;
+};
+
+/// Level by level, so that what is left out of a tree without end is at its bottom.
+void addGroups(GroupNode& top, const OVList<IOVGroup>& roots) {
+  constexpr int kMaxDepth = 100;
+  constexpr std::size_t kMaxRows = 20000;
+  std::size_t rows = 0;
+  std::deque<Level> open{{&top, roots, 1}};
+  for (; !open.empty(); open.pop_front()) {
+    const Level level = open.front();
+    for (const auto& group : level.groups) {
+      if (group == nullptr || isAbove(*level.parent, group)) continue;
+      if (++rows > kMaxRows) return;
+      GroupNode& row = level.parent->add(node(OVGroupsModel::Group, group->displayName(), group));
+      if (level.depth < kMaxDepth) open.push_back({&row, group->subGroups(), level.depth + 1});
+    }
   }
 }
 

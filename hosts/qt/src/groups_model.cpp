@@ -1,3 +1,6 @@
+// After a change the whole tree is built again, and the shown one adopts the rows that differ, so
+// that views keep what is selected and open.
+
 #include <OVAddressBookQt/groups_model.h>
 
 #include <QtCore/QMimeData>

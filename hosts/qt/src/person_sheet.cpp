@@ -1,3 +1,6 @@
+// After a change all rows are made again, and only those that differ are inserted or removed, so
+// that views keep what is selected.
+
 #include <OVAddressBookQt/person_sheet.h>
 
 #include <QtCore/QUrl>

@@ -1,3 +1,6 @@
+// A list of the model's row numbers, in the model's order. While everybody is shown there is no
+// list: the rows are those of the model.
+
 #include <OVAddressBookQt/persons_filter.h>
 
 #include <QtCore/QMimeData>
@@ -6,19 +9,7 @@
 
 #include <OVAddressBookQt/qt_text.h>
 
-namespace {
-
-void addMembers(const OVRef<IOVGroup>& group, std::vector<OVRef<IOVGroup>>& met,
-                std::vector<const IOVPerson*>& members) {
-  if (group == nullptr || std::find(met.begin(), met.end(), group) != met.end()) return;
-  met.push_back(group);
-  const auto persons = group->persons();
-  for (const auto& person : persons) members.push_back(person.get());
-  const auto below = group->subGroups();
-  for (const auto& each : below) addMembers(each, met, members);
-}
-
-}  // namespace
+#include "all_groups.h"
 
 OVPersonsFilter::OVPersonsFilter(OVPersonsModel* persons, QObject* parent)
     : QAbstractProxyModel(parent), persons_(persons) {
@@ -54,8 +45,12 @@ void OVPersonsFilter::setPersons(const OVList<OVString>& IDs) {
 
 void OVPersonsFilter::setGroup(const OVRef<IOVGroup>& group) {
   auto chosen = std::make_unique<Chosen>();
-  std::vector<OVRef<IOVGroup>> met;
-  addMembers(group, met, *chosen);
+  auto groups = OVList<IOVGroup>::list();
+  if (group != nullptr) groups.push_back(group);
+  for (const auto& each : ov::qt::withAllBelow(groups)) {
+    const auto persons = each->persons();
+    for (const auto& person : persons) chosen->push_back(person.get());
+  }
   choose(std::move(chosen));
 }
 

@@ -1,3 +1,5 @@
+// Sorted by the library once; a person who is added or changed is placed by binary search.
+
 #include <OVAddressBookQt/persons_model.h>
 
 #include <algorithm>

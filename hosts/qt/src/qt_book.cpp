@@ -1,3 +1,6 @@
+// Passes on, on the thread of the book, what is reported through the notification centre from any
+// thread. What the book itself does is reported by its steps, and not once more.
+
 #include <OVAddressBookQt/qt_book.h>
 
 #include <QtCore/QCoreApplication>

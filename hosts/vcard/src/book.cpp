@@ -1,3 +1,5 @@
+// A file is loaded in one transaction: all of its cards, or none when memory runs out.
+
 #include <OVAddressBookVCard/vcard_book.h>
 
 #include <algorithm>

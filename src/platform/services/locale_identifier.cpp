@@ -19,11 +19,9 @@ constexpr std::pair<std::string_view, std::string_view> kScripts[] = {
     {"hans", "Hans"},   {"hant", "Hant"},     {"latin", "Latn"},
 };
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
 bool isLetters(std::string_view text, std::size_t shortest, std::size_t longest) {
   return text.size() >= shortest && text.size() <= longest &&
-         std::all_of(text.begin(), text.end(), &isLetter);
+         std::all_of(text.begin(), text.end(), &isASCIILetter);
 }
 
 bool isRegion(std::string_view text) {
@@ -35,7 +33,7 @@ bool isVariant(std::string_view text) {
   const std::size_t shortest = !text.empty() && isASCIIDigit(text.front()) ? 4 : 5;
   return text.size() >= shortest && text.size() <= 8 &&
          std::all_of(text.begin(), text.end(),
-                     [](char c) { return isLetter(c) || isASCIIDigit(c); });
+                     [](char c) { return isASCIILetter(c) || isASCIIDigit(c); });
 }
 
 struct Parts {

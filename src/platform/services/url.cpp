@@ -7,20 +7,20 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/ascii.h"
+
 namespace ov {
 
 namespace {
 
 constexpr std::string_view kSubDelimiters = "!$&'()*+,;=";
 
-bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
 bool isHexDigit(char c) {
-  return isAsciiDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+  return isASCIIDigit(c) || (asciiLower(c) >= 'a' && asciiLower(c) <= 'f');
 }
 bool isOneOf(std::string_view set, char c) { return set.find(c) != std::string_view::npos; }
 bool isPlain(char c) {
-  return isAsciiLetter(c) || isAsciiDigit(c) || isOneOf("-._~", c) || isOneOf(kSubDelimiters, c);
+  return isASCIILetter(c) || isASCIIDigit(c) || isOneOf("-._~", c) || isOneOf(kSubDelimiters, c);
 }
 
 template <class Test>
@@ -42,8 +42,8 @@ bool isEscaped(std::string_view text, std::string_view more) {
 }
 
 bool isScheme(std::string_view text) {
-  return !text.empty() && isAsciiLetter(text.front()) &&
-         all(text, [](char c) { return isAsciiLetter(c) || isAsciiDigit(c) || isOneOf("+-.", c); });
+  return !text.empty() && isASCIILetter(text.front()) &&
+         all(text, [](char c) { return isASCIILetter(c) || isASCIIDigit(c) || isOneOf("+-.", c); });
 }
 
 /// What is between the brackets of an address of IPv6 or later.
@@ -69,11 +69,11 @@ bool isAuthority(std::string_view text) {
     const auto end = text.find(']');
     if (end == std::string_view::npos || !isAddress(text.substr(1, end - 1))) return false;
     const auto port = text.substr(end + 1);
-    return port.empty() || (port.front() == ':' && all(port.substr(1), &isAsciiDigit));
+    return port.empty() || (port.front() == ':' && all(port.substr(1), &isASCIIDigit));
   }
   const auto colon = text.find(':');
   if (!isEscaped(text.substr(0, colon), "")) return false;
-  return colon == std::string_view::npos || all(text.substr(colon + 1), &isAsciiDigit);
+  return colon == std::string_view::npos || all(text.substr(colon + 1), &isASCIIDigit);
 }
 
 /// Cuts `text` before the first of `delimiters`, which begins what is returned.

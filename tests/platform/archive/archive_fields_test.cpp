@@ -154,13 +154,13 @@ TEST(ArchiveFields, KeysMayBeAnyText) {
 TEST(ArchiveFields, AKeyWithoutCharactersMayBeAnEmptyView) {
   EXPECT_EQ(
       fieldsOf([](OVKeyedArchiver& coder) { coder.encodeIntegerForKey(1, std::string_view()); }),
-      "{: 1, $class: #2}");
+      "{\"\": 1, $class: #2}");
 }
 
 // A key is a text like any other: what is ill-formed in it is repaired, never read past its end.
 TEST(ArchiveFields, IllFormedKeysAreRepaired) {
   EXPECT_EQ(fieldsOf([](OVKeyedArchiver& coder) { coder.encodeIntegerForKey(1, "bad\xF0"); }),
-            "{bad\uFFFD: 1, $class: #2}");
+            "{\"bad\uFFFD\": 1, $class: #2}");
 }
 
 TEST(ArchiveFields, OfTwoFieldsWithOneKeyTheFirstCounts) {

@@ -111,7 +111,7 @@ TEST(ArchiveGuards, OfAKeyTwiceTheFirstCounts) {
   EXPECT_EQ(read["key"], "first");
 }
 
-TEST(ArchiveGuards, EntriesOfTheTopWhoseKeyStoodBeforeAreWrittenBack) {
+TEST(ArchiveGuards, EntriesOfTheTopWithARepeatedKeyAreWrittenBack) {
   ArchiveBuilder archive;
   const auto text = [&](const char* each) { return archive.to(archive.addText(each)); };
   const auto top = archive.fields({{"a", text("first")}, {"a", text("second")}});

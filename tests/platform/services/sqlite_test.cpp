@@ -55,7 +55,7 @@ TEST_F(Sqlite, FollowsNoSymbolicLink) {
   EXPECT_THROW(Database(folder_.at("folder") + "/database", deadline_), Error);
 }
 
-TEST_F(Sqlite, TellsFilesThatAreAtFaultFromOtherFailures) {
+TEST_F(Sqlite, DistinguishesFilesThatAreAtFault) {
   const auto isInFile = [this](const std::string& path) {
     try {
       Database(path, deadline_).execute("SELECT * FROM t");

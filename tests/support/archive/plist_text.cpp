@@ -1,9 +1,14 @@
 #include "support/archive/plist_text.h"
 
-#include <sstream>
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <stdexcept>
 
+#include <OVAddressBookSDK/keyed_unarchiver.h>
+
 #include "platform/archive/plist_reader.h"
+#include "support/archive/listed_values.h"
 
 namespace {
 
@@ -11,12 +16,38 @@ using ov::detail::PlistItem;
 using ov::detail::PlistReader;
 using Kind = PlistItem::Kind;
 
+constexpr std::size_t kLongest = 1U << 18;
+constexpr unsigned kMaxDepth = 512;
+
+/// Keys that need no quotes.
+bool isPlain(std::string_view key) {
+  return !key.empty() && std::ranges::all_of(key, [](char each) {
+    return (each >= '0' && each <= '9') || ((each | 0x20) >= 'a' && (each | 0x20) <= 'z') ||
+           each == '$' || each == '_' || each == '.';
+  });
+}
+
+/// Whether surrogates are alone in it: the reader puts U+FFFD in their place.
+bool isRepaired(const PlistItem& item) {
+  if (item.kind != Kind::utf16) return false;
+  bool isOpen = false;
+  for (std::uint64_t i = 0; i < item.count; ++i) {
+    const std::uint64_t unit = ov::detail::loadBigEndian(item.bytes + 2 * i, 2);
+    const bool isLow = unit >= 0xDC00 && unit < 0xE000;
+    if (isLow != isOpen) return true;
+    isOpen = unit >= 0xD800 && unit < 0xDC00;
+  }
+  return isOpen;
+}
+
 class Printer {
  public:
   explicit Printer(const OVRef<OVData>& block) : reader_(block->bytes()) {}
 
-  std::string object(std::uint64_t number) {
+  std::string object(std::uint64_t number, unsigned depth = 0) {
     const PlistItem item = reader_.item(number);
+    written_ += item.count + 16;
+    if (written_ > kLongest || depth > kMaxDepth) throw OVInvalidArchive("too much");
     switch (item.kind) {
       case Kind::null:
         return "null";
@@ -29,17 +60,17 @@ class Printer {
       case Kind::date:
         return "@" + real(item);
       case Kind::data:
-        return data(item);
+        return listedData(*OVData::dataWithBytes(reader_.data(item)));
       case Kind::uid:
         return "#" + std::to_string(reader_.uid(item));
       case Kind::array:
-        return "[" + elements(item) + "]";
+        return "[" + elements(item, depth + 1) + "]";
       case Kind::set:
-        return "(" + elements(item) + ")";
+        return "(" + elements(item, depth + 1) + ")";
       case Kind::dictionary:
-        return dictionary(item);
+        return dictionary(item, depth + 1);
       default:
-        return '"' + text(item) + '"';
+        return (isRepaired(item) ? "?" : "") + listedText(text(item));
     }
   }
 
@@ -71,42 +102,42 @@ class Printer {
   }
 
   std::string real(const PlistItem& item) {
-    std::ostringstream stream;
-    stream << reader_.real(item);
-    const bool isWhole = stream.str().find_first_not_of("-0123456789") == std::string::npos;
-    return stream.str() + (isWhole ? ".0" : "");
+    std::array<char, 32> buffer{};
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), reader_.real(item));
+    const std::string digits(buffer.data(), end.ptr);
+    const bool isWhole = digits.find_first_not_of("-0123456789") == std::string::npos;
+    return digits + (isWhole ? ".0" : "");
   }
 
-  std::string data(const PlistItem& item) {
-    static constexpr char kDigits[] = "0123456789abcdef";
-    std::string result = "<";
-    for (const std::byte byte : reader_.data(item)) {
-      result += kDigits[static_cast<unsigned>(byte) >> 4];
-      result += kDigits[static_cast<unsigned>(byte) & 15];
-    }
-    return result + ">";
-  }
-
-  std::string elements(const PlistItem& container) {
+  std::string elements(const PlistItem& container, unsigned depth) {
     std::string result;
     for (std::uint64_t i = 0; i < container.count; ++i) {
       if (i != 0) result += ", ";
-      result += object(reader_.reference(container, i));
+      result += object(reader_.reference(container, i), depth);
     }
     return result;
   }
 
-  std::string dictionary(const PlistItem& item) {
+  std::string dictionary(const PlistItem& item, unsigned depth) {
     std::string result;
     for (std::uint64_t i = 0; i < item.count; ++i) {
       if (i != 0) result += ", ";
-      result += text(reader_.item(reader_.reference(item, i))) + ": ";
-      result += object(reader_.reference(item, item.count + i));
+      result += key(reader_.item(reader_.reference(item, i))) + ": ";
+      result += object(reader_.reference(item, item.count + i), depth);
     }
     return "{" + result + "}";
   }
 
+  std::string key(const PlistItem& item) {
+    if (!PlistReader::isText(item)) throw OVInvalidArchive("a key that is not text");
+    std::string result = text(item);
+    if (isPlain(result)) return result;
+    return (isRepaired(item) ? "?" : "") + listedText(result);
+  }
+
   PlistReader reader_;
+  std::uint64_t written_ = 0;
 };
 
 }  // namespace

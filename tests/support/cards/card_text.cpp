@@ -77,3 +77,43 @@ void useNestedCards(const UseText& use) {
   use(open);
   use(open + repeated("END:VCARD\n", 5000));
 }
+
+void useCostlyCards(int count, const UseText& use) {
+  std::string names;
+  for (int i = 0; i < count; ++i) names += ";A" + std::to_string(i) + "=b";
+  for (const std::string& text : {
+           card("N:" + repeated("a;", count)),
+           card("ADR:" + repeated("a,", count)),
+           card("CATEGORIES:" + repeated("a;", count)),
+           card("ORG:" + repeated("a;", count)),
+           card("X-FOO:" + repeated(";,", count)),
+           card("X-FOO:a" + repeated("\n b:\"", count)),
+           card("X;A=\"" + repeated("\n :", count)),
+           card("X" + repeated("\n b", count)),
+           card("TEL;TYPE=" + repeated("a,", count) + ":1"),
+           card("TEL" + repeated(";A=b", count) + ":1"),
+           card("TEL" + names + ":1"),
+           card("NOTE;QUOTED-PRINTABLE:" + repeated("=\n", count), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE" + repeated("\n ", count), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE:" + repeated("\n ", count), "2.1"),
+           card("NOTE;QUOTED-PRINTABLE:=" + repeated("\n", count), "2.1"),
+           card(repeated("NOTE;QUOTED-PRINTABLE:=\n\n", count), "2.1"),
+           card("PHOTO;BASE64:" + repeated("QUJD\n", count), "2.1"),
+           card(repeated("PHOTO;BASE64:\n", count), "2.1"),
+           card(repeated("TEL:1\n", count / 4)),
+           card(repeated("NOTE:1\n", count / 4)),
+           card(repeated("a.X-ABLabel:1\n", count / 4) + repeated("a.TEL:1\n", count / 4)),
+           card(repeated("FN:\xE4\n", count)),
+           card(repeated("no colon\n", count)),
+           card(repeated("AGENT:\n", count)),
+           card(repeated("AGENT:BEGIN:VCARD\n", count)),
+           repeated("BEGIN:VCARD\n", count),
+           repeated("BEGIN:VCARD\nAGENT:\n", count),
+           repeated("BEGIN:VCARD\rFN:a\rEND:VCARD\r", count),
+           "BEGIN:VCARD\n" + repeated("a\r\r", count),
+           repeated("junk\n", count),
+           repeated("\n", count),
+       }) {
+    use(text);
+  }
+}

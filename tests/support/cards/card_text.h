@@ -24,3 +24,5 @@ void useChangedCards(int count, const UseText& use);
 void useAnyBytes(const UseText& use);
 /// Thousands of cards each in the one before, not ended and ended.
 void useNestedCards(const UseText& use);
+/// What would take forever if the time grew with the square of `count`.
+void useCostlyCards(int count, const UseText& use);

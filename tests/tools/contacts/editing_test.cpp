@@ -112,7 +112,7 @@ TEST_F(Editing, WhatNothingOpensIsTold) {
   emit window_->sheet().urlOpened(QUrl("nothing-opens:this"));
   EXPECT_EQ(message(),
             "\u201cnothing-opens:this\u201d could not be opened. "
-            "No program of this computer does that.");
+            "No program on this computer can open it.");
 }
 
 TEST_F(Editing, OrganizationsAreSuchByAnAction) {

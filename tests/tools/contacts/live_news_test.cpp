@@ -62,7 +62,7 @@ TEST_F(LiveNews, StatesAreToldInWords) {
   settle();
   EXPECT_EQ(store->refreshes, before + 1);
   store->become(LiveState::Locked);
-  until([&] { return notice().startsWith("The server wants a password."); });
+  until([&] { return notice().startsWith("The server asks for a password."); });
   store->become(LiveState::Gone);
   until([&] { return notice().startsWith("This book has been removed."); });
   store->become(LiveState::Connected);

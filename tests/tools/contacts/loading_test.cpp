@@ -25,7 +25,7 @@ class Loading : public UsedWindow {
   }
 };
 
-/// A book that answers when it is let.
+/// A book that answers when it is allowed to.
 class LateSource final : public ovcontacts::BookSource {
  public:
   void answer() {

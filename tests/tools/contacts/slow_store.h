@@ -10,7 +10,7 @@
 #include "live/live_book.h"
 #include "live/live_sources.h"
 
-/// A live book whose store answers when it is let.
+/// A live book whose store answers when it is allowed to.
 class SlowStore final : public ovcontacts::LiveBook {
  public:
   explicit SlowStore(OVRef<OVVCardBook> itsBook) : book(std::move(itsBook)) {}
@@ -58,7 +58,7 @@ class SlowStore final : public ovcontacts::LiveBook {
   std::function<void()> callback_;
 };
 
-/// A desktop with one live book, which it lists when it is let.
+/// A desktop with one live book, which it lists when it is allowed to.
 class SlowSources final : public ovcontacts::LiveSources {
  public:
   explicit SlowSources(std::shared_ptr<SlowStore> store) : store_(std::move(store)) {}

@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include <OVAddressBookSDK/address_book_general.h>
-#include <OVAddressBookSDK/dictionary.h>
 #include <OVAddressBookVCard/vcard_book.h>
 
 #include "commands/commands.h"
@@ -24,6 +23,7 @@
 #include "parser.h"
 #include "preferences.h"
 #include "session.h"
+#include "snapshot.h"
 #include "tag_store.h"
 
 namespace ovbook {
@@ -54,37 +54,6 @@ OVRef<OVVCardBook> readCards(const std::vector<std::string>& paths, Session& ses
     before += sizeOf(path);
   }
   return book;
-}
-
-/// Every group once, each before its sub-groups.
-void addGroups(OVAddressBookGeneral& snapshot, const OVAddressBook& book) {
-  std::vector<OVRef<IOVGroup>> waiting;
-  const auto waitInOrder = [&](const OVList<IOVGroup>& groups) {
-    if (groups == nullptr) return;
-    for (std::size_t i = groups.size(); i > 0; --i) waiting.push_back(groups[i - 1]);
-  };
-  const auto added = OVDictionary<IOVGroup>::dictionary();  // of any IDs in little time
-  waitInOrder(book.rootGroups());
-  while (!waiting.empty()) {
-    const OVRef<IOVGroup> group = std::move(waiting.back());
-    waiting.pop_back();
-    if (added.contains(group->ID())) continue;
-    added.set(group->ID(), group);
-    snapshot.addGroup(group);
-    waitInOrder(group->subGroups());
-  }
-}
-
-/// Where nobody else holds the book, each copied person takes the room of the one before.
-OVRef<OVAddressBookGeneral> snapshotOf(OVRef<const OVAddressBook> book) {
-  auto snapshot = OVAddressBookGeneral::init();
-  addGroups(*snapshot, *book);
-  auto all = book->allPersons();
-  std::vector<OVRef<IOVPerson>> persons(all.begin(), all.end());
-  all = nullptr;
-  book = nullptr;
-  for (auto& person : persons) snapshot->addPerson(std::exchange(person, nullptr));
-  return snapshot;
 }
 
 /// Gives the persons of `book` the tags that their cards name, in place of those they had; persons

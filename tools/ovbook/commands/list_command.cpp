@@ -1,3 +1,6 @@
+// A person may be in a book under several IDs, and an ID may lead to no person, so what is listed
+// is pairs of both.
+
 #include <ostream>
 #include <unordered_map>
 #include <utility>

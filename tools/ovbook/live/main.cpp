@@ -1,39 +1,7 @@
-#include <csignal>
-#include <iostream>
-#include <ostream>
-
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <OVAddressBookSDK/user_defaults.h>
-
-#include "command_line.h"
 #include "live/desktop_books.h"
-#include "output/descriptor_buffer.h"
-
-namespace {
-
-/// Takes the standard descriptors that the caller left closed, so that no file of ours gets one of
-/// them and what is meant for the caller ends up in it. What is written to them fails.
-void occupyStandardDescriptors() {
-  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (fcntl(descriptor, F_GETFD) != -1) continue;
-    if (open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) != descriptor) _exit(2);
-  }
-}
-
-}  // namespace
+#include "standard_streams.h"
 
 int main(int argc, char** argv) {
-  occupyStandardDescriptors();
-  // A closed pipe and a full quota are reported by the write that meets them.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
-
-  ovbook::DescriptorBuffer buffer(STDOUT_FILENO);
-  std::ostream out(&buffer);
-  out.exceptions(std::ios::badbit);
-  OVUserDefaults::setApplicationIdentifier("ovbook");
   const ovbook::DesktopBooks books;
-  return ovbook::run({argv + std::min(argc, 1), argv + argc}, out, std::cerr, &books);
+  return ovbook::runOnStandardStreams(argc, argv, &books);
 }

@@ -39,7 +39,9 @@ ConflictDialog::ConflictDialog(const LiveConflict& conflict, QWidget* parent) : 
   QString name = nameIn(bookOf(conflict.theirs));
   if (name.isEmpty()) name = nameIn(bookOf(conflict.ours));
   auto* const question = new QLabel(
-      tr("\u201c%1\u201d was changed here and elsewhere. Which one is to stay?").arg(name), this);
+      tr("\u201c%1\u201d was changed here and elsewhere. Which version do you want to keep?")
+          .arg(name),
+      this);
   question->setWordWrap(true);
   question->setTextFormat(Qt::PlainText);
   auto* const sides = new QHBoxLayout;

@@ -31,8 +31,8 @@ PasswordDialog::PasswordDialog(QWidget* parent)
 void PasswordDialog::show(const PasswordRequest& request) {
   const QString question =
       request.wasRejected
-          ? tr("The server of \u201c%1\u201d has refused the password. Which one is right?")
-          : tr("The server of \u201c%1\u201d wants a password.");
+          ? tr("The server of \u201c%1\u201d rejected the password. Please enter it again.")
+          : tr("The server of \u201c%1\u201d asks for a password.");
   question_->setText(question.arg(request.bookName));
   if (user_->text().isEmpty()) user_->setText(request.user);
   password_->clear();

@@ -1,3 +1,6 @@
+// Each job has a thread of its own, which touches the book only in its turn, while the windows'
+// thread waits. A keeper that goes does not wait for its job: what they share outlives both.
+
 #include "live/live_keeper.h"
 
 #include <new>

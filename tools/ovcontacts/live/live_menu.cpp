@@ -49,7 +49,7 @@ void LiveMenu::show(const LiveSources::Sources& found, const QString& wrong) {
     name.replace(QLatin1Char('&'), QLatin1String("&&"));
     connect(addAction(name), &QAction::triggered, this, [this, source] { emit chosen(source); });
   }
-  if (found.empty()) say(wrong.isEmpty() ? tr("There are none") : wrong);
+  if (found.empty()) say(wrong.isEmpty() ? tr("No address books") : wrong);
 }
 
 }  // namespace ovcontacts

@@ -51,15 +51,15 @@ OVRef<OVAddressBook> bookOfBlock(const OVRef<OVData>& data) {
 }
 
 QString remarksOf(const OVVCardBook& book) {
-  constexpr std::size_t kMost = 100;
+  constexpr std::size_t kMaxLines = 100;
   const auto problems = book.problems();
   QStringList lines;
-  for (std::size_t i = 0; i < problems.size() && i < kMost; ++i) {
+  for (std::size_t i = 0; i < problems.size() && i < kMaxLines; ++i) {
     lines.append(words(QT_TRANSLATE_NOOP("Opening", "Line %1: %2"))
                      .arg(problems[i].line)
                      .arg(ov::qt::qString(problems[i].reason)));
   }
-  if (problems.size() > kMost) lines.append(QStringLiteral("\u2026"));
+  if (problems.size() > kMaxLines) lines.append(QStringLiteral("\u2026"));
   return lines.join(QLatin1Char('\n'));
 }
 

@@ -2,13 +2,13 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
 
 #include <OVAddressBookQt/persons_model.h>
 
+#include "panes/row_frame.h"
 #include "shown/avatar.h"
 #include "shown/isolated.h"
 
@@ -63,20 +63,14 @@ QString shownName(const QModelIndex& person) {
 
 void PersonDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const {
-  const QStyle& style =
-      *(option.widget == nullptr ? QApplication::style() : option.widget->style());
-  style.drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+  const RowFrame frame(painter, option);
   const QString below = belowName(index);
   const Places places = placesIn(option, !below.isEmpty());
   drawAvatar(*painter, places.picture, index.data(OVPersonsModel::ThumbnailRole).toByteArray(),
              index.data().toString());
-  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-  const auto group =
-      option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
   const auto drawLine = [&](const QRect& place, const QFont& font, const QString& text,
                             qreal strength) {
-    QColor color =
-        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
+    QColor color = frame.color(QPalette::Text);
     color.setAlphaF(static_cast<float>(strength));
     painter->setFont(font);
     painter->setPen(color);
@@ -90,12 +84,7 @@ void PersonDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   drawLine(places.name, option.font, shownName(index), 1);
   if (!below.isEmpty()) drawLine(places.below, smallFont(option.font), below, 0.72);
   painter->restore();
-  if (option.state.testFlag(QStyle::State_HasFocus) &&
-      option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-    QStyleOptionFocusRect focus;
-    focus.QStyleOption::operator=(option);
-    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
-  }
+  frame.drawFocus();
 }
 
 QSize PersonDelegate::sizeHint(const QStyleOptionViewItem& option,

@@ -2,7 +2,6 @@
 
 #include <QtCore/QUrl>
 #include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyle>
 
@@ -10,6 +9,7 @@
 
 #include <OVAddressBookQt/person_sheet.h>
 
+#include "panes/row_frame.h"
 #include "shown/isolated.h"
 #include "shown/words.h"
 
@@ -60,32 +60,19 @@ int alignment(const QStyleOptionViewItem& option, Qt::Alignment side) {
 
 void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
-  const QStyle& style =
-      *(option.widget == nullptr ? QApplication::style() : option.widget->style());
-  style.drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+  const RowFrame frame(painter, option);
   const SheetPlaces places = sheetPlacesIn(option, option.rect);
-  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   const bool isLink = index.data(OVPersonSheet::URLRole).toUrl().isValid();
-  const auto group =
-      option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-  const auto color = [&](QPalette::ColorRole role) {
-    return option.palette.color(group, isSelected ? QPalette::HighlightedText : role);
-  };
   painter->save();
   painter->setFont(option.font);
-  QColor dim = color(QPalette::Text);
+  QColor dim = frame.color(QPalette::Text);
   dim.setAlphaF(0.65F);
   painter->setPen(dim);
   painter->drawText(places.label, alignment(option, Qt::AlignRight) | kWrapped, labelText(index));
-  painter->setPen(color(isLink ? QPalette::Link : QPalette::Text));
+  painter->setPen(frame.color(isLink ? QPalette::Link : QPalette::Text));
   painter->drawText(places.text, alignment(option, Qt::AlignLeft) | kWrapped, valueText(index));
   painter->restore();
-  if (option.state.testFlag(QStyle::State_HasFocus) &&
-      option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-    QStyleOptionFocusRect focus;
-    focus.QStyleOption::operator=(option);
-    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
-  }
+  frame.drawFocus();
 }
 
 QSize SheetDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -20,7 +20,7 @@ using ov::qt::qString;
 SheetPane::SheetPane(QWidget* parent)
     : QWidget(parent), header_(new SheetHeader(this)), list_(new QListView(this)) {
   list_->setObjectName(QStringLiteral("sheet"));
-  list_->setAccessibleName(tr("What is known of the contact"));
+  list_->setAccessibleName(tr("Details of the contact"));
   list_->setModel(&sheet_);
   list_->setItemDelegate(new SheetDelegate(list_));
   list_->setFrameShape(QFrame::NoFrame);

@@ -2,6 +2,9 @@
 
 #include <QtCore/QFileInfo>
 
+#include <utility>
+#include <vector>
+
 #include <OVAddressBookQt/block_book.h>
 #include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookVCard/vcard_book.h>
@@ -11,12 +14,20 @@ namespace ovcontacts {
 
 namespace {
 
-void addGroups(OVAddressBookGeneral& general, const OVList<IOVGroup>& groups) {
+/// Every group once, each before its sub-groups.
+void addGroups(OVAddressBookGeneral& general, const OVList<IOVGroup>& roots) {
+  std::vector<OVRef<IOVGroup>> open;
+  const auto addInOrder = [&open](const OVList<IOVGroup>& groups) {
+    for (std::size_t i = groups.size(); i-- > 0;) open.push_back(groups[i]);
+  };
   const auto known = general.groupsDic();
-  for (const auto& group : groups) {
-    if (group == nullptr || known.find(group->ID()) != known.end()) continue;
+  addInOrder(roots);
+  while (!open.empty()) {
+    const auto group = std::move(open.back());
+    open.pop_back();
+    if (group == nullptr || known.contains(group->ID())) continue;
     general.addGroup(group);
-    addGroups(general, group->subGroups());
+    addInOrder(group->subGroups());
   }
 }
 

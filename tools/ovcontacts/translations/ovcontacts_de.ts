@@ -35,7 +35,7 @@
         <translation>Das Adressbuch wurde entfernt.</translation>
     </message>
     <message>
-        <source>The book may only be read.</source>
+        <source>The book is read-only.</source>
         <translation>Das Adressbuch darf nur gelesen werden.</translation>
     </message>
     <message>
@@ -43,7 +43,7 @@
         <translation>Der Server ist nicht erreichbar.</translation>
     </message>
     <message>
-        <source>The server wants another password.</source>
+        <source>The server asks for another password.</source>
         <translation>Der Server verlangt ein anderes Passwort.</translation>
     </message>
     <message>
@@ -51,7 +51,7 @@
         <translation>Andere haben dieselben Kontakte geändert.</translation>
     </message>
     <message>
-        <source>The service has refused some of the changes.</source>
+        <source>The service rejected some of the changes.</source>
         <translation>Der Dienst hat einige der Änderungen abgelehnt.</translation>
     </message>
 </context>
@@ -408,7 +408,7 @@
         <translation>Hier und anderswo geändert</translation>
     </message>
     <message>
-        <source>“%1” was changed here and elsewhere. Which one is to stay?</source>
+        <source>“%1” was changed here and elsewhere. Which version do you want to keep?</source>
         <translation>„%1“ wurde hier und anderswo geändert. Was soll bleiben?</translation>
     </message>
     <message>
@@ -468,7 +468,7 @@
         <translation>Adressbücher werden gesucht…</translation>
     </message>
     <message>
-        <source>There are none</source>
+        <source>No address books</source>
         <translation>Es gibt keine</translation>
     </message>
 </context>
@@ -722,7 +722,7 @@
         <translation>Es wurde nichts hinzugefügt.</translation>
     </message>
     <message>
-        <source>There is no contact in what was dropped.</source>
+        <source>What was dropped contains no contact.</source>
         <translation>Es ist kein Kontakt darin.</translation>
     </message>
     <message>
@@ -738,7 +738,7 @@
         <translation>Das Bild „%1“ kann nicht verwendet werden.</translation>
     </message>
     <message>
-        <source>Ask the Server for &amp;News</source>
+        <source>Re&amp;fresh from the Server</source>
         <translation>Beim Server nach &amp;Neuem fragen</translation>
     </message>
     <message numerus="yes">
@@ -776,7 +776,7 @@
         <translation>Änderungen zeigen</translation>
     </message>
     <message>
-        <source>The server wants a password. What you save is sent once it has one.</source>
+        <source>The server asks for a password. What you save is sent after you have signed in.</source>
         <translation>Der Server verlangt ein Passwort. Was Sie speichern, wird gesendet, sobald er eines hat.</translation>
     </message>
     <message>
@@ -784,7 +784,7 @@
         <translation>Anmelden…</translation>
     </message>
     <message>
-        <source>The server cannot be reached. The book is shown as it was last.</source>
+        <source>The server cannot be reached. The book is shown as it was last seen.</source>
         <translation>Der Server ist nicht erreichbar. Das Adressbuch wird gezeigt, wie es zuletzt war.</translation>
     </message>
     <message>
@@ -792,7 +792,7 @@
         <translation>Erneut versuchen</translation>
     </message>
     <message>
-        <source>Something that you have saved has not reached the server yet.</source>
+        <source>Some of what you saved has not reached the server yet.</source>
         <translation>Etwas, das Sie gespeichert haben, ist noch nicht beim Server.</translation>
     </message>
     <message>
@@ -800,7 +800,7 @@
         <translation>OK</translation>
     </message>
     <message>
-        <source>No program of this computer does that.</source>
+        <source>No program on this computer can open it.</source>
         <translation>Kein Programm dieses Rechners tut das.</translation>
     </message>
 </context>
@@ -819,11 +819,11 @@
         <translation>&amp;Passwort:</translation>
     </message>
     <message>
-        <source>The server of “%1” has refused the password. Which one is right?</source>
+        <source>The server of “%1” rejected the password. Please enter it again.</source>
         <translation>Der Server von „%1“ hat das Passwort abgelehnt. Welches ist richtig?</translation>
     </message>
     <message>
-        <source>The server of “%1” wants a password.</source>
+        <source>The server of “%1” asks for a password.</source>
         <translation>Der Server von „%1“ verlangt ein Passwort.</translation>
     </message>
 </context>
@@ -859,7 +859,7 @@
 <context>
     <name>ovcontacts::SheetPane</name>
     <message>
-        <source>What is known of the contact</source>
+        <source>Details of the contact</source>
         <translation>Was über den Kontakt bekannt ist</translation>
     </message>
     <message>

@@ -58,7 +58,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::addCards(const QByteArray& cards) {
   const auto from = bookOfCards(cards);
   if (from != nullptr) return addAll({from});
-  showWrong(tr("Nothing was added."), tr("There is no contact in what was dropped."));
+  showWrong(tr("Nothing was added."), tr("What was dropped contains no contact."));
 }
 
 void MainWindow::addFiles(const QStringList& paths) {

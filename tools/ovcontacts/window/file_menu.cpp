@@ -46,7 +46,7 @@ void MainWindow::makeFileMenu() {
   enableWhile(
       add(menu, nullptr, tr("&Export a Copy\u2026"), QKeySequence(), [this] { exportCopy(); }),
       isIdle);
-  enableWhile(add(menu, nullptr, tr("Ask the Server for &News"), QKeySequence::Refresh,
+  enableWhile(add(menu, nullptr, tr("Re&fresh from the Server"), QKeySequence::Refresh,
                   [this] { document_.keeper()->refresh(); }),
               [this] { return document_.keeper() != nullptr; });
   menu.addSeparator();

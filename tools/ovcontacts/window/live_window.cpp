@@ -70,14 +70,15 @@ void MainWindow::showNotice() {
     notice_->say(tr("Others have changed this book."), tr("Show Changes"),
                  [this] { document_.keeper()->apply(); });
   } else if (state == LiveState::Locked) {
-    notice_->say(tr("The server wants a password. What you save is sent once it has one."),
-                 tr("Sign In\u2026"), refresh);
+    notice_->say(
+        tr("The server asks for a password. What you save is sent after you have signed in."),
+        tr("Sign In\u2026"), refresh);
   } else if (state == LiveState::Offline) {
-    notice_->say(tr("The server cannot be reached. The book is shown as it was last."),
+    notice_->say(tr("The server cannot be reached. The book is shown as it was last seen."),
                  tr("Try Again"), refresh);
   } else if (live.waitsForServer()) {
-    notice_->say(tr("Something that you have saved has not reached the server yet."),
-                 tr("Try Again"), refresh);
+    notice_->say(tr("Some of what you saved has not reached the server yet."), tr("Try Again"),
+                 refresh);
   } else {
     notice_->say(news_, tr("OK"), [this] {
       news_.clear();

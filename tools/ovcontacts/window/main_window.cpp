@@ -39,7 +39,7 @@ MainWindow::MainWindow(QWidget* parent)
   connect(sheet_, &SheetPane::urlOpened, this, [this](const QUrl& url) {
     if (QDesktopServices::openUrl(url)) return;
     showWrong(tr("\u201c%1\u201d could not be opened.").arg(url.toDisplayString()),
-              tr("No program of this computer does that."));
+              tr("No program on this computer can open it."));
   });
   connect(sheet_->header(), &SheetHeader::pictureClicked, this, &MainWindow::choosePicture);
   connect(sheet_->header(), &SheetHeader::pictureDropped, this, &MainWindow::setPicture);

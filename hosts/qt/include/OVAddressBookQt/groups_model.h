@@ -13,9 +13,11 @@ struct GroupNode;
 
 /// The groups of a book with their sub-groups, and its tags, as a tree: everybody; groups; tags.
 ///
-/// A group that is in several others appears in each of them. Names are edited in place where the
-/// book can be changed; persons that are dropped on a group or a tag (`OVPersonsFilter::kMimeType`)
-/// join it. The tree follows the book: rows come, go and change one by one.
+/// A group that is in several others appears in each of them; of groups that make more than 20,000
+/// rows that way, or more than 100 levels, the lowest are left out. Names are edited in place where
+/// the book can be changed; persons that are dropped on a group or a tag
+/// (`OVPersonsFilter::kMimeType`) join it. The tree follows the book: rows come, go and change one
+/// by one.
 class OVGroupsModel : public QAbstractItemModel {
   Q_OBJECT
 

@@ -46,7 +46,7 @@ TEST(CardReader, FindsNoneInAnEmptyText) {
   }
 }
 
-TEST(CardReader, TellsTheVersion) {
+TEST(CardReader, FindsTheVersion) {
   const auto versionOf = [](std::string_view lines) {
     Version version{};
     readCards("BEGIN:VCARD\n" + std::string(lines) + "\nEND:VCARD\n",
@@ -179,37 +179,7 @@ TEST(MaliciousCards, MayNestWithoutEnd) { useNestedCards(expectStable); }
 
 /// What would take forever if the time grew with the square of the size.
 TEST(MaliciousCards, TakeTimeInProportionToTheirSize) {
-  constexpr int kMany = 100000;
-  std::string names;
-  for (int i = 0; i < kMany; ++i) names += ";A" + std::to_string(i) + "=b";
-  for (const std::string& text : {
-           card("N:" + repeated("a;", kMany)),
-           card("X-FOO:a" + repeated("\n b:\"", kMany)),
-           card("X;A=\"" + repeated("\n :", kMany)),
-           card("X" + repeated("\n b", kMany)),
-           card("TEL;TYPE=" + repeated("a,", kMany) + ":1"),
-           card("TEL" + repeated(";A=b", kMany) + ":1"),
-           card("TEL" + names + ":1"),
-           card("NOTE;QUOTED-PRINTABLE:" + repeated("=\n", kMany), "2.1"),
-           card("NOTE;QUOTED-PRINTABLE" + repeated("\n ", kMany), "2.1"),
-           card("NOTE;QUOTED-PRINTABLE:" + repeated("\n ", kMany), "2.1"),
-           card("NOTE;QUOTED-PRINTABLE:=" + repeated("\n", kMany), "2.1"),
-           card(repeated("NOTE;QUOTED-PRINTABLE:=\n\n", kMany), "2.1"),
-           card("PHOTO;BASE64:" + repeated("QUJD\n", kMany), "2.1"),
-           card(repeated("PHOTO;BASE64:\n", kMany), "2.1"),
-           card(repeated("no colon\n", kMany)),
-           card(repeated("AGENT:\n", kMany)),
-           card(repeated("AGENT:BEGIN:VCARD\n", kMany)),
-           card(repeated("FN:\xE4\n", kMany)),
-           repeated("BEGIN:VCARD\n", kMany),
-           repeated("BEGIN:VCARD\nAGENT:\n", kMany),
-           repeated("junk\n", kMany),
-           repeated("\n", kMany),
-           repeated("BEGIN:VCARD\rFN:a\rEND:VCARD\r", kMany),
-           "BEGIN:VCARD\n" + repeated("a\r\r", kMany),
-       }) {
-    contentOf(text);
-  }
+  useCostlyCards(100000, [](const std::string& text) { contentOf(text); });
 }
 
 TEST(MaliciousCards, HaveTheirValuesLookedAtOnce) {

@@ -36,15 +36,15 @@ QString wordsFor(const std::error_code& error) {
       case OVEDSError::NoBook:
         return inWords(QT_TRANSLATE_NOOP("Live", "The book has been removed."));
       case OVEDSError::ReadOnly:
-        return inWords(QT_TRANSLATE_NOOP("Live", "The book may only be read."));
+        return inWords(QT_TRANSLATE_NOOP("Live", "The book is read-only."));
       case OVEDSError::Offline:
         return inWords(QT_TRANSLATE_NOOP("Live", "The server cannot be reached."));
       case OVEDSError::CredentialsNeeded:
-        return inWords(QT_TRANSLATE_NOOP("Live", "The server wants another password."));
+        return inWords(QT_TRANSLATE_NOOP("Live", "The server asks for another password."));
       case OVEDSError::Conflict:
         return inWords(QT_TRANSLATE_NOOP("Live", "Others have changed the same contacts."));
       case OVEDSError::Refused:
-        return inWords(QT_TRANSLATE_NOOP("Live", "The service has refused some of the changes."));
+        return inWords(QT_TRANSLATE_NOOP("Live", "The service rejected some of the changes."));
     }
   }
   return QString::fromStdString(error.message());
