@@ -63,9 +63,7 @@ OVRef<OVObject> ArchiveReader::readRoot() {
   while (!waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
-    const ArchiveFields fields = fields_.open(plist_.item(next.item));
-    fill(*next.object, fields);
-    fields_.close(fields);
+    fill(*next.object, fields_.open(plist_.item(next.item)));
   }
   return root;
 }
@@ -134,7 +132,6 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   } else {
     waiting_.push_back({object, objects_.itemNumber(uid)});
   }
-  fields_.close(fields);
   return object;
 }
 
@@ -212,10 +209,8 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   // Read in place: as an object it may be half filled, and mostly it is never needed as one.
   ArchiveFields fields = fields_.open(archived);
   fields.hasConstantKeys = true;
-  const bool isRead = FoundationForms::isList(fields_.classOf(fields).name) &&
-                      readElements(fields, archive::kArrayObjects, elements);
-  fields_.close(fields);
-  return isRead;
+  return FoundationForms::isList(fields_.classOf(fields).name) &&
+         readElements(fields, archive::kArrayObjects, elements);
 }
 
 /// Releases what half-built objects refer to, so that none keeps another alive.

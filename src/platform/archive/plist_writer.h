@@ -117,19 +117,10 @@ inline void PlistWriter::references(std::span<const Number> objects) {
 
 inline PlistWriter::Number PlistWriter::uid(std::uint32_t value) {
   const Number number = begin();
-  if (value > 0xFFFF) {
-    std::byte* place = body_.extend(5);
-    *place = static_cast<std::byte>(plist::kUid | 3);
-    storeAs<std::uint32_t>(place + 1, value);
-  } else if (value > 0xFF) {
-    std::byte* place = body_.extend(3);
-    *place = static_cast<std::byte>(plist::kUid | 1);
-    storeAs<std::uint16_t>(place + 1, value);
-  } else {
-    std::byte* place = body_.extend(2);
-    *place = static_cast<std::byte>(plist::kUid);
-    place[1] = static_cast<std::byte>(value);
-  }
+  const unsigned width = value > 0xFFFF ? 4 : value > 0xFF ? 2 : 1;
+  std::byte* place = body_.extend(1 + width);
+  *place = static_cast<std::byte>(plist::kUid | (width - 1));
+  storeBigEndian(place + 1, value, width);
   return number;
 }
 
