@@ -116,9 +116,9 @@ OVRef<OVData> rewritten(Bytes block) {
     try {
       const PlistItem item = reader.item(i);
       expectInside(reader, item, block);
-      std::uint64_t uid = 0;
-      expectThat(reader.isUid(i, uid) == (item.kind == Kind::uid), "isUid and item disagree");
-      expectThat(item.kind != Kind::uid || uid == PlistReader::uid(item), "two values of one UID");
+      const auto uid = reader.uidAt(i);
+      expectThat(uid.has_value() == (item.kind == Kind::uid), "uidAt and item disagree");
+      expectThat(!uid || uid == PlistReader::uid(item), "two values of one UID");
       elements += item.count;
       if (elements > kMaxElements) return nullptr;
       write(reader, item, writer);

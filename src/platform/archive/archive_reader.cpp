@@ -63,9 +63,7 @@ OVRef<OVObject> ArchiveReader::readRoot() {
   while (!waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
-    const ArchiveFields fields = fields_.open(plist_.item(next.item));
-    fill(*next.object, fields);
-    fields_.close(fields);
+    fill(*next.object, fields_.open(plist_.item(next.item)));
   }
   return root;
 }
@@ -74,8 +72,7 @@ OVRef<OVObject> ArchiveReader::readRoot() {
 OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
   if (const auto root = PlainEntries(plist_, budget_).find(top, archive::kRoot)) {
     if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is not a reference");
-    objects_.check(PlistReader::uid(*root));
-    return objectAt(PlistReader::uid(*root));
+    return objectAt(objects_.checked(PlistReader::uid(*root)));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
   budget_.charge(top.count * 4 * sizeof(DictionaryObject::Entry));
@@ -91,10 +88,8 @@ OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
 }
 
 OVRef<OVObject> ArchiveReader::objectOf(Item item) {
-  std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) return leaves_.leaf(plist_.item(item));
-  objects_.check(uid);
-  return objectAt(uid);
+  const auto uid = objects_.uidAt(item);
+  return uid ? objectAt(*uid) : leaves_.leaf(plist_.item(item));
 }
 
 OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
@@ -108,14 +103,13 @@ OVRef<OVObject> ArchiveReader::objectAt(std::uint64_t uid) {
 }
 
 OVString ArchiveReader::textOf(Item item) {
-  std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) return ov::cast<OVString>(leaves_.leaf(plist_.item(item)));
-  objects_.check(uid);
-  if (uid == 0) return nullptr;
-  ArchiveSlot& slot = objects_.slot(uid);
+  const auto uid = objects_.uidAt(item);
+  if (!uid) return ov::cast<OVString>(leaves_.leaf(plist_.item(item)));
+  if (*uid == 0) return nullptr;
+  ArchiveSlot& slot = objects_.slot(*uid);
   if (slot.isEmpty()) {
-    const PlistItem archived = objects_.item(uid);
-    if (!PlistReader::isText(archived)) return ov::cast<OVString>(objectAt(uid));
+    const PlistItem archived = objects_.item(*uid);
+    if (!PlistReader::isText(archived)) return ov::cast<OVString>(objectAt(*uid));
     slot.set(leaves_.text(archived));
   }
   return slot.text();
@@ -134,7 +128,6 @@ OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& diction
   } else {
     waiting_.push_back({object, objects_.itemNumber(uid)});
   }
-  fields_.close(fields);
   return object;
 }
 
@@ -204,18 +197,15 @@ void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& d
 }
 
 bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) {
-  std::uint64_t uid = 0;
-  if (!plist_.isUid(item, uid)) return false;
-  objects_.check(uid);
-  const PlistItem archived = objects_.item(uid);
+  const auto uid = objects_.uidAt(item);
+  if (!uid) return false;
+  const PlistItem archived = objects_.item(*uid);
   if (archived.kind != Kind::dictionary) return false;
   // Read in place: as an object it may be half filled, and mostly it is never needed as one.
   ArchiveFields fields = fields_.open(archived);
   fields.hasConstantKeys = true;
-  const bool isRead = FoundationForms::isList(fields_.classOf(fields).name) &&
-                      readElements(fields, archive::kArrayObjects, elements);
-  fields_.close(fields);
-  return isRead;
+  return FoundationForms::isList(fields_.classOf(fields).name) &&
+         readElements(fields, archive::kArrayObjects, elements);
 }
 
 /// Releases what half-built objects refer to, so that none keeps another alive.

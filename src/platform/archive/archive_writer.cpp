@@ -140,30 +140,26 @@ ArchiveWriter::Number ArchiveWriter::refuse(const OVRef<OVObject>& object) {
 }
 
 ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObject>> items) {
-  const std::size_t first = elements_.size();
+  elements_.clear();
   for (const OVRef<OVObject>& item : items) elements_.push_back(reference(item));
-  const Number array = plist_.array(elements_.from(first));
-  elements_.truncate(first);
-  return array;
+  return plist_.array(elements_);
 }
 
 void ArchiveWriter::entryFields(const DictionaryObject& dictionary) {
   const std::size_t count = dictionary.size() + dictionary.repeated().size();
-  const std::size_t keys = elements_.size();
-  const std::size_t values = keys + count;
-  elements_.extend(2 * count);
+  elements_.resize(2 * count);
+  const std::span<Number> keys = std::span(elements_).first(count);
+  const std::span<Number> values = std::span(elements_).last(count);
   std::size_t i = 0;
   for (const auto* entries : {&dictionary.entries(), &dictionary.repeated()}) {
     for (const DictionaryObject::Entry& entry : *entries) {
       if (entry.key.isNull()) continue;
-      elements_[keys + i] = reference(entry.key);
-      elements_[values + i] = reference(entry.value);
-      ++i;
+      keys[i] = reference(entry.key);
+      values[i++] = reference(entry.value);
     }
   }
-  field(archive::kDictionaryKeys, plist_.array(elements_.span().subspan(keys, count)));
-  field(archive::kArrayObjects, plist_.array(elements_.span().subspan(values, count)));
-  elements_.truncate(keys);
+  field(archive::kDictionaryKeys, plist_.array(keys));
+  field(archive::kArrayObjects, plist_.array(values));
 }
 
 ArchiveWriter::Number ArchiveWriter::listReference(std::span<const OVRef<OVObject>> items) {

@@ -99,7 +99,7 @@ class ArchiveWriter {
   WrittenFields fields_;
   std::optional<MetObjects> met_{std::in_place};  // while objects may be met
   std::vector<Waiting> waiting_;
-  GrowingArray<Number> elements_;
+  std::vector<Number> elements_;
 
   Sharing sharing_;
   bool restart_ = false;

@@ -68,10 +68,8 @@ bool FoundationForms::isText(std::uint64_t uid) {
   if (!makesLeaves_) return false;
   ArchiveFields fields = fields_.open(item);
   fields.hasConstantKeys = true;
-  const bool isText = isTextClass(fields_.classOf(fields).name) &&
-                      fields_.find(fields, archive::kStringText, Kind::ascii).has_value();
-  fields_.close(fields);
-  return isText;
+  return isTextClass(fields_.classOf(fields).name) &&
+         fields_.find(fields, archive::kStringText, Kind::ascii).has_value();
 }
 
 }  // namespace ov::detail

@@ -1,17 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <new>
 
 namespace ov::detail {
 
-/// Memory that grows without a second copy: small pieces come from the heap, large ones are pages
-/// of their own, in large pages where the system has them, and only those that are touched count.
-///
-/// `bytes` is always the size that was asked for last.
+/// Memory for much that is used at random: what is large has pages of its own, large ones where the
+/// system has them, and only those that are touched count. What is small comes from the heap.
 struct LargeMemory {
-  /// Null when there is no memory; `old`, which may be null, is then kept.
-  [[nodiscard]] static void* resize(void* old, std::size_t oldBytes, std::size_t bytes) noexcept;
+  /// Throws `std::bad_alloc`.
+  [[nodiscard]] static void* allocate(std::size_t bytes);
+  /// `bytes`: as many as were asked for.
   static void free(void* memory, std::size_t bytes) noexcept;
 };
 
@@ -23,9 +21,7 @@ struct LargeAllocator {
   template <class U>
   LargeAllocator(const LargeAllocator<U>&) {}  // NOLINT(google-explicit-constructor)
   T* allocate(std::size_t count) {
-    void* place = LargeMemory::resize(nullptr, 0, count * sizeof(T));
-    if (place == nullptr) throw std::bad_alloc();
-    return static_cast<T*>(place);
+    return static_cast<T*>(LargeMemory::allocate(count * sizeof(T)));
   }
   void deallocate(T* place, std::size_t count) { LargeMemory::free(place, count * sizeof(T)); }
   template <class U>

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
-
-#include "platform/archive/pointer_map.h"
 
 namespace ov::detail {
 
@@ -13,7 +14,14 @@ namespace ov::detail {
 /// so that no address is used twice.
 class MetObjects {
  public:
-  using Result = PointerMap::Result;
+  struct Entry {
+    const void* address = nullptr;
+    std::uint32_t number = 0;
+  };
+  struct Result {
+    Entry& entry;
+    bool isNew;
+  };
 
   MetObjects() = default;
   MetObjects(const MetObjects&) = delete;
@@ -24,12 +32,12 @@ class MetObjects {
 
   /// Valid until the next call. Where the object is new its reference is to be put there.
   Result at(const OVRef<OVObject>& object) {
-    const Result met = byAddress_.at(object.get());
+    const Result met = at(object.get());
     if (met.isNew) objects_.push_back(object);
     return met;
   }
   Result at(const TextObject& text) {
-    const Result met = byAddress_.at(&text);
+    const Result met = at(&text);
     if (met.isNew) {
       texts_.push_back(&text);
       text.retain();
@@ -38,7 +46,32 @@ class MetObjects {
   }
 
  private:
-  PointerMap byAddress_;
+  Result at(const void* address) {
+    if (used_ * 4 >= slots_.size() * 3) grow();
+    Entry& entry = slotOf(address);
+    const bool isNew = entry.address == nullptr;
+    if (isNew) ++used_;
+    entry.address = address;
+    return {entry, isNew};
+  }
+
+  Entry& slotOf(const void* address) {
+    const std::uint64_t hash = reinterpret_cast<std::uintptr_t>(address) * 0x9E3779B97F4A7C15U;
+    for (std::uint64_t at = hash >> 32;; ++at) {
+      Entry& entry = slots_[static_cast<std::size_t>(at) & (slots_.size() - 1)];
+      if (entry.address == nullptr || entry.address == address) return entry;
+    }
+  }
+
+  void grow() {
+    const std::vector<Entry> old = std::exchange(slots_, std::vector<Entry>(slots_.size() * 2));
+    for (const Entry& entry : old) {
+      if (entry.address != nullptr) slotOf(entry.address) = entry;
+    }
+  }
+
+  std::vector<Entry> slots_ = std::vector<Entry>(64);  // a power of two
+  std::size_t used_ = 0;
   std::vector<OVRef<OVObject>> objects_;
   std::vector<const TextObject*> texts_;
 };

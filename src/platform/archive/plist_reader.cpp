@@ -115,18 +115,6 @@ std::uint64_t PlistReader::readLength(const std::byte*& at, std::uint64_t object
   return length;
 }
 
-PlistItem PlistReader::longItem(Counted counted, const std::byte* at, std::uint64_t object) const {
-  const std::uint64_t count = readLength(at, object);  // moves to the content
-  return sized(counted.kind, at, count, counted.unit, object);
-}
-
-PlistItem PlistReader::sized(Kind kind, const std::byte* at, std::uint64_t count,
-                             std::uint64_t unit, std::uint64_t object) const {
-  const auto remaining = static_cast<std::uint64_t>(table_ - at);
-  if (count > remaining / unit) refuse("it does not fit into the block", object);
-  return {kind, count, at};
-}
-
 std::string_view PlistReader::text(const PlistItem& item, std::string& storage) const {
   const auto count = static_cast<std::size_t>(item.count);
   if (item.kind == Kind::ascii) {

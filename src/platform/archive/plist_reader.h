@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -65,8 +66,8 @@ class PlistReader {
   [[nodiscard]] static std::uint64_t uid(const PlistItem& item) {
     return loadBigEndian(item.bytes, static_cast<unsigned>(item.count));
   }
-  /// True when the object is a UID, which goes to `uid`.
-  [[nodiscard]] bool isUid(std::uint64_t object, std::uint64_t& uid) const;
+  /// The UID that the object is, if it is one.
+  [[nodiscard]] std::optional<std::uint64_t> uidAt(std::uint64_t object) const;
   [[nodiscard]] double real(const PlistItem& item) const;
   /// An integer, and whether it is above the signed range.
   struct Integer {
@@ -91,9 +92,7 @@ class PlistReader {
     std::uint8_t unit = 0;  // bytes of an element; 0: no count
   };
 
-  std::uint64_t readLength(const std::byte*& at, std::uint64_t object) const;
-  [[nodiscard]] PlistItem longItem(Counted counted, const std::byte* at,
-                                   std::uint64_t object) const;
+  [[gnu::cold]] std::uint64_t readLength(const std::byte*& at, std::uint64_t object) const;
   [[nodiscard]] PlistItem sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
                                 std::uint64_t unit, std::uint64_t object) const;
   [[nodiscard]] PlistItem fixed(unsigned marker, const std::byte* at, std::uint64_t object) const;
@@ -123,12 +122,18 @@ inline PlistItem PlistReader::item(std::uint64_t object) const {
   const std::byte* at = begin_ + offset(object);
   const auto marker = static_cast<unsigned>(*at++);
   const Counted counted = counted_[marker >> 4];
-  const std::uint64_t count = marker & 0x0FU;
   if (counted.unit == 0) return fixed(marker, at, object);
-  if (count == plist::kLengthFollows) return longItem(counted, at, object);
-  if (count * counted.unit > static_cast<std::uint64_t>(table_ - at))
-    refuse("it does not fit into the block", object);
-  return {counted.kind, count, at};
+  std::uint64_t count = marker & 0x0FU;
+  if (count == plist::kLengthFollows) count = readLength(at, object);  // moves to the content
+  return sized(counted.kind, at, count, counted.unit, object);
+}
+
+inline PlistItem PlistReader::sized(PlistItem::Kind kind, const std::byte* at, std::uint64_t count,
+                                    std::uint64_t unit, std::uint64_t object) const {
+  const auto room = static_cast<std::uint64_t>(table_ - at);
+  // No product of what fits is too large for its type.
+  if (count > room || count * unit > room) refuse("it does not fit into the block", object);
+  return {kind, count, at};
 }
 
 inline std::uint64_t PlistReader::reference(const PlistItem& container,
@@ -139,15 +144,11 @@ inline std::uint64_t PlistReader::reference(const PlistItem& container,
   return object;
 }
 
-inline bool PlistReader::isUid(std::uint64_t object, std::uint64_t& uid) const {
+inline std::optional<std::uint64_t> PlistReader::uidAt(std::uint64_t object) const {
   const std::byte* at = begin_ + offset(object);
-  const auto marker = static_cast<unsigned>(*at);
-  if ((marker & 0xF8U) != plist::kUid) return false;
-  const unsigned width = (marker & 0x07U) + 1;
-  if (width >= static_cast<std::uint64_t>(table_ - at))
-    refuse("it does not fit into the block", object);
-  uid = loadBigEndian(at + 1, width);
-  return true;
+  const auto marker = static_cast<unsigned>(*at++);
+  if ((marker & 0xF8U) != plist::kUid) return std::nullopt;
+  return uid(sized(PlistItem::Kind::uid, at, (marker & 0x07U) + 1, 1, object));
 }
 
 }  // namespace ov::detail

@@ -1,5 +1,6 @@
 // Writes objects straight into the block, with references as wide as they may have to be; when
-// their number is known, `finish` moves the objects together and narrows the references.
+// their number is known, `finish` narrows the references and, from one object to the next, tells
+// where each begins.
 
 #include "platform/archive/plist_writer.h"
 
@@ -20,7 +21,37 @@ unsigned bytesFor(std::uint64_t number) {
   return number <= 0xFF ? 1 : number <= 0xFFFF ? 2 : number <= 0xFFFFFFFF ? 4 : 8;
 }
 
-bool isContainer(unsigned marker) { return (marker & 0xF0U) >= plist::kArray; }
+/// What an object of ours takes in the block: its bytes, and how many references follow them.
+struct Extent {
+  std::size_t bytes;
+  std::size_t references = 0;  // not counted in the bytes
+};
+
+Extent extentOf(const std::byte* object) {
+  const auto kind = static_cast<unsigned>(*object) & 0xF0U;
+  const auto low = static_cast<unsigned>(*object) & 0x0FU;
+  if (kind < plist::kInteger) return {1};
+  if (kind < plist::kData) return {1 + (std::size_t{1} << low)};
+  if (kind == plist::kUid) return {2 + low};
+  std::size_t head = 1;
+  std::size_t count = low;
+  if (low == plist::kLengthFollows) {
+    const unsigned width = 1U << (static_cast<unsigned>(object[1]) & 0x0FU);
+    head = 2 + width;
+    count = static_cast<std::size_t>(loadBigEndian(object + 2, width));
+  }
+  switch (kind) {
+    case plist::kUtf16:
+      return {head + 2 * count};
+    case plist::kDictionary:
+      return {head, 2 * count};
+    case plist::kArray:
+    case plist::kSet:
+      return {head, count};
+    default:
+      return {head + count};
+  }
+}
 
 }  // namespace
 
@@ -132,39 +163,19 @@ PlistWriter::Number PlistWriter::set(std::span<const Number> elements) {
   return number;
 }
 
-/// Moves one object, with its references narrowed; returns where it now ends.
-std::byte* PlistWriter::narrowObject(const std::byte* from, std::size_t length, std::byte* to,
-                                     unsigned width) {
-  const auto first = static_cast<unsigned>(*from);
-  if (!isContainer(first)) {
-    std::memmove(to, from, length);
-    return to + length;
-  }
-  const std::byte* past = from + length;
-  const bool isLong = (first & 0x0FU) == plist::kLengthFollows;
-  const std::size_t head = isLong ? 2 + (1U << (static_cast<unsigned>(from[1]) & 0x0FU)) : 1;
-  std::memmove(to, from, head);
-  to += head;
-  for (from += head; from != past; from += kWideReference, to += width) {
-    std::memmove(to, from + kWideReference - width, width);
-  }
-  return to;
-}
-
 /// Rewrites the body in place with references of `width` bytes.
 void PlistWriter::narrowReferences(unsigned width) {
   const std::byte* from = body_.data() + plist::kHeader.size();
   std::byte* to = body_.data() + plist::kHeader.size();
-  ObjectLengths narrowed;
-  ObjectLengths::Walk lengths(lengths_);
   for (Number i = 0; i < count_; ++i) {
-    const auto length = static_cast<std::size_t>(lengths.next());
-    std::byte* const past = narrowObject(from, length, to, width);
-    narrowed.push_back(static_cast<std::uint64_t>(past - to));
-    from += length;
-    to = past;
+    const Extent extent = extentOf(from);
+    std::memmove(to, from, extent.bytes);
+    from += extent.bytes;
+    to += extent.bytes;
+    for (std::size_t r = 0; r < extent.references; ++r, from += kWideReference, to += width) {
+      std::memmove(to, from + kWideReference - width, width);
+    }
   }
-  lengths_ = std::move(narrowed);
   body_.truncate(static_cast<std::size_t>(to - body_.data()));
 }
 
@@ -173,10 +184,10 @@ void PlistWriter::writeTable(Number top, unsigned referenceSize) {
   const unsigned offsetSize = bytesFor(tableOffset);
   std::byte* place = body_.extend(std::size_t{count_} * offsetSize);
   std::uint64_t offset = plist::kHeader.size();
-  ObjectLengths::Walk lengths(lengths_);
   for (Number i = 0; i < count_; ++i, place += offsetSize) {
     storeBigEndian(place, offset, offsetSize);
-    offset += lengths.next();
+    const Extent extent = extentOf(body_.data() + offset);
+    offset += extent.bytes + extent.references * referenceSize;
   }
   std::byte* trailer = body_.extend(plist::kTrailerSize);
   std::memset(trailer, 0, 6);
@@ -188,7 +199,6 @@ void PlistWriter::writeTable(Number top, unsigned referenceSize) {
 }
 
 OVRef<OVData> PlistWriter::finish(Number top) {
-  endLast();
   const unsigned referenceSize = bytesFor(count_);
   if (referenceSize < kWideReference) narrowReferences(referenceSize);
   writeTable(top, referenceSize);

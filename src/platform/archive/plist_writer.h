@@ -5,13 +5,11 @@
 #include <cstring>
 #include <span>
 #include <string_view>
-#include <utility>
 
 #include <OVAddressBookSDK/data.h>
 
 #include "platform/archive/big_endian.h"
 #include "platform/archive/growing_array.h"
-#include "platform/archive/object_lengths.h"
 #include "platform/archive/plist_format.h"
 
 namespace ov::detail {
@@ -70,7 +68,6 @@ class PlistWriter {
 
   Number begin();
   [[noreturn, gnu::cold]] static void refuseMore();
-  void endLast();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
   void marker(unsigned kind, std::size_t length);
   void longMarker(unsigned kind, std::size_t length);
@@ -79,23 +76,15 @@ class PlistWriter {
   Number eightBytes(unsigned kind, double value);
   Number utf16(std::string_view text);
   void narrowReferences(unsigned width);
-  static std::byte* narrowObject(const std::byte* from, std::size_t length, std::byte* to,
-                                 unsigned width);
   void writeTable(Number top, unsigned referenceSize);
 
   GrowingArray<std::byte> body_;
-  ObjectLengths lengths_;   // except for the one written last
-  std::uint64_t last_ = 0;  // where that begins; 0 when there is none
+  std::uint64_t last_ = 0;  // where the object written last begins
   Number count_ = 0;
 };
 
-inline void PlistWriter::endLast() {
-  if (last_ != 0) lengths_.push_back(body_.size() - last_);
-}
-
 inline PlistWriter::Number PlistWriter::begin() {
   if (count_ == kMaxObjects) refuseMore();
-  endLast();
   last_ = body_.size();
   return count_++;
 }
@@ -117,19 +106,10 @@ inline void PlistWriter::references(std::span<const Number> objects) {
 
 inline PlistWriter::Number PlistWriter::uid(std::uint32_t value) {
   const Number number = begin();
-  if (value > 0xFFFF) {
-    std::byte* place = body_.extend(5);
-    *place = static_cast<std::byte>(plist::kUid | 3);
-    storeAs<std::uint32_t>(place + 1, value);
-  } else if (value > 0xFF) {
-    std::byte* place = body_.extend(3);
-    *place = static_cast<std::byte>(plist::kUid | 1);
-    storeAs<std::uint16_t>(place + 1, value);
-  } else {
-    std::byte* place = body_.extend(2);
-    *place = static_cast<std::byte>(plist::kUid);
-    place[1] = static_cast<std::byte>(value);
-  }
+  const unsigned width = value > 0xFFFF ? 4 : value > 0xFF ? 2 : 1;
+  std::byte* place = body_.extend(1 + width);
+  *place = static_cast<std::byte>(plist::kUid | (width - 1));
+  storeBigEndian(place + 1, value, width);
   return number;
 }
 
@@ -153,7 +133,7 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
 }
 
 inline void PlistWriter::removeLast() {
-  body_.truncate(static_cast<std::size_t>(std::exchange(last_, 0)));
+  body_.truncate(static_cast<std::size_t>(last_));
   --count_;
 }
 

@@ -9,11 +9,9 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-const ArchivedClass& ReadClasses::find(std::uint64_t uid) {
-  auto at = records_.find(uid);
-  if (at == records_.end()) at = records_.emplace(uid, read(uid)).first;
-  recent_[static_cast<std::size_t>(uid % recent_.size())] = {uid, &at->second};
-  return at->second;
+const ArchivedClass& ReadClasses::record(std::uint64_t uid) {
+  const auto known = records_.find(uid);
+  return known == records_.end() ? records_.emplace(uid, read(uid)).first->second : known->second;
 }
 
 ArchivedClass ReadClasses::read(std::uint64_t uid) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -32,18 +30,9 @@ class ReadClasses {
       : plist_(plist), budget_(budget), objects_(objects), leaves_(leaves), known_(known) {}
 
   /// Stays where it is. Throws `OVInvalidArchive` where there is no class record.
-  [[nodiscard]] const ArchivedClass& record(std::uint64_t uid) {
-    const Recent& recent = recent_[static_cast<std::size_t>(uid % recent_.size())];
-    return recent.record != nullptr && recent.uid == uid ? *recent.record : find(uid);
-  }
+  [[nodiscard]] const ArchivedClass& record(std::uint64_t uid);
 
  private:
-  struct Recent {
-    std::uint64_t uid = 0;
-    const ArchivedClass* record = nullptr;
-  };
-
-  const ArchivedClass& find(std::uint64_t uid);
   ArchivedClass read(std::uint64_t uid);
   std::vector<OVString> texts(const PlistItem& array);
 
@@ -53,7 +42,6 @@ class ReadClasses {
   ReadLeaves& leaves_;
   Known known_;
   std::unordered_map<std::uint64_t, ArchivedClass> records_;
-  std::array<Recent, 64> recent_{};
 };
 
 }  // namespace ov::detail

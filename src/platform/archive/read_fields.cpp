@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "platform/archive/archive_keys.h"
 #include "platform/archive/plain_entries.h"
 
 namespace ov::detail {
@@ -13,39 +14,28 @@ namespace {
 
 constexpr std::uint64_t kMaxKeys = 64;
 
-/// Some dozens of bytes mostly: fewer than a call is worth.
 bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
-  if (a.size() != b.size()) return false;
-  std::size_t at = 0;
-  for (std::uint64_t x = 0, y = 0; a.size() - at >= sizeof x; at += sizeof x) {
-    std::memcpy(&x, a.data() + at, sizeof x);
-    std::memcpy(&y, b.data() + at, sizeof y);
-    if (x != y) return false;
-  }
-  for (; at < a.size(); ++at) {
-    if (a[at] != b[at]) return false;
-  }
-  return true;
+  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
 }
 
 }  // namespace
 
 ArchiveFields ReadFields::open(const PlistItem& dictionary) {
-  budget_.charge(dictionary.count * 3 * sizeof(std::uint32_t));  // the numbers' memory grows ahead
-  if (dictionary.count == 0 || dictionary.count > kMaxKeys) return openNew(dictionary);
-  const std::span<const std::byte> keys = plist_.keys(dictionary);
-  ArchiveShape*& recent = slotOf(plist_.reference(dictionary, 0), keys);
-  if (recent != nullptr) {
-    return {dictionary, recent, numbers_.size(), false, KeySequence::Walk(recent->positions)};
+  if (dictionary.count == 0) return {dictionary};
+  if (dictionary.count > kMaxKeys) {
+    checkKeys(dictionary);
+    return {dictionary};
   }
-  const ArchiveFields fields = openNew(dictionary);
-  if (shapes_.size() == kMaxShapes) return fields;
-  budget_.charge(2 * sizeof(ArchiveShape) + keys.size());
-  const auto numbers = numbers_.from(fields.firstKey);
-  shapes_.push_back(
-      {keys, {numbers.begin(), numbers.end()}, positionOf(fields, classKey_), 0, nullptr, {}});
-  recent = &shapes_.back();
-  return fields;
+  const std::span<const std::byte> keys = plist_.keys(dictionary);
+  ArchiveShape*& shape = slotOf(plist_.reference(dictionary, 0), keys);
+  if (shape == nullptr) {
+    checkKeys(dictionary);
+    if (shapes_.size() == kMaxShapes) return {dictionary};
+    budget_.charge(2 * sizeof(ArchiveShape));
+    shapes_.push_back({keys, positionOf(dictionary, archive::kClass)});
+    shape = &shapes_.back();
+  }
+  return {dictionary, shape, false, KeySequence::Walk(shape->positions)};
 }
 
 /// Where the shape with these keys is, or else would be. There is always room for one more.
@@ -56,32 +46,20 @@ ArchiveShape*& ReadFields::slotOf(Item firstKey, std::span<const std::byte> keys
   }
 }
 
-ArchiveFields ReadFields::openNew(const PlistItem& dictionary) {
+void ReadFields::checkKeys(const PlistItem& dictionary) {
   if (dictionary.count >= ArchiveShape::kAbsent) throw OVInvalidArchive("too many keys");
-  const ArchiveFields fields{dictionary, nullptr, numbers_.size()};
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    numbers_.push_back(numberOf(plist_.reference(dictionary, i)));
+    const PlistItem key = keyAt(plist_, plist_.reference(dictionary, i));
+    budget_.charge(key.count + 1);
+    if (key.kind == PlistItem::Kind::ascii) (void)plist_.text(key, scratch_);
   }
-  return fields;
-}
-
-std::uint32_t ReadFields::newNumberOf(Item key, RecentKey& recent) {
-  const PlistItem found = keyAt(plist_, key);
-  budget_.charge(found.count);
-  const std::string_view text = plist_.text(found, scratch_);
-  std::uint32_t number = keys_.find(text);
-  if (number == KeyNumbers::kNone) {
-    budget_.charge(text.size() + 128);
-    number = keys_.add(text);
-  }
-  recent = {key, number};
-  return number;
 }
 
 const ArchivedClass& ReadFields::classOf(const ArchiveFields& fields) {
   ArchiveShape* shape = fields.shape;
   const auto item =
-      valueAt(fields, shape == nullptr ? positionOf(fields, classKey_) : shape->classPosition);
+      valueAt(fields, shape == nullptr ? positionOf(fields.dictionary, archive::kClass)
+                                       : shape->classPosition);
   if (!item) throw OVInvalidArchive("an object of the archive has no class");
   if (shape == nullptr) return classes_.record(objects_.uidOf(*item));
   if (shape->objectClass == nullptr || shape->classItem != *item) {
@@ -102,11 +80,10 @@ std::optional<PlistItem> ReadFields::find(const ArchiveFields& fields, std::stri
 }
 
 std::uint32_t ReadFields::lookUp(const ArchiveFields& fields, std::string_view key) {
-  const bool isReserved = key.starts_with(archive::kReserved);
-  const std::uint32_t number =
-      isReserved ? keys_.find(archive::kReserved + std::string(key)) : keys_.find(key);
   const std::uint32_t position =
-      number == KeyNumbers::kNone ? ArchiveShape::kAbsent : positionOf(fields, number);
+      key.starts_with(archive::kReserved)
+          ? positionOf(fields.dictionary, archive::kReserved + std::string(key))
+          : positionOf(fields.dictionary, key);
   if (fields.shape != nullptr && fields.hasConstantKeys) {
     budget_.charge(KeySequence::kMemoryPerKey);
     fields.nextKey.add(key, position);
@@ -114,13 +91,14 @@ std::uint32_t ReadFields::lookUp(const ArchiveFields& fields, std::string_view k
   return position;
 }
 
-std::uint32_t ReadFields::positionOf(const ArchiveFields& fields, std::uint32_t number) const {
-  const auto numbers = fields.shape == nullptr
-                           ? numbers_.from(fields.firstKey)
-                           : std::span<const std::uint32_t>(fields.shape->numbers);
-  const auto count = static_cast<std::uint32_t>(fields.dictionary.count);
-  for (std::uint32_t i = 0; i < count; ++i) {
-    if (numbers[i] == number) return i;
+std::uint32_t ReadFields::positionOf(const PlistItem& dictionary, std::string_view key) {
+  budget_.charge(dictionary.count);
+  for (std::uint64_t i = 0; i < dictionary.count; ++i) {
+    const PlistItem found = plist_.item(plist_.reference(dictionary, i));
+    // As UTF-8 a text is never shorter.
+    if (found.count <= key.size() && plist_.text(found, scratch_) == key) {
+      return static_cast<std::uint32_t>(i);
+    }
   }
   return ArchiveShape::kAbsent;
 }

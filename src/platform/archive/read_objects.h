@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -27,15 +28,20 @@ class ReadObjects {
   }
 
   /// Throws `OVInvalidArchive` where there is no such object.
-  void check(std::uint64_t uid) const {
+  [[nodiscard]] std::uint64_t checked(std::uint64_t uid) const {
     if (uid >= array_.count) refuse(uid);
-  }
-  /// The UID that is there; throws `OVInvalidArchive` for anything else.
-  [[nodiscard]] std::uint64_t uidOf(std::uint64_t item) const {
-    std::uint64_t uid = 0;
-    if (!plist_.isUid(item, uid)) throw OVInvalidArchive("a reference that is not a UID");
-    check(uid);
     return uid;
+  }
+  /// The UID that an item is, if it is one, checked.
+  [[nodiscard]] std::optional<std::uint64_t> uidAt(std::uint64_t item) const {
+    const auto uid = plist_.uidAt(item);
+    return uid ? std::optional(checked(*uid)) : std::nullopt;
+  }
+  /// The same; throws `OVInvalidArchive` for anything else.
+  [[nodiscard]] std::uint64_t uidOf(std::uint64_t item) const {
+    const auto uid = uidAt(item);
+    if (!uid) throw OVInvalidArchive("a reference that is not a UID");
+    return *uid;
   }
   /// The item of an object, and its number in the property list. The UID has been checked.
   [[nodiscard]] PlistItem item(std::uint64_t uid) const { return plist_.item(itemNumber(uid)); }

@@ -4,9 +4,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/archive/archive_keys.h"
-#include "platform/archive/growing_array.h"
 #include "platform/archive/key_sequence.h"
 #include "platform/archive/written_values.h"
 
@@ -41,7 +41,7 @@ class WrittenFields {
   void addRaw(std::string_view key, Number value) { entries_.push_back({values_.key(key), value}); }
   void addRaw(Number key, Number value) { entries_.push_back({key, value}); }
 
-  [[nodiscard]] std::span<const Entry> entries() const { return entries_.span(); }
+  [[nodiscard]] std::span<const Entry> entries() const { return entries_; }
 
  private:
   [[gnu::cold]] void addNew(std::string_view key, Number value) {
@@ -57,7 +57,7 @@ class WrittenFields {
   }
 
   WrittenValues& values_;
-  GrowingArray<Entry> entries_;
+  std::vector<Entry> entries_;
   KeySequence::Walk nextKey_;
   bool hasConstantKeys_ = false;
 };

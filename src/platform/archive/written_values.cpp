@@ -37,10 +37,11 @@ PlistWriter::Number writeLeaf(PlistWriter& plist, const OVObject& leaf) {
   return plist.date(static_cast<const OVDate&>(leaf).timeIntervalSinceReferenceDate());
 }
 
-PlistWriter::Number WrittenValues::newKey(std::string_view key) {
+PlistWriter::Number WrittenValues::key(std::string_view key) {
+  if (const auto known = keys_.find(key); known != keys_.end()) return known->second;
   const bool isWellFormed = wellFormedPrefix(key) == key.size();
   const Number number = isWellFormed ? text(key) : text(repaired(key));
-  keys_.add(key, number);
+  keys_.emplace(key, number);
   return number;
 }
 

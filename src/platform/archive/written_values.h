@@ -3,15 +3,18 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
-#include "platform/archive/key_numbers.h"
 #include "platform/archive/plist_writer.h"
 #include "platform/archive/recent_leaves.h"
+#include "platform/keyed_hash.h"
 
 namespace ov::detail {
 
@@ -26,10 +29,7 @@ class WrittenValues {
 
   explicit WrittenValues(PlistWriter& plist) : plist_(plist), recent_(plist) {}
 
-  Number key(std::string_view key) {
-    const Number number = keys_.find(key);
-    return number == KeyNumbers::kNone ? newKey(key) : number;
-  }
+  Number key(std::string_view key);
   Number text(std::string_view text);
   Number texts(std::span<const OVString> texts);
   Number integer(std::int64_t value);
@@ -40,12 +40,11 @@ class WrittenValues {
   Number leaf(const OVRef<OVObject>& leaf);
 
  private:
-  [[gnu::cold]] Number newKey(std::string_view key);
   Number lastOrEarlier() { return recent_.addLast().object; }
 
   PlistWriter& plist_;
   RecentLeaves recent_;
-  KeyNumbers keys_;
+  std::unordered_map<std::string, Number, KeyedHash, std::equal_to<>> keys_;
   std::array<Number, 256> smallIntegers_{};  // 0: not written yet
 };
 

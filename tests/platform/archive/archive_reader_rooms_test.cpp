@@ -156,7 +156,6 @@ TEST_F(ArchiveReaderRooms, FieldsAreFoundByTheirKeys) {
     EXPECT_TRUE(rooms.fields.find(fields, "a", Kind::integer));
     EXPECT_FALSE(rooms.fields.find(fields, "a", Kind::ascii));
     EXPECT_EQ(rooms.fields.classOf(fields).name, "One");
-    rooms.fields.close(fields);
   }
   const ArchiveFields fields = rooms.fields.open(rooms.objects.item(bare));
   EXPECT_THROW((void)rooms.fields.classOf(fields), OVInvalidArchive);
@@ -170,7 +169,6 @@ TEST_F(ArchiveReaderRooms, FoundationFormsAreTakenForWhatTheyAre) {
   const auto made = [&](Uid uid) {
     const ArchiveFields fields = rooms.fields.open(rooms.objects.item(uid));
     auto object = rooms.forms.make(rooms.fields.classOf(fields).name, fields);
-    rooms.fields.close(fields);
     return object;
   };
   EXPECT_EQ(ov::cast<OVString>(made(text)), "text");

@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/archive/object_lengths.h"
-
-using ov::detail::ObjectLengths;
 using ov::detail::PlistWriter;
 using ov::detail::RecentLeaves;
 
@@ -53,14 +50,6 @@ TEST_F(RecentLeavesOf, AMillionOthersMayNot) {
   text("first");
   for (int i = 0; i < 1'000'000; ++i) text(std::to_string(i));
   EXPECT_TRUE(text("first").isNew);
-}
-
-TEST(ObjectLengths, ComeBackInTheirOrder) {
-  ObjectLengths lengths;
-  const std::uint64_t all[] = {1, 255, 256, 2, std::uint64_t{5} << 32, 3};
-  for (const std::uint64_t length : all) lengths.push_back(length);
-  ObjectLengths::Walk walk(lengths);
-  for (const std::uint64_t length : all) EXPECT_EQ(walk.next(), length);
 }
 
 }  // namespace
