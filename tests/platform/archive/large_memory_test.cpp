@@ -14,7 +14,8 @@ using ov::detail::LargeMemory;
 namespace {
 
 TEST(LargeMemory, OfAnySizeCanBeUsedToItsEnd) {
-  for (const std::size_t bytes : {0, 1, 1000, (4 << 20) - 1, 4 << 20, 5'000'000, 90'000'000}) {
+  for (const std::size_t bytes :
+       {0UL, 1UL, 1000UL, (4UL << 20) - 1, 4UL << 20, 5'000'000UL, 90'000'000UL}) {
     void* memory = LargeMemory::allocate(bytes);
     ASSERT_NE(memory, nullptr);
     std::memset(memory, 1, bytes);
