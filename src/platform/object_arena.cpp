@@ -117,7 +117,8 @@ void ObjectArena::open() {
 
 void ObjectArena::addPiece() {
   void* place = pieceBytes_ == kPage ? ::operator new(kPage, std::align_val_t(kPage))
-                                     : LargeMemory::allocate(pieceBytes_);
+                                     : LargeMemory::resize(nullptr, 0, pieceBytes_);
+  if (place == nullptr) throw std::bad_alloc();
   finishPiece();
   piece_ = ::new (place) Piece(pieceBytes_);
   next_ = reinterpret_cast<std::byte*>(piece_ + 1);

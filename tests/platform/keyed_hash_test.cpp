@@ -1,8 +1,11 @@
 #include "platform/keyed_hash.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <set>
 #include <string>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using ov::detail::KeyedHash;
@@ -26,6 +29,17 @@ TEST(KeyedHash, EveryCharacterCounts) {
     }
   }
   EXPECT_EQ(hashes.size(), 40U + 40U * 39U / 2U);
+}
+
+// Texts that collide in one process do not in another.
+TEST(KeyedHash, EachProcessHasAKeyOfItsOwn) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto hashed = [] { return "hash " + std::to_string(KeyedHash()("text")) + '.'; };
+  const auto tell = [&] {
+    std::fputs(hashed().c_str(), stderr);
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(tell(), testing::ExitedWithCode(0), testing::Not(testing::HasSubstr(hashed())));
 }
 
 }  // namespace

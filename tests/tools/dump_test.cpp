@@ -91,6 +91,14 @@ TEST_F(Dump, JsonHoldsNoControlCharacters) {
   for (const char byte : outcome.out) EXPECT_TRUE(byte == '\n' || (byte >= ' ' && byte < 0x7F));
 }
 
+TEST_F(Dump, TextsThatAreObjectsTellTheirClass) {
+  EXPECT_EQ(text(foreign("texts")),
+            "NSArray, 2 items\n"
+            "  - \"plain\"\n"
+            "  - NSMutableString\n"
+            "    NS.string: \"mutable\"\n");
+}
+
 TEST_F(Dump, SharedObjectsAreShownOnce) {
   const std::string file = foreign("shared");
   EXPECT_EQ(text(file),

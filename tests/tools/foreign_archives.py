@@ -69,6 +69,17 @@ def kinds():
     )
 
 
+def texts():
+    """Texts as they are, and as objects that tell their class."""
+    return archive(
+        {"$class": UID(2), "NS.objects": [UID(3), UID(4)]},
+        record("NSArray"),
+        "plain",
+        {"$class": UID(5), "NS.string": "mutable"},
+        record("NSMutableString", "NSString"),
+    )
+
+
 def shared():
     """A label that two entries of a list share, and a set of it."""
     return archive(

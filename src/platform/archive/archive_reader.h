@@ -57,6 +57,11 @@ class ArchiveReader {
   [[nodiscard]] std::optional<Item> find(const ArchiveFields& fields, std::string_view key) {
     return fields_.find(fields, key);
   }
+  /// The same, read; null when there is none.
+  [[nodiscard]] PlistItem valueOf(const ArchiveFields& fields, std::string_view key) {
+    const auto item = find(fields, key);
+    return item ? plist_.item(*item) : PlistItem();
+  }
   /// The object of a field: what its UID refers to, or the item itself as an object.
   OVRef<OVObject> objectOf(Item item);
   OVString textOf(Item item);

@@ -77,33 +77,25 @@ ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object,
       if (!isShared) return reference(static_cast<const TextObject&>(*object));
       [[fallthrough]];
     case WrittenClasses::Kind::leaf:
-      return leafReference(object, isShared);
+      return leafReference(object, *object, isShared);
     default:
       return objectReference(object, entry, isShared, copy);
   }
 }
 
 /// What is shared is recognised by its address; what is not, if it was written lately.
-ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
-  const auto write = [&] {
-    plist_.text({text.data(), text.size()});
-    return objects_.addLeaf();
-  };
-  if (!text.isShared()) return write();
-  const auto [known, isNew] = met_->at(text);
+template <class Kept>
+ArchiveWriter::Number ArchiveWriter::leafReference(const Kept& kept, const OVObject& leaf,
+                                                   bool isShared) {
+  const auto write = [&] { return objects_.addLeaf(writeLeaf(plist_, leaf)); };
+  if (!isShared) return write();
+  const auto [known, isNew] = met_->at(kept);
   if (isNew) known.number = write();
   return known.number;
 }
 
-ArchiveWriter::Number ArchiveWriter::leafReference(const OVRef<OVObject>& leaf, bool isShared) {
-  const auto write = [&] {
-    writeLeaf(plist_, *leaf);
-    return objects_.addLeaf();
-  };
-  if (!isShared) return write();
-  const auto [known, isNew] = met_->at(leaf);
-  if (isNew) known.number = write();
-  return known.number;
+ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
+  return leafReference(text, text, text.isShared());
 }
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,

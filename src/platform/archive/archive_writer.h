@@ -86,7 +86,8 @@ class ArchiveWriter {
   Number writeTop(Number root);
   Number reference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
   Number reference(const TextObject& text);
-  Number leafReference(const OVRef<OVObject>& leaf, bool isShared);
+  template <class Kept>
+  Number leafReference(const Kept& kept, const OVObject& leaf, bool isShared);
   Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, bool isShared,
                          OVRef<OVObject>* copy);
   [[gnu::cold]] Number refuse(const OVRef<OVObject>& object);

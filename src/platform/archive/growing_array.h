@@ -2,29 +2,48 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
 #include <span>
 #include <type_traits>
+#include <utility>
+
+#include "platform/archive/large_memory.h"
 
 namespace ov::detail {
 
-/// A list of plain values that grows at its end. A large one grows in place, so that no second copy
+/// A list of plain values that grows at its end. Large ones grow in place, so that no second copy
 /// is ever held, and memory beyond the end is not touched.
 template <class T>
 class GrowingArray {
   static_assert(std::is_trivially_copyable_v<T>);
 
  public:
-  [[nodiscard]] std::size_t size() const { return size_; }
-  [[nodiscard]] T* data() { return values_.get(); }
-  [[nodiscard]] const T* data() const { return values_.get(); }
-  T& operator[](std::size_t index) { return values_[index]; }
-  [[nodiscard]] std::span<const T> span() const { return {data(), size_}; }
+  GrowingArray() = default;
+  GrowingArray(GrowingArray&& other) noexcept
+      : values_(std::exchange(other.values_, nullptr)),
+        size_(std::exchange(other.size_, 0)),
+        capacity_(std::exchange(other.capacity_, 0)) {}
+  GrowingArray& operator=(GrowingArray&& other) noexcept {
+    GrowingArray taken(std::move(other));
+    std::swap(values_, taken.values_);
+    std::swap(size_, taken.size_);
+    std::swap(capacity_, taken.capacity_);
+    return *this;
+  }
+  ~GrowingArray() { LargeMemory::free(values_, capacity_ * sizeof(T)); }
 
-  void push_back(T value) { *extend(1) = value; }
+  [[nodiscard]] std::size_t size() const { return size_; }
+  [[nodiscard]] T* data() { return values_; }
+  [[nodiscard]] const T* data() const { return values_; }
+  T& operator[](std::size_t index) { return values_[index]; }
+  [[nodiscard]] std::span<const T> span() const { return {values_, size_}; }
+
+  void push_back(T value) {
+    if (size_ == capacity_) grow(1);
+    values_[size_++] = value;
+  }
   void append(const T* values, std::size_t count) {
     T* place = extend(count);
     if (count != 0) std::memcpy(place, values, count * sizeof(T));
@@ -32,7 +51,7 @@ class GrowingArray {
   /// Room for `count` more values, to be written by the caller.
   T* extend(std::size_t count) {
     if (count > capacity_ - size_) grow(count);
-    T* place = data() + size_;
+    T* place = values_ + size_;
     size_ += count;
     return place;
   }
@@ -41,24 +60,21 @@ class GrowingArray {
   /// The values, freed with the last reference; the list is empty afterwards.
   std::shared_ptr<const T> release() {
     if (size_ != 0) resize(size_);
+    const auto free = [bytes = capacity_ * sizeof(T)](T* values) {
+      LargeMemory::free(values, bytes);
+    };
     size_ = capacity_ = 0;
-    return {values_.release(), &std::free};
+    return {std::exchange(values_, nullptr), free};
   }
   /// Frees the memory as well.
   void reset() { *this = GrowingArray(); }
 
  private:
-  struct Free {
-    void operator()(T* values) const { std::free(values); }
-  };
-
   /// False when there is no memory.
   bool resize(std::size_t capacity) {
-    // The heap moves large pieces without copying them.
-    void* resized = std::realloc(values_.get(), capacity * sizeof(T));
+    void* resized = LargeMemory::resize(values_, capacity_ * sizeof(T), capacity * sizeof(T));
     if (resized == nullptr) return false;
-    static_cast<void>(values_.release());
-    values_.reset(static_cast<T*>(resized));
+    values_ = static_cast<T*>(resized);
     capacity_ = capacity;
     return true;
   }
@@ -68,7 +84,7 @@ class GrowingArray {
     if (wanted > SIZE_MAX / sizeof(T) || !resize(wanted)) throw std::bad_alloc();
   }
 
-  std::unique_ptr<T[], Free> values_;
+  T* values_ = nullptr;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
 };

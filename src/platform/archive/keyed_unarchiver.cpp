@@ -53,9 +53,7 @@ bool OVKeyedUnarchiver::decodeListForKey(std::vector<OVRef<OVObject>>& items,
 }
 
 std::int64_t OVKeyedUnarchiver::decodeIntegerForKey(std::string_view key) const {
-  const auto item = reader_.find(fields_, key);
-  if (!item) return 0;
-  const PlistItem value = reader_.plist().item(*item);
+  const PlistItem value = reader_.valueOf(fields_, key);
   if (value.kind == Kind::integer) {
     const auto [integer, isUnsigned] = reader_.plist().integer(value);
     return isUnsigned ? std::numeric_limits<std::int64_t>::max() : integer;
@@ -69,9 +67,7 @@ bool OVKeyedUnarchiver::decodeBoolForKey(std::string_view key) const {
 }
 
 double OVKeyedUnarchiver::decodeDoubleForKey(std::string_view key) const {
-  const auto item = reader_.find(fields_, key);
-  if (!item) return 0;
-  const PlistItem value = reader_.plist().item(*item);
+  const PlistItem value = reader_.valueOf(fields_, key);
   if (value.kind == Kind::real) return reader_.plist().real(value);
   if (value.kind == Kind::integer) {
     const auto [integer, isUnsigned] = reader_.plist().integer(value);
@@ -82,8 +78,6 @@ double OVKeyedUnarchiver::decodeDoubleForKey(std::string_view key) const {
 }
 
 std::span<const std::byte> OVKeyedUnarchiver::decodeBytesForKey(std::string_view key) const {
-  const auto item = reader_.find(fields_, key);
-  if (!item) return {};
-  const PlistItem value = reader_.plist().item(*item);
+  const PlistItem value = reader_.valueOf(fields_, key);
   return value.kind == Kind::data ? reader_.plist().data(value) : std::span<const std::byte>();
 }

@@ -1,15 +1,17 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 
 namespace ov::detail {
 
-/// Memory for much that is used at random: what is large has pages of its own, large ones where the
-/// system has them, and only those that are touched count. What is small comes from the heap.
+/// Memory that grows without a second copy: small pieces come from the heap, large ones are pages
+/// of their own, in large pages where the system has them, and only those that are touched count.
+///
+/// `bytes` is always the size that was asked for last.
 struct LargeMemory {
-  /// Throws `std::bad_alloc`.
-  [[nodiscard]] static void* allocate(std::size_t bytes);
-  /// `bytes`: as many as were asked for.
+  /// Null when there is no memory; `old`, which may be null, is then kept.
+  [[nodiscard]] static void* resize(void* old, std::size_t oldBytes, std::size_t bytes) noexcept;
   static void free(void* memory, std::size_t bytes) noexcept;
 };
 
@@ -21,7 +23,9 @@ struct LargeAllocator {
   template <class U>
   LargeAllocator(const LargeAllocator<U>&) {}  // NOLINT(google-explicit-constructor)
   T* allocate(std::size_t count) {
-    return static_cast<T*>(LargeMemory::allocate(count * sizeof(T)));
+    void* place = LargeMemory::resize(nullptr, 0, count * sizeof(T));
+    if (place == nullptr) throw std::bad_alloc();
+    return static_cast<T*>(place);
   }
   void deallocate(T* place, std::size_t count) { LargeMemory::free(place, count * sizeof(T)); }
   template <class U>

@@ -8,6 +8,8 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
+#include "platform/archive/large_memory.h"
+
 namespace ov::detail {
 
 /// References to objects that may be met again. The objects are known by their addresses, and kept
@@ -46,6 +48,8 @@ class MetObjects {
   }
 
  private:
+  using Slots = std::vector<Entry, LargeAllocator<Entry>>;
+
   Result at(const void* address) {
     if (used_ * 4 >= slots_.size() * 3) grow();
     Entry& entry = slotOf(address);
@@ -64,13 +68,13 @@ class MetObjects {
   }
 
   void grow() {
-    const std::vector<Entry> old = std::exchange(slots_, std::vector<Entry>(slots_.size() * 2));
+    const Slots old = std::exchange(slots_, Slots(slots_.size() * 2));
     for (const Entry& entry : old) {
       if (entry.address != nullptr) slotOf(entry.address) = entry;
     }
   }
 
-  std::vector<Entry> slots_ = std::vector<Entry>(64);  // a power of two
+  Slots slots_ = Slots(64);  // a power of two
   std::size_t used_ = 0;
   std::vector<OVRef<OVObject>> objects_;
   std::vector<const TextObject*> texts_;

@@ -11,12 +11,6 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-std::vector<OVOpaqueField> OpaqueReader::fields(const PlistItem& dictionary) {
-  std::vector<OVOpaqueField> all = fields(dictionary, 0);
-  std::erase_if(all, [](const OVOpaqueField& field) { return field.key == archive::kClass; });
-  return all;
-}
-
 std::vector<OVOpaqueField> OpaqueReader::fields(const PlistItem& dictionary, unsigned depth) {
   budget_.charge(dictionary.count * sizeof(OVOpaqueField));
   std::vector<OVOpaqueField> fields;
@@ -27,9 +21,8 @@ std::vector<OVOpaqueField> OpaqueReader::fields(const PlistItem& dictionary, uns
     const std::string_view text = plist_.text(keyItem, scratch_);
     budget_.charge(2 * text.size() + 64);
     const OVString key(text);
-    const bool isClass = depth == 0 && key == archive::kClass;
-    const std::uint64_t item = plist_.reference(dictionary, dictionary.count + i);
-    fields.push_back({key, isClass ? OVOpaqueValue() : value(item, depth)});
+    if (depth == 0 && key == archive::kClass) continue;
+    fields.push_back({key, value(plist_.reference(dictionary, dictionary.count + i), depth)});
   }
   return fields;
 }

@@ -21,11 +21,10 @@ class OpaqueReader {
                ArchiveReader& objects)
       : plist_(plist), budget_(budget), leaves_(leaves), objects_(objects) {}
 
-  /// All but the class, in their order.
-  [[nodiscard]] std::vector<OVOpaqueField> fields(const PlistItem& dictionary);
+  /// All but the class, in their order. `depth`: of the plain container that the dictionary is.
+  [[nodiscard]] std::vector<OVOpaqueField> fields(const PlistItem& dictionary, unsigned depth = 0);
 
  private:
-  std::vector<OVOpaqueField> fields(const PlistItem& dictionary, unsigned depth);
   OVOpaqueValue value(std::uint64_t item, unsigned depth);
   OVOpaqueValue::Array array(const PlistItem& container, unsigned depth);
 

@@ -27,10 +27,6 @@ PlistReader::PlistReader(std::span<const std::byte> block)
   if (size_ < plist::kHeader.size() + 1 + plist::kTrailerSize) {
     throw OVInvalidArchive("the property list is cut short: no room for its trailer");
   }
-  readTrailer();
-}
-
-void PlistReader::readTrailer() {
   const std::byte* trailer = begin_ + size_ - plist::kTrailerSize;
   offsetSize_ = static_cast<unsigned>(trailer[6]);
   referenceSize_ = static_cast<unsigned>(trailer[7]);

@@ -84,7 +84,6 @@ class PlistReader {
   [[nodiscard]] std::uint64_t offset(std::uint64_t object) const;
 
  private:
-  void readTrailer();
   void checkTrailer(std::uint64_t size) const;
   /// Objects with a count: what they are, by the high half of the first byte.
   struct Counted {

@@ -4,13 +4,14 @@
 
 #include "platform/archive/plist_writer.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <stdexcept>
 
+#include "platform/utf16.h"
 #include "platform/utf8.h"
 
 namespace ov::detail {
@@ -74,16 +75,16 @@ void PlistWriter::sizedInteger(std::uint64_t value) {
   storeBigEndian(body_.extend(width), value, width);
 }
 
-PlistWriter::Number PlistWriter::null() {
+PlistWriter::Number PlistWriter::begin(unsigned first) {
   const Number number = begin();
-  byte(plist::kNull);
+  byte(first);
   return number;
 }
 
+PlistWriter::Number PlistWriter::null() { return begin(plist::kNull); }
+
 PlistWriter::Number PlistWriter::boolean(bool value) {
-  const Number number = begin();
-  byte(value ? plist::kTrue : plist::kFalse);
-  return number;
+  return begin(value ? plist::kTrue : plist::kFalse);
 }
 
 PlistWriter::Number PlistWriter::integer(std::int64_t value) {
@@ -96,16 +97,14 @@ PlistWriter::Number PlistWriter::unsignedInteger(std::uint64_t value) {
   if (value <= static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
     return integer(static_cast<std::int64_t>(value));
   }
-  const Number number = begin();
-  byte(plist::kInteger | 4U);
-  storeBigEndian(body_.extend(16), 0, 8);
-  storeAs<std::uint64_t>(body_.data() + body_.size() - 8, value);
+  const Number number = begin(plist::kInteger | 4U);
+  storeAs<std::uint64_t>(body_.extend(8), 0);
+  storeAs<std::uint64_t>(body_.extend(8), value);
   return number;
 }
 
 PlistWriter::Number PlistWriter::eightBytes(unsigned kind, double value) {
-  const Number number = begin();
-  byte(kind | 3U);
+  const Number number = begin(kind | 3U);
   storeAs<std::uint64_t>(body_.extend(8), std::bit_cast<std::uint64_t>(value));
   return number;
 }
@@ -115,51 +114,22 @@ PlistWriter::Number PlistWriter::real(double value) { return eightBytes(plist::k
 PlistWriter::Number PlistWriter::date(double seconds) { return eightBytes(plist::kDate, seconds); }
 
 PlistWriter::Number PlistWriter::data(std::span<const std::byte> bytes) {
-  const Number number = begin();
-  marker(plist::kData, bytes.size());
+  const Number number = begin(plist::kData, bytes.size());
   body_.append(bytes.data(), bytes.size());
   return number;
 }
 
 PlistWriter::Number PlistWriter::text(std::string_view text) {
-  if (!isAscii(text)) return utf16(text);
-  const Number number = begin();
-  marker(plist::kAscii, text.size());
+  if (!isAscii(text)) return utf16(Utf16Units(text));
+  const Number number = begin(plist::kAscii, text.size());
   body_.append(reinterpret_cast<const std::byte*>(text.data()), text.size());
   return number;
 }
 
-PlistWriter::Number PlistWriter::utf16(std::string_view text) {
-  const Number number = begin();
-  std::size_t units = 0;
-  for (std::string_view rest = text; !rest.empty();) {
-    const CodePoint next = firstCodePoint(rest);
-    units += next.value < 0x10000 ? 1 : 2;
-    rest.remove_prefix(next.length);
-  }
-  marker(plist::kUtf16, units);
-  std::byte* place = body_.extend(2 * units);
-  const auto put = [&place](char32_t unit) {
-    storeAs<std::uint16_t>(place, unit);
-    place += 2;
-  };
-  for (std::string_view rest = text; !rest.empty();) {
-    const CodePoint next = firstCodePoint(rest);
-    if (next.value < 0x10000) {
-      put(next.value);
-    } else {
-      put(0xD7C0 + (next.value >> 10));
-      put(0xDC00 + (next.value & 0x3FF));
-    }
-    rest.remove_prefix(next.length);
-  }
-  return number;
-}
-
-PlistWriter::Number PlistWriter::set(std::span<const Number> elements) {
-  const Number number = begin();
-  marker(plist::kSet, elements.size());
-  references(elements);
+PlistWriter::Number PlistWriter::utf16(const Utf16Units& units) {
+  const Number number =
+      begin(plist::kUtf16, static_cast<std::size_t>(std::ranges::distance(units)));
+  for (const char16_t unit : units) storeAs<std::uint16_t>(body_.extend(2), unit);
   return number;
 }
 

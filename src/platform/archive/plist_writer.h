@@ -14,6 +14,8 @@
 
 namespace ov::detail {
 
+class Utf16Units;
+
 /// Writes a binary property list, object by object, straight into the block.
 ///
 /// Each call appends one object and returns its number, by which containers written later refer to
@@ -35,8 +37,8 @@ class PlistWriter {
   /// Well-formed UTF-8.
   Number text(std::string_view text);
   Number uid(std::uint32_t value);
-  Number array(std::span<const Number> elements);
-  Number set(std::span<const Number> elements);
+  Number array(std::span<const Number> elements) { return references(plist::kArray, elements); }
+  Number set(std::span<const Number> elements) { return references(plist::kSet, elements); }
   struct Entry {
     Number key;
     Number value;
@@ -66,15 +68,17 @@ class PlistWriter {
   static constexpr unsigned kWideReference = 4;
   static constexpr Number kMaxObjects = 0xFFFFFFFE;
 
+  /// Begin an object: with nothing, with its first byte, with its kind and length.
   Number begin();
+  Number begin(unsigned first);
+  Number begin(unsigned kind, std::size_t length);
   [[noreturn, gnu::cold]] static void refuseMore();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
-  void marker(unsigned kind, std::size_t length);
   void longMarker(unsigned kind, std::size_t length);
-  void references(std::span<const Number> objects);
+  Number references(unsigned kind, std::span<const Number> objects);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
-  Number utf16(std::string_view text);
+  Number utf16(const Utf16Units& units);
   void narrowReferences(unsigned width);
   void writeTable(Number top, unsigned referenceSize);
 
@@ -89,19 +93,23 @@ inline PlistWriter::Number PlistWriter::begin() {
   return count_++;
 }
 
-inline void PlistWriter::marker(unsigned kind, std::size_t length) {
+inline PlistWriter::Number PlistWriter::begin(unsigned kind, std::size_t length) {
+  const Number number = begin();
   if (length < plist::kLengthFollows) {
     byte(kind | static_cast<unsigned>(length));
-    return;
+  } else {
+    longMarker(kind, length);
   }
-  longMarker(kind, length);
+  return number;
 }
 
-inline void PlistWriter::references(std::span<const Number> objects) {
+inline PlistWriter::Number PlistWriter::references(unsigned kind, std::span<const Number> objects) {
+  const Number number = begin(kind, objects.size());
   std::byte* place = body_.extend(objects.size() * kWideReference);
   for (std::size_t i = 0; i < objects.size(); ++i) {
     storeAs<std::uint32_t>(place + i * kWideReference, objects[i]);
   }
+  return number;
 }
 
 inline PlistWriter::Number PlistWriter::uid(std::uint32_t value) {
@@ -113,16 +121,8 @@ inline PlistWriter::Number PlistWriter::uid(std::uint32_t value) {
   return number;
 }
 
-inline PlistWriter::Number PlistWriter::array(std::span<const Number> elements) {
-  const Number number = begin();
-  marker(plist::kArray, elements.size());
-  references(elements);
-  return number;
-}
-
 inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entries) {
-  const Number number = begin();
-  marker(plist::kDictionary, entries.size());
+  const Number number = begin(plist::kDictionary, entries.size());
   std::byte* keys = body_.extend(2 * entries.size() * kWideReference);
   std::byte* values = keys + entries.size() * kWideReference;
   for (std::size_t i = 0; i < entries.size(); ++i) {

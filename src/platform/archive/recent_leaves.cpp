@@ -31,8 +31,7 @@ RecentLeaves::Set& RecentLeaves::setOf(std::uint32_t hash) {
   return sets_[static_cast<std::size_t>(static_cast<std::uint64_t>(hash) * sets_.size() >> 32)];
 }
 
-RecentLeaves::Result RecentLeaves::addLast() {
-  const PlistWriter::Number last = writer_.count() - 1;
+RecentLeaves::Result RecentLeaves::add(PlistWriter::Number last) {
   const std::uint32_t hash = leafHash(writer_.lastBytes());
   Set& set = setOf(hash);
   for (const Leaf& leaf : set) {
@@ -41,12 +40,12 @@ RecentLeaves::Result RecentLeaves::addLast() {
       return {leaf.object, false};
     }
   }
-  add(set, {hash, last, writer_.lastOffset()});
+  put(set, {hash, last, writer_.lastOffset()});
   if (++added_ == sets_.size() && added_ < kMaxSets) grow();
   return {last, true};
 }
 
-void RecentLeaves::add(Set& set, Leaf leaf) {
+void RecentLeaves::put(Set& set, Leaf leaf) {
   std::shift_right(set.begin(), set.end(), 1);
   set.front() = leaf;
 }
@@ -55,7 +54,7 @@ void RecentLeaves::grow() {
   const std::vector<Set> old = std::exchange(sets_, std::vector<Set>(sets_.size() * 4));
   for (const Set& set : old) {
     std::for_each(set.rbegin(), set.rend(), [this](const Leaf& leaf) {
-      if (leaf.hash != 0) add(setOf(leaf.hash), leaf);
+      if (leaf.hash != 0) put(setOf(leaf.hash), leaf);
     });
   }
 }

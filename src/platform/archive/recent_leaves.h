@@ -24,7 +24,7 @@ class RecentLeaves {
   };
   /// If an object with the bytes of the one written last is known, removes the last one and returns
   /// the earlier one; otherwise knows it from now on.
-  Result addLast();
+  Result add(PlistWriter::Number last);
 
  private:
   struct Leaf {
@@ -39,7 +39,7 @@ class RecentLeaves {
   static constexpr std::size_t kMaxSets = 1 << 12;
 
   [[nodiscard]] Set& setOf(std::uint32_t hash);
-  static void add(Set& set, Leaf leaf);
+  static void put(Set& set, Leaf leaf);
   void grow();
 
   PlistWriter& writer_;

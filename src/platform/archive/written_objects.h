@@ -33,8 +33,8 @@ class WrittenObjects {
 
   /// The reference to the text, number or data block that was written last; where it was written
   /// lately, it is one with that.
-  Number addLeaf() {
-    const RecentLeaves::Result leaf = recent_.addLast();
+  Number addLeaf(Number last) {
+    const RecentLeaves::Result leaf = recent_.add(last);
     return leaf.isNew ? add(leaf.object) : leaf.object + 1;  // the reference follows its leaf
   }
 

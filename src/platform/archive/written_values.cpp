@@ -45,44 +45,12 @@ PlistWriter::Number WrittenValues::key(std::string_view key) {
   return number;
 }
 
-PlistWriter::Number WrittenValues::text(std::string_view text) {
-  plist_.text(text);
-  return lastOrEarlier();
-}
-
 PlistWriter::Number WrittenValues::integer(std::int64_t value) {
-  const bool isSmall = value >= 0 && value < static_cast<std::int64_t>(smallIntegers_.size());
-  if (isSmall && smallIntegers_[static_cast<std::size_t>(value)] != 0) {
-    return smallIntegers_[static_cast<std::size_t>(value)];
-  }
-  plist_.integer(value);
-  const Number number = lastOrEarlier();
-  if (isSmall) smallIntegers_[static_cast<std::size_t>(value)] = number;
+  const auto small = static_cast<std::uint64_t>(value);
+  if (small >= smallIntegers_.size()) return once(plist_.integer(value));
+  Number& number = smallIntegers_[static_cast<std::size_t>(small)];
+  if (number == 0) number = once(plist_.integer(value));
   return number;
-}
-
-PlistWriter::Number WrittenValues::boolean(bool value) {
-  plist_.boolean(value);
-  return lastOrEarlier();
-}
-
-PlistWriter::Number WrittenValues::real(double value) {
-  plist_.real(value);
-  return lastOrEarlier();
-}
-
-PlistWriter::Number WrittenValues::data(std::span<const std::byte> bytes) {
-  plist_.data(bytes);
-  return lastOrEarlier();
-}
-
-PlistWriter::Number WrittenValues::leaf(const OVRef<OVObject>& leaf) {
-  if (leaf == nullptr) {
-    plist_.null();
-  } else {
-    writeLeaf(plist_, *leaf);
-  }
-  return lastOrEarlier();
 }
 
 PlistWriter::Number WrittenValues::texts(std::span<const OVString> texts) {

@@ -30,17 +30,19 @@ class WrittenValues {
   explicit WrittenValues(PlistWriter& plist) : plist_(plist), recent_(plist) {}
 
   Number key(std::string_view key);
-  Number text(std::string_view text);
+  Number text(std::string_view text) { return once(plist_.text(text)); }
   Number texts(std::span<const OVString> texts);
   Number integer(std::int64_t value);
-  Number boolean(bool value);
-  Number real(double value);
-  Number data(std::span<const std::byte> bytes);
+  Number boolean(bool value) { return once(plist_.boolean(value)); }
+  Number real(double value) { return once(plist_.real(value)); }
+  Number data(std::span<const std::byte> bytes) { return once(plist_.data(bytes)); }
   /// A text, number, date or data block; null for null.
-  Number leaf(const OVRef<OVObject>& leaf);
+  Number leaf(const OVRef<OVObject>& leaf) {
+    return once(leaf == nullptr ? plist_.null() : writeLeaf(plist_, *leaf));
+  }
 
  private:
-  Number lastOrEarlier() { return recent_.addLast().object; }
+  Number once(Number last) { return recent_.add(last).object; }
 
   PlistWriter& plist_;
   RecentLeaves recent_;

@@ -51,10 +51,8 @@ TEST_F(ArchiveWriterRooms, ObjectsGetTheirUidsInTurn) {
 }
 
 TEST_F(ArchiveWriterRooms, AnEqualLeafIsTheEarlierObject) {
-  plist_.text("equal");
-  const auto first = objects_.addLeaf();
-  plist_.text("equal");
-  EXPECT_EQ(objects_.addLeaf(), first);
+  const auto first = objects_.addLeaf(plist_.text("equal"));
+  EXPECT_EQ(objects_.addLeaf(plist_.text("equal")), first);
   EXPECT_EQ(objects_.nextUid(), 2U);
 }
 

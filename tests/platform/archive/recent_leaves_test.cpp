@@ -11,10 +11,7 @@ namespace {
 
 class RecentLeavesOf : public testing::Test {
  protected:
-  RecentLeaves::Result text(std::string_view text) {
-    plist_.text(text);
-    return leaves_.addLast();
-  }
+  RecentLeaves::Result text(std::string_view text) { return leaves_.add(plist_.text(text)); }
 
   PlistWriter plist_;
   RecentLeaves leaves_{plist_};
@@ -34,8 +31,7 @@ TEST_F(RecentLeavesOf, WhatBeginsAlikeDiffers) {
   for (const std::size_t length : {0U, 1U, 14U, 15U, 300U}) {
     EXPECT_TRUE(text(std::string(length, 'x')).isNew) << length;
   }
-  plist_.data({});
-  EXPECT_TRUE(leaves_.addLast().isNew);
+  EXPECT_TRUE(leaves_.add(plist_.data({})).isNew);
 }
 
 TEST_F(RecentLeavesOf, ThousandsOfOthersMayComeBetween) {
