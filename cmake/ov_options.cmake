@@ -38,6 +38,11 @@ endif()
 macro(ov_use_test_compiler)
   if(OV_TEST_COMPILER)
     set(CMAKE_CXX_COMPILER ${OV_TEST_COMPILER})
-    add_compile_options(-Wno-unknown-warning-option)
+    set(CMAKE_PCH_EXTENSION .pch)
+    set(CMAKE_CXX_COMPILE_OPTIONS_CREATE_PCH
+        -Xclang -emit-pch -Xclang -include -Xclang <PCH_HEADER> -x c++-header)
+    set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH
+        -Xclang -include-pch -Xclang <PCH_FILE> -Xclang -include -Xclang <PCH_HEADER>)
+    add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Wno-unknown-warning-option -Xclang -fno-pch-timestamp>")
   endif()
 endmacro()

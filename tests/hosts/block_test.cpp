@@ -127,6 +127,11 @@ TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
       ElementsAre("TEL;X-CUSTOM=Fo:1"));
 }
 
+TEST(ThroughABlock, OddPreferencesTakeNoLineOutOfItsGroup) {
+  EXPECT_THAT(linesAfterBlock("a.X-A;PREF=:1\na.X-B;PREF=05:2\na.X-C;PREF=x;TYPE=pref:3"),
+              ElementsAre("a.X-A;PREF=\"\":1", "a.X-B;PREF=05:2", "a.X-C;PREF=x;TYPE=pref:3"));
+}
+
 TEST(ThroughABlock, OddTypesTakeNoLineOutOfItsGroup) {
   EXPECT_THAT(linesAfterBlock("a.X-A;TYPE=\"\",b:1\na.X-B;TYPE=:2\na.X-C;TYPE=\"d,,e\":3"),
               ElementsAre("a.X-A;TYPE=b:1", "a.X-B:2", "a.X-C;TYPE=d,e:3"));

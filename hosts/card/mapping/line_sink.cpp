@@ -35,13 +35,11 @@ std::string_view olderName(std::string_view name) {
 }  // namespace
 
 std::string parametersOf(const Line& line, Preference preference) {
+  if (preference == Preference::Verbatim) return canonicalParameters(line);
   std::string parameters;
-  const int rank = preference == Preference::First  ? 1
-                   : preference == Preference::None ? kNotPreferred
-                                                    : line.preference();
-  bool isRanked = rank == kNotPreferred;
+  bool isRanked = preference == Preference::None;
   const auto appendRank = [&] {
-    if (!isRanked) appendParameter(parameters, "PREF", {std::to_string(rank)});
+    if (!isRanked) appendParameter(parameters, "PREF", {"1"});
     isRanked = true;
   };
   for (const Parameter& parameter : line.parameters()) {
