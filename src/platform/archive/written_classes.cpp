@@ -19,21 +19,16 @@ WrittenClasses::Kind kindOfClass(const OVClass& objectClass) {
 }  // namespace
 
 WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
-  const auto [at, isNew] = entries_.try_emplace(&objectClass);
-  Entry& entry = at->second;
-  if (isNew) {
-    entry.objectClass = &objectClass;
-    entry.kind = kindOfClass(objectClass);
-    entry.isHosts = !isLibraryClass(objectClass);
-    entry.isTrusted = !entry.isHosts || objectClass.encodesItsOwnOnce;
-    if (entry.isTrusted && objectClass.make != nullptr) {
-      if (const OVRef<OVObject> example = objectClass.make()) {
-        const OVObject& object = *example;
-        entry.type = &typeid(object);
-      }
-    }
+  Entry& entry = entries_[&objectClass];
+  entry.objectClass = &objectClass;
+  entry.kind = kindOfClass(objectClass);
+  entry.isHosts = !isLibraryClass(objectClass);
+  entry.isTrusted = !entry.isHosts || objectClass.encodesItsOwnOnce;
+  if (!entry.isTrusted || objectClass.make == nullptr) return entry;
+  if (const OVRef<OVObject> example = objectClass.make()) {
+    const OVObject& object = *example;
+    entry.type = &typeid(object);
   }
-  recent_[slotOf(objectClass)] = &entry;
   return entry;
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -49,8 +47,8 @@ class WrittenClasses {
 
   /// Stays where it is.
   Entry& of(const OVClass& objectClass) {
-    Entry* const recent = recent_[slotOf(objectClass)];
-    return recent != nullptr && recent->objectClass == &objectClass ? *recent : add(objectClass);
+    const auto known = entries_.find(&objectClass);
+    return known == entries_.end() ? add(objectClass) : known->second;
   }
 
   /// The reference to a class's record, of which there is one for each that reads the same.
@@ -60,23 +58,16 @@ class WrittenClasses {
   }
 
  private:
-  static std::size_t slotOf(const OVClass& objectClass) {
-    const auto address = reinterpret_cast<std::uintptr_t>(&objectClass);
-    return (address >> 3 ^ address >> 11) % kRecent;
-  }
   [[gnu::cold]] Entry& add(const OVClass& objectClass);
   [[gnu::cold]] Number newRecord(Entry& entry);
   Number record(const OVString& name, std::span<const OVString> names,
                 std::span<const OVString> hints);
-
-  static constexpr std::size_t kRecent = 256;
 
   PlistWriter& plist_;
   WrittenValues& values_;
   WrittenObjects& objects_;
   Number key_ = 0;  // 0: not written yet
   std::unordered_map<const OVClass*, Entry> entries_;
-  std::array<Entry*, kRecent> recent_{};
   std::unordered_map<std::string, Number> records_;
 };
 
