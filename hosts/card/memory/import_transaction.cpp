@@ -4,6 +4,7 @@
 #include "import_transaction.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 
 #include "card_id.h"
@@ -49,6 +50,11 @@ ImportTransaction::~ImportTransaction() {
 const Store::Entry* ImportTransaction::find(std::string_view id) const {
   const auto at = byID_.find(id);
   return at != byID_.end() ? &at->second : book_.find(id);
+}
+
+void ImportTransaction::reserve(std::size_t count) {
+  persons_.reserve(count);
+  byID_.reserve(count);
 }
 
 void ImportTransaction::add(const Card& card) {
@@ -170,7 +176,8 @@ void ImportTransaction::prepare() {
 }
 
 void ImportTransaction::commit() noexcept {
-  book_.persons.insert(book_.persons.end(), persons_.begin(), persons_.end());
+  book_.persons.insert(book_.persons.end(), std::make_move_iterator(persons_.begin()),
+                       std::make_move_iterator(persons_.end()));
   book_.groups.insert(book_.groups.end(), groups_.begin(), groups_.end());
   book_.byID.merge(byID_);
   book_.nextOrder = nextOrder_;

@@ -25,6 +25,8 @@ class ImportTransaction {
   ImportTransaction& operator=(const ImportTransaction&) = delete;
   ~ImportTransaction();
 
+  /// Makes room for so many cards.
+  void reserve(std::size_t count);
   void add(const Card& card);
   /// The same, but what the card says of a person is read when somebody first asks for it.
   void addUnread(const Card& card);
