@@ -15,6 +15,9 @@ constexpr int kMostRequests = 3;
 struct FreeContacts {
   void operator()(GSList* list) const { g_slist_free_full(list, g_object_unref); }
 };
+struct FreeList {
+  void operator()(GSList* list) const { g_slist_free(list); }
+};
 struct FreeTexts {
   void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
 };
@@ -119,9 +122,12 @@ Connection::Outcome Connection::readCards(const std::string& query, Cards& cards
           return FALSE;
         }
         if (list == nullptr) return canRead(book, cancellable, error);
-        const std::unique_ptr<GSList, FreeContacts> contacts(list);
-        for (const GSList* each = list; each != nullptr; each = each->next) {
-          cards.push_back(textOf(static_cast<EContact*>(each->data)));
+        const std::unique_ptr<GSList, FreeList> held(list);
+        cards.reserve(g_slist_length(list));
+        for (GSList* each = list; each != nullptr; each = each->next) {
+          // Let go at once: the next text takes its memory.
+          const GRef<EContact> contact(static_cast<EContact*>(each->data));
+          cards.push_back(textOf(contact.get()));
         }
         return TRUE;
       });
@@ -190,7 +196,7 @@ Connection::Outcome Connection::remove(const std::vector<std::string>& uids, con
 
 void Connection::noteWritten(const Outcome& outcome) {
   if (isLocal_) return;
-  if (outcome.error == OVEDSError::Offline) access_ = Access::Offline;
+  if (outcome.error == OVEDSError::Offline) isUnreachable_ = true;
   if (outcome.error) return;
   // The service takes changes for a server that it may not or cannot ask, and keeps them.
   const bool isSent =
@@ -198,6 +204,7 @@ void Connection::noteWritten(const Outcome& outcome) {
       e_source_get_connection_status(source_.get()) == E_SOURCE_CONNECTION_STATUS_CONNECTED;
   if (isSent) {
     access_ = Access::Granted;
+    isUnreachable_ = false;
   } else {
     waitsForServer_ = true;
   }
