@@ -70,9 +70,8 @@ void ImportTransaction::addUnread(const Card& card) {
 }
 
 bool ImportTransaction::addUnread(const OVString& uid, CardSource source) {
-  if (find(uid) != nullptr) return false;
-  keep(std::make_shared<Person>(uid, std::move(source), uid, book_.weak_from_this()));
-  return true;
+  if (book_.find(uid) != nullptr) return false;
+  return keep(std::make_shared<Person>(uid, std::move(source), uid, book_.weak_from_this()));
 }
 
 bool ImportTransaction::addGroupOrNothing(const Card& card) {
@@ -138,10 +137,11 @@ void ImportTransaction::addPerson(const Card& card) {
   keep(person);
 }
 
-void ImportTransaction::keep(const OVRef<Person>& person) {
+bool ImportTransaction::keep(const OVRef<Person>& person) {
+  if (!byID_.try_emplace(person->key(), Store::Entry{person, {}}).second) return false;
   person->order = nextOrder_++;
   persons_.push_back(person);
-  byID_.emplace(person->key(), Store::Entry{person, {}});
+  return true;
 }
 
 void ImportTransaction::addGroup(const Card& card) {

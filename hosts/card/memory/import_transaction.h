@@ -67,7 +67,8 @@ class ImportTransaction {
   /// False for the card of a person.
   bool addGroupOrNothing(const Card& card);
   void addPerson(const Card& card);
-  void keep(const OVRef<Person>& person);
+  /// False, keeping nothing, when another card has taken the ID.
+  bool keep(const OVRef<Person>& person);
   void addGroup(const Card& card);
   void addTags();
   void forgetTags() noexcept;
