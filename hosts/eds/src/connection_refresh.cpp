@@ -1,3 +1,6 @@
+// Has the service ask the server. It tells neither of a dead server nor of a refresh it forgot: the
+// server is tried first, and a refresh that does not begin is asked for again.
+
 #include <libebook/libebook.h>
 
 #include <algorithm>
