@@ -4,6 +4,7 @@
 #include "import_transaction.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 
 #include "card_id.h"
@@ -51,6 +52,11 @@ const Store::Entry* ImportTransaction::find(std::string_view id) const {
   return at != byID_.end() ? &at->second : book_.find(id);
 }
 
+void ImportTransaction::reserve(std::size_t count) {
+  persons_.reserve(count);
+  byID_.reserve(count);
+}
+
 void ImportTransaction::add(const Card& card) {
   if (!addGroupOrNothing(card)) addPerson(card);
 }
@@ -64,9 +70,8 @@ void ImportTransaction::addUnread(const Card& card) {
 }
 
 bool ImportTransaction::addUnread(const OVString& uid, CardSource source) {
-  if (find(uid) != nullptr) return false;
-  keep(std::make_shared<Person>(uid, std::move(source), uid, book_.weak_from_this()));
-  return true;
+  if (book_.find(uid) != nullptr) return false;
+  return keep(std::make_shared<Person>(uid, std::move(source), uid, book_.weak_from_this()));
 }
 
 bool ImportTransaction::addGroupOrNothing(const Card& card) {
@@ -132,10 +137,11 @@ void ImportTransaction::addPerson(const Card& card) {
   keep(person);
 }
 
-void ImportTransaction::keep(const OVRef<Person>& person) {
+bool ImportTransaction::keep(const OVRef<Person>& person) {
+  if (!byID_.try_emplace(person->key(), Store::Entry{person, {}}).second) return false;
   person->order = nextOrder_++;
   persons_.push_back(person);
-  byID_.emplace(person->key(), Store::Entry{person, {}});
+  return true;
 }
 
 void ImportTransaction::addGroup(const Card& card) {
@@ -170,7 +176,8 @@ void ImportTransaction::prepare() {
 }
 
 void ImportTransaction::commit() noexcept {
-  book_.persons.insert(book_.persons.end(), persons_.begin(), persons_.end());
+  book_.persons.insert(book_.persons.end(), std::make_move_iterator(persons_.begin()),
+                       std::make_move_iterator(persons_.end()));
   book_.groups.insert(book_.groups.end(), groups_.begin(), groups_.end());
   book_.byID.merge(byID_);
   book_.nextOrder = nextOrder_;

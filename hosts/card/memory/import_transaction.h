@@ -25,6 +25,8 @@ class ImportTransaction {
   ImportTransaction& operator=(const ImportTransaction&) = delete;
   ~ImportTransaction();
 
+  /// Makes room for so many cards.
+  void reserve(std::size_t count);
   void add(const Card& card);
   /// The same, but what the card says of a person is read when somebody first asks for it.
   void addUnread(const Card& card);
@@ -65,7 +67,8 @@ class ImportTransaction {
   /// False for the card of a person.
   bool addGroupOrNothing(const Card& card);
   void addPerson(const Card& card);
-  void keep(const OVRef<Person>& person);
+  /// False, keeping nothing, when another card has taken the ID.
+  bool keep(const OVRef<Person>& person);
   void addGroup(const Card& card);
   void addTags();
   void forgetTags() noexcept;

@@ -1,3 +1,6 @@
+// What others did is gathered card by card; `finish` then has everybody come and go at once, so
+// that groups find members that arrive together.
+
 #include "applying.h"
 
 #include <algorithm>

@@ -30,8 +30,6 @@ class Applier {
  private:
   using Entry = ov::card::Store::Entry;
 
-  void becomePerson(const OVRef<ov::card::Person>& person, const std::string& uid,
-                    const std::string& card);
   void leave(const Entry& entry, const std::string& uid);
   void keepAsMissing();
 

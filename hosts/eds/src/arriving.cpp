@@ -15,12 +15,12 @@ class ReadingProblems final : public ov::card::Problems {
  public:
   explicit ReadingProblems(std::vector<OVEDSProblem>& problems) : problems_(problems) {}
   void error(std::size_t /*line*/, std::string_view reason) override {
-    if (problems_.size() < kMost) problems_.push_back({nullptr, OVString(reason)});
+    if (problems_.size() < kMaxProblems) problems_.push_back({nullptr, OVString(reason)});
   }
   void warning(std::size_t line, std::string_view reason) override { error(line, reason); }
 
  private:
-  static constexpr std::size_t kMost = 1000;
+  static constexpr std::size_t kMaxProblems = 1000;
   std::vector<OVEDSProblem>& problems_;
 };
 
@@ -52,6 +52,7 @@ void arrive(BookContent& book, std::vector<std::string> cards,
   const std::size_t count = cards.size();
   ReadingProblems problems(book.readingProblems);
   ov::card::ImportTransaction arrivals(*book.store, nullptr, nullptr, problems);
+  arrivals.reserve(count);
   std::size_t read = 0;
   for (std::string& card : cards) {
     addTo(arrivals, book, std::move(card), problems);

@@ -23,16 +23,12 @@ class Awaited {
 
   /// Waits for it, until the call ends early; nothing when it has not come by then.
   std::optional<T> takeWithin(const ServiceCall& call) {
-    const gulong handler = g_cancellable_connect(
-        call.cancellable(), G_CALLBACK(+[](GCancellable* /*cancellable*/, gpointer self) {
-          static_cast<Awaited*>(self)->wake();
-        }),
-        this, nullptr);
+    call.setWake([this] { wake(); });
     {
       std::unique_lock lock(mutex_);
       given_.wait_until(lock, call.deadline(), [&] { return value_ || isOver_; });
     }
-    g_cancellable_disconnect(call.cancellable(), handler);
+    call.setWake({});
     const std::lock_guard lock(mutex_);
     return std::move(value_);
   }

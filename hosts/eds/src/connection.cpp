@@ -86,6 +86,7 @@ void Connection::tell() {
 
 OVEDSState Connection::state() const {
   if (isGone_) return OVEDSState::Gone;
+  if (isUnreachable_) return OVEDSState::Offline;
   switch (isLocal_ ? Access::Granted : access_.load()) {
     case Access::Offline:
       return OVEDSState::Offline;
@@ -98,10 +99,14 @@ OVEDSState Connection::state() const {
   return isWritable_ ? OVEDSState::Connected : OVEDSState::ReadOnly;
 }
 
-void Connection::statusChanged() {
+void Connection::wake() {
   // Whoever waits has looked at the state before, or will see it now.
   { const std::lock_guard lock(mutex_); }
   changed_.notify_all();
+}
+
+void Connection::statusChanged() {
+  wake();
   tell();
 }
 

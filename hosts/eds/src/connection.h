@@ -97,6 +97,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
     return isLocal_ && error == OVEDSError::Offline ? OVEDSError::NoService : error;
   }
 
+  void wake();
   void statusChanged();
   void progressed(bool isEnd);
   void died(EClient* book);
@@ -114,6 +115,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// What the server last said to us.
   enum class Access : int { Unknown, Granted, Offline, NeedsCredentials };
   std::atomic<Access> access_{Access::Unknown};
+  /// The server could not be reached when it was last tried. The service asks for credentials all
+  /// the same.
+  std::atomic<bool> isUnreachable_{false};
   std::atomic<bool> waitsForServer_{false};
   Inbox inbox_;
 

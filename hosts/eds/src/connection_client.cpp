@@ -1,3 +1,6 @@
+// Opens the book in the service's process, again when that has died. What has signals is made on
+// the session's thread, where they come in; the caller waits, no longer than its deadline.
+
 #include <libebook/libebook.h>
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// Has the service ask the server. It tells neither of a dead server nor of a refresh it forgot: the
+// server is tried first, and a refresh that does not begin is asked for again.
+
 #include <libebook/libebook.h>
 
 #include <algorithm>
@@ -38,19 +41,14 @@ Connection::Outcome Connection::refresh(const Call& call) {
 Connection::Outcome Connection::refreshAll(const Call& call) {
   session_->credentials().forgive(uid_);
   const ServiceCall whole(session_->worker(), call);
-  // A stop and the deadline come through the cancellable, which tells this thread.
-  const gulong handler = g_cancellable_connect(
-      whole.cancellable(), G_CALLBACK(+[](GCancellable* /*cancellable*/, gpointer self) {
-        static_cast<Connection*>(self)->changed_.notify_all();
-      }),
-      this, nullptr);
+  whole.setWake([this] { wake(); });
   Outcome outcome;
   // What ends first may have begun before this call, even before the service knew the password.
   for (int round = 0; round < 2 && !outcome.error; ++round) {
     while (!refreshOnce(call, whole, outcome)) {
     }
   }
-  g_cancellable_disconnect(whole.cancellable(), handler);
+  whole.setWake({});
   statusChanged();
   return outcome;
 }
@@ -63,10 +61,11 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
     // A call that ends early says nothing of the server.
     outcome.error = whole.ended();
     if (outcome.error) return true;
-    access_ = Access::Offline;
+    isUnreachable_ = true;
     outcome.error = OVEDSError::Offline;
     return true;
   }
+  isUnreachable_ = false;
   const int answers = credentials.answersGiven(uid_);
   int ended = 0;
   {
@@ -89,7 +88,7 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
       const bool isAnswered =
           credentials.answersGiven(uid_) != answers &&
           e_source_get_connection_status(source_.get()) == E_SOURCE_CONNECTION_STATUS_CONNECTED;
-      return isGone_ || whole.ended() || refreshesEnded_ != ended || isHopeless() || isAnswered;
+      return isGone_ || whole.hasEnded() || refreshesEnded_ != ended || isHopeless() || isAnswered;
     });
     isOver = refreshesEnded_ != ended;
   }

@@ -1,3 +1,6 @@
+// Answers are counted for each source: a dead server asks thousands of times, and one that refuses
+// asks for as long as it is answered.
+
 #include "credentials.h"
 
 #include <atomic>

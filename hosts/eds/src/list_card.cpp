@@ -1,3 +1,6 @@
+// Contact lists have a form of their own: members are EMAIL lines with parameters. They are read as
+// the group cards that files have, and written by changing the lines of the list.
+
 #include "list_card.h"
 
 #include <unordered_set>

@@ -14,21 +14,27 @@ std::vector<std::string> uidsOfAll(const BookContent& book) {
   return uids;
 }
 
-/// Compares everything: some news have been missed.
-std::error_code applyEverything(BookContent& book, Applier& applier, const Call& call) {
-  Connection::Cards cards;
-  if (const auto outcome = book.connection->fetchAll(cards, call); outcome.error) {
-    return outcome.error;
-  }
+/// The service has these cards, and no others of these UIDs.
+void applyAll(const Connection::Cards& cards, const std::vector<std::string>& uids,
+              Applier& applier) {
   std::unordered_set<std::string> there;
   for (const std::string& card : cards) {
     std::string uid = uidOf(card);
     applier.come(uid, card);
     there.insert(std::move(uid));
   }
-  for (const std::string& uid : uidsOfAll(book)) {
+  for (const std::string& uid : uids) {
     if (!there.contains(uid)) applier.go(uid);
   }
+}
+
+/// Compares everything: some news have been missed.
+std::error_code applyEverything(BookContent& book, Applier& applier, const Call& call) {
+  Connection::Cards cards;
+  if (const auto outcome = book.connection->fetchAll(cards, call); outcome.error) {
+    return outcome.error;
+  }
+  applyAll(cards, uidsOfAll(book), applier);
   book.written.clear();
   return {};
 }
@@ -44,15 +50,7 @@ std::error_code applyEach(BookContent& book, const Inbox::News& news, Applier& a
   if (const auto outcome = book.connection->fetch(doubtful, cards, call); outcome.error) {
     return outcome.error;
   }
-  std::unordered_set<std::string> there;
-  for (const std::string& card : cards) {
-    std::string uid = uidOf(card);
-    applier.come(uid, card);
-    there.insert(std::move(uid));
-  }
-  for (const std::string& uid : doubtful) {
-    if (!there.contains(uid)) applier.go(uid);
-  }
+  applyAll(cards, doubtful, applier);
   for (const auto& [uid, card] : news) {
     if (book.written.contains(uid)) continue;
     card ? applier.come(uid, *card) : applier.go(uid);

@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::string_view kBegin = "BEGIN:VCARD\r\n";
 constexpr std::string_view kEnd = "END:VCARD\r\n";
-constexpr std::string_view kLineEnd = "\r\n";
 
 /// Lines that say how the card is to be read, and a photo, which may be the name of a file.
 constexpr std::array<std::string_view, 6> kSpecial{"BEGIN", "END",   "VERSION",
@@ -66,21 +65,20 @@ std::string_view plainNameOf(std::string_view line) {
 
 /// Takes the line from the text, with its end; "" for one that ends in another way.
 std::string_view takeLine(std::string_view& text) {
-  const std::size_t end = text.find('\r');
-  const std::string_view line = text.substr(0, end);
-  if (line.size() == text.size() || !text.substr(end).starts_with(kLineEnd) ||
-      line.find('\n') != std::string_view::npos) {
-    return {};
-  }
-  text.remove_prefix(end + kLineEnd.size());
+  const std::size_t end = text.find('\n');
+  if (end == std::string_view::npos || end == 0 || text[end - 1] != '\r') return {};
+  const std::string_view line = text.substr(0, end - 1);
+  text.remove_prefix(end + 1);
   return line;
 }
 
 }  // namespace
 
 std::string_view uidOfPlainCard(std::string_view card) {
+  // As many of both kinds: no line ends with CR alone.
   if (!card.starts_with(kBegin) || !card.ends_with(kEnd) ||
-      card.size() < kBegin.size() + kEnd.size() || !ov::card::isUTF8(card)) {
+      card.size() < kBegin.size() + kEnd.size() || !ov::card::isUTF8(card) ||
+      std::count(card.begin(), card.end(), '\r') != std::count(card.begin(), card.end(), '\n')) {
     return {};
   }
   std::string_view rest = card.substr(kBegin.size(), card.size() - kBegin.size() - kEnd.size());

@@ -1,3 +1,6 @@
+// Carries out what the program decides about a conflict. The book shows theirs; ours is a card that
+// becomes a change, or a person or group of its own.
+
 #include <algorithm>
 
 #include <OVAddressBookEDS/eds_book.h>

@@ -1,3 +1,6 @@
+// Compares what is to be written with what the service holds: others may have changed it since, or
+// a process that died may have written it already.
+
 #include <unordered_map>
 
 #include "applying.h"

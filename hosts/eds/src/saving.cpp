@@ -1,3 +1,6 @@
+// Writes in lots. A lot that fails is compared with what the service holds, and what is left of it
+// is written again, in the end card by card, so that one bad card keeps no other back.
+
 #include "saving.h"
 
 #include <algorithm>

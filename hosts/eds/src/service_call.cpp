@@ -1,6 +1,7 @@
 #include "service_call.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "service_error.h"
 
@@ -15,7 +16,10 @@ constexpr std::chrono::hours kLongest{24 * 365};
 
 void ServiceCall::Shared::finish(End why) {
   End expected = End::None;
-  if (end.compare_exchange_strong(expected, why)) g_cancellable_cancel(cancellable.get());
+  if (!end.compare_exchange_strong(expected, why)) return;
+  g_cancellable_cancel(cancellable.get());
+  const std::lock_guard lock(mutex);
+  if (wake) wake();
 }
 
 ServiceCall::ServiceCall(Worker& worker, const Call& call)
@@ -39,6 +43,12 @@ std::error_code ServiceCall::ended() const {
       break;
   }
   return std::make_error_code(std::errc::operation_canceled);
+}
+
+void ServiceCall::setWake(std::function<void()> wake) const {
+  const std::lock_guard lock(shared_->mutex);
+  shared_->wake = std::move(wake);
+  if (shared_->wake && hasEnded()) shared_->wake();
 }
 
 std::error_code ServiceCall::errorOf(const Fault& fault) const {

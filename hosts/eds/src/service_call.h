@@ -3,7 +3,9 @@
 #include <gio/gio.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <system_error>
@@ -27,8 +29,13 @@ class ServiceCall {
   [[nodiscard]] GCancellable* cancellable() const { return shared_->cancellable.get(); }
   [[nodiscard]] std::chrono::steady_clock::time_point deadline() const { return deadline_; }
 
-  /// Set once the call has ended early.
+  /// Set once the call has ended early. Ends it when its time is up.
   [[nodiscard]] std::error_code ended() const;
+  /// Whether somebody has ended it early. May be asked with any lock held.
+  [[nodiscard]] bool hasEnded() const { return shared_->end != End::None; }
+  /// Has whoever ends the call early call `wake`; calls it at once when the call has ended. The one
+  /// before is no longer called once this has returned.
+  void setWake(std::function<void()> wake) const;
   /// What a failure means: the reason why the call ended early, or what the service says.
   [[nodiscard]] std::error_code errorOf(const Fault& fault) const;
 
@@ -37,6 +44,8 @@ class ServiceCall {
   struct Shared {
     GRef<GCancellable> cancellable{g_cancellable_new()};
     std::atomic<End> end{End::None};
+    std::mutex mutex;
+    std::function<void()> wake;
 
     void finish(End why);
   };

@@ -1,3 +1,6 @@
+// The signals of libebook. Each handler holds its connection weakly, since a signal may be on its
+// way while the book goes.
+
 #include "signals.h"
 
 #include <string_view>

@@ -1,3 +1,6 @@
+// The thread's queue is a source of its main context: GLib's own signals and what is posted run in
+// turn.
+
 #include "worker.h"
 
 #include <algorithm>

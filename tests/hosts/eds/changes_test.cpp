@@ -122,6 +122,19 @@ TEST_F(LiveChanges, ArePostedUnderTheirNames) {
   OVNotificationCenter::setDefaultCenter(nullptr);
 }
 
+TEST_F(LiveChanges, OfNamesAndEmailsArePostedToo) {
+  const auto center = OVNotificationCenter::inProcess();
+  OVNotificationCenter::setDefaultCenter(center);
+  std::vector<OVString> names;
+  const auto observer =
+      center->addObserver(nullptr, [&](const OVNotification& told) { names.push_back(told.name); });
+  putCard("UID:ida\r\nFN:Ida Moe\r\nN:Moe;Ida;;;\r\nEMAIL:ida@example.org\r\n");
+  EXPECT_TRUE(applied(*book, isAnyChange));
+  EXPECT_THAT(
+      names, testing::ElementsAre(OVPersonChangeNameNotification, OVPersonChangeEmailNotification));
+  OVNotificationCenter::setDefaultCenter(nullptr);
+}
+
 TEST_F(LiveChanges, OfTwoBooksOfOneProcessReachEachOther) {
   const auto second = openedBook();
   setPhone(personOf(*book, "kim"), "555-02");

@@ -55,6 +55,12 @@ std::optional<pid_t> processOf(const std::string& name, const std::string& addre
   return static_cast<pid_t>(id);
 }
 
+/// The variable as this process has it.
+std::string taken(const std::string& name) {
+  const char* const value = std::getenv(name.c_str());
+  return name + "=" + (value == nullptr ? "" : value);
+}
+
 void end(const std::optional<pid_t>& process) {
   if (!process) return;
   ::kill(*process, SIGKILL);
@@ -118,9 +124,9 @@ void Desktop::writeServices() const {
 
 std::vector<std::string> Desktop::environment() const {
   const char* const programs = std::getenv("PATH");
-  const char* const watched = std::getenv("ASAN_OPTIONS");
   return {std::string("PATH=") + (programs == nullptr ? "/usr/bin:/bin" : programs),
-          std::string("ASAN_OPTIONS=") + (watched == nullptr ? "" : watched),
+          taken("ASAN_OPTIONS"),
+          taken("TSAN_OPTIONS"),
           "LANG=C.UTF-8",
           "LC_ALL=C.UTF-8",
           "HOME=" + path("home"),

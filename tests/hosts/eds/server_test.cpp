@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "live_server.h"
 
 namespace {
@@ -13,10 +15,20 @@ TEST_F(LiveServer, PersonOfTheServerIsReadAfterARefresh) {
   EXPECT_EQ(phoneOf(personOf(*book, "kim")), OVString("555-01"));
   EXPECT_EQ(book->state(), OVEDSState::Connected);
   EXPECT_GE(questions, 1);
-  for (const OVEDSBookInfo& info : session->books()) {
-    if (info.uid != uid) continue;
-    EXPECT_EQ(info.kind, OVEDSBookKind::CardDAV);
-  }
+}
+
+TEST_F(LiveServer, ABookOfAServerIsListedUntilItIsRemoved) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  const auto isListed = [&] {
+    const auto books = session->books();
+    return std::any_of(books.begin(), books.end(), [&](const OVEDSBookInfo& info) {
+      return info.uid == uid && info.kind == OVEDSBookKind::CardDAV;
+    });
+  };
+  EXPECT_TRUE(eventually(isListed));
+  EXPECT_FALSE(session->removeBook(uid));
+  EXPECT_TRUE(eventually([&] { return !isListed(); }));
+  EXPECT_TRUE(eventually([&] { return book->state() == OVEDSState::Gone; }));
 }
 
 TEST_F(LiveServer, SavedPersonIsOnTheServer) {
