@@ -127,6 +127,11 @@ TEST(ThroughABlock, LinesOfOlderVersionsKeepTheirMeaning) {
       ElementsAre("TEL;X-CUSTOM=Fo:1"));
 }
 
+TEST(ThroughABlock, AGroupWithoutItsEmptyLinesIsOneLine) {
+  EXPECT_THAT(linesAfterBlock("a.TEL:\na.X-A:1\nb.TEL:\nb.X-B:2\nb.X-C:3"),
+              ElementsAre("X-A:1", "b.X-B:2", "b.X-C:3"));
+}
+
 TEST(ThroughABlock, OddPreferencesTakeNoLineOutOfItsGroup) {
   EXPECT_THAT(linesAfterBlock("a.X-A;PREF=:1\na.X-B;PREF=05:2\na.X-C;PREF=x;TYPE=pref:3"),
               ElementsAre("a.X-A;PREF=\"\":1", "a.X-B;PREF=05:2", "a.X-C;PREF=x;TYPE=pref:3"));

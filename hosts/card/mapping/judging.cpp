@@ -29,6 +29,10 @@ void PersonReading::judgePreferences() {
 }
 
 void PersonReading::judgeGroups() {
+  for (const Claim& claim : claims_) {
+    const bool saysNothing = claim.role == Claim::Role::Value && claim.fit == Fit::Nothing;
+    if (claim.group != nullptr && saysNothing) --claim.group->count;
+  }
   for (Claim& claim : claims_) {
     if (claim.group == nullptr || claim.role != Claim::Role::Value) continue;
     claim.isOdd |= claim.group->count > 1 && claim.fit != Fit::Nothing;
