@@ -130,5 +130,5 @@ if(OV_BUILD_EXAMPLES AND OV_BUILD_EDS)
   set_tests_properties(
     project.task_pages
     PROPERTIES ENVIRONMENT "OV_BUILD_DIR=${PROJECT_BINARY_DIR};OV_PREFIX=${prefix};OV_ON_A_DESKTOP=$<TARGET_FILE:on_a_desktop>"
-               FIXTURES_REQUIRED installed TIMEOUT 300)
+               FIXTURES_REQUIRED installed TIMEOUT 300 COST 100)
 endif()
