@@ -132,6 +132,12 @@ TEST(ThroughABlock, AGroupWithoutItsEmptyLinesIsOneLine) {
               ElementsAre("X-A:1", "b.X-B:2", "b.X-C:3"));
 }
 
+TEST(ThroughABlock, APhotoOfAnOddTypeStaysAsItIs) {
+  const std::string once = "PHOTO;TYPE=\"\\\":data:application/octet-stream;base64,AA==";
+  EXPECT_THAT(linesAfterBlock("PHOTO;ENCODING=b;\\:AA"), ElementsAre(once));
+  EXPECT_THAT(linesAfterBlock(once), ElementsAre(once));
+}
+
 TEST(ThroughABlock, OddPreferencesTakeNoLineOutOfItsGroup) {
   EXPECT_THAT(linesAfterBlock("a.X-A;PREF=:1\na.X-B;PREF=05:2\na.X-C;PREF=x;TYPE=pref:3"),
               ElementsAre("a.X-A;PREF=\"\":1", "a.X-B;PREF=05:2", "a.X-C;PREF=x;TYPE=pref:3"));

@@ -26,13 +26,18 @@ std::string digestOf(std::string_view bytes) {
   return std::string(kDigest) + digest.digits();
 }
 
+/// Whether a data URI may hold the word and is read as the same again.
+bool fitsDataURI(std::string_view word) {
+  return !word.empty() && word.find_first_of("\\,") == std::string_view::npos;
+}
+
 /// The media type that a line gives its bytes.
 std::string mediaTypeFor(const Line& line, std::string_view bytes) {
   const std::string_view given = line.parameterValue("MEDIATYPE");
-  if (!given.empty()) return std::string(given);
+  if (fitsDataURI(given)) return std::string(given);
   if (const auto type = mediaTypeOf(bytes); type != kUnknownMediaType) return std::string(type);
   const std::string_view type = line.parameterValue("TYPE");
-  return type.empty() ? std::string(kUnknownMediaType) : "image/" + lowerASCII(type);
+  return fitsDataURI(type) ? "image/" + lowerASCII(type) : std::string(kUnknownMediaType);
 }
 
 /// Writes a person as a new card, with the odd lines that still hold.
