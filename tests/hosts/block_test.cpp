@@ -138,6 +138,11 @@ TEST(ThroughABlock, APhotoOfAnOddTypeStaysAsItIs) {
   EXPECT_THAT(linesAfterBlock(once), ElementsAre(once));
 }
 
+TEST(ThroughABlock, TheFirstLabelOfAGroupStaysTheFirst) {
+  EXPECT_THAT(linesAfterBlock("a.X-ABLABEL:1\na.X-ABLABEL:2\na.X-A:3"),
+              ElementsAre("a.X-ABLABEL:1", "a.X-ABLABEL:2", "a.X-A:3"));
+}
+
 TEST(ThroughABlock, OddPreferencesTakeNoLineOutOfItsGroup) {
   EXPECT_THAT(linesAfterBlock("a.X-A;PREF=:1\na.X-B;PREF=05:2\na.X-C;PREF=x;TYPE=pref:3"),
               ElementsAre("a.X-A;PREF=\"\":1", "a.X-B;PREF=05:2", "a.X-C;PREF=x;TYPE=pref:3"));

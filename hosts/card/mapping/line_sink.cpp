@@ -99,13 +99,17 @@ void LineSink::write(const Spelling& spelling, Preference preference, std::strin
 }
 
 void LineSink::writeLike(const Line& line, const LineGroup* group, Preference preference) {
+  const bool isFirst = group != nullptr && written_.insert(group).second;
+  // The first label of a group is the one that counts.
+  if (isFirst && isCompanion(line)) writeCompanions(*group);
   writeAlone(line, preference);
-  if (group == nullptr || !written_.insert(group).second) return;
-  if (group->takesLabel && group->label != nullptr) {
-    writeAlone(*group->label, Preference::Verbatim);
-  }
-  if (group->takesCountry && group->country != nullptr) {
-    writeAlone(*group->country, Preference::Verbatim);
+  if (isFirst && !isCompanion(line)) writeCompanions(*group);
+}
+
+void LineSink::writeCompanions(const LineGroup& group) {
+  if (group.takesLabel && group.label != nullptr) writeAlone(*group.label, Preference::Verbatim);
+  if (group.takesCountry && group.country != nullptr) {
+    writeAlone(*group.country, Preference::Verbatim);
   }
 }
 

@@ -40,6 +40,7 @@ class LineSink {
   void writeLike(const Line& line, std::string_view bytes, std::string_view mediaType);
 
  private:
+  void writeCompanions(const LineGroup& group);
   std::string newGroup();
   std::string groupOfLabel(const LabelSpelling& label, bool& isNew);
 

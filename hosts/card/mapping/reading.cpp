@@ -15,10 +15,6 @@ namespace ov::card {
 
 namespace {
 
-bool isCompanion(const Line& line) {
-  return line.name() == "X-ABLABEL" || line.name() == "X-ABADR";
-}
-
 /// TYPE without a word, which is not written either.
 bool saysNothing(const Parameter& parameter) {
   return parameter.name == "TYPE" &&
@@ -31,6 +27,10 @@ bool saysNothing(const Parameter& parameter) {
 
 bool saysGroup(const Line& line) {
   return line.isNamed("KIND") && sameWord(trim(line.text()), "group");
+}
+
+bool isCompanion(const Line& line) {
+  return line.name() == "X-ABLABEL" || line.name() == "X-ABADR";
 }
 
 OVString uidOf(const Lines& lines) {

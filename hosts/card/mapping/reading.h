@@ -55,6 +55,8 @@ struct Claim {
 
 /// True for a line that makes its card that of a group.
 [[nodiscard]] bool saysGroup(const Line& line);
+/// True for a line that may say something about the others of its group.
+[[nodiscard]] bool isCompanion(const Line& line);
 /// The UID of a card; null when there is none.
 [[nodiscard]] OVString uidOf(const Lines& lines);
 
