@@ -63,10 +63,10 @@ std::string_view plainNameOf(std::string_view line) {
   return std::all_of(name.begin(), name.end(), isNameCharacter) ? name : std::string_view();
 }
 
-/// Takes the line from the text, with its end; "" for one that ends in another way.
+/// Takes the line from the text, with its end; "" for one that ends in another way than CR LF.
 std::string_view takeLine(std::string_view& text) {
   const std::size_t end = text.find('\n');
-  if (end == std::string_view::npos || end == 0 || text[end - 1] != '\r') return {};
+  if (end == std::string_view::npos || end == 0 || text.find('\r') != end - 1) return {};
   const std::string_view line = text.substr(0, end - 1);
   text.remove_prefix(end + 1);
   return line;
@@ -75,10 +75,8 @@ std::string_view takeLine(std::string_view& text) {
 }  // namespace
 
 std::string_view uidOfPlainCard(std::string_view card) {
-  // As many of both kinds: no line ends with CR alone.
   if (!card.starts_with(kBegin) || !card.ends_with(kEnd) ||
-      card.size() < kBegin.size() + kEnd.size() || !ov::card::isUTF8(card) ||
-      std::count(card.begin(), card.end(), '\r') != std::count(card.begin(), card.end(), '\n')) {
+      card.size() < kBegin.size() + kEnd.size() || !ov::card::isUTF8(card)) {
     return {};
   }
   std::string_view rest = card.substr(kBegin.size(), card.size() - kBegin.size() - kEnd.size());
