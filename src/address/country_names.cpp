@@ -1,3 +1,6 @@
+// A fixed vocabulary: its spelling, its order and the second rows of "lc" and "vc", which no
+// look-up finds, are kept. Texts and look-up table are made at compile time.
+
 #include "address/country_names.h"
 
 #include <array>
@@ -20,7 +23,6 @@ constexpr Row row() {
           &kConstant<Name>};
 }
 
-// A fixed vocabulary: its spelling, its order and the second rows of "lc" and "vc" are kept.
 // clang-format off
 constexpr std::array kRows{
     row<"ao", "Angola">(),

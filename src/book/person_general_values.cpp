@@ -1,3 +1,6 @@
+// The entries under names of the catalogue come first, in the catalogue's order, each under the
+// catalogue's own name object; those under other names follow in the order in which they were set.
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -11,9 +14,6 @@
 
 #include "platform/maker.h"
 #include "property/standard_properties.h"
-
-// The entries under names of the catalogue come first, in the catalogue's order, each under the
-// catalogue's own name object; those under other names follow in the order in which they were set.
 
 using ov::detail::kStandardPropertyCount;
 using ov::detail::standardProperties;

@@ -1,3 +1,6 @@
+// Commands check their target before they read anything, so that nobody waits for a file that
+// cannot be written in the end.
+
 #include "files.h"
 
 #include <fcntl.h>

@@ -1,3 +1,6 @@
+// Nothing else in the program knows CLI11. Its messages are kept, but say which command to ask for
+// help, and its lists in brackets are switched off.
+
 #include "parser.h"
 
 #include <algorithm>

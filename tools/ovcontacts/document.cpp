@@ -1,3 +1,6 @@
+// A book may be changed while it is being saved. Changes are counted, and the book counts as saved
+// only when none has come since saving began.
+
 #include "document.h"
 
 #include <QtCore/QFileInfo>

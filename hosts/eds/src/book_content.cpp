@@ -1,3 +1,7 @@
+// Whether somebody has changed is found out by writing the card and comparing it with the one that
+// the service has. That need not be the card that was read: `originals` has those that were put
+// into another form.
+
 #include "book_content.h"
 
 #include "mapping/others.h"

@@ -1,3 +1,7 @@
+// A book's state, as signals tell it. They come in on the sessions' thread, where their handlers
+// are connected and disconnected, too. A connection may be destroyed on any thread, and leaves that
+// work to the other.
+
 #include "connection.h"
 
 #include "signals.h"

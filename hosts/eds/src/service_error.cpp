@@ -1,3 +1,6 @@
+// The same trouble comes under many codes of several domains. Some of a dead process would read as
+// a refusal, so a dead process is looked for first.
+
 #include "service_error.h"
 
 #include <libebook/libebook.h>

@@ -1,3 +1,7 @@
+// A session is the bus and the service's list of sources, which is made and destroyed on the
+// sessions' thread. The session is gone while nobody on the bus owns the name of the process that
+// keeps the list.
+
 #include "session_core.h"
 
 #include <string_view>

@@ -1,3 +1,6 @@
+// To the service a book is a source: a record of settings, one of which names the backend that
+// keeps the cards. A book is added or removed by adding or removing its record.
+
 #include "sources.h"
 
 #include <libebook/libebook.h>

@@ -1,3 +1,7 @@
+// In a data block, groups may contain each other, so whoever walks down them remembers where they
+// have been. Tags are texts of the persons: a manager gathers them when it is asked for, and
+// `writeTags` gives them back to the persons.
+
 #include "block_content.h"
 
 #include <QtCore/QUuid>

@@ -1,10 +1,11 @@
+// Steps that change persons and their tags. A person who is removed is remembered with tags and
+// groups, so that all of it can come back; views are told of very many changes as of one reset.
+
 #include <algorithm>
 
 #include <OVAddressBookSDK/property.h>
 
 #include "book_steps.h"
-
-/// Steps that change persons and their tags.
 
 namespace ov::qt {
 

@@ -1,3 +1,6 @@
+// How values are changed: a changed copy of the property's value takes its place, so that undoing
+// can bring the old one back. A row is read-only where the copy would lose something.
+
 #include <OVAddressBookQt/person_sheet.h>
 
 #include <algorithm>
@@ -6,8 +9,6 @@
 #include <OVAddressBookQt/values.h>
 #include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/person_general.h>
-
-/// How values are changed: a changed copy of the property's value takes its place.
 
 using ov::qt::ovString;
 

@@ -1,9 +1,10 @@
+// How the rows of a filter follow those of its model. Its list holds row numbers of the model, so
+// it is renumbered even by changes of persons who are not shown.
+
 #include <OVAddressBookQt/persons_filter.h>
 
 #include <algorithm>
 #include <utility>
-
-/// How the rows of a filter follow those of its model.
 
 void OVPersonsFilter::follow() {
   connect(persons_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { beginResetModel(); });

@@ -1,3 +1,6 @@
+// The class of a datum decides how it is read and edited. On the way back the type of the value
+// does, since a text in an editor may be a phone number or an e-mail address as well.
+
 #include <OVAddressBookQt/values.h>
 
 #include <QtCore/QDate>

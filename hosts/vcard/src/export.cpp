@@ -1,3 +1,7 @@
+// A general book is written from its dictionaries, whose keys are the IDs. Any other book is
+// written through the interface, where a group is met in every group that contains it, and written
+// once.
+
 #include <OVAddressBookVCard/vcard_export.h>
 
 #include <memory>

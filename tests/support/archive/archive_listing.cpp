@@ -1,3 +1,6 @@
+// Objects wait in a queue until they are listed, so that a deep graph needs no stack and a ring of
+// objects is walked once.
+
 #include "support/archive/archive_listing.h"
 
 #include <deque>

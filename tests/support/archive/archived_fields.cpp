@@ -1,3 +1,6 @@
+// Archives keep the addresses of class records, so the ones that are made here, one for each name,
+// live for ever. What was archived is read back as an opaque object, whatever its class.
+
 #include "support/archive/archived_fields.h"
 
 #include <map>

@@ -1,3 +1,6 @@
+// Values are found by the library's own reader. A small list can share its parts so often that its
+// text would never end, so length and depth have bounds.
+
 #include "support/archive/plist_text.h"
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// The program waits in a dialog's own event loop, so the dialog is answered by a timer that was set
+// before it opens. URLs come here instead of starting programs of the desktop.
+
 #include "used_window.h"
 
 #include <QtCore/QDeadlineTimer>

@@ -37,8 +37,7 @@ class OpenedURLs : public QObject {
   void take(const QUrl& url) { urls.push_back(url); }
 };
 
-/// A window of the program with three contacts, a group in a group and a tag, and somebody who uses
-/// it.
+/// A window of the program with three contacts, a group and a tag, and somebody who uses it.
 class UsedWindow : public testing::Test {
  public:
   /// Lets the program run until it is so; fails when it does not become so.

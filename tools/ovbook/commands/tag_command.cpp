@@ -1,3 +1,6 @@
+// The actions are made before the command line is parsed: they keep their arguments, and read them
+// when they run. A change is one batch, and a failure unless it has been stored.
+
 #include <functional>
 #include <ostream>
 

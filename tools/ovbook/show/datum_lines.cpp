@@ -1,3 +1,6 @@
+// Text in brackets is what the program says about a datum. All lines are made printable in one
+// place, at the end, so that nothing in a book can control the terminal.
+
 #include "show/datum_lines.h"
 
 #include <algorithm>

@@ -1,3 +1,6 @@
+// A sheet says nothing twice: a label that only repeats the property is left out, and a main value
+// has its star only beside others.
+
 #include "show/person_sheet.h"
 
 #include <optional>

@@ -1,3 +1,6 @@
+// An editor for each edited form of a datum. The classes here lack Q_OBJECT, so their words are
+// looked up as those of `ValueEditor`.
+
 #include "dialogs/value_editor.h"
 
 #include <QtCore/QDate>

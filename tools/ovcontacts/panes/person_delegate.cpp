@@ -1,3 +1,6 @@
+// Painting, and the check whether a text is cut off, take the places of picture and texts from one
+// function, which also mirrors them for languages that are written from right to left.
+
 #include "panes/person_delegate.h"
 
 #include <QtCore/QCoreApplication>
@@ -29,7 +32,7 @@ QFont smallFont(QFont font) {
   return font;
 }
 
-/// A second line: the company, or what else there is.
+/// The first of these that differs from the name.
 QString belowName(const QModelIndex& index) {
   for (const int role : {int{OVPersonsModel::BelowRole}, int{OVPersonsModel::CompanyRole},
                          int{OVPersonsModel::MainEmailRole}, int{OVPersonsModel::MainPhoneRole}}) {

@@ -1,3 +1,6 @@
+// The list forgets its current row whenever the filter is reset. Who is looked at is kept apart
+// from it and selected again, so that searching changes the sheet beside it only when it must.
+
 #include "panes/persons_pane.h"
 
 #include <QtCore/QMimeData>

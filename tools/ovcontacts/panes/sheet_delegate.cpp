@@ -1,3 +1,6 @@
+// Texts wrap, so the height of a row follows from the width of the view. Painting, sizes and clicks
+// on links take the places of label and text from one function.
+
 #include "panes/sheet_delegate.h"
 
 #include <QtCore/QUrl>
@@ -21,7 +24,7 @@ constexpr int kSheetMargin = 10;
 constexpr int kGap = 14;
 constexpr int kWrapped = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
-/// "Phone, Work".
+/// "Phone Work", with a wider blank between the two.
 QString labelText(const QModelIndex& index) {
   const QString property = translated(index.data(OVPersonSheet::PropertyRole).toString());
   const QString label = translated(index.data(OVPersonSheet::LabelRole).toString());

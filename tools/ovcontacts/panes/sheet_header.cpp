@@ -1,3 +1,5 @@
+// The header paints the picture itself: it takes clicks on it, and drops of a new one anywhere.
+
 #include <QtCore/QEvent>
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>

@@ -1,3 +1,6 @@
+// What comes out of a dialog is set step by step: the value, its label, whether it is the main one.
+// A row goes when its value is emptied, so the later steps look whether it is still there.
+
 #include "panes/sheet_pane.h"
 
 #include <QtGui/QMouseEvent>

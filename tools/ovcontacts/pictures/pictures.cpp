@@ -1,3 +1,6 @@
+// The real windows are drawn, with style, font, palette and language set here, so that the pictures
+// do not depend on anybody's desktop. A dialog is drawn by itself and put on top of the window.
+
 #include "pictures/pictures.h"
 
 #include <QtCore/QLocale>

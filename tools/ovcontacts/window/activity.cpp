@@ -1,3 +1,6 @@
+// What goes on in the background: books are opened and saved. Whatever would leave a book that is
+// being saved waits until it has been saved.
+
 #include <QtCore/QTimer>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressBar>
@@ -7,8 +10,6 @@
 #include "loading/file_source.h"
 #include "loading/mailbox.h"
 #include "window/main_window.h"
-
-/// What goes on in the background: books are opened and saved.
 
 namespace ovcontacts {
 

@@ -1,3 +1,6 @@
+// The menu of contacts and what it does. A picture is read in the background and given to its
+// person by ID: by then the window may show somebody else, or the person may be gone.
+
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMenu>

@@ -1,3 +1,6 @@
+// What a window does with a live book beyond showing it. Changes by others are applied at once, but
+// not while the user is changing something; of all there is to say, one notice is shown.
+
 #include <QtWidgets/QApplication>
 
 #include "dialogs/conflict_dialog.h"
@@ -5,8 +8,6 @@
 #include "live/notice_bar.h"
 #include "loading/mailbox.h"
 #include "window/main_window.h"
-
-/// What a window does with a live book beyond showing it.
 
 namespace ovcontacts {
 

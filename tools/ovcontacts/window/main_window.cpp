@@ -1,3 +1,6 @@
+// Brings panes and document together; each menu has a file of its own. Whether actions are possible
+// is asked again for all of them after every change, which is simpler than following each reason.
+
 #include "window/main_window.h"
 
 #include <QtCore/QTimer>

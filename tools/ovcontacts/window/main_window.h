@@ -69,13 +69,13 @@ class MainWindow final : public QMainWindow {
   void enableActions();
   void showOpened(const OpenedBook& opened);
   void showProgress(quint64 done, quint64 all);
-  /// Whether something is being opened or saved.
+  /// Shows whether something is being opened or saved.
   void showActivity();
   void cancelActivity();
 
   void newBook();
   void chooseFile();
-  /// False when the user has thought better of it, as the next.
+  /// This and the next return false when the user cancels.
   bool save();
   bool saveAs();
   void exportCopy();

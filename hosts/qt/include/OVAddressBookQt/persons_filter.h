@@ -19,7 +19,7 @@ class OVPersonsFilter : public QAbstractProxyModel {
   Q_OBJECT
 
  public:
-  /// The rows of persons, as "text" with the IDs one a line, when they are dragged.
+  /// What rows are dragged as: the IDs of their persons, one a line, in UTF-8.
   static constexpr const char* kMimeType = "application/x-ovaddressbook-person-ids";
 
   /// Shows what is in `persons`, which outlives it.

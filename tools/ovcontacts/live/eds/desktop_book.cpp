@@ -1,3 +1,5 @@
+// The windows know no error codes: what the desktop's service says becomes words for users here.
+
 #include "live/eds/desktop_book.h"
 
 #include <QtCore/QCoreApplication>

@@ -1,3 +1,6 @@
+// All books share a session. The callback for passwords has a lock of its own, so that setting it
+// never waits for a session that is being opened.
+
 #include <memory>
 #include <mutex>
 #include <utility>
