@@ -21,7 +21,7 @@ void checkPath(const std::string& path);
 void checkNoTerminal(const std::string& target);
 
 /// Throws `Failure` when `target` cannot be replaced safely: a folder, a device, or the very file
-/// that `input` names.
+/// that `input` names; "" for no file.
 void checkTarget(const std::string& target, const std::string& input);
 
 /// Writes the bytes whole or not at all. A new file is for the user's eyes only, an existing one

@@ -1,24 +1,43 @@
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "live_test.h"
 
 namespace {
 
+using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
+
+/// What a bar leaves of its line.
+constexpr const char* kWiped = "\r\033[K";
 
 /// The command on the desktop of this process.
 class LiveCommand : public LiveTest {
  protected:
-  static Outcome ovbook(std::vector<std::string> words) {
+  static Outcome ovbook(std::vector<std::string> words, bool isOnTerminal = false) {
     words.insert(words.begin(), OV_OVBOOK);
     Surroundings surroundings;
     surroundings.environment = Desktop::ofThisProcess().environment();
+    surroundings.errorIsTerminal = isOnTerminal;
     return runProgram(words, surroundings);
   }
   static std::string file(const std::string& name) {
     return Desktop::ofThisProcess().path("home/" + name);
   }
   [[nodiscard]] std::string uid() const { return bookUID.str(); }
+  /// A block of so many persons with long notes.
+  static std::string blockOf(int count) {
+    const std::string note(5000, 'x');
+    std::string cards;
+    for (int i = 0; i < count; ++i) {
+      cards += liveCard("UID:p" + std::to_string(i) + "\r\nFN:Kim\r\nNOTE:" + note + "\r\n");
+    }
+    writeFile(file("many.vcf"), cards);
+    EXPECT_EQ(ovbook({"import", file("many.vcf"), "-o", file("many.ovbook")}).status, 0);
+    return file("many.ovbook");
+  }
 };
 
 TEST_F(LiveCommand, ListsTheBooks) {
@@ -51,6 +70,35 @@ TEST_F(LiveCommand, ExportsWhoIsNotThereYet) {
   EXPECT_EQ(done, (Outcome{0, "Study: added 1 of 2 persons\n", ""}));
   EXPECT_EQ(openedBook()->allPersonsCount(), 2U);
   EXPECT_EQ(ovbook({"export", book, "--to-book", uid()}).out, "Study: added 0 of 2 persons\n");
+}
+
+TEST_F(LiveCommand, ShowsOnATerminalHowFarItIs) {
+  const std::string reading = "\rReading [";
+  const std::string writing = "\rWriting [";
+  const auto lacks = [](const Outcome& outcome, const std::string& bar) {
+    return outcome.err.find(bar) == std::string::npos;
+  };
+  Outcome imported;
+  Outcome exported;
+  // Quick tasks show nothing, so there is more to do each time.
+  constexpr int kMost = 16000;
+  for (int count = 2000; count <= kMost; count *= 2) {
+    exported = ovbook({"export", blockOf(count), "--to-book", uid()}, true);
+    imported = ovbook({"import", "--from-book", uid(), "-o", file("many.ovbook")}, true);
+    if (!lacks(imported, reading) && !lacks(exported, writing)) break;
+  }
+  EXPECT_THAT(exported.err, AllOf(HasSubstr(writing), EndsWith(kWiped)));
+  EXPECT_THAT(imported.err, AllOf(HasSubstr(reading), EndsWith(kWiped)));
+}
+
+TEST_F(LiveCommand, ATargetThatIsNoFileIsNotReplaced) {
+  const std::string pipe = file("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), S_IRWXU), 0);
+  const Outcome outcome = ovbook({"import", "--from-book", uid(), "-o", pipe});
+  EXPECT_EQ(outcome, (Outcome{2, "",
+                              "ovbook: " + pipe +
+                                  ": is not a regular file and would be replaced by one\n"}));
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
 }
 
 TEST_F(LiveCommand, ABookThatIsNotThereIsAnError) {

@@ -107,6 +107,7 @@ struct Import {
   }
 
   void importBook(Session& session) const {
+    checkTarget(target, "");
     const auto live = session.live().read(liveBook, session);
     const auto tags = store.empty() ? nullptr : openTagStore(store);
     const auto book = snapshotOf(live);
