@@ -77,7 +77,8 @@ Connection::Outcome Connection::fetchAll(Cards& cards, const Call& call) {
 
 Connection::Outcome Connection::fetch(const std::vector<std::string>& uids, Cards& cards,
                                       const Call& call) {
-  constexpr std::size_t kLot = 100;
+  // The answer must fit into a message, even where cards have large photos.
+  constexpr std::size_t kLot = 25;
   Outcome outcome;
   cards.clear();
   for (std::size_t start = 0; start < uids.size(); start += kLot) {

@@ -3,8 +3,7 @@
 
 #include "saving.h"
 
-#include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace ov::eds {
 
@@ -13,6 +12,8 @@ namespace {
 /// A local book writes a lot at once; a server gets one card after the other.
 constexpr std::size_t kLocalLot = 500;
 constexpr std::size_t kServerLot = 20;
+/// The bus closes the connection of whoever sends more than 64 MiB of texts at once.
+constexpr std::size_t kMostBytes = std::size_t{16} << 20;
 constexpr int kMostRounds = 3;
 
 /// What concerns one card, so that the others can be written.
@@ -68,13 +69,15 @@ std::error_code Saver::run() {
 std::error_code Saver::writeAll(Kind kind, Items items) {
   const std::size_t lot = book_.connection->isLocal() ? kLocalLot : kServerLot;
   for (auto at = items.begin(); at != items.end();) {
-    const auto end = at + std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(lot),
-                                                   std::distance(at, items.end()));
-    Items part(std::make_move_iterator(at), std::make_move_iterator(end));
+    Items part;
+    std::size_t bytes = 0;
+    do {
+      bytes += at->card.size();
+      part.push_back(std::move(*at++));
+    } while (at != items.end() && part.size() < lot && bytes + at->card.size() <= kMostBytes);
     finished_ += part.size();
     if (const auto error = writeLot(kind, std::move(part), kind != Kind::Add)) return error;
     if (progress_) progress_(finished_, count_);
-    at = end;
   }
   return {};
 }

@@ -119,7 +119,11 @@ void Desktop::writeServices() const {
       << "<busconfig><type>session</type><listen>unix:tmpdir=" << path("tmp") << "</listen>"
       << "<auth>EXTERNAL</auth><servicedir>" << path("services") << "</servicedir>"
       << R"(<policy context="default"><allow send_destination="*" eavesdrop="true"/>)"
-      << R"(<allow eavesdrop="true"/><allow own="*"/></policy></busconfig>)";
+      << R"(<allow eavesdrop="true"/><allow own="*"/></policy>)"
+      // A bus of its own would take less than a desktop's, too little for a large book.
+      << R"(<limit name="max_incoming_bytes">1000000000</limit>)"
+      << R"(<limit name="max_outgoing_bytes">1000000000</limit>)"
+      << R"(<limit name="max_message_size">1000000000</limit></busconfig>)";
 }
 
 std::vector<std::string> Desktop::environment() const {
