@@ -45,7 +45,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   };
   using Cards = std::vector<std::string>;
 
-  /// All cards, in the service's order.
+  /// All cards, in the service's order unless they are too many for one message.
   [[nodiscard]] Outcome fetchAll(Cards& cards, const Call& call);
   /// Those cards of these UIDs that are there, in any order.
   [[nodiscard]] Outcome fetch(const std::vector<std::string>& uids, Cards& cards, const Call& call);
@@ -90,7 +90,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   [[nodiscard]] Outcome refreshAll(const Call& call);
   [[nodiscard]] bool serverAnswers(GCancellable* cancellable) const;
   [[nodiscard]] bool refreshOnce(const Call& call, const ServiceCall& whole, Outcome& outcome);
-  [[nodiscard]] Outcome readCards(const std::string& query, Cards& cards, const Call& call);
+  [[nodiscard]] Outcome readCards(const std::string& query, bool mayRepeat, Cards& cards,
+                                  const Call& call);
+  [[nodiscard]] Outcome readUIDs(std::vector<std::string>& uids, const Call& call);
   void noteWritten(const Outcome& outcome);
   /// A local book has no server that could be away.
   [[nodiscard]] std::error_code meant(std::error_code error) const {
@@ -110,6 +112,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   const std::string uid_;
   bool isLocal_ = false;
   std::atomic<bool> keepsLists_{false};
+  /// Perhaps too large to be read at once.
+  std::atomic<bool> isLarge_{false};
   std::atomic<bool> isWritable_{false};
   std::atomic<bool> isGone_{false};
   /// What the server last said to us.

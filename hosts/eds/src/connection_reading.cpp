@@ -1,3 +1,6 @@
+// All cards come in one message, which holds 64 MiB: the service's process dies of a larger one.
+// Then the book is read in lots, now and from then on.
+
 #include <libebook/libebook.h>
 
 #include <algorithm>
@@ -12,6 +15,9 @@ namespace {
 
 struct FreeList {
   void operator()(GSList* list) const { g_slist_free(list); }
+};
+struct FreeTexts {
+  void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
 };
 
 /// The service also finds no cards, without an error, where it cannot read its store. Asked for one
@@ -49,35 +55,60 @@ std::string textOf(EContact* contact) {
   return text;
 }
 
-Connection::Outcome Connection::readCards(const std::string& query, Cards& cards,
+Connection::Outcome Connection::readCards(const std::string& query, bool mayRepeat, Cards& cards,
                                           const Call& call) {
+  return request(call, mayRepeat,
+                 [&](EBookClient* book, GCancellable* cancellable, GError** error) -> gboolean {
+                   GSList* list = nullptr;
+                   cards.clear();
+                   if (e_book_client_get_contacts_sync(book, query.c_str(), &list, cancellable,
+                                                       error) == FALSE) {
+                     return FALSE;
+                   }
+                   if (list == nullptr) return canRead(book, cancellable, error);
+                   const std::unique_ptr<GSList, FreeList> held(list);
+                   cards.reserve(g_slist_length(list));
+                   for (GSList* each = list; each != nullptr; each = each->next) {
+                     // Let go at once: the next text takes its memory.
+                     const GRef<EContact> contact(static_cast<EContact*>(each->data));
+                     cards.push_back(textOf(contact.get()));
+                   }
+                   return TRUE;
+                 });
+}
+
+Connection::Outcome Connection::fetchAll(Cards& cards, const Call& call) {
+  if (!isLarge_) {
+    Outcome outcome = readCards(kEverything, false, cards, call);
+    if (!outcome.isUnknown) return outcome;
+    isLarge_ = true;
+  }
+  std::vector<std::string> uids;
+  Outcome outcome = readUIDs(uids, call);
+  return outcome.error ? outcome : fetch(uids, cards, call);
+}
+
+Connection::Outcome Connection::readUIDs(std::vector<std::string>& uids, const Call& call) {
   return request(
       call, true, [&](EBookClient* book, GCancellable* cancellable, GError** error) -> gboolean {
         GSList* list = nullptr;
-        cards.clear();
-        if (e_book_client_get_contacts_sync(book, query.c_str(), &list, cancellable, error) ==
+        uids.clear();
+        if (e_book_client_get_contacts_uids_sync(book, kEverything, &list, cancellable, error) ==
             FALSE) {
           return FALSE;
         }
         if (list == nullptr) return canRead(book, cancellable, error);
-        const std::unique_ptr<GSList, FreeList> held(list);
-        cards.reserve(g_slist_length(list));
-        for (GSList* each = list; each != nullptr; each = each->next) {
-          // Let go at once: the next text takes its memory.
-          const GRef<EContact> contact(static_cast<EContact*>(each->data));
-          cards.push_back(textOf(contact.get()));
+        const std::unique_ptr<GSList, FreeTexts> held(list);
+        for (const GSList* each = list; each != nullptr; each = each->next) {
+          uids.emplace_back(static_cast<const char*>(each->data));
         }
         return TRUE;
       });
 }
 
-Connection::Outcome Connection::fetchAll(Cards& cards, const Call& call) {
-  return readCards(kEverything, cards, call);
-}
-
 Connection::Outcome Connection::fetch(const std::vector<std::string>& uids, Cards& cards,
                                       const Call& call) {
-  // The answer must fit into a message, even where cards have large photos.
+  // They must fit into a message even where they have large photos.
   constexpr std::size_t kLot = 25;
   Outcome outcome;
   cards.clear();
@@ -86,7 +117,7 @@ Connection::Outcome Connection::fetch(const std::vector<std::string>& uids, Card
     const std::size_t end = std::min(start + kLot, uids.size());
     for (std::size_t i = start; i < end; ++i) query += " (is \"id\" " + quoted(uids[i]) + ")";
     Cards lot;
-    outcome = readCards(query + ")", lot, call);
+    outcome = readCards(query + ")", true, lot, call);
     if (outcome.error) return outcome;
     cards.insert(cards.end(), std::make_move_iterator(lot.begin()),
                  std::make_move_iterator(lot.end()));
