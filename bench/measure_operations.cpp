@@ -1,5 +1,4 @@
-// Measures single operations of the library, and the least that saving could cost. Prints one line
-// of JSON: nanoseconds a call by name.
+// Measures single operations of the library. Prints one line of JSON: nanoseconds a call by name.
 
 #include <cstdio>
 #include <cstdlib>
@@ -12,39 +11,11 @@
 
 #include "library_book.h"
 #include "meter.h"
-#include "plain_graph.h"
 
 namespace {
 
 /// Keeps a result from being optimised away.
 std::size_t sink = 0;
-
-struct Walker {
-  void operator()(const std::string& text) const { sink += text.size(); }
-  void operator()(const plain::Value& value) const {
-    if (const auto* multiple = dynamic_cast<const plain::MultipleValue*>(&value)) {
-      for (const auto& each : multiple->values) (*this)(*each);
-    } else {
-      const auto& single = static_cast<const plain::SingleValue&>(value);
-      (*this)(single.label->name);
-      (*this)(single.label->displayName);
-      datum(*single.value);
-    }
-  }
-  void datum(const plain::Object& object) const {
-    if (const auto* text = dynamic_cast<const plain::Text*>(&object)) {
-      (*this)(text->text);
-    } else if (const auto* address = dynamic_cast<const plain::Address*>(&object)) {
-      for (const auto& [key, text] : address->values) (*this)(text);
-    } else if (const auto* name = dynamic_cast<const plain::PersonName*>(&object)) {
-      (*this)(name->first);
-      (*this)(name->middle);
-      (*this)(name->last);
-    } else {
-      sink += reinterpret_cast<std::uintptr_t>(&object) & 1U;
-    }
-  }
-};
 
 double nanoseconds(std::size_t calls, const std::function<void()>& operation, int runs = 5) {
   const bench::Cost cost = bench::measure(runs, operation, [] {});
@@ -59,18 +30,6 @@ std::vector<OVRef<OVPersonGeneral>> personsOf(const OVRef<OVAddressBookGeneral>&
 
 OVRef<OVObjectAddress> addressOf(const OVRef<OVPersonGeneral>& person) {
   return ov::cast<OVObjectAddress>(person->valueOfMainValueForProPertyName(OVProPertyAddress));
-}
-
-double walkAndCopy(std::uint32_t count) {
-  const auto graph = plain::book(count);
-  const auto block = bench::libraryBook(count)->saveToData();
-  return nanoseconds(count, [&] {
-    for (const auto& [ID, person] : graph->persons) {
-      for (const auto& [name, value] : person->values) Walker()(*value);
-    }
-    const std::string copy(block->text());
-    sink += copy.size();
-  });
 }
 
 double tagging(std::uint32_t persons) {
@@ -111,7 +70,6 @@ int main(int count, char** arguments) {
   std::printf(", \"countryWithCode\": %.1f", each([](const auto& person) {
                 return OVCountry::countryWithCode(addressOf(person)->countryCode()) != nullptr;
               }));
-  std::printf(", \"walkAndCopy\": %.1f", walkAndCopy(size));
   std::printf(", \"tagging\": %.1f, \"tagged\": %u}\n", tagging(tagged), tagged);
   return sink == 0 ? 1 : 0;
 }

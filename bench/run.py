@@ -29,7 +29,14 @@ PLISTLIB_LIMIT = 100000
 VCARD_LIMIT = 10000
 CARDS = (10000, 100000)
 WINDOW_PERSONS = 100000
+MACHINE_PERSONS = 100000
 LIVE_PERSONS = (1000, 10000)
+
+
+def elapsed(command):
+    start = time.perf_counter()
+    subprocess.run(pinned(command), check=True, capture_output=True)
+    return time.perf_counter() - start
 
 
 def graph_points(programs, size):
@@ -45,14 +52,9 @@ def plist_points(programs, size, folder, missing):
     if not shutil.which("plistutil"):
         missing.add("plistutil")
         return
-    seconds = []
-    for _ in range(3):
-        start = time.perf_counter()
-        subprocess.run(pinned(["plistutil", "-i", block, "-o", folder / "out.xml", "-f", "xml"]),
-                       check=True, capture_output=True)
-        seconds.append(time.perf_counter() - start)
+    command = ["plistutil", "-i", block, "-o", folder / "out.xml", "-f", "xml"]
     yield {"codec": "plistutil (to XML)", "persons": size,
-           "restore_seconds": statistics.median(seconds)}
+           "restore_seconds": statistics.median(elapsed(command) for _ in range(3))}
 
 
 def vcard_points(programs, size, missing):
@@ -118,9 +120,39 @@ def operations_table(operations):
     rows += [f"| `{name}` | {operations[name]:.0f} |" for name in names]
     rows.append(f"| tagging one of {operations['tagged']} persons, store in memory "
                 f"| {operations['tagging']:.0f} |")
-    rows.append("| lower bound of saving: one walk over a plain graph and a copy of the block, "
-                f"a person | {operations['walkAndCopy']:.0f} |")
     return "\n".join(rows)
+
+
+def machine_table(limits, own):
+    """What the machine itself needs for a person, and how far each direction is from it."""
+    persons, block, held = limits["persons"], own["block_bytes"], own["restored_bytes"]
+    works = (("walking over a plain graph", limits["walking"], True, False),
+             ("clearing fresh pages for the block", limits["clearing"] * block, True, False),
+             ("copying the block", limits["copying"] * block, True, True),
+             ("clearing fresh pages for the restored book", limits["clearing"] * held, False, True))
+    rows = [f"| {persons} persons: what the machine needs | saving, µs/person "
+            "| restoring, µs/person |", "|---|---|---|"]
+    for name, seconds, saving, restoring in works:
+        text = f"{seconds / persons * 1e6:.2f}"
+        rows.append(f"| {name} | {text if saving else '-'} | {text if restoring else '-'} |")
+    save = sum(work[1] for work in works if work[2])
+    restore = sum(work[1] for work in works if work[3])
+    rows.append(f"| together | {save / persons * 1e6:.2f} | {restore / persons * 1e6:.2f} |")
+    rows.append(f"| OVAddressBookSDK, times that | {own['save_seconds'] / save:.1f} "
+                f"| {own['restore_seconds'] / restore:.1f} |")
+    rows.append(f"| `ovbook list`, times restoring | - | {limits['list'] / own['restore_seconds']:.1f} |")
+    return "\n".join(rows)
+
+
+def machine_limits(options, size):
+    """What the machine needs, and the seconds that a list of such a book takes."""
+    limits = measured([options.build / "bench" / "measure_machine", size])
+    with tempfile.TemporaryDirectory() as temporary:
+        block = pathlib.Path(temporary) / "block"
+        subprocess.run([options.build / "bench" / "write_block", str(size), block], check=True)
+        command = [options.build / "tools" / "ovbook" / "ovbook", "list", "--tsv", block]
+        limits["list"] = statistics.median(elapsed(command) for _ in range(5))
+    return limits
 
 
 def machine():
@@ -164,13 +196,18 @@ def write_page(page, texts):
 
 def measure_books(options, results):
     programs = options.build / "bench"
-    points, missing = all_points(programs, [int(n) for n in options.sizes.split(",")])
+    sizes = [int(n) for n in options.sizes.split(",")]
+    points, missing = all_points(programs, sizes)
     operations = measured([programs / "measure_operations", 10000, 10000])
-    results |= {"points": points, "operations": operations, "missing": missing}
+    size = min(max(sizes), MACHINE_PERSONS)
+    limits = machine_limits(options, size)
+    own = next(p for p in points if p["persons"] == size and p["codec"] == "OVAddressBookSDK")
+    results |= {"points": points, "operations": operations, "limits": limits, "missing": missing}
     note = draw(points, options.page.parent if options.page else options.out)
     if note:
         print(note, file=sys.stderr)
-    return "\n\n".join([machine() + ".", table(points, missing), operations_table(operations)])
+    return "\n\n".join([machine() + ".", table(points, missing), machine_table(limits, own),
+                        operations_table(operations)])
 
 
 def measure_cards(options, results):

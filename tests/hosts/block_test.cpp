@@ -143,6 +143,14 @@ TEST(ThroughABlock, TheFirstLabelOfAGroupStaysTheFirst) {
               ElementsAre("a.X-ABLABEL:1", "a.X-ABLABEL:2", "a.X-A:3"));
 }
 
+TEST(ThroughABlock, EqualEntriesKeepWhatOnlyTheirLinesSay) {
+  EXPECT_THAT(linesAfterBlock("TEL;TYPE=cell:1\nTEL;PREF=1:5\nTEL;TYPE=cell;PREF=1:1"),
+              ElementsAre("TEL;TYPE=cell:1", "TEL;PREF=1:5", "TEL;TYPE=cell;PREF=1:1"));
+  EXPECT_THAT(linesAfterBlock("a.X-A:1\nX-A:1\nX-A;X-B=c:1\na.X-C:2"),
+              testing::UnorderedElementsAre("a.X-A:1", "X-A:1", "X-A;X-B=c:1", "a.X-C:2"));
+  EXPECT_THAT(linesAfterBlock("EMAIL:a\nEMAIL;X-B=c:a"), ElementsAre("EMAIL:a", "EMAIL;X-B=c:a"));
+}
+
 TEST(ThroughABlock, OddPreferencesTakeNoLineOutOfItsGroup) {
   EXPECT_THAT(linesAfterBlock("a.X-A;PREF=:1\na.X-B;PREF=05:2\na.X-C;PREF=x;TYPE=pref:3"),
               ElementsAre("a.X-A;PREF=\"\":1", "a.X-B;PREF=05:2", "a.X-C;PREF=x;TYPE=pref:3"));

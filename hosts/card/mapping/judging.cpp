@@ -2,8 +2,11 @@
 // groups or preferences, so that they are kept.
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
+#include "keyed_hash.h"
 #include "others.h"
 #include "reading.h"
 
@@ -36,7 +39,34 @@ void PersonReading::judgeGroups() {
   for (Claim& claim : claims_) {
     if (claim.group == nullptr || claim.role != Claim::Role::Value) continue;
     claim.isOdd |= claim.group->count > 1 && claim.fit != Fit::Nothing;
-    claim.group->isOdd |= claim.isOdd;
+  }
+}
+
+/// The odd lines alone would not tell which of several equal entries they are about.
+void PersonReading::judgeEqualEntries() {
+  for (const Several& several : several_) {
+    std::vector<Claim*> claims;
+    for (Claim& claim : claims_) {
+      if (claim.binding != nullptr && claim.binding->property == several.property &&
+          claim.fit != Fit::Nothing) {
+        claims.push_back(&claim);
+      }
+    }
+    const auto keyOfEntry = [&](const Claim* claim) {
+      return keyOf(*several.entries->valueAtIndex(claim->entry));
+    };
+    std::unordered_set<std::string, KeyedHash> odd;
+    for (const Claim* const claim : claims) {
+      if (claim->isOdd) odd.insert(keyOfEntry(claim));
+    }
+    if (odd.empty()) continue;
+    for (Claim* const claim : claims) claim->isOdd |= odd.contains(keyOfEntry(claim));
+  }
+}
+
+void PersonReading::judgeCompanions() {
+  for (const Claim& claim : claims_) {
+    if (claim.group != nullptr) claim.group->isOdd |= claim.isOdd;
   }
   for (Claim& claim : claims_) {
     if (claim.role == Claim::Role::Companion) claim.isOdd = claim.group->isOdd;

@@ -56,6 +56,8 @@ PersonReading::PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVIm
   for (const Several& several : several_) values_.set(*several.property, several.entries);
   judgePreferences();
   judgeGroups();
+  judgeEqualEntries();
+  judgeCompanions();
   judgeLinesOfOneProperty();
 }
 

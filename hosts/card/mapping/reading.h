@@ -119,6 +119,8 @@ class PersonReading {
   void keep(const Line& line, Claim& claim);
   void judgePreferences();
   void judgeGroups();
+  void judgeEqualEntries();
+  void judgeCompanions();
   void judgeLinesOfOneProperty();
 
   const Lines* lines_ = nullptr;

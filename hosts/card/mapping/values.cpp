@@ -79,31 +79,6 @@ bool both(const OVRef<OVObject>& a, const OVRef<OVObject>& b, bool& areSame) {
   return true;
 }
 
-/// A part of what the entry says: equal for equal entries, and short.
-std::string keyOf(const OVSingleValue& entry) {
-  constexpr std::size_t kMaxPart = 64;
-  std::string key;
-  const auto add = [&](std::string_view text) {
-    key.append(text.substr(0, kMaxPart)).append(std::to_string(text.size()));
-  };
-  const OVRef<OVObject> datum = entry.value();
-  if (const OVString text = ov::cast<OVString>(datum)) add(text);
-  if (const auto phone = ov::cast<OVObjectPhone>(datum)) add(phone->phoneNumber());
-  if (const auto email = ov::cast<OVObjectEmail>(datum)) add(email->email());
-  if (const auto account = ov::cast<OVObjectInstantMessage>(datum)) add(account->userName());
-  if (const auto date = ov::cast<OVDate>(datum)) {
-    key += std::to_string(date->timeIntervalSinceReferenceDate());
-  }
-  if (const auto address = ov::cast<OVObjectAddress>(datum)) {
-    for (const OVString* field : kAddressFields) add(address->stringValueByFieldName(*field));
-  }
-  if (const OVRef<OVLabel> label = entry.label()) {
-    add(label->name());
-    add(label->displayName());
-  }
-  return key;
-}
-
 }  // namespace
 
 OVRef<OVValue> ValueTable::find(const OVStringView& property) const {
@@ -168,6 +143,30 @@ bool sameLabel(const OVRef<OVLabel>& a, const OVRef<OVLabel>& b) {
 
 bool sameEntry(const OVSingleValue& a, const OVSingleValue& b) {
   return sameDatum(a.value(), b.value()) && sameLabel(a.label(), b.label());
+}
+
+std::string keyOf(const OVSingleValue& entry) {
+  constexpr std::size_t kMaxPart = 64;
+  std::string key;
+  const auto add = [&](std::string_view text) {
+    key.append(text.substr(0, kMaxPart)).append(std::to_string(text.size()));
+  };
+  const OVRef<OVObject> datum = entry.value();
+  if (const OVString text = ov::cast<OVString>(datum)) add(text);
+  if (const auto phone = ov::cast<OVObjectPhone>(datum)) add(phone->phoneNumber());
+  if (const auto email = ov::cast<OVObjectEmail>(datum)) add(email->email());
+  if (const auto account = ov::cast<OVObjectInstantMessage>(datum)) add(account->userName());
+  if (const auto date = ov::cast<OVDate>(datum)) {
+    key += std::to_string(date->timeIntervalSinceReferenceDate());
+  }
+  if (const auto address = ov::cast<OVObjectAddress>(datum)) {
+    for (const OVString* field : kAddressFields) add(address->stringValueByFieldName(*field));
+  }
+  if (const OVRef<OVLabel> label = entry.label()) {
+    add(label->name());
+    add(label->displayName());
+  }
+  return key;
 }
 
 std::vector<std::size_t> placesOf(const Entries& before, const Entries& now) {

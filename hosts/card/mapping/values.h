@@ -66,6 +66,8 @@ class PersonValues {
 [[nodiscard]] bool sameDatum(const OVRef<OVObject>& a, const OVRef<OVObject>& b);
 [[nodiscard]] bool sameLabel(const OVRef<OVLabel>& a, const OVRef<OVLabel>& b);
 [[nodiscard]] bool sameEntry(const OVSingleValue& a, const OVSingleValue& b);
+/// A part of what the entry says: equal for equal entries, and short.
+[[nodiscard]] std::string keyOf(const OVSingleValue& entry);
 
 /// Where an entry that was there before is now; `kGone` for one that is no longer there.
 inline constexpr std::size_t kGone = static_cast<std::size_t>(-1);

@@ -94,12 +94,12 @@ bool Connection::refreshOnce(const Call& call, const ServiceCall& whole, Outcome
   }
   if (isGone_) {
     outcome.error = OVEDSError::NoBook;
+  } else if (isHopeless()) {
+    outcome.error = OVEDSError::CredentialsNeeded;
   } else if (isOver) {
     access_ = Access::Granted;
     inbox_.addIncomplete();
     waitsForServer_ = false;
-  } else if (isHopeless()) {
-    outcome.error = OVEDSError::CredentialsNeeded;
   } else if (const auto early = whole.ended()) {
     outcome.error = early;
   } else {
