@@ -12,8 +12,6 @@
 #include <ostream>
 #include <system_error>
 
-#include "support/processes/terminal.h"
-
 namespace {
 
 [[noreturn]] void fail(const char* what) {
@@ -46,9 +44,21 @@ class Capture {
   int descriptor_;
 };
 
-void redirectOutput(const Surroundings& surroundings, int usual) {
+/// Makes standard output a terminal. The other side of it stays open until the program ends.
+void redirectToTerminal() {
+  const int other = posix_openpt(O_RDWR | O_NOCTTY);
+  if (other < 0 || grantpt(other) != 0 || unlockpt(other) != 0) fail("posix_openpt");
+  const int terminal = open(ptsname(other), O_RDWR | O_NOCTTY);  // NOLINT: one thread
+  if (terminal < 0) fail("open");
+  dup2(terminal, STDOUT_FILENO);
+  close(terminal);
+}
+
+void redirectOutput(const Surroundings& surroundings, const Capture& capture) {
   if (surroundings.outputIsClosed) {
     close(STDOUT_FILENO);
+  } else if (surroundings.outputIsTerminal) {
+    redirectToTerminal();
   } else if (surroundings.outputIsBroken) {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) fail("pipe");
@@ -61,7 +71,7 @@ void redirectOutput(const Surroundings& surroundings, int usual) {
     dup2(file, STDOUT_FILENO);
     close(file);
   } else {
-    dup2(usual, STDOUT_FILENO);
+    dup2(capture.descriptor(), STDOUT_FILENO);
   }
 }
 
@@ -98,22 +108,18 @@ Outcome runProgram(const std::vector<std::string>& command, const Surroundings& 
   const Capture in(surroundings.input);
   const Capture out;
   const Capture err;
-  std::optional<Terminal> terminal;
-  if (surroundings.outputIsTerminal || surroundings.errorIsTerminal) terminal.emplace();
   const pid_t child = fork();
   if (child < 0) fail("fork");
   if (child == 0) {
     dup2(in.descriptor(), STDIN_FILENO);
-    dup2(surroundings.errorIsTerminal ? terminal->descriptor() : err.descriptor(), STDERR_FILENO);
-    redirectOutput(surroundings,
-                   surroundings.outputIsTerminal ? terminal->descriptor() : out.descriptor());
+    dup2(err.descriptor(), STDERR_FILENO);
+    redirectOutput(surroundings, out);
     become(command, surroundings);
   }
-  const std::string shown = terminal ? terminal->readAll() : std::string();
   int status = 0;
   while (waitpid(child, &status, 0) < 0) {
     if (errno != EINTR) fail("waitpid");
   }
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.content(),
-          surroundings.errorIsTerminal ? shown : err.content()};
+          err.content()};
 }

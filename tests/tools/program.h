@@ -31,8 +31,6 @@ struct Surroundings {
   bool outputIsClosed = false;
   /// Standard output is a terminal; what it shows is not kept.
   bool outputIsTerminal = false;
-  /// Standard error is a terminal; `Outcome::err` is what it shows.
-  bool errorIsTerminal = false;
   /// The most bytes that a file of the program's may have.
   std::optional<rlim_t> largestFile = {};
 };

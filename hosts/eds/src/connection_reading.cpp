@@ -16,9 +16,6 @@ namespace {
 struct FreeList {
   void operator()(GSList* list) const { g_slist_free(list); }
 };
-struct FreeTexts {
-  void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
-};
 
 /// The service also finds no cards, without an error, where it cannot read its store. Asked for one
 /// card, it says so.
@@ -98,7 +95,7 @@ Connection::Outcome Connection::readUIDs(std::vector<std::string>& uids, const C
           return FALSE;
         }
         if (list == nullptr) return canRead(book, cancellable, error);
-        const std::unique_ptr<GSList, FreeTexts> held(list);
+        const GTexts held(list);
         for (const GSList* each = list; each != nullptr; each = each->next) {
           uids.emplace_back(static_cast<const char*>(each->data));
         }

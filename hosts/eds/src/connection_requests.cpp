@@ -15,9 +15,6 @@ constexpr int kMostRequests = 3;
 struct FreeContacts {
   void operator()(GSList* list) const { g_slist_free_full(list, g_object_unref); }
 };
-struct FreeTexts {
-  void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
-};
 
 std::unique_ptr<GSList, FreeContacts> contactsOf(const Connection::Cards& cards) {
   GSList* list = nullptr;
@@ -82,7 +79,7 @@ Connection::Outcome Connection::add(const Cards& cards, const Call& call) {
         GSList* uids = nullptr;
         const gboolean isDone = e_book_client_add_contacts_sync(
             book, contacts.get(), E_BOOK_OPERATION_FLAG_CONFLICT_FAIL, &uids, cancellable, error);
-        const std::unique_ptr<GSList, FreeTexts> given(uids);
+        const GTexts given(uids);
         return isDone;
       });
   noteWritten(outcome);
@@ -104,7 +101,7 @@ Connection::Outcome Connection::remove(const std::vector<std::string>& uids, con
   GSList* list = nullptr;
   for (const std::string& uid : uids) list = g_slist_prepend(list, g_strdup(uid.c_str()));
   list = g_slist_reverse(list);
-  const std::unique_ptr<GSList, FreeTexts> given(list);
+  const GTexts given(list);
   Outcome outcome =
       request(call, false, [&](EBookClient* book, GCancellable* cancellable, GError** error) {
         return e_book_client_remove_contacts_sync(book, list, E_BOOK_OPERATION_FLAG_CONFLICT_FAIL,

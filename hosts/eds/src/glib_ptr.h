@@ -25,6 +25,12 @@ struct Free {
 };
 using GText = std::unique_ptr<char, Free>;
 
+struct FreeTexts {
+  void operator()(GSList* list) const { g_slist_free_full(list, g_free); }
+};
+/// A list of texts.
+using GTexts = std::unique_ptr<GSList, FreeTexts>;
+
 /// The text, freed; "" for null.
 inline std::string taken(char* text) {
   const GText owned(text);

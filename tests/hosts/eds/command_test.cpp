@@ -6,38 +6,21 @@
 
 namespace {
 
-using testing::AllOf;
-using testing::EndsWith;
 using testing::HasSubstr;
-
-/// What a bar leaves of its line.
-constexpr const char* kWiped = "\r\033[K";
 
 /// The command on the desktop of this process.
 class LiveCommand : public LiveTest {
  protected:
-  static Outcome ovbook(std::vector<std::string> words, bool isOnTerminal = false) {
+  static Outcome ovbook(std::vector<std::string> words) {
     words.insert(words.begin(), OV_OVBOOK);
     Surroundings surroundings;
     surroundings.environment = Desktop::ofThisProcess().environment();
-    surroundings.errorIsTerminal = isOnTerminal;
     return runProgram(words, surroundings);
   }
   static std::string file(const std::string& name) {
     return Desktop::ofThisProcess().path("home/" + name);
   }
   [[nodiscard]] std::string uid() const { return bookUID.str(); }
-  /// A block of so many persons with long notes.
-  static std::string blockOf(int count) {
-    const std::string note(4800, 'x');
-    std::string cards;
-    for (int i = 0; i < count; ++i) {
-      cards += liveCard("UID:p" + std::to_string(i) + "\r\nFN:Kim\r\nNOTE:" + note + "\r\n");
-    }
-    writeFile(file("many.vcf"), cards);
-    EXPECT_EQ(ovbook({"import", file("many.vcf"), "-o", file("many.ovbook")}).status, 0);
-    return file("many.ovbook");
-  }
 };
 
 TEST_F(LiveCommand, ListsTheBooks) {
@@ -70,25 +53,6 @@ TEST_F(LiveCommand, ExportsWhoIsNotThereYet) {
   EXPECT_EQ(done, (Outcome{0, "Study: added 1 of 2 persons\n", ""}));
   EXPECT_EQ(openedBook()->allPersonsCount(), 2U);
   EXPECT_EQ(ovbook({"export", book, "--to-book", uid()}).out, "Study: added 0 of 2 persons\n");
-}
-
-TEST_F(LiveCommand, ShowsOnATerminalHowFarItIs) {
-  const std::string reading = "\rReading [";
-  const std::string writing = "\rWriting [";
-  const auto lacks = [](const Outcome& outcome, const std::string& bar) {
-    return outcome.err.find(bar) == std::string::npos;
-  };
-  Outcome imported;
-  Outcome exported;
-  // Quick tasks show nothing, so there is more to do each time, up to what fits into one message.
-  constexpr int kMost = 12000;
-  for (int count = 3000; count <= kMost; count *= 2) {
-    exported = ovbook({"export", blockOf(count), "--to-book", uid()}, true);
-    imported = ovbook({"import", "--from-book", uid(), "-o", file("many.ovbook")}, true);
-    if (!lacks(imported, reading) && !lacks(exported, writing)) break;
-  }
-  EXPECT_THAT(exported.err, AllOf(HasSubstr(writing), EndsWith(kWiped)));
-  EXPECT_THAT(imported.err, AllOf(HasSubstr(reading), EndsWith(kWiped)));
 }
 
 TEST_F(LiveCommand, ATargetThatIsNoFileIsNotReplaced) {
