@@ -66,6 +66,18 @@ TEST_F(Editing, ACancelledDialogChangesNothing) {
   EXPECT_FALSE(window_->isWindowModified());
 }
 
+TEST_F(Editing, ADialogThatIsLeftAsItIsChangesNothing) {
+  for (const char* const name : {"a", "b"}) {
+    lookAt(name);
+    for (int row = 0; row < window_->sheet().list()->model()->rowCount(); ++row) {
+      window_->sheet().list()->setCurrentIndex(window_->sheet().list()->model()->index(row, 0));
+      whenAsked([](QDialog& dialog) { press(dialog, "OK"); });
+      action("Edit Value").trigger();
+      EXPECT_FALSE(window_->isWindowModified()) << row;
+    }
+  }
+}
+
 TEST_F(Editing, TheMainValueIsChosen) {
   lookAt("a");
   window_->sheet().list()->setCurrentIndex(valueRow("+44 (55) 50-23"));

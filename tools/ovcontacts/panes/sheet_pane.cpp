@@ -102,16 +102,22 @@ void SheetPane::editCurrent() {
   dialog.setLabel(index.data(OVPersonSheet::LabelRole).toString());
   dialog.setMain(index.data(OVPersonSheet::MainRole).toBool());
   if (dialog.exec() != QDialog::Accepted || !index.isValid()) return;
+  const bool isOtherValue = dialog.value() != index.data(Qt::EditRole);
+  const bool isOtherLabel = maySeveral && !dialog.label().isEmpty() &&
+                            dialog.label() != index.data(OVPersonSheet::LabelRole).toString();
+  const bool becomesMain =
+      maySeveral && dialog.isMain() && !index.data(OVPersonSheet::MainRole).toBool();
+  if (!isOtherValue && !isOtherLabel && !becomesMain) return;
   const int row = index.row();
   const int rows = sheet_.rowCount();
   auto& stack = book_->undoStack();
   stack.beginMacro(tr("Edit"));
-  sheet_.setData(sheet_.index(row), dialog.value());
-  if (sheet_.rowCount() == rows && maySeveral) {
-    if (!dialog.label().isEmpty()) {
+  if (isOtherValue) sheet_.setData(sheet_.index(row), dialog.value());
+  if (sheet_.rowCount() == rows) {
+    if (isOtherLabel) {
       sheet_.setData(sheet_.index(row), dialog.label(), OVPersonSheet::LabelRole);
     }
-    if (dialog.isMain()) sheet_.setData(sheet_.index(row), true, OVPersonSheet::MainRole);
+    if (becomesMain) sheet_.setData(sheet_.index(row), true, OVPersonSheet::MainRole);
   }
   stack.endMacro();
 }
