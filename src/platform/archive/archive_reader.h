@@ -18,7 +18,6 @@
 #include "platform/archive/read_fields.h"
 #include "platform/archive/read_leaves.h"
 #include "platform/archive/read_objects.h"
-#include "platform/archive/reading_budget.h"
 #include "platform/object_arena.h"
 
 namespace ov::detail {
@@ -92,7 +91,6 @@ class ArchiveReader {
 
   PlistReader plist_;
   ObjectArena arena_;
-  ReadingBudget budget_;
   ReadObjects objects_;
   ReadLeaves leaves_;
   ReadClasses classes_;

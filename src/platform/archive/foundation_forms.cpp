@@ -53,7 +53,7 @@ OVRef<OVObject> FoundationForms::makeLeaf(std::string_view className, const Arch
 
 /// True when every element refers to a text.
 bool FoundationForms::areTexts(const PlistItem& array) {
-  budget_.charge(array.count);
+  plist_.charge(array.count);
   for (std::uint64_t i = 0; i < array.count; ++i) {
     if (!isText(objects_.uidOf(plist_.reference(array, i)))) return false;
   }
@@ -67,7 +67,7 @@ bool FoundationForms::isText(std::uint64_t uid) {
   if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
   if (!makesLeaves_) return false;
   ArchiveFields fields = fields_.open(item);
-  fields.hasConstantKeys = true;
+  fields.learnKeys();
   return isTextClass(fields_.classOf(fields).name) &&
          fields_.find(fields, archive::kStringText, Kind::ascii).has_value();
 }

@@ -17,10 +17,9 @@ class FoundationForms {
  public:
   /// With no classes known, texts and data that are objects are left as they are, so that their
   /// classes show.
-  FoundationForms(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
-                  ReadLeaves& leaves, ReadFields& fields, ReadClasses::Known known)
+  FoundationForms(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves,
+                  ReadFields& fields, ReadClasses::Known known)
       : plist_(plist),
-        budget_(budget),
         objects_(objects),
         leaves_(leaves),
         fields_(fields),
@@ -37,8 +36,7 @@ class FoundationForms {
   [[nodiscard]] bool areTexts(const PlistItem& array);
   [[nodiscard]] bool isText(std::uint64_t uid);
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
+  PlistReader& plist_;
   const ReadObjects& objects_;
   ReadLeaves& leaves_;
   ReadFields& fields_;

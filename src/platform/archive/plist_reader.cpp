@@ -16,7 +16,7 @@ namespace ov::detail {
 using Kind = PlistItem::Kind;
 
 PlistReader::PlistReader(std::span<const std::byte> block)
-    : begin_(block.data()), size_(block.size()) {
+    : begin_(block.data()), size_(block.size()), budget_(block.size()) {
   const std::string_view text(reinterpret_cast<const char*>(begin_), size_);
   if (text.starts_with("<?xml") || text.starts_with("<!DOCTYPE") || text.starts_with("<plist")) {
     throw OVInvalidArchive("an XML property list; only binary ones can be read: convert it first");
@@ -136,15 +136,13 @@ std::string_view PlistReader::text(const PlistItem& item, std::string& storage) 
   return storage;
 }
 
-bool PlistReader::equals(const PlistItem& item, std::string_view ascii) const {
-  if (item.count != ascii.size()) return false;
-  if (item.kind == Kind::ascii) return std::memcmp(item.bytes, ascii.data(), ascii.size()) == 0;
-  if (item.kind != Kind::utf16) return false;
-  for (std::size_t i = 0; i < ascii.size(); ++i) {
-    const auto unit = loadAs<std::uint16_t>(item.bytes + 2 * i);
-    if (unit != static_cast<unsigned char>(ascii[i])) return false;
+bool PlistReader::equals(const PlistItem& item, std::string_view text, std::string& storage) const {
+  const auto count = static_cast<std::size_t>(item.count);
+  if (item.kind == Kind::ascii) {
+    return std::string_view(reinterpret_cast<const char*>(item.bytes), count) == text;
   }
-  return true;
+  // As UTF-8 a text is never shorter.
+  return item.kind == Kind::utf16 && count <= text.size() && this->text(item, storage) == text;
 }
 
 double PlistReader::real(const PlistItem& item) const {
