@@ -15,13 +15,6 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-namespace {
-
-/// So many bytes of a dictionary's keys are hashed in the time that a byte of memory is worth.
-constexpr std::size_t kHashedPerByte = 8;
-
-}  // namespace
-
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
     : plist_(block),
       arena_(block.size()),
@@ -138,7 +131,7 @@ OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const Arch
   constexpr std::uint64_t kMemoryPerField = 32;
   plist_.charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
   if (record.known != nullptr) return record.known->make();
-  if (auto made = forms_.make(record.name, fields)) return made;
+  if (auto made = forms_.make(record, fields)) return made;
   const auto object = Maker::make<OVOpaqueObject>();
   object->className_ = record.name;
   object->classes_ = record.classes;
@@ -181,6 +174,8 @@ void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& d
                            std::to_string(values.count) + " values");
   }
   plist_.charge(keys.count * 4 * sizeof(DictionaryObject::Entry));
+  // So many bytes of a key are hashed in the time that a byte of memory is worth.
+  constexpr std::size_t kHashedPerByte = 8;
   // The keys first: they are mostly together.
   std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
   std::uint64_t at = 0;
@@ -203,7 +198,7 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   // Read in place: as an object it may be half filled, and mostly it is never needed as one.
   ArchiveFields fields = fields_.open(archived);
   fields.learnKeys();
-  return FoundationForms::isList(fields_.classOf(fields).name) &&
+  return FoundationForms::isList(fields_.classOf(fields)) &&
          readElements(fields, archive::kArrayObjects, elements);
 }
 

@@ -18,8 +18,10 @@
 namespace ov::detail {
 
 constexpr OVClass kTextClass{"NSString", nullptr, nullptr};
+constexpr OVClass kMutableTextClass{"NSMutableString", &kTextClass, nullptr};
 constexpr OVClass kNumberClass{"NSNumber", nullptr, nullptr};
 constexpr OVClass kDataClass{"NSData", nullptr, nullptr};
+constexpr OVClass kMutableDataClass{"NSMutableData", &kDataClass, nullptr};
 constexpr OVClass kOpaqueClass{"", nullptr, nullptr};
 constexpr OVClass kArrayClass{"NSArray", nullptr, nullptr};
 constexpr OVClass kMutableArrayClass{"NSMutableArray", &kArrayClass, nullptr};

@@ -27,12 +27,11 @@ class FoundationForms {
 
   /// The object that an archived one is: a text or data block, or a date or collection that is
   /// still empty. Null when it is neither.
-  [[nodiscard]] OVRef<OVObject> make(std::string_view className, const ArchiveFields& fields);
+  [[nodiscard]] OVRef<OVObject> make(const ArchivedClass& record, const ArchiveFields& fields);
 
-  [[nodiscard]] static bool isList(std::string_view className);
+  [[nodiscard]] static bool isList(const ArchivedClass& record);
 
  private:
-  [[nodiscard]] OVRef<OVObject> makeLeaf(std::string_view className, const ArchiveFields& fields);
   [[nodiscard]] bool areTexts(const PlistItem& array);
   [[nodiscard]] bool isText(std::uint64_t uid);
 

@@ -28,6 +28,7 @@ ArchivedClass ReadClasses::read(std::uint64_t uid) {
   plist_.charge(sizeof(ArchivedClass) + 64);
   ArchivedClass record;
   record.name = leaves_.text(*name);
+  record.form = libraryClass(record.name);
   if (const auto classes = plainEntry(plist_, dictionary, archive::kClasses)) {
     record.classes = texts(*classes);
   }

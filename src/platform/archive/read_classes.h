@@ -16,6 +16,7 @@ struct ArchivedClass {
   std::vector<OVString> classes;
   std::vector<OVString> hints;
   const OVClass* known = nullptr;  // null: opaque, or of the archive's own forms
+  const OVClass* form = nullptr;   // the library's class of that name
   bool isHosts = false;
 };
 

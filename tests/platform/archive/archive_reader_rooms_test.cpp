@@ -165,7 +165,7 @@ TEST_F(ArchiveReaderRooms, FoundationFormsAreTakenForWhatTheyAre) {
   Rooms& rooms = this->rooms();
   const auto made = [&](Uid uid) {
     const ArchiveFields fields = rooms.fields.open(rooms.objects.item(uid));
-    auto object = rooms.forms.make(rooms.fields.classOf(fields).name, fields);
+    auto object = rooms.forms.make(rooms.fields.classOf(fields), fields);
     return object;
   };
   EXPECT_EQ(ov::cast<OVString>(made(text)), "text");
