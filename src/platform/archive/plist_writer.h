@@ -26,13 +26,13 @@ class PlistWriter {
 
   PlistWriter();
 
-  Number null();
-  Number boolean(bool value);
+  Number null() { return begin(plist::kNull); }
+  Number boolean(bool value) { return begin(value ? plist::kTrue : plist::kFalse); }
   Number integer(std::int64_t value);
   Number unsignedInteger(std::uint64_t value);
-  Number real(double value);
+  Number real(double value) { return eightBytes(plist::kReal, value); }
   /// Seconds since 2001-01-01 00:00:00 UTC.
-  Number date(double seconds);
+  Number date(double seconds) { return eightBytes(plist::kDate, seconds); }
   Number data(std::span<const std::byte> bytes);
   /// Well-formed UTF-8.
   Number text(std::string_view text);
@@ -74,7 +74,6 @@ class PlistWriter {
   Number begin(unsigned kind, std::size_t length);
   [[noreturn, gnu::cold]] static void refuseMore();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
-  void longMarker(unsigned kind, std::size_t length);
   Number references(unsigned kind, std::span<const Number> objects);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
@@ -98,7 +97,8 @@ inline PlistWriter::Number PlistWriter::begin(unsigned kind, std::size_t length)
   if (length < plist::kLengthFollows) {
     byte(kind | static_cast<unsigned>(length));
   } else {
-    longMarker(kind, length);
+    byte(kind | plist::kLengthFollows);
+    sizedInteger(length);
   }
   return number;
 }

@@ -10,27 +10,6 @@
 
 namespace ov::detail {
 
-namespace {
-
-constexpr std::uint64_t kMaxKeys = 64;
-
-/// Some dozens of bytes mostly: fewer than a call is worth.
-bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
-  if (a.size() != b.size()) return false;
-  std::size_t at = 0;
-  for (std::uint64_t x = 0, y = 0; a.size() - at >= sizeof x; at += sizeof x) {
-    std::memcpy(&x, a.data() + at, sizeof x);
-    std::memcpy(&y, b.data() + at, sizeof y);
-    if (x != y) return false;
-  }
-  for (; at < a.size(); ++at) {
-    if (a[at] != b[at]) return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 ArchiveFields ReadFields::open(const PlistItem& dictionary) {
   if (dictionary.count == 0) return {dictionary};
   if (dictionary.count > kMaxKeys) {
@@ -53,7 +32,10 @@ ArchiveFields ReadFields::open(const PlistItem& dictionary) {
 ArchiveShape*& ReadFields::slotOf(Item firstKey, std::span<const std::byte> keys) {
   for (Item at = firstKey * 31 + keys.size();; ++at) {
     ArchiveShape*& slot = shapesByKeys_[static_cast<std::size_t>(at % shapesByKeys_.size())];
-    if (slot == nullptr || isSame(slot->keys, keys)) return slot;
+    if (slot == nullptr || (slot->keys.size() == keys.size() &&
+                            std::memcmp(slot->keys.data(), keys.data(), keys.size()) == 0)) {
+      return slot;
+    }
   }
 }
 

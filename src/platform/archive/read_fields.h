@@ -62,6 +62,7 @@ class ReadFields {
 
  private:
   static constexpr std::size_t kMaxShapes = 128;
+  static constexpr std::size_t kMaxKeys = 64;
 
   ArchiveShape*& slotOf(Item firstKey, std::span<const std::byte> keys);
   [[gnu::cold]] void checkKeys(const PlistItem& dictionary);

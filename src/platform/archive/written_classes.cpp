@@ -7,21 +7,12 @@
 
 namespace ov::detail {
 
-namespace {
-
-WrittenClasses::Kind kindOfClass(const OVClass& objectClass) {
-  using enum WrittenClasses::Kind;
-  if (&objectClass == &kTextClass) return text;
-  if (&objectClass == &kNumberClass || &objectClass == &kDataClass) return leaf;
-  return &objectClass == &kOpaqueClass ? opaque : other;
-}
-
-}  // namespace
-
 WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
   Entry& entry = entries_[&objectClass];
   entry.objectClass = &objectClass;
-  entry.kind = kindOfClass(objectClass);
+  if (&objectClass == &kTextClass) entry.kind = Kind::text;
+  if (&objectClass == &kNumberClass || &objectClass == &kDataClass) entry.kind = Kind::leaf;
+  if (&objectClass == &kOpaqueClass) entry.kind = Kind::opaque;
   entry.isHosts = !isLibraryClass(objectClass);
   entry.isTrusted = !entry.isHosts || objectClass.encodesItsOwnOnce;
   if (!entry.isTrusted || objectClass.make == nullptr) return entry;
