@@ -64,7 +64,7 @@ class ArchiveReader {
   /// The object of a field: what its UID refers to, or the item itself as an object.
   OVRef<OVObject> objectOf(Item item);
   OVString textOf(Item item);
-  [[nodiscard]] const PlistReader& plist() const { return plist_; }
+  [[nodiscard]] PlistReader& plist() { return plist_; }
 
   /// Reads an array of references; leaves `elements` alone when there is none.
   bool readElements(const ArchiveFields& fields, std::string_view key,

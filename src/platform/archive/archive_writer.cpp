@@ -37,7 +37,15 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   }
   if (restart_) return nullptr;
   met_.reset();  // the table that is still to come takes as much memory
-  return plist_.finish(writeTop(rootReference));
+  using Entry = PlistWriter::Entry;
+  const Number top =
+      plist_.dictionary(std::array{Entry{values_.key(archive::kRoot), rootReference}});
+  const Entry version{values_.key(archive::kVersion), values_.integer(archive::kVersionNumber)};
+  const Entry archiver{values_.key(archive::kArchiver), values_.text(archive::kArchiverName)};
+  const Number topKey = values_.key(archive::kTop);
+  const Number objectsKey = values_.key(archive::kObjects);
+  return plist_.finish(plist_.dictionary(
+      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects_.array()}}));
 }
 
 void ArchiveWriter::write(const Waiting& waiting) {
@@ -52,17 +60,6 @@ void ArchiveWriter::write(const Waiting& waiting) {
                             : classes_.record(entry);
   fields_.addRaw(classes_.key(), record);
   objects_.place(waiting.uid, plist_.dictionary(fields_.entries()));
-}
-
-ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
-  using Entry = PlistWriter::Entry;
-  const Number top = plist_.dictionary(std::array{Entry{values_.key(archive::kRoot), root}});
-  const Entry version{values_.key(archive::kVersion), values_.integer(archive::kVersionNumber)};
-  const Entry archiver{values_.key(archive::kArchiver), values_.text(archive::kArchiverName)};
-  const Number topKey = values_.key(archive::kTop);
-  const Number objectsKey = values_.key(archive::kObjects);
-  return plist_.dictionary(
-      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects_.array()}});
 }
 
 ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object,

@@ -51,7 +51,7 @@ class ArchiveWriter {
   /// A field whose key is written verbatim.
   void rawField(std::string_view key, Number value) {
     if (places_ != nullptr) places_->name(key);
-    fields_.addRaw(key, value);
+    fields_.addRaw(values_.key(key), value);
   }
 
   /// The UID of an object, for a field or an array.
@@ -84,7 +84,6 @@ class ArchiveWriter {
 
   [[nodiscard]] bool countsReferences() const { return sharing_ == Sharing::byReferenceCount; }
   void write(const Waiting& waiting);
-  Number writeTop(Number root);
   Number reference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
   template <class Handle>
   Number leafReference(const OVObject& leaf, const Handle& handle, bool isShared);

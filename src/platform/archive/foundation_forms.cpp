@@ -47,7 +47,7 @@ OVRef<OVObject> FoundationForms::make(const ArchivedClass& record, const Archive
 
 /// True when every element refers to a text.
 bool FoundationForms::areTexts(const PlistItem& array) {
-  plist_.charge(array.count);
+  plist_.charge(4 * array.count);
   for (std::uint64_t i = 0; i < array.count; ++i) {
     if (!isText(objects_.uidOf(plist_.reference(array, i)))) return false;
   }

@@ -104,7 +104,6 @@ class PlistReader {
 
   const std::byte* begin_;
   const std::byte* table_ = nullptr;
-  std::size_t size_;
   std::uint64_t objectCount_ = 0;
   std::uint64_t top_ = 0;
   std::uint64_t tableOffset_ = 0;

@@ -58,7 +58,10 @@ class PlistWriter {
     return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
   }
   /// Removes the object written last; there is none until the next.
-  void removeLast();
+  void removeLast() {
+    body_.truncate(static_cast<std::size_t>(last_));
+    --count_;
+  }
 
   /// The finished list; the writer is spent.
   OVRef<OVData> finish(Number top);
@@ -69,7 +72,11 @@ class PlistWriter {
   static constexpr Number kMaxObjects = 0xFFFFFFFE;
 
   /// Begin an object: with nothing, with its first byte, with its kind and length.
-  Number begin();
+  Number begin() {
+    if (count_ == kMaxObjects) refuseMore();
+    last_ = body_.size();
+    return count_++;
+  }
   Number begin(unsigned first);
   Number begin(unsigned kind, std::size_t length);
   [[noreturn, gnu::cold]] static void refuseMore();
@@ -85,12 +92,6 @@ class PlistWriter {
   std::uint64_t last_ = 0;  // where the object written last begins
   Number count_ = 0;
 };
-
-inline PlistWriter::Number PlistWriter::begin() {
-  if (count_ == kMaxObjects) refuseMore();
-  last_ = body_.size();
-  return count_++;
-}
 
 inline PlistWriter::Number PlistWriter::begin(unsigned kind, std::size_t length) {
   const Number number = begin();
@@ -130,11 +131,6 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
     storeAs<std::uint32_t>(values + i * kWideReference, entries[i].value);
   }
   return number;
-}
-
-inline void PlistWriter::removeLast() {
-  body_.truncate(static_cast<std::size_t>(last_));
-  --count_;
 }
 
 }  // namespace ov::detail

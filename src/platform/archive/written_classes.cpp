@@ -36,6 +36,16 @@ WrittenClasses::Number WrittenClasses::newRecord(Entry& entry) {
   return entry.record;
 }
 
+WrittenClasses::Number WrittenClasses::record(const OVOpaqueObject& object) {
+  const OVString name = object.className();
+  auto& [kept, known] = opaque_[name.c_str()];
+  if (known == 0) {
+    kept = name;
+    known = record(name, object.classes(), object.classHints());
+  }
+  return known;
+}
+
 WrittenClasses::Number WrittenClasses::record(const OVString& name, std::span<const OVString> names,
                                               std::span<const OVString> hints) {
   std::string identity = name.str();

@@ -36,8 +36,7 @@ class WrittenFields {
       entries_.push_back({number, value});
     }
   }
-  /// A field whose key is written verbatim.
-  void addRaw(std::string_view key, Number value) { entries_.push_back({values_.key(key), value}); }
+  /// A field whose key has been written verbatim.
   void addRaw(Number key, Number value) { entries_.push_back({key, value}); }
 
   [[nodiscard]] std::span<const Entry> entries() const { return entries_; }
