@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <OVAddressBookSDK/opaque_object.h>
+#include <OVAddressBookSDK/label.h>
 
 #include "support/archive/archive_builder.h"
 #include "support/archive/host_node.h"
@@ -96,6 +96,17 @@ TEST_P(ArchiveCostsOfAText, ManyObjectsThatLookThroughOneLongTextAreRefused) {
   const Number type = archive.to(archive.classNamed(className));
   const auto block = listOf(archive, 10000, archive.fields({{key, text}, {"$class", type}}));
   EXPECT_THAT(refusal(block), HasSubstr("more memory"));
+}
+
+// What is honest must not be taken for that.
+TEST(ArchiveCosts, ManyLabelsMayShareAnExceptionallyLongName) {
+  const OVString name(std::string(1000, 'x'));
+  const auto labels = OVList<OVLabel>::list();
+  for (int i = 0; i < 5000; ++i) {
+    labels.push_back(OVLabel::init());
+    labels.back()->setName(name);
+  }
+  EXPECT_EQ(unarchived<OVList<OVLabel>>(archiveOf(labels)).back()->name(), name);
 }
 
 INSTANTIATE_TEST_SUITE_P(, ArchiveCostsOfAText,
