@@ -23,7 +23,7 @@ using Uid = ArchiveBuilder::Uid;
 using Number = ArchiveBuilder::Number;
 using testing::HasSubstr;
 
-constexpr std::size_t kLong = 500000;
+constexpr std::size_t kLong = 1000000;
 
 /// A list of many objects that are one item of the property list.
 OVRef<OVData> listOf(ArchiveBuilder& archive, std::size_t many, Number item) {
@@ -46,8 +46,7 @@ std::vector<std::string> collidingTexts(std::size_t many) {
   std::mt19937_64 random(1);  // NOLINT(cert-msc51-cpp): the same texts every time
   std::vector<std::string> texts;
   while (texts.size() < many) {
-    std::uint64_t words[] = {0, 0};
-    for (int i = 0; i < 8; ++i) words[0] = words[0] << 8 | ('a' + random() % 26);
+    std::uint64_t words[] = {0x6161616161616161 + (random() & 0x0F0F0F0F0F0F0F0F), 0};
     words[1] = mixed((seed ^ mixed(words[0], kFactor)) * kFactor ^ 0x123456789ABCDEF, inverse);
     if ((words[1] & 0x8080808080808080) != 0) continue;
     texts.emplace_back(reinterpret_cast<const char*>(words), sizeof words);
@@ -58,16 +57,16 @@ std::vector<std::string> collidingTexts(std::size_t many) {
 TEST(ArchiveCosts, ManyUnknownObjectsOfAClassWithLongNamesAreWritten) {
   ArchiveBuilder archive;
   const Number names =
-      archive.array(std::vector<Number>(10, archive.ascii(std::string(kLong, 'x'))));
+      archive.array(std::vector<Number>(12, archive.ascii(std::string(kLong, 'x'))));
   const Uid record =
       archive.add(archive.fields({{"$classname", archive.ascii("XY")}, {"$classes", names}}));
-  const auto block = listOf(archive, 20000, archive.fields({{"$class", archive.to(record)}}));
+  const auto block = listOf(archive, 80000, archive.fields({{"$class", archive.to(record)}}));
   EXPECT_LT(passedThrough(block)->size(), 3 * block->size());
 }
 
 TEST(ArchiveCosts, ALongValueThatAnUnknownObjectHoldsManyTimesIsWrittenOnce) {
   ArchiveBuilder archive;
-  const std::vector<Number> values(100000, archive.bytes(std::string(kLong, 'x')));
+  const std::vector<Number> values(800000, archive.bytes(std::string(3 * kLong, 'x')));
   const auto block = archive.archive(archive.object("XY", {{"k", archive.array(values)}}));
   EXPECT_LT(passedThrough(block)->size(), block->size() + 1000);
 }
@@ -75,7 +74,7 @@ TEST(ArchiveCosts, ALongValueThatAnUnknownObjectHoldsManyTimesIsWrittenOnce) {
 TEST(ArchiveCosts, ClassesWithNamesThatCollideAreWritten) {
   ArchiveBuilder archive;
   std::vector<Uid> objects;
-  const std::vector<std::string> texts = collidingTexts(20000);
+  const std::vector<std::string> texts = collidingTexts(150000);
 #if defined(__GLIBCXX__) && defined(__x86_64__)
   ASSERT_EQ(std::hash<std::string>()(texts.front()), std::hash<std::string>()(texts.back()));
 #endif
