@@ -122,7 +122,8 @@ OVRef<OVData> rewritten(Bytes block) {
       elements += item.count;
       if (elements > kMaxElements) return nullptr;
       write(reader, item, writer);
-      static_cast<void>(reader.equals(item, "$null"));
+      std::string storage;
+      static_cast<void>(reader.equals(item, "$null", storage));
     } catch (const OVInvalidArchive&) {
       isWhole = false;
     }
@@ -134,8 +135,9 @@ bool sameItem(const PlistReader& a, const PlistItem& first, const PlistReader& b
               const PlistItem& second) {
   if (PlistReader::isText(first)) {
     const std::string text = textOf(a, first);
+    std::string storage;
     return PlistReader::isText(second) && text == textOf(b, second) &&
-           b.equals(second, text) == a.equals(first, text);
+           b.equals(second, text, storage) && a.equals(first, text, storage);
   }
   if (first.kind != second.kind) return false;
   switch (first.kind) {

@@ -30,6 +30,21 @@ constexpr std::size_t kMaxSteps = 64;
                               ": override classForCoder() in it");
 }
 
+/// From the object that holds it to the object.
+std::string step(const OVObject* owner, const std::string& key, const OVObject& object) {
+  const auto isIt = [&object](const OVRef<OVObject>& held) { return held.get() == &object; };
+  if (const auto* list = dynamic_cast<const ListObject*>(owner)) {
+    const auto at = std::ranges::find_if(list->items, isIt);
+    return '[' + std::to_string(at - list->items.begin()) + ']';
+  }
+  if (const auto* dictionary = dynamic_cast<const DictionaryObject*>(owner)) {
+    const auto& entries = dictionary->entries();
+    const auto at = std::ranges::find_if(entries, isIt, &DictionaryObject::Entry::value);
+    return "[\"" + (at == entries.end() ? std::string() : at->key.str()) + "\"]";
+  }
+  return '.' + key;
+}
+
 }  // namespace
 
 void ArchivePlaces::meet(const OVObject& object) {
@@ -53,8 +68,9 @@ std::string ArchivePlaces::pathTo(const OVObject& object) const {
   for (const OVObject* at = &object;;) {
     const auto found = places_.find(at);
     if (found == places_.end() || found->second.owner == nullptr) break;
-    steps.push_back(step(*at, found->second));
-    at = found->second.owner;
+    const auto& [owner, key] = found->second;
+    steps.push_back(step(owner, key, *at));
+    at = owner;
   }
   std::ranges::reverse(steps);
   if (steps.size() > kMaxSteps) {
@@ -65,21 +81,6 @@ std::string ArchivePlaces::pathTo(const OVObject& object) const {
   std::string path;
   for (const std::string& each : steps) path += each;
   return path.starts_with('.') ? path.substr(1) : path;
-}
-
-/// From the object that holds it to the object.
-std::string ArchivePlaces::step(const OVObject& object, const Place& place) {
-  const auto isIt = [&object](const OVRef<OVObject>& held) { return held.get() == &object; };
-  if (const auto* list = dynamic_cast<const ListObject*>(place.owner)) {
-    const auto at = std::ranges::find_if(list->items, isIt);
-    return '[' + std::to_string(at - list->items.begin()) + ']';
-  }
-  if (const auto* dictionary = dynamic_cast<const DictionaryObject*>(place.owner)) {
-    const auto& entries = dictionary->entries();
-    const auto at = std::ranges::find_if(entries, isIt, &DictionaryObject::Entry::value);
-    return "[\"" + (at == entries.end() ? std::string() : at->key.str()) + "\"]";
-  }
-  return '.' + place.key;
 }
 
 }  // namespace ov::detail

@@ -23,16 +23,14 @@ class ArchivePlaces {
   /// `std::invalid_argument` for an object that was refused, with the path to it.
   void name(std::string_view key);
 
-  /// The path from the root, as in `personDic["p-1"].Phone.valueArray[1].value`; "" for the root.
-  [[nodiscard]] std::string pathTo(const OVObject& object) const;
-
  private:
   struct Place {
     const OVObject* owner;
     std::string key;
   };
 
-  [[nodiscard]] static std::string step(const OVObject& object, const Place& place);
+  /// The path from the root, as in `personDic["p-1"].Phone.valueArray[1].value`; "" for the root.
+  [[nodiscard]] std::string pathTo(const OVObject& object) const;
 
   const OVObject* owner_ = nullptr;
   std::unordered_map<const OVObject*, Place> places_;

@@ -15,23 +15,15 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-namespace {
-
-/// So many bytes of a dictionary's keys are hashed in the time that a byte of memory is worth.
-constexpr std::size_t kHashedPerByte = 8;
-
-}  // namespace
-
 ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
     : plist_(block),
       arena_(block.size()),
-      budget_(block.size()),
-      objects_(plist_, budget_),
-      leaves_(plist_, budget_, arena_),
-      classes_(plist_, budget_, objects_, leaves_, known),
-      fields_(plist_, budget_, objects_, classes_),
-      forms_(plist_, budget_, objects_, leaves_, fields_, known),
-      opaque_(plist_, budget_, leaves_, *this) {}
+      objects_(plist_),
+      leaves_(plist_, arena_),
+      classes_(plist_, objects_, leaves_, known),
+      fields_(plist_, classes_),
+      forms_(plist_, objects_, leaves_, fields_, known),
+      opaque_(plist_, leaves_, *this) {}
 
 OVRef<OVObject> ArchiveReader::root() {
   const ObjectArena::Use use(&arena_);
@@ -44,22 +36,22 @@ OVRef<OVObject> ArchiveReader::root() {
 }
 
 OVRef<OVObject> ArchiveReader::readRoot() {
-  PlainEntries entries(plist_, budget_);
   const PlistItem head = plist_.item(plist_.top());
-  if (head.kind != Kind::dictionary || !entries.find(head, archive::kArchiver)) {
+  if (head.kind != Kind::dictionary || !plainEntry(plist_, head, archive::kArchiver)) {
     throw OVInvalidArchive("a property list that is not a keyed archive");
   }
-  const PlistItem version = entries.required(head, archive::kVersion, Kind::integer);
+  const PlistItem version = requiredEntry(plist_, head, archive::kVersion, Kind::integer);
   if (plist_.integer(version).value != archive::kVersionNumber) {
     throw OVInvalidArchive("a keyed archive of an unknown version");
   }
-  const PlistItem array = entries.required(head, archive::kObjects, Kind::array);
+  const PlistItem array = requiredEntry(plist_, head, archive::kObjects, Kind::array);
   if (array.count == 0) throw OVInvalidArchive("the archive holds no objects");
-  if (!plist_.equals(plist_.item(plist_.reference(array, 0)), archive::kNull)) {
+  std::string storage;
+  if (!plist_.equals(plist_.item(plist_.reference(array, 0)), archive::kNull, storage)) {
     throw OVInvalidArchive("the archive's object 0 is not \"$null\"");
   }
   objects_.open(array);
-  OVRef<OVObject> root = readTop(entries.required(head, archive::kTop, Kind::dictionary));
+  OVRef<OVObject> root = readTop(requiredEntry(plist_, head, archive::kTop, Kind::dictionary));
   while (!waiting_.empty()) {
     const Waiting next = std::move(waiting_.back());
     waiting_.pop_back();
@@ -70,16 +62,16 @@ OVRef<OVObject> ArchiveReader::readRoot() {
 
 /// The root; where an archive has other entries instead, a dictionary of all of them.
 OVRef<OVObject> ArchiveReader::readTop(const PlistItem& top) {
-  if (const auto root = PlainEntries(plist_, budget_).find(top, archive::kRoot)) {
+  if (const auto root = plainEntry(plist_, top, archive::kRoot)) {
     if (root->kind != Kind::uid) throw OVInvalidArchive("the archive's root is not a reference");
     return objectAt(objects_.checked(PlistReader::uid(*root)));
   }
   if (top.count == 0) throw OVInvalidArchive("the archive has no root");
-  budget_.charge(top.count * 4 * sizeof(DictionaryObject::Entry));
+  plist_.charge(top.count * 4 * sizeof(DictionaryObject::Entry));
   std::vector<DictionaryObject::Entry> entries(static_cast<std::size_t>(top.count));
   std::uint64_t at = 0;
   for (DictionaryObject::Entry& entry : entries) {
-    entry.key = leaves_.text(keyAt(plist_, plist_.reference(top, at)));
+    entry.key = leaves_.text(keyAt(plist_, top, at));
     entry.value = objectOf(plist_.reference(top, top.count + at++));
   }
   const auto dictionary = Maker::make<DictionaryObject>();
@@ -118,7 +110,7 @@ OVString ArchiveReader::textOf(Item item) {
 OVRef<OVObject> ArchiveReader::build(std::uint64_t uid, const PlistItem& dictionary) {
   ArchiveFields fields = fields_.open(dictionary);
   const ArchivedClass& record = fields_.classOf(fields);
-  fields.hasConstantKeys = !record.isHosts;
+  if (!record.isHosts) fields.learnKeys();
   OVRef<OVObject> object = makeEmpty(record, fields);
   objects_.slot(uid).set(object);
   if (object == nullptr) {
@@ -137,14 +129,14 @@ OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const Arch
   // What one object is taken to need, whatever its class, and for each of its fields.
   constexpr std::uint64_t kMemoryPerObject = 256;
   constexpr std::uint64_t kMemoryPerField = 32;
-  budget_.charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
+  plist_.charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
   if (record.known != nullptr) return record.known->make();
-  if (auto made = forms_.make(record.name, fields)) return made;
+  if (auto made = forms_.make(record, fields)) return made;
   const auto object = Maker::make<OVOpaqueObject>();
   object->className_ = record.name;
   object->classes_ = record.classes;
   object->classHints_ = record.hints;
-  budget_.charge((record.classes.size() + record.hints.size()) * sizeof(OVString));
+  plist_.charge((record.classes.size() + record.hints.size()) * sizeof(OVString));
   return object;
 }
 
@@ -163,7 +155,7 @@ bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view k
                                  std::vector<OVRef<OVObject>>& elements) {
   const auto array = fields_.find(fields, key, Kind::array);
   if (!array) return false;
-  budget_.charge(array->count * sizeof(OVRef<OVObject>));
+  plist_.charge(array->count * sizeof(OVRef<OVObject>));
   elements.reserve(static_cast<std::size_t>(array->count));
   for (std::uint64_t i = 0; i < array->count; ++i) {
     elements.push_back(objectAt(objects_.uidOf(plist_.reference(*array, i))));
@@ -181,13 +173,15 @@ void ArchiveReader::readEntries(const ArchiveFields& fields, DictionaryObject& d
     throw OVInvalidArchive("a dictionary with " + std::to_string(keys.count) + " keys and " +
                            std::to_string(values.count) + " values");
   }
-  budget_.charge(keys.count * 4 * sizeof(DictionaryObject::Entry));
+  plist_.charge(keys.count * 4 * sizeof(DictionaryObject::Entry));
+  // So many bytes of a key are hashed in the time that a byte of memory is worth.
+  constexpr std::size_t kHashedPerByte = 8;
   // The keys first: they are mostly together.
   std::vector<DictionaryObject::Entry> read(static_cast<std::size_t>(keys.count));
   std::uint64_t at = 0;
   for (DictionaryObject::Entry& entry : read) {
     entry.key = textOf(plist_.reference(keys, at++));
-    budget_.charge(entry.key.size() / kHashedPerByte);
+    plist_.charge(entry.key.size() / kHashedPerByte);
   }
   at = 0;
   for (DictionaryObject::Entry& entry : read) {
@@ -203,8 +197,8 @@ bool ArchiveReader::readList(Item item, std::vector<OVRef<OVObject>>& elements) 
   if (archived.kind != Kind::dictionary) return false;
   // Read in place: as an object it may be half filled, and mostly it is never needed as one.
   ArchiveFields fields = fields_.open(archived);
-  fields.hasConstantKeys = true;
-  return FoundationForms::isList(fields_.classOf(fields).name) &&
+  fields.learnKeys();
+  return FoundationForms::isList(fields_.classOf(fields)) &&
          readElements(fields, archive::kArrayObjects, elements);
 }
 

@@ -18,7 +18,6 @@
 #include "platform/archive/read_fields.h"
 #include "platform/archive/read_leaves.h"
 #include "platform/archive/read_objects.h"
-#include "platform/archive/reading_budget.h"
 #include "platform/object_arena.h"
 
 namespace ov::detail {
@@ -65,7 +64,7 @@ class ArchiveReader {
   /// The object of a field: what its UID refers to, or the item itself as an object.
   OVRef<OVObject> objectOf(Item item);
   OVString textOf(Item item);
-  [[nodiscard]] const PlistReader& plist() const { return plist_; }
+  [[nodiscard]] PlistReader& plist() { return plist_; }
 
   /// Reads an array of references; leaves `elements` alone when there is none.
   bool readElements(const ArchiveFields& fields, std::string_view key,
@@ -92,7 +91,6 @@ class ArchiveReader {
 
   PlistReader plist_;
   ObjectArena arena_;
-  ReadingBudget budget_;
   ReadObjects objects_;
   ReadLeaves leaves_;
   ReadClasses classes_;

@@ -37,7 +37,15 @@ OVRef<OVData> ArchiveWriter::archive(const OVRef<OVObject>& root) {
   }
   if (restart_) return nullptr;
   met_.reset();  // the table that is still to come takes as much memory
-  return plist_.finish(writeTop(rootReference));
+  using Entry = PlistWriter::Entry;
+  const Number top =
+      plist_.dictionary(std::array{Entry{values_.key(archive::kRoot), rootReference}});
+  const Entry version{values_.key(archive::kVersion), values_.integer(archive::kVersionNumber)};
+  const Entry archiver{values_.key(archive::kArchiver), values_.text(archive::kArchiverName)};
+  const Number topKey = values_.key(archive::kTop);
+  const Number objectsKey = values_.key(archive::kObjects);
+  return plist_.finish(plist_.dictionary(
+      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects_.array()}}));
 }
 
 void ArchiveWriter::write(const Waiting& waiting) {
@@ -54,49 +62,37 @@ void ArchiveWriter::write(const Waiting& waiting) {
   objects_.place(waiting.uid, plist_.dictionary(fields_.entries()));
 }
 
-ArchiveWriter::Number ArchiveWriter::writeTop(Number root) {
-  using Entry = PlistWriter::Entry;
-  const Number top = plist_.dictionary(std::array{Entry{values_.key(archive::kRoot), root}});
-  const Entry version{values_.key(archive::kVersion), values_.integer(archive::kVersionNumber)};
-  const Entry archiver{values_.key(archive::kArchiver), values_.text(archive::kArchiverName)};
-  const Number topKey = values_.key(archive::kTop);
-  const Number objectsKey = values_.key(archive::kObjects);
-  return plist_.dictionary(
-      std::array{version, archiver, Entry{topKey, top}, Entry{objectsKey, objects_.array()}});
-}
-
 ArchiveWriter::Number ArchiveWriter::reference(const OVRef<OVObject>& object,
                                                OVRef<OVObject>* copy) {
   if (object == nullptr) return objects_.null();
   const OVClass* objectClass = object->classForCoder();
-  if (objectClass == nullptr) return refuse(object);
+  if (objectClass == nullptr) {
+    restart_ = places_ == nullptr;
+    if (!restart_) places_->refuse(object);
+    return objects_.null();
+  }
   ClassEntry& entry = classes_.of(*objectClass);
   const bool isShared = object.use_count() != (copy == nullptr ? 1 : 2);
-  switch (entry.kind) {
-    case WrittenClasses::Kind::text:
-      if (!isShared) return reference(static_cast<const TextObject&>(*object));
-      [[fallthrough]];
-    case WrittenClasses::Kind::leaf:
-      return leafReference(object, *object, isShared);
-    default:
-      return objectReference(object, entry, isShared, copy);
+  const bool isText = entry.kind == WrittenClasses::Kind::text;
+  if (!isText && entry.kind != WrittenClasses::Kind::leaf) {
+    return objectReference(object, entry, isShared, copy);
   }
+  const bool isSharedText = isText && static_cast<const TextObject&>(*object).isShared();
+  return leafReference(*object, object, isShared || isSharedText);
 }
 
 /// What is shared is recognised by its address; what is not, if it was written lately.
-template <class Kept>
-ArchiveWriter::Number ArchiveWriter::leafReference(const Kept& kept, const OVObject& leaf,
+template <class Handle>
+ArchiveWriter::Number ArchiveWriter::leafReference(const OVObject& leaf, const Handle& handle,
                                                    bool isShared) {
   const auto write = [&] { return objects_.addLeaf(writeLeaf(plist_, leaf)); };
   if (!isShared) return write();
-  const auto [known, isNew] = met_->at(kept);
+  const auto [known, isNew] = met_->at(leaf, handle);
   if (isNew) known.number = write();
   return known.number;
 }
 
-ArchiveWriter::Number ArchiveWriter::reference(const TextObject& text) {
-  return leafReference(text, text, text.isShared());
-}
+template ArchiveWriter::Number ArchiveWriter::leafReference(const OVObject&, const OVString&, bool);
 
 ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& object,
                                                      ClassEntry& entry, bool isShared,
@@ -107,7 +103,7 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
   if (countsReferences() && !isShared) {
     reference = objects_.add();
   } else {
-    const auto [known, isNew] = met_->at(object);
+    const auto [known, isNew] = met_->at(*object, object);
     if (!isNew) return known.number;
     if (places_ != nullptr) places_->meet(*object);
     reference = known.number = objects_.add();
@@ -120,15 +116,6 @@ ArchiveWriter::Number ArchiveWriter::objectReference(const OVRef<OVObject>& obje
     waiting_.back().keeper = object;
   }
   return reference;
-}
-
-ArchiveWriter::Number ArchiveWriter::refuse(const OVRef<OVObject>& object) {
-  if (places_ == nullptr) {
-    restart_ = true;
-  } else {
-    places_->refuse(object);
-  }
-  return objects_.null();
 }
 
 ArchiveWriter::Number ArchiveWriter::referenceArray(std::span<const OVRef<OVObject>> items) {
@@ -177,10 +164,10 @@ ArchiveWriter::Number ArchiveWriter::opaqueValue(const OVOpaqueValue& value) {
     return values_.leaf(leaf->object);
   }
   if (const auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
-    return arrayOf(*array, false);
+    return plist_.array(opaqueValues(*array));
   }
   if (const auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {
-    return arrayOf(set->elements, true);
+    return plist_.set(opaqueValues(set->elements));
   }
   std::vector<PlistWriter::Entry> entries;
   for (const auto& [name, member] : std::get<OVOpaqueValue::Dictionary>(value.content)) {
@@ -189,10 +176,10 @@ ArchiveWriter::Number ArchiveWriter::opaqueValue(const OVOpaqueValue& value) {
   return plist_.dictionary(entries);
 }
 
-ArchiveWriter::Number ArchiveWriter::arrayOf(const OVOpaqueValue::Array& values, bool asSet) {
+std::vector<ArchiveWriter::Number> ArchiveWriter::opaqueValues(const OVOpaqueValue::Array& values) {
   std::vector<Number> numbers;
   for (const OVOpaqueValue& value : values) numbers.push_back(opaqueValue(value));
-  return asSet ? plist_.set(numbers) : plist_.array(numbers);
+  return numbers;
 }
 
 }  // namespace ov::detail

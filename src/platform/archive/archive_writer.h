@@ -51,7 +51,7 @@ class ArchiveWriter {
   /// A field whose key is written verbatim.
   void rawField(std::string_view key, Number value) {
     if (places_ != nullptr) places_->name(key);
-    fields_.addRaw(key, value);
+    fields_.addRaw(values_.key(key), value);
   }
 
   /// The UID of an object, for a field or an array.
@@ -59,7 +59,8 @@ class ArchiveWriter {
   /// The same for a copy of the owner's reference: another thread may replace that meanwhile.
   Number reference(OVRef<OVObject>&& copy) { return reference(copy, &copy); }
   Number reference(const OVString& text) {
-    return text.isNull() ? objects_.null() : reference(*text.text_);
+    if (text.isNull()) return objects_.null();
+    return leafReference(*text.text_, text, text.text_->isShared());
   }
   /// An array as an object of its own.
   Number listReference(std::span<const OVRef<OVObject>> items);
@@ -83,15 +84,12 @@ class ArchiveWriter {
 
   [[nodiscard]] bool countsReferences() const { return sharing_ == Sharing::byReferenceCount; }
   void write(const Waiting& waiting);
-  Number writeTop(Number root);
   Number reference(const OVRef<OVObject>& object, OVRef<OVObject>* copy);
-  Number reference(const TextObject& text);
-  template <class Kept>
-  Number leafReference(const Kept& kept, const OVObject& leaf, bool isShared);
+  template <class Handle>
+  Number leafReference(const OVObject& leaf, const Handle& handle, bool isShared);
   Number objectReference(const OVRef<OVObject>& object, ClassEntry& entry, bool isShared,
                          OVRef<OVObject>* copy);
-  [[gnu::cold]] Number refuse(const OVRef<OVObject>& object);
-  Number arrayOf(const OVOpaqueValue::Array& values, bool asSet);
+  std::vector<Number> opaqueValues(const OVOpaqueValue::Array& values);
 
   PlistWriter plist_;
   WrittenObjects objects_;

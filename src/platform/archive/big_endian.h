@@ -36,21 +36,14 @@ inline void storeBigEndian(std::byte* place, std::uint64_t number, unsigned widt
 
 /// A number of at most 8 bytes; of a wider one, the last 8.
 [[nodiscard]] inline std::uint64_t loadBigEndian(const std::byte* place, unsigned width) {
-  switch (width) {
-    case 1:
-      return static_cast<std::uint64_t>(*place);
-    case 2:
-      return loadAs<std::uint16_t>(place);
-    case 4:
-      return loadAs<std::uint32_t>(place);
-    default: {
-      std::uint64_t number = 0;
-      for (unsigned i = 0; i < width; ++i) {
-        number = number << 8 | static_cast<std::uint64_t>(place[i]);
-      }
-      return number;
-    }
+  if (width == 4) return loadAs<std::uint32_t>(place);
+  if (width == 2) return loadAs<std::uint16_t>(place);
+  if (width == 1) return static_cast<std::uint64_t>(*place);
+  std::uint64_t number = 0;
+  for (unsigned i = 0; i < width; ++i) {
+    number = number << 8 | static_cast<std::uint64_t>(place[i]);
   }
+  return number;
 }
 
 }  // namespace ov::detail

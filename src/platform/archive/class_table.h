@@ -12,6 +12,10 @@ namespace ov {
 
 namespace detail {
 
+/// The library's own class of that name, which may be one that the archive reads or writes in a
+/// form of its own; null when there is none.
+[[nodiscard]] const OVClass* libraryClass(std::string_view name);
+
 /// The class to build for a name in an archive; null when nobody registered it.
 [[nodiscard]] const OVClass* registeredClass(std::string_view name);
 
@@ -22,10 +26,12 @@ namespace detail {
 /// Throws `std::invalid_argument` when the class cannot be registered.
 void registerHostClass(const OVClass& hostClass);
 
-/// What the archive writes in a form of its own.
+/// What the archive reads or writes in a form of its own.
 extern const OVClass kTextClass;
+extern const OVClass kMutableTextClass;
 extern const OVClass kNumberClass;
 extern const OVClass kDataClass;
+extern const OVClass kMutableDataClass;
 extern const OVClass kOpaqueClass;
 extern const OVClass kArrayClass;
 extern const OVClass kMutableArrayClass;

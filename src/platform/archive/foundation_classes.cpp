@@ -18,8 +18,10 @@
 namespace ov::detail {
 
 constexpr OVClass kTextClass{"NSString", nullptr, nullptr};
+constexpr OVClass kMutableTextClass{"NSMutableString", &kTextClass, nullptr};
 constexpr OVClass kNumberClass{"NSNumber", nullptr, nullptr};
 constexpr OVClass kDataClass{"NSData", nullptr, nullptr};
+constexpr OVClass kMutableDataClass{"NSMutableData", &kDataClass, nullptr};
 constexpr OVClass kOpaqueClass{"", nullptr, nullptr};
 constexpr OVClass kArrayClass{"NSArray", nullptr, nullptr};
 constexpr OVClass kMutableArrayClass{"NSMutableArray", &kArrayClass, nullptr};
@@ -63,21 +65,17 @@ namespace {
 
 using References = std::vector<OVRef<OVObject>>;
 
-/// Without memory to keep it, the object goes at once.
-void take(OVRef<OVObject>& object, References& taken) noexcept {
-  if (object == nullptr) return;
-  try {
-    taken.push_back(std::move(object));
-  } catch (const std::bad_alloc&) {
-    // cppcheck-suppress accessMoved ; a push_back that throws has not moved anything
-    ov::detail::dispose(std::move(object));
-  }
-}
-
-/// Takes the objects that the value refers to, however deep inside its containers.
+/// Takes the objects that the value refers to, however deep inside its containers. Without memory
+/// to keep one, it goes at once.
 void takeReferences(OVOpaqueValue& value, References& taken) noexcept {
   if (auto* reference = std::get_if<OVOpaqueValue::Reference>(&value.content)) {
-    take(reference->object, taken);
+    if (reference->object == nullptr) return;
+    try {
+      taken.push_back(std::move(reference->object));
+    } catch (const std::bad_alloc&) {
+      // cppcheck-suppress accessMoved ; a push_back that throws has not moved anything
+      ov::detail::dispose(std::move(reference->object));
+    }
   } else if (auto* array = std::get_if<OVOpaqueValue::Array>(&value.content)) {
     for (OVOpaqueValue& element : *array) takeReferences(element, taken);
   } else if (auto* set = std::get_if<OVOpaqueValue::Set>(&value.content)) {

@@ -15,37 +15,31 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
-bool isTextClass(std::string_view name) {
-  return name == kTextClass.name || name == "NSMutableString";
+/// Whether objects of the class have that form, mutable ones included.
+bool hasForm(const ArchivedClass& record, const OVClass& form) {
+  return record.form == &form || (record.form != nullptr && record.form->superclass == &form);
 }
 
 }  // namespace
 
-bool FoundationForms::isList(std::string_view className) {
-  return className == kMutableArrayClass.name || className == kArrayClass.name;
-}
+bool FoundationForms::isList(const ArchivedClass& record) { return hasForm(record, kArrayClass); }
 
-OVRef<OVObject> FoundationForms::make(std::string_view className, const ArchiveFields& fields) {
-  if (className == kDateClass.name) return kDateClass.make();
-  if (isList(className)) {
+OVRef<OVObject> FoundationForms::make(const ArchivedClass& record, const ArchiveFields& fields) {
+  if (record.form == &kDateClass) return kDateClass.make();
+  if (isList(record)) {
     if (!fields_.find(fields, archive::kArrayObjects, Kind::array)) return nullptr;
-    return Maker::restore<ListObject>(className == kArrayClass.name);
+    return Maker::restore<ListObject>(record.form == &kArrayClass);
   }
-  const bool isImmutable = className == kDictionaryClass.name;
-  if (isImmutable || className == kMutableDictionaryClass.name) {
+  if (hasForm(record, kDictionaryClass)) {
     const auto keys = fields_.find(fields, archive::kDictionaryKeys, Kind::array);
     const auto values = fields_.find(fields, archive::kArrayObjects, Kind::array);
     if (!keys || !values || !areTexts(*keys)) return nullptr;
-    return Maker::restore<DictionaryObject>(isImmutable);
+    return Maker::restore<DictionaryObject>(record.form == &kDictionaryClass);
   }
-  return makesLeaves_ ? makeLeaf(className, fields) : nullptr;
-}
-
-OVRef<OVObject> FoundationForms::makeLeaf(std::string_view className, const ArchiveFields& fields) {
   std::optional<PlistItem> found;
-  if (isTextClass(className)) {
+  if (makesLeaves_ && hasForm(record, kTextClass)) {
     found = fields_.find(fields, archive::kStringText, Kind::ascii);
-  } else if (className == kDataClass.name || className == "NSMutableData") {
+  } else if (makesLeaves_ && hasForm(record, kDataClass)) {
     found = fields_.find(fields, archive::kDataBytes, Kind::data);
   }
   return found ? leaves_.leaf(*found) : nullptr;
@@ -53,7 +47,7 @@ OVRef<OVObject> FoundationForms::makeLeaf(std::string_view className, const Arch
 
 /// True when every element refers to a text.
 bool FoundationForms::areTexts(const PlistItem& array) {
-  budget_.charge(array.count);
+  plist_.charge(4 * array.count);
   for (std::uint64_t i = 0; i < array.count; ++i) {
     if (!isText(objects_.uidOf(plist_.reference(array, i)))) return false;
   }
@@ -67,8 +61,8 @@ bool FoundationForms::isText(std::uint64_t uid) {
   if (item.kind != Kind::dictionary) return uid != 0 && PlistReader::isText(item);
   if (!makesLeaves_) return false;
   ArchiveFields fields = fields_.open(item);
-  fields.hasConstantKeys = true;
-  return isTextClass(fields_.classOf(fields).name) &&
+  fields.learnKeys();
+  return hasForm(fields_.classOf(fields), kTextClass) &&
          fields_.find(fields, archive::kStringText, Kind::ascii).has_value();
 }
 

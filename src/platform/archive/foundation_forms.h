@@ -17,10 +17,9 @@ class FoundationForms {
  public:
   /// With no classes known, texts and data that are objects are left as they are, so that their
   /// classes show.
-  FoundationForms(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
-                  ReadLeaves& leaves, ReadFields& fields, ReadClasses::Known known)
+  FoundationForms(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves,
+                  ReadFields& fields, ReadClasses::Known known)
       : plist_(plist),
-        budget_(budget),
         objects_(objects),
         leaves_(leaves),
         fields_(fields),
@@ -28,17 +27,15 @@ class FoundationForms {
 
   /// The object that an archived one is: a text or data block, or a date or collection that is
   /// still empty. Null when it is neither.
-  [[nodiscard]] OVRef<OVObject> make(std::string_view className, const ArchiveFields& fields);
+  [[nodiscard]] OVRef<OVObject> make(const ArchivedClass& record, const ArchiveFields& fields);
 
-  [[nodiscard]] static bool isList(std::string_view className);
+  [[nodiscard]] static bool isList(const ArchivedClass& record);
 
  private:
-  [[nodiscard]] OVRef<OVObject> makeLeaf(std::string_view className, const ArchiveFields& fields);
   [[nodiscard]] bool areTexts(const PlistItem& array);
   [[nodiscard]] bool isText(std::uint64_t uid);
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
+  PlistReader& plist_;
   const ReadObjects& objects_;
   ReadLeaves& leaves_;
   ReadFields& fields_;

@@ -21,17 +21,8 @@ class GrowingArray {
 
  public:
   GrowingArray() = default;
-  GrowingArray(GrowingArray&& other) noexcept
-      : values_(std::exchange(other.values_, nullptr)),
-        size_(std::exchange(other.size_, 0)),
-        capacity_(std::exchange(other.capacity_, 0)) {}
-  GrowingArray& operator=(GrowingArray&& other) noexcept {
-    GrowingArray taken(std::move(other));
-    std::swap(values_, taken.values_);
-    std::swap(size_, taken.size_);
-    std::swap(capacity_, taken.capacity_);
-    return *this;
-  }
+  GrowingArray(const GrowingArray&) = delete;
+  GrowingArray& operator=(const GrowingArray&) = delete;
   ~GrowingArray() { LargeMemory::free(values_, capacity_ * sizeof(T)); }
 
   [[nodiscard]] std::size_t size() const { return size_; }
@@ -66,8 +57,6 @@ class GrowingArray {
     size_ = capacity_ = 0;
     return {std::exchange(values_, nullptr), free};
   }
-  /// Frees the memory as well.
-  void reset() { *this = GrowingArray(); }
 
  private:
   /// False when there is no memory.

@@ -17,14 +17,16 @@ class KeySequence {
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
   static constexpr std::size_t kMemoryPerKey = 72;  // while the sequence grows
 
-  /// Walks through the sequence for one object.
+  /// Walks through the sequence for one object; without one, finds and learns nothing.
   class Walk {
    public:
-    Walk() = default;  // to be replaced before its use
-    explicit Walk(KeySequence& sequence) : sequence_(&sequence) {}
+    explicit Walk(KeySequence* sequence = nullptr) : sequence_(sequence) {}
+
+    [[nodiscard]] bool isLearning() const { return sequence_ != nullptr; }
 
     /// The number of the key, kNone when the sequence doesn't have it from here on.
     [[nodiscard]] std::uint32_t next(std::string_view key) {
+      if (sequence_ == nullptr) return kNone;
       for (std::size_t at = next_; at < sequence_->keys_.size(); ++at) {
         const Key& known = sequence_->keys_[at];
         if (known.address == key.data() && known.size == key.size()) {
@@ -36,14 +38,14 @@ class KeySequence {
     }
     /// Adds a key that was not found.
     void add(std::string_view key, std::uint32_t number) {
-      if (sequence_->keys_.size() == kMaxKeys) return;
+      if (sequence_ == nullptr || sequence_->keys_.size() == kMaxKeys) return;
       const auto place = sequence_->keys_.begin() + static_cast<std::ptrdiff_t>(next_);
       sequence_->keys_.insert(place, {key.data(), key.size(), number});
       ++next_;
     }
 
    private:
-    KeySequence* sequence_ = nullptr;
+    KeySequence* sequence_;
     std::size_t next_ = 0;
   };
 

@@ -21,16 +21,12 @@ std::size_t wholePages(std::size_t bytes) {
   return bytes > SIZE_MAX - 2 * kLargePage ? 0 : (bytes + kLargePage - 1) / kLargePage * kLargePage;
 }
 
-void* map(std::size_t bytes) {
-  void* mapped = mmap(nullptr, bytes, PROT_READ | PROT_WRITE,
-                      MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-  return mapped == MAP_FAILED ? nullptr : mapped;
-}
-
 /// Whole pages at an address that is a multiple of their size.
 void* mapAligned(std::size_t bytes) {
-  auto* mapped = static_cast<std::byte*>(map(bytes + kLargePage));
-  if (mapped == nullptr) return nullptr;
+  void* pages = mmap(nullptr, bytes + kLargePage, PROT_READ | PROT_WRITE,
+                     MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  if (pages == MAP_FAILED) return nullptr;
+  auto* mapped = static_cast<std::byte*>(pages);
   const std::size_t before =
       (kLargePage - reinterpret_cast<std::uintptr_t>(mapped) % kLargePage) % kLargePage;
   if (before != 0) munmap(mapped, before);

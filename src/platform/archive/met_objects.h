@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -25,39 +26,23 @@ class MetObjects {
     bool isNew;
   };
 
-  MetObjects() = default;
-  MetObjects(const MetObjects&) = delete;
-  MetObjects& operator=(const MetObjects&) = delete;
-  ~MetObjects() {
-    for (const TextObject* text : texts_) text->release();
-  }
-
   /// Valid until the next call. Where the object is new its reference is to be put there.
-  Result at(const OVRef<OVObject>& object) {
-    const Result met = at(object.get());
-    if (met.isNew) objects_.push_back(object);
-    return met;
-  }
-  Result at(const TextObject& text) {
-    const Result met = at(&text);
-    if (met.isNew) {
-      texts_.push_back(&text);
-      text.retain();
+  /// `handle`: one that keeps it, `OVRef` or `OVString`.
+  template <class Handle>
+  Result at(const OVObject& object, const Handle& handle) {
+    if (used_ * 4 >= slots_.size() * 3) grow();
+    Entry& entry = slotOf(&object);
+    const bool isNew = entry.address == nullptr;
+    if (isNew) {
+      ++used_;
+      entry.address = &object;
+      std::get<std::vector<Handle>>(kept_).push_back(handle);
     }
-    return met;
+    return {entry, isNew};
   }
 
  private:
   using Slots = std::vector<Entry, LargeAllocator<Entry>>;
-
-  Result at(const void* address) {
-    if (used_ * 4 >= slots_.size() * 3) grow();
-    Entry& entry = slotOf(address);
-    const bool isNew = entry.address == nullptr;
-    if (isNew) ++used_;
-    entry.address = address;
-    return {entry, isNew};
-  }
 
   Entry& slotOf(const void* address) {
     const std::uint64_t hash = reinterpret_cast<std::uintptr_t>(address) * 0x9E3779B97F4A7C15U;
@@ -76,8 +61,7 @@ class MetObjects {
 
   Slots slots_ = Slots(64);  // a power of two
   std::size_t used_ = 0;
-  std::vector<OVRef<OVObject>> objects_;
-  std::vector<const TextObject*> texts_;
+  std::tuple<std::vector<OVRef<OVObject>>, std::vector<OVString>> kept_;
 };
 
 }  // namespace ov::detail

@@ -12,14 +12,14 @@ namespace ov::detail {
 using Kind = PlistItem::Kind;
 
 std::vector<OVOpaqueField> OpaqueReader::fields(const PlistItem& dictionary, unsigned depth) {
-  budget_.charge(dictionary.count * sizeof(OVOpaqueField));
+  plist_.charge(dictionary.count * sizeof(OVOpaqueField));
   std::vector<OVOpaqueField> fields;
   fields.reserve(static_cast<std::size_t>(dictionary.count));
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    const PlistItem keyItem = keyAt(plist_, plist_.reference(dictionary, i));
-    budget_.charge(keyItem.count);
+    const PlistItem keyItem = keyAt(plist_, dictionary, i);
+    plist_.charge(keyItem.count);
     const std::string_view text = plist_.text(keyItem, scratch_);
-    budget_.charge(2 * text.size() + 64);
+    plist_.charge(2 * text.size() + 64);
     const OVString key(text);
     if (depth == 0 && key == archive::kClass) continue;
     fields.push_back({key, value(plist_.reference(dictionary, dictionary.count + i), depth)});
@@ -48,7 +48,7 @@ OVOpaqueValue OpaqueReader::value(std::uint64_t item, unsigned depth) {
 }
 
 OVOpaqueValue::Array OpaqueReader::array(const PlistItem& container, unsigned depth) {
-  budget_.charge(container.count * sizeof(OVOpaqueValue));
+  plist_.charge(container.count * sizeof(OVOpaqueValue));
   OVOpaqueValue::Array values;
   values.reserve(static_cast<std::size_t>(container.count));
   for (std::uint64_t i = 0; i < container.count; ++i) {

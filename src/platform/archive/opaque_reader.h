@@ -7,7 +7,6 @@
 
 #include "platform/archive/plist_reader.h"
 #include "platform/archive/read_leaves.h"
-#include "platform/archive/reading_budget.h"
 
 namespace ov::detail {
 
@@ -17,9 +16,8 @@ class ArchiveReader;
 class OpaqueReader {
  public:
   /// The objects that it refers to come from `objects`.
-  OpaqueReader(const PlistReader& plist, ReadingBudget& budget, ReadLeaves& leaves,
-               ArchiveReader& objects)
-      : plist_(plist), budget_(budget), leaves_(leaves), objects_(objects) {}
+  OpaqueReader(PlistReader& plist, ReadLeaves& leaves, ArchiveReader& objects)
+      : plist_(plist), leaves_(leaves), objects_(objects) {}
 
   /// All but the class, in their order. `depth`: of the plain container that the dictionary is.
   [[nodiscard]] std::vector<OVOpaqueField> fields(const PlistItem& dictionary, unsigned depth = 0);
@@ -28,8 +26,7 @@ class OpaqueReader {
   OVOpaqueValue value(std::uint64_t item, unsigned depth);
   OVOpaqueValue::Array array(const PlistItem& container, unsigned depth);
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
+  PlistReader& plist_;
   ReadLeaves& leaves_;
   ArchiveReader& objects_;
   std::string scratch_;

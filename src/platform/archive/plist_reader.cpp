@@ -16,24 +16,24 @@ namespace ov::detail {
 using Kind = PlistItem::Kind;
 
 PlistReader::PlistReader(std::span<const std::byte> block)
-    : begin_(block.data()), size_(block.size()) {
-  const std::string_view text(reinterpret_cast<const char*>(begin_), size_);
+    : begin_(block.data()), budget_(block.size()) {
+  const std::string_view text(reinterpret_cast<const char*>(begin_), block.size());
   if (text.starts_with("<?xml") || text.starts_with("<!DOCTYPE") || text.starts_with("<plist")) {
     throw OVInvalidArchive("an XML property list; only binary ones can be read: convert it first");
   }
   if (!text.starts_with(plist::kHeader)) {
     throw OVInvalidArchive(text.empty() ? "no data" : "not a binary property list");
   }
-  if (size_ < plist::kHeader.size() + 1 + plist::kTrailerSize) {
+  if (text.size() < plist::kHeader.size() + 1 + plist::kTrailerSize) {
     throw OVInvalidArchive("the property list is cut short: no room for its trailer");
   }
-  const std::byte* trailer = begin_ + size_ - plist::kTrailerSize;
+  const std::byte* trailer = begin_ + text.size() - plist::kTrailerSize;
   offsetSize_ = static_cast<unsigned>(trailer[6]);
   referenceSize_ = static_cast<unsigned>(trailer[7]);
   objectCount_ = loadBigEndian(trailer + 8, 8);
   top_ = loadBigEndian(trailer + 16, 8);
   tableOffset_ = loadBigEndian(trailer + 24, 8);
-  checkTrailer(size_ - plist::kTrailerSize);
+  checkTrailer(text.size() - plist::kTrailerSize);
   table_ = begin_ + tableOffset_;
   const auto reference = static_cast<std::uint8_t>(referenceSize_);
   counted_[plist::kData >> 4] = {Kind::data, 1};
@@ -136,15 +136,13 @@ std::string_view PlistReader::text(const PlistItem& item, std::string& storage) 
   return storage;
 }
 
-bool PlistReader::equals(const PlistItem& item, std::string_view ascii) const {
-  if (item.count != ascii.size()) return false;
-  if (item.kind == Kind::ascii) return std::memcmp(item.bytes, ascii.data(), ascii.size()) == 0;
-  if (item.kind != Kind::utf16) return false;
-  for (std::size_t i = 0; i < ascii.size(); ++i) {
-    const auto unit = loadAs<std::uint16_t>(item.bytes + 2 * i);
-    if (unit != static_cast<unsigned char>(ascii[i])) return false;
+bool PlistReader::equals(const PlistItem& item, std::string_view text, std::string& storage) const {
+  const auto count = static_cast<std::size_t>(item.count);
+  if (item.kind == Kind::ascii) {
+    return std::string_view(reinterpret_cast<const char*>(item.bytes), count) == text;
   }
-  return true;
+  // As UTF-8 a text is never shorter.
+  return item.kind == Kind::utf16 && count <= text.size() && this->text(item, storage) == text;
 }
 
 double PlistReader::real(const PlistItem& item) const {

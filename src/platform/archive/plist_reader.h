@@ -10,6 +10,7 @@
 
 #include "platform/archive/big_endian.h"
 #include "platform/archive/plist_format.h"
+#include "platform/archive/reading_budget.h"
 
 namespace ov::detail {
 
@@ -36,13 +37,16 @@ struct PlistItem {
   const std::byte* bytes = nullptr;
 };
 
-/// Random access to the objects of a binary property list.
+/// Random access to the objects of a binary property list, and what reading them may still take.
 ///
 /// Nothing is read ahead, and every read is checked against the block: on a damaged or malicious
 /// block any call may throw `OVInvalidArchive`. The block must outlive the reader.
 class PlistReader {
  public:
   explicit PlistReader(std::span<const std::byte> block);
+
+  /// Throws `OVInvalidArchive` where that is more than is left.
+  void charge(std::uint64_t bytes) { budget_.charge(bytes); }
 
   [[nodiscard]] std::uint64_t objectCount() const { return objectCount_; }
   [[nodiscard]] std::uint64_t top() const { return top_; }
@@ -61,8 +65,9 @@ class PlistReader {
   }
   /// The text as UTF-8; lone surrogates become U+FFFD. `storage` is used where conversion needs it.
   [[nodiscard]] std::string_view text(const PlistItem& item, std::string& storage) const;
-  /// True for a text of exactly these characters, all of them ASCII.
-  [[nodiscard]] bool equals(const PlistItem& item, std::string_view ascii) const;
+  /// True for a text of exactly these characters. `storage` is used as above.
+  [[nodiscard]] bool equals(const PlistItem& item, std::string_view text,
+                            std::string& storage) const;
   [[nodiscard]] static std::uint64_t uid(const PlistItem& item) {
     return loadBigEndian(item.bytes, static_cast<unsigned>(item.count));
   }
@@ -99,13 +104,13 @@ class PlistReader {
 
   const std::byte* begin_;
   const std::byte* table_ = nullptr;
-  std::size_t size_;
   std::uint64_t objectCount_ = 0;
   std::uint64_t top_ = 0;
   std::uint64_t tableOffset_ = 0;
   unsigned offsetSize_ = 0;
   unsigned referenceSize_ = 0;
   std::array<Counted, 16> counted_{};
+  ReadingBudget budget_;
 };
 
 inline std::uint64_t PlistReader::offset(std::uint64_t object) const {

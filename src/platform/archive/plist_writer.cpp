@@ -7,9 +7,9 @@
 #include <bit>
 #include <cstring>
 #include <iterator>
-#include <limits>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/utf16.h"
 #include "platform/utf8.h"
@@ -64,11 +64,6 @@ void PlistWriter::refuseMore() {
   throw std::length_error("OVKeyedArchiver: more objects than can be numbered");
 }
 
-void PlistWriter::longMarker(unsigned kind, std::size_t length) {
-  byte(kind | plist::kLengthFollows);
-  sizedInteger(length);
-}
-
 void PlistWriter::sizedInteger(std::uint64_t value) {
   const unsigned width = bytesFor(value);
   byte(static_cast<unsigned>(plist::kInteger) | static_cast<unsigned>(std::countr_zero(width)));
@@ -81,12 +76,6 @@ PlistWriter::Number PlistWriter::begin(unsigned first) {
   return number;
 }
 
-PlistWriter::Number PlistWriter::null() { return begin(plist::kNull); }
-
-PlistWriter::Number PlistWriter::boolean(bool value) {
-  return begin(value ? plist::kTrue : plist::kFalse);
-}
-
 PlistWriter::Number PlistWriter::integer(std::int64_t value) {
   const Number number = begin();
   sizedInteger(static_cast<std::uint64_t>(value));
@@ -94,9 +83,7 @@ PlistWriter::Number PlistWriter::integer(std::int64_t value) {
 }
 
 PlistWriter::Number PlistWriter::unsignedInteger(std::uint64_t value) {
-  if (value <= static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
-    return integer(static_cast<std::int64_t>(value));
-  }
+  if (std::in_range<std::int64_t>(value)) return integer(static_cast<std::int64_t>(value));
   const Number number = begin(plist::kInteger | 4U);
   storeAs<std::uint64_t>(body_.extend(8), 0);
   storeAs<std::uint64_t>(body_.extend(8), value);
@@ -108,10 +95,6 @@ PlistWriter::Number PlistWriter::eightBytes(unsigned kind, double value) {
   storeAs<std::uint64_t>(body_.extend(8), std::bit_cast<std::uint64_t>(value));
   return number;
 }
-
-PlistWriter::Number PlistWriter::real(double value) { return eightBytes(plist::kReal, value); }
-
-PlistWriter::Number PlistWriter::date(double seconds) { return eightBytes(plist::kDate, seconds); }
 
 PlistWriter::Number PlistWriter::data(std::span<const std::byte> bytes) {
   const Number number = begin(plist::kData, bytes.size());
@@ -143,7 +126,7 @@ void PlistWriter::narrowReferences(unsigned width) {
     from += extent.bytes;
     to += extent.bytes;
     for (std::size_t r = 0; r < extent.references; ++r, from += kWideReference, to += width) {
-      std::memmove(to, from + kWideReference - width, width);
+      storeBigEndian(to, loadAs<std::uint32_t>(from), width);
     }
   }
   body_.truncate(static_cast<std::size_t>(to - body_.data()));

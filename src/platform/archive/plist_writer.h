@@ -26,13 +26,13 @@ class PlistWriter {
 
   PlistWriter();
 
-  Number null();
-  Number boolean(bool value);
+  Number null() { return begin(plist::kNull); }
+  Number boolean(bool value) { return begin(value ? plist::kTrue : plist::kFalse); }
   Number integer(std::int64_t value);
   Number unsignedInteger(std::uint64_t value);
-  Number real(double value);
+  Number real(double value) { return eightBytes(plist::kReal, value); }
   /// Seconds since 2001-01-01 00:00:00 UTC.
-  Number date(double seconds);
+  Number date(double seconds) { return eightBytes(plist::kDate, seconds); }
   Number data(std::span<const std::byte> bytes);
   /// Well-formed UTF-8.
   Number text(std::string_view text);
@@ -58,7 +58,10 @@ class PlistWriter {
     return std::memcmp(body_.data() + offset, bytes.data(), bytes.size()) == 0;
   }
   /// Removes the object written last; there is none until the next.
-  void removeLast();
+  void removeLast() {
+    body_.truncate(static_cast<std::size_t>(last_));
+    --count_;
+  }
 
   /// The finished list; the writer is spent.
   OVRef<OVData> finish(Number top);
@@ -69,12 +72,15 @@ class PlistWriter {
   static constexpr Number kMaxObjects = 0xFFFFFFFE;
 
   /// Begin an object: with nothing, with its first byte, with its kind and length.
-  Number begin();
+  Number begin() {
+    if (count_ == kMaxObjects) refuseMore();
+    last_ = body_.size();
+    return count_++;
+  }
   Number begin(unsigned first);
   Number begin(unsigned kind, std::size_t length);
   [[noreturn, gnu::cold]] static void refuseMore();
   void byte(unsigned value) { body_.push_back(static_cast<std::byte>(value)); }
-  void longMarker(unsigned kind, std::size_t length);
   Number references(unsigned kind, std::span<const Number> objects);
   void sizedInteger(std::uint64_t value);
   Number eightBytes(unsigned kind, double value);
@@ -87,18 +93,13 @@ class PlistWriter {
   Number count_ = 0;
 };
 
-inline PlistWriter::Number PlistWriter::begin() {
-  if (count_ == kMaxObjects) refuseMore();
-  last_ = body_.size();
-  return count_++;
-}
-
 inline PlistWriter::Number PlistWriter::begin(unsigned kind, std::size_t length) {
   const Number number = begin();
   if (length < plist::kLengthFollows) {
     byte(kind | static_cast<unsigned>(length));
   } else {
-    longMarker(kind, length);
+    byte(kind | plist::kLengthFollows);
+    sizedInteger(length);
   }
   return number;
 }
@@ -130,11 +131,6 @@ inline PlistWriter::Number PlistWriter::dictionary(std::span<const Entry> entrie
     storeAs<std::uint32_t>(values + i * kWideReference, entries[i].value);
   }
   return number;
-}
-
-inline void PlistWriter::removeLast() {
-  body_.truncate(static_cast<std::size_t>(last_));
-  --count_;
 }
 
 }  // namespace ov::detail

@@ -4,33 +4,35 @@
 #include <string>
 
 #include "platform/archive/archive_keys.h"
+#include "platform/archive/plain_entries.h"
 
 namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-const ArchivedClass& ReadClasses::record(std::uint64_t uid) {
+const ArchivedClass& ReadClasses::record(std::uint64_t item) {
+  const std::uint64_t uid = objects_.uidOf(item);
   const auto known = records_.find(uid);
   return known == records_.end() ? records_.emplace(uid, read(uid)).first->second : known->second;
 }
 
 ArchivedClass ReadClasses::read(std::uint64_t uid) {
   const PlistItem dictionary = objects_.item(uid);
-  PlainEntries entries(plist_, budget_);
   const auto name = dictionary.kind == Kind::dictionary
-                        ? entries.find(dictionary, archive::kClassName)
+                        ? plainEntry(plist_, dictionary, archive::kClassName)
                         : std::nullopt;
   if (!name || !PlistReader::isText(*name)) {
     throw OVInvalidArchive("object " + std::to_string(uid) +
                            " of the archive is used as a class but is not one");
   }
-  budget_.charge(sizeof(ArchivedClass) + 64);
+  plist_.charge(sizeof(ArchivedClass) + 64);
   ArchivedClass record;
   record.name = leaves_.text(*name);
-  if (const auto classes = entries.find(dictionary, archive::kClasses)) {
+  record.form = libraryClass(record.name);
+  if (const auto classes = plainEntry(plist_, dictionary, archive::kClasses)) {
     record.classes = texts(*classes);
   }
-  if (const auto hints = entries.find(dictionary, archive::kClassHints)) {
+  if (const auto hints = plainEntry(plist_, dictionary, archive::kClassHints)) {
     record.hints = texts(*hints);
   }
   if (known_ == Known::registeredClasses) {
@@ -45,7 +47,7 @@ ArchivedClass ReadClasses::read(std::uint64_t uid) {
 
 std::vector<OVString> ReadClasses::texts(const PlistItem& array) {
   if (array.kind != Kind::array) throw OVInvalidArchive("a class record without a list of names");
-  budget_.charge(array.count * sizeof(OVString));
+  plist_.charge(array.count * sizeof(OVString));
   std::vector<OVString> texts;
   for (std::uint64_t i = 0; i < array.count; ++i) {
     const PlistItem item = plist_.item(plist_.reference(array, i));

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "platform/archive/class_table.h"
-#include "platform/archive/plain_entries.h"
 #include "platform/archive/read_leaves.h"
 #include "platform/archive/read_objects.h"
 
@@ -17,6 +16,7 @@ struct ArchivedClass {
   std::vector<OVString> classes;
   std::vector<OVString> hints;
   const OVClass* known = nullptr;  // null: opaque, or of the archive's own forms
+  const OVClass* form = nullptr;   // the library's class of that name
   bool isHosts = false;
 };
 
@@ -25,20 +25,19 @@ class ReadClasses {
  public:
   enum class Known : std::uint8_t { registeredClasses, noClasses };
 
-  ReadClasses(const PlistReader& plist, ReadingBudget& budget, ReadObjects& objects,
-              ReadLeaves& leaves, Known known)
-      : plist_(plist), budget_(budget), objects_(objects), leaves_(leaves), known_(known) {}
+  ReadClasses(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves, Known known)
+      : plist_(plist), objects_(objects), leaves_(leaves), known_(known) {}
 
-  /// Stays where it is. Throws `OVInvalidArchive` where there is no class record.
-  [[nodiscard]] const ArchivedClass& record(std::uint64_t uid);
+  /// The record that an item refers to. Stays where it is. Throws `OVInvalidArchive` where there is
+  /// none.
+  [[nodiscard]] const ArchivedClass& record(std::uint64_t item);
 
  private:
   ArchivedClass read(std::uint64_t uid);
   std::vector<OVString> texts(const PlistItem& array);
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
-  ReadObjects& objects_;
+  PlistReader& plist_;
+  const ReadObjects& objects_;
   ReadLeaves& leaves_;
   Known known_;
   std::unordered_map<std::uint64_t, ArchivedClass> records_;

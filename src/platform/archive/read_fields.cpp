@@ -10,27 +10,6 @@
 
 namespace ov::detail {
 
-namespace {
-
-constexpr std::uint64_t kMaxKeys = 64;
-
-/// Some dozens of bytes mostly: fewer than a call is worth.
-bool isSame(std::span<const std::byte> a, std::span<const std::byte> b) {
-  if (a.size() != b.size()) return false;
-  std::size_t at = 0;
-  for (std::uint64_t x = 0, y = 0; a.size() - at >= sizeof x; at += sizeof x) {
-    std::memcpy(&x, a.data() + at, sizeof x);
-    std::memcpy(&y, b.data() + at, sizeof y);
-    if (x != y) return false;
-  }
-  for (; at < a.size(); ++at) {
-    if (a[at] != b[at]) return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 ArchiveFields ReadFields::open(const PlistItem& dictionary) {
   if (dictionary.count == 0) return {dictionary};
   if (dictionary.count > kMaxKeys) {
@@ -42,26 +21,29 @@ ArchiveFields ReadFields::open(const PlistItem& dictionary) {
   if (shape == nullptr) {
     checkKeys(dictionary);
     if (shapes_.size() == kMaxShapes) return {dictionary};
-    budget_.charge(2 * sizeof(ArchiveShape));
+    plist_.charge(2 * sizeof(ArchiveShape));
     shapes_.push_back({keys, positionOf(dictionary, archive::kClass)});
     shape = &shapes_.back();
   }
-  return {dictionary, shape, false, KeySequence::Walk(shape->positions)};
+  return {dictionary, shape};
 }
 
 /// Where the shape with these keys is, or else would be. There is always room for one more.
 ArchiveShape*& ReadFields::slotOf(Item firstKey, std::span<const std::byte> keys) {
   for (Item at = firstKey * 31 + keys.size();; ++at) {
     ArchiveShape*& slot = shapesByKeys_[static_cast<std::size_t>(at % shapesByKeys_.size())];
-    if (slot == nullptr || isSame(slot->keys, keys)) return slot;
+    if (slot == nullptr || (slot->keys.size() == keys.size() &&
+                            std::memcmp(slot->keys.data(), keys.data(), keys.size()) == 0)) {
+      return slot;
+    }
   }
 }
 
 void ReadFields::checkKeys(const PlistItem& dictionary) {
   if (dictionary.count >= ArchiveShape::kAbsent) throw OVInvalidArchive("too many keys");
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    const PlistItem key = keyAt(plist_, plist_.reference(dictionary, i));
-    budget_.charge(key.count + 1);
+    const PlistItem key = keyAt(plist_, dictionary, i);
+    plist_.charge(key.count + 1);
     if (key.kind == PlistItem::Kind::ascii) (void)plist_.text(key, scratch_);
   }
 }
@@ -72,9 +54,9 @@ const ArchivedClass& ReadFields::classOf(const ArchiveFields& fields) {
       valueAt(fields, shape == nullptr ? positionOf(fields.dictionary, archive::kClass)
                                        : shape->classPosition);
   if (!item) throw OVInvalidArchive("an object of the archive has no class");
-  if (shape == nullptr) return classes_.record(objects_.uidOf(*item));
+  if (shape == nullptr) return classes_.record(*item);
   if (shape->objectClass == nullptr || shape->classItem != *item) {
-    shape->objectClass = &classes_.record(objects_.uidOf(*item));
+    shape->objectClass = &classes_.record(*item);
     shape->classItem = *item;
   }
   return *shape->objectClass;
@@ -95,23 +77,14 @@ std::uint32_t ReadFields::lookUp(const ArchiveFields& fields, std::string_view k
       key.starts_with(archive::kReserved)
           ? positionOf(fields.dictionary, archive::kReserved + std::string(key))
           : positionOf(fields.dictionary, key);
-  if (fields.shape != nullptr && fields.hasConstantKeys) {
-    budget_.charge(KeySequence::kMemoryPerKey);
-    fields.nextKey.add(key, position);
-  }
+  if (fields.nextKey.isLearning()) plist_.charge(KeySequence::kMemoryPerKey);
+  fields.nextKey.add(key, position);
   return position;
 }
 
 std::uint32_t ReadFields::positionOf(const PlistItem& dictionary, std::string_view key) {
-  budget_.charge(dictionary.count);
-  for (std::uint64_t i = 0; i < dictionary.count; ++i) {
-    const PlistItem found = plist_.item(plist_.reference(dictionary, i));
-    // As UTF-8 a text is never shorter.
-    if (found.count <= key.size() && plist_.text(found, scratch_) == key) {
-      return static_cast<std::uint32_t>(i);
-    }
-  }
-  return ArchiveShape::kAbsent;
+  const auto found = detail::positionOf(plist_, dictionary, key);
+  return found ? static_cast<std::uint32_t>(*found) : ArchiveShape::kAbsent;
 }
 
 }  // namespace ov::detail

@@ -12,7 +12,6 @@
 #include "platform/archive/key_sequence.h"
 #include "platform/archive/plist_reader.h"
 #include "platform/archive/read_classes.h"
-#include "platform/archive/reading_budget.h"
 
 namespace ov::detail {
 
@@ -32,9 +31,12 @@ struct ArchiveFields {
   PlistItem dictionary;
   /// Null where too many keys, or combinations of keys, have been met to know them.
   ArchiveShape* shape = nullptr;
-  /// Its class asks for its fields by keys whose texts never change.
-  bool hasConstantKeys = false;
   mutable KeySequence::Walk nextKey{};
+
+  /// For a class that asks for its fields by keys whose texts never change.
+  void learnKeys() {
+    if (shape != nullptr) nextKey = KeySequence::Walk(&shape->positions);
+  }
 };
 
 /// Finds fields by their keys. Most objects have the keys of one met before.
@@ -42,17 +44,14 @@ class ReadFields {
  public:
   using Item = std::uint64_t;
 
-  ReadFields(const PlistReader& plist, ReadingBudget& budget, const ReadObjects& objects,
-             ReadClasses& classes)
-      : plist_(plist), budget_(budget), objects_(objects), classes_(classes) {}
+  ReadFields(PlistReader& plist, ReadClasses& classes) : plist_(plist), classes_(classes) {}
 
   /// Throws `OVInvalidArchive` where a key is not text.
   [[nodiscard]] ArchiveFields open(const PlistItem& dictionary);
 
   /// The item under a key of the object's own. The first of two counts.
   [[nodiscard]] std::optional<Item> find(const ArchiveFields& fields, std::string_view key) {
-    const bool isLearned = fields.shape != nullptr && fields.hasConstantKeys;
-    const std::uint32_t known = isLearned ? fields.nextKey.next(key) : KeySequence::kNone;
+    const std::uint32_t known = fields.nextKey.next(key);
     return valueAt(fields, known == KeySequence::kNone ? lookUp(fields, key) : known);
   }
   /// The same, read, where it is of that kind. `ascii` means any text.
@@ -63,6 +62,7 @@ class ReadFields {
 
  private:
   static constexpr std::size_t kMaxShapes = 128;
+  static constexpr std::size_t kMaxKeys = 64;
 
   ArchiveShape*& slotOf(Item firstKey, std::span<const std::byte> keys);
   [[gnu::cold]] void checkKeys(const PlistItem& dictionary);
@@ -74,9 +74,7 @@ class ReadFields {
     return plist_.reference(fields.dictionary, fields.dictionary.count + position);
   }
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
-  const ReadObjects& objects_;
+  PlistReader& plist_;
   ReadClasses& classes_;
   std::deque<ArchiveShape> shapes_;
   std::array<ArchiveShape*, 2 * kMaxShapes> shapesByKeys_{};

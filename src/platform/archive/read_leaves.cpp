@@ -14,14 +14,14 @@ namespace ov::detail {
 using Kind = PlistItem::Kind;
 
 OVString ReadLeaves::text(const PlistItem& item) {
-  budget_.charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
+  plist_.charge(item.count * 3 + 64);  // a UTF-16 unit takes up to three bytes
   const std::string_view text = plist_.text(item, scratch_);
   return ArchiveSlot::adopted(ArenaText::fits(text) ? ArenaText::make(arena_, text)
                                                     : TextObject::make({&text, 1}));
 }
 
 OVRef<OVObject> ReadLeaves::leaf(const PlistItem& item) {
-  budget_.charge(item.count * 2 + 96);
+  plist_.charge(item.count * 2 + 96);
   switch (item.kind) {
     case Kind::null:
       return nullptr;
@@ -49,7 +49,7 @@ OVRef<OVObject> ReadLeaves::leaf(const PlistItem& item) {
 OVRef<OVObject> ReadLeaves::sharedLeaf(const PlistItem& item) {
   constexpr std::uint64_t kLong = 64;
   if (item.count < kLong) return leaf(item);
-  budget_.charge(sizeof(Long) + 64);
+  plist_.charge(sizeof(Long) + 64);
   Long& known = long_[item.bytes];
   if (known.object == nullptr || known.item.kind != item.kind || known.item.count != item.count) {
     known = {item, leaf(item)};

@@ -9,7 +9,6 @@
 #include <OVAddressBookSDK/text.h>
 
 #include "platform/archive/plist_reader.h"
-#include "platform/archive/reading_budget.h"
 #include "platform/object_arena.h"
 
 namespace ov::detail {
@@ -18,8 +17,7 @@ namespace ov::detail {
 class ReadLeaves {
  public:
   /// Texts are made in the arena.
-  ReadLeaves(const PlistReader& plist, ReadingBudget& budget, ObjectArena& arena)
-      : plist_(plist), budget_(budget), arena_(arena) {}
+  ReadLeaves(PlistReader& plist, ObjectArena& arena) : plist_(plist), arena_(arena) {}
 
   [[nodiscard]] OVString text(const PlistItem& item);
   /// Null for null. Throws `OVInvalidArchive` for a container or a UID.
@@ -33,8 +31,7 @@ class ReadLeaves {
     OVRef<OVObject> object;
   };
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
+  PlistReader& plist_;
   ObjectArena& arena_;
   std::unordered_map<const std::byte*, Long> long_;
   std::string scratch_;

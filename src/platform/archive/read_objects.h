@@ -10,7 +10,6 @@
 #include "platform/archive/archive_slot.h"
 #include "platform/archive/large_memory.h"
 #include "platform/archive/plist_reader.h"
-#include "platform/archive/reading_budget.h"
 
 namespace ov::detail {
 
@@ -18,12 +17,12 @@ namespace ov::detail {
 /// of them.
 class ReadObjects {
  public:
-  ReadObjects(const PlistReader& plist, ReadingBudget& budget) : plist_(plist), budget_(budget) {}
+  explicit ReadObjects(PlistReader& plist) : plist_(plist) {}
 
   /// Begins with the array that lists them.
   void open(const PlistItem& array) {
     array_ = array;
-    budget_.charge(array.count * sizeof(ArchiveSlot));
+    plist_.charge(array.count * sizeof(ArchiveSlot));
     slots_.reserve(static_cast<std::size_t>(array.count));
   }
 
@@ -62,8 +61,7 @@ class ReadObjects {
                            std::to_string(array_.count) + " objects");
   }
 
-  const PlistReader& plist_;
-  ReadingBudget& budget_;
+  PlistReader& plist_;
   PlistItem array_;
   std::vector<ArchiveSlot, LargeAllocator<ArchiveSlot>> slots_;  // up to the last one used
 };

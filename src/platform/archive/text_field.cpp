@@ -34,6 +34,8 @@ TextField TextField::decoded(OVKeyedUnarchiver& coder, std::string_view key) {
   const auto item = reader.find(coder.fields_, key);
   if (!item) return {};
   TextField field(reader.textOf(*item));
+  // Some classes look through the text, and many objects may share a long one.
+  reader.plist().charge(field.text().size() / 2);
   if (!field.isEmpty()) return field;
   if (OVRef<OVObject> object = reader.objectOf(*item)) {
     field.held_ = OVString(static_cast<const TextObject*>(new Kept(std::move(object))));

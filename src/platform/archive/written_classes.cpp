@@ -7,21 +7,12 @@
 
 namespace ov::detail {
 
-namespace {
-
-WrittenClasses::Kind kindOfClass(const OVClass& objectClass) {
-  using enum WrittenClasses::Kind;
-  if (&objectClass == &kTextClass) return text;
-  if (&objectClass == &kNumberClass || &objectClass == &kDataClass) return leaf;
-  return &objectClass == &kOpaqueClass ? opaque : other;
-}
-
-}  // namespace
-
 WrittenClasses::Entry& WrittenClasses::add(const OVClass& objectClass) {
   Entry& entry = entries_[&objectClass];
   entry.objectClass = &objectClass;
-  entry.kind = kindOfClass(objectClass);
+  if (&objectClass == &kTextClass) entry.kind = Kind::text;
+  if (&objectClass == &kNumberClass || &objectClass == &kDataClass) entry.kind = Kind::leaf;
+  if (&objectClass == &kOpaqueClass) entry.kind = Kind::opaque;
   entry.isHosts = !isLibraryClass(objectClass);
   entry.isTrusted = !entry.isHosts || objectClass.encodesItsOwnOnce;
   if (!entry.isTrusted || objectClass.make == nullptr) return entry;
@@ -43,6 +34,16 @@ WrittenClasses::Number WrittenClasses::newRecord(Entry& entry) {
   if (objectClass.standIn != nullptr) hints.emplace_back(objectClass.standIn->name);
   entry.record = record(names.front(), names, hints);
   return entry.record;
+}
+
+WrittenClasses::Number WrittenClasses::record(const OVOpaqueObject& object) {
+  const OVString name = object.className();
+  auto& [kept, known] = opaque_[name.c_str()];
+  if (known == 0) {
+    kept = name;
+    known = record(name, object.classes(), object.classHints());
+  }
+  return known;
 }
 
 WrittenClasses::Number WrittenClasses::record(const OVString& name, std::span<const OVString> names,

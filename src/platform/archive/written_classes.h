@@ -5,6 +5,7 @@
 #include <string>
 #include <typeinfo>
 #include <unordered_map>
+#include <utility>
 
 #include <OVAddressBookSDK/opaque_object.h>
 
@@ -12,6 +13,7 @@
 #include "platform/archive/key_sequence.h"
 #include "platform/archive/written_objects.h"
 #include "platform/archive/written_values.h"
+#include "platform/keyed_hash.h"
 
 namespace ov::detail {
 
@@ -53,9 +55,7 @@ class WrittenClasses {
 
   /// The reference to a class's record, of which there is one for each that reads the same.
   Number record(Entry& entry) { return entry.record == 0 ? newRecord(entry) : entry.record; }
-  Number record(const OVOpaqueObject& object) {
-    return record(object.className(), object.classes(), object.classHints());
-  }
+  Number record(const OVOpaqueObject& object);
 
  private:
   [[gnu::cold]] Entry& add(const OVClass& objectClass);
@@ -68,7 +68,10 @@ class WrittenClasses {
   WrittenObjects& objects_;
   Number key_ = 0;  // 0: not written yet
   std::unordered_map<const OVClass*, Entry> entries_;
-  std::unordered_map<std::string, Number> records_;
+  std::unordered_map<std::string, Number, KeyedHash> records_;
+  /// By the address of the name: each record that was read has one of its own, and the objects of
+  /// the class share it.
+  std::unordered_map<const char*, std::pair<OVString, Number>> opaque_;
 };
 
 }  // namespace ov::detail

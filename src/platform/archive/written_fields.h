@@ -24,21 +24,19 @@ class WrittenFields {
   /// where nobody knows that.
   void begin(KeySequence* keys) {
     entries_.clear();
-    hasConstantKeys_ = keys != nullptr;
-    if (hasConstantKeys_) nextKey_ = KeySequence::Walk(*keys);
+    nextKey_ = KeySequence::Walk(keys);
   }
 
   /// A field of the class's own. The first of two with one key counts.
   void add(std::string_view key, Number value) {
-    const Number number = hasConstantKeys_ ? nextKey_.next(key) : KeySequence::kNone;
+    const Number number = nextKey_.next(key);
     if (number == KeySequence::kNone) {
       addNew(key, value);
     } else {
       entries_.push_back({number, value});
     }
   }
-  /// A field whose key is written verbatim.
-  void addRaw(std::string_view key, Number value) { entries_.push_back({values_.key(key), value}); }
+  /// A field whose key has been written verbatim.
   void addRaw(Number key, Number value) { entries_.push_back({key, value}); }
 
   [[nodiscard]] std::span<const Entry> entries() const { return entries_; }
@@ -48,7 +46,7 @@ class WrittenFields {
     const bool isReserved = key.starts_with(archive::kReserved);
     const Number number =
         isReserved ? values_.key(archive::kReserved + std::string(key)) : values_.key(key);
-    if (hasConstantKeys_) {
+    if (nextKey_.isLearning()) {
       nextKey_.add(key, number);
     } else if (std::ranges::find(entries(), number, &Entry::key) != entries().end()) {
       return;
@@ -59,7 +57,6 @@ class WrittenFields {
   WrittenValues& values_;
   std::vector<Entry> entries_;
   KeySequence::Walk nextKey_;
-  bool hasConstantKeys_ = false;
 };
 
 }  // namespace ov::detail

@@ -41,7 +41,7 @@ class WrittenObjects {
   /// All of them; there are no more after that.
   Number array() {
     const Number array = plist_.array(byUid_.span());
-    byUid_.reset();
+    byUid_.release();
     return array;
   }
 

@@ -45,6 +45,14 @@ PlistWriter::Number WrittenValues::key(std::string_view key) {
   return number;
 }
 
+PlistWriter::Number WrittenValues::leaf(const OVRef<OVObject>& leaf) {
+  if (leaf == nullptr) return once(plist_.null());
+  if (leaf.use_count() == 1) return once(writeLeaf(plist_, *leaf));
+  const auto [known, isNew] = met_.at(*leaf, leaf);
+  if (isNew) known.number = once(writeLeaf(plist_, *leaf));
+  return known.number;
+}
+
 PlistWriter::Number WrittenValues::integer(std::int64_t value) {
   const auto small = static_cast<std::uint64_t>(value);
   if (small >= smallIntegers_.size()) return once(plist_.integer(value));

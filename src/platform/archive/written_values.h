@@ -12,6 +12,7 @@
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
 
+#include "platform/archive/met_objects.h"
 #include "platform/archive/plist_writer.h"
 #include "platform/archive/recent_leaves.h"
 #include "platform/keyed_hash.h"
@@ -36,16 +37,15 @@ class WrittenValues {
   Number boolean(bool value) { return once(plist_.boolean(value)); }
   Number real(double value) { return once(plist_.real(value)); }
   Number data(std::span<const std::byte> bytes) { return once(plist_.data(bytes)); }
-  /// A text, number, date or data block; null for null.
-  Number leaf(const OVRef<OVObject>& leaf) {
-    return once(leaf == nullptr ? plist_.null() : writeLeaf(plist_, *leaf));
-  }
+  /// A text, number, date or data block; null for null. A shared one is written once.
+  Number leaf(const OVRef<OVObject>& leaf);
 
  private:
   Number once(Number last) { return recent_.add(last).object; }
 
   PlistWriter& plist_;
   RecentLeaves recent_;
+  MetObjects met_;
   std::unordered_map<std::string, Number, KeyedHash, std::equal_to<>> keys_;
   std::array<Number, 256> smallIntegers_{};  // 0: not written yet
 };

@@ -26,7 +26,6 @@ using ov::detail::ArchiveSlot;
 using ov::detail::FoundationForms;
 using ov::detail::ObjectArena;
 using ov::detail::OpaqueReader;
-using ov::detail::PlainEntries;
 using ov::detail::PlistItem;
 using ov::detail::PlistReader;
 using ov::detail::ReadClasses;
@@ -44,19 +43,17 @@ struct Rooms {
   explicit Rooms(OVRef<OVData> block, ReadClasses::Known known)
       : data(std::move(block)),
         plist(data->bytes()),
-        budget(data->size()),
-        objects(plist, budget),
-        leaves(plist, budget, arena),
-        classes(plist, budget, objects, leaves, known),
-        fields(plist, budget, objects, classes),
-        forms(plist, budget, objects, leaves, fields, known) {
-    objects.open(PlainEntries(plist, budget).required(head(), "$objects", Kind::array));
+        objects(plist),
+        leaves(plist, arena),
+        classes(plist, objects, leaves, known),
+        fields(plist, classes),
+        forms(plist, objects, leaves, fields, known) {
+    objects.open(requiredEntry(plist, head(), "$objects", Kind::array));
   }
   PlistItem head() { return plist.item(plist.top()); }
 
   OVRef<OVData> data;
   PlistReader plist;
-  ReadingBudget budget;
   ObjectArena arena{1000};
   ReadObjects objects;
   ReadLeaves leaves;
@@ -88,12 +85,12 @@ TEST(ReadingBudget, IsRefusedWhenItIsSpent) {
 
 TEST_F(ArchiveReaderRooms, PlainEntriesAreFoundByTheirKeys) {
   Rooms& rooms = this->rooms();
-  PlainEntries entries(rooms.plist, rooms.budget);
-  EXPECT_EQ(rooms.plist.integer(entries.required(rooms.head(), "$version", Kind::integer)).value,
-            100000);
-  EXPECT_FALSE(entries.find(rooms.head(), "$absent"));
-  EXPECT_THROW((void)entries.required(rooms.head(), "$absent", Kind::array), OVInvalidArchive);
-  EXPECT_THROW((void)entries.required(rooms.head(), "$version", Kind::array), OVInvalidArchive);
+  PlistReader& plist = rooms.plist;
+  const PlistItem head = rooms.head();
+  EXPECT_EQ(plist.integer(requiredEntry(plist, head, "$version", Kind::integer)).value, 100000);
+  EXPECT_FALSE(plainEntry(plist, head, "$absent"));
+  EXPECT_THROW((void)requiredEntry(plist, head, "$absent", Kind::array), OVInvalidArchive);
+  EXPECT_THROW((void)requiredEntry(plist, head, "$version", Kind::array), OVInvalidArchive);
 }
 
 TEST_F(ArchiveReaderRooms, ObjectsAreReachedByTheirUids) {
@@ -102,7 +99,7 @@ TEST_F(ArchiveReaderRooms, ObjectsAreReachedByTheirUids) {
   const auto past = archive_.to(text + 1);
   Rooms& rooms = this->rooms();
   EXPECT_EQ(rooms.objects.uidOf(reference), text);
-  EXPECT_TRUE(rooms.plist.equals(rooms.objects.item(text), "text"));
+  EXPECT_EQ(rooms.leaves.text(rooms.objects.item(text)), "text");
   EXPECT_THROW((void)rooms.objects.uidOf(past), OVInvalidArchive);
   EXPECT_THROW((void)rooms.objects.uidOf(rooms.objects.itemNumber(text)), OVInvalidArchive);
   ArchiveSlot& slot = rooms.objects.slot(text);
@@ -126,9 +123,9 @@ TEST_F(ArchiveReaderRooms, LeavesBecomeObjects) {
 }
 
 TEST_F(ArchiveReaderRooms, AClassIsKnownByItsRecord) {
-  const Uid label = archive_.classRecord("OVLabel", {"NSObject"});
-  const Uid other = archive_.classRecord("Other", {"Parent", "NSObject"});
-  const Uid text = archive_.addText("text");
+  const auto label = archive_.to(archive_.classRecord("OVLabel", {"NSObject"}));
+  const auto other = archive_.to(archive_.classRecord("Other", {"Parent", "NSObject"}));
+  const auto text = archive_.to(archive_.addText("text"));
   Rooms& rooms = this->rooms();
   EXPECT_EQ(rooms.classes.record(label).known, &OVLabel::archivedClass());
   EXPECT_FALSE(rooms.classes.record(label).isHosts);
@@ -168,7 +165,7 @@ TEST_F(ArchiveReaderRooms, FoundationFormsAreTakenForWhatTheyAre) {
   Rooms& rooms = this->rooms();
   const auto made = [&](Uid uid) {
     const ArchiveFields fields = rooms.fields.open(rooms.objects.item(uid));
-    auto object = rooms.forms.make(rooms.fields.classOf(fields).name, fields);
+    auto object = rooms.forms.make(rooms.fields.classOf(fields), fields);
     return object;
   };
   EXPECT_EQ(ov::cast<OVString>(made(text)), "text");
@@ -189,7 +186,7 @@ TEST_F(ArchiveReaderRooms, WhatAnUnknownObjectHoldsIsReadInItsOrder) {
   ArchiveReader reader(rooms.data->bytes(), ReadClasses::Known::noClasses);
   ASSERT_EQ(reader.root(), nullptr);
   const auto fields =
-      OpaqueReader(rooms.plist, rooms.budget, rooms.leaves, reader).fields(rooms.objects.item(odd));
+      OpaqueReader(rooms.plist, rooms.leaves, reader).fields(rooms.objects.item(odd));
   ASSERT_EQ(fields.size(), 4U);
   EXPECT_EQ(fields[0].key, "z");
   EXPECT_EQ(ov::cast<OVString>(get<OVOpaqueValue::Reference>(fields[0].value.content).object),

@@ -93,16 +93,17 @@ TEST_F(ArchiveWriterRooms, ConstantKeysAreGuessedFromTheObjectBefore) {
 
 TEST(MetObjects, AreKnownByTheirAddressesAndKept) {
   MetObjects met;
-  auto object = OVLabel::init();
-  const auto first = met.at(object);
+  OVRef<OVObject> object = OVLabel::init();
+  const auto first = met.at(*object, object);
   EXPECT_TRUE(first.isNew);
   first.entry.number = 5;
-  EXPECT_FALSE(met.at(object).isNew);
-  EXPECT_EQ(met.at(object).entry.number, 5U);
+  EXPECT_FALSE(met.at(*object, object).isNew);
+  EXPECT_EQ(met.at(*object, object).entry.number, 5U);
   const std::weak_ptr<OVObject> watched = object;
   object = nullptr;
   EXPECT_FALSE(watched.expired());
-  EXPECT_TRUE(met.at(OVLabel::init()).isNew);
+  const auto other = OVLabel::init();
+  EXPECT_TRUE(met.at(*other, OVRef<OVObject>(other)).isNew);
 }
 
 }  // namespace

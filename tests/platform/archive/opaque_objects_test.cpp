@@ -22,9 +22,6 @@ namespace {
 
 using Uid = ArchiveBuilder::Uid;
 
-/// Reads the archive and writes what was read.
-OVRef<OVData> passedThrough(const OVRef<OVData>& data) { return archiveOf(unarchived(data)); }
-
 /// The objects of an archive with one object of an unknown class.
 std::vector<std::string> writtenBack(ArchiveBuilder& archive, ArchiveBuilder::Fields fields) {
   return archivedObjects(passedThrough(archive.archive(archive.object("XY", std::move(fields)))));

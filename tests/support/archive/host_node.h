@@ -68,3 +68,8 @@ template <class T>
 ov::Handle<T> unarchived(const OVRef<OVData>& data) {
   return ov::cast<T>(unarchived(data));
 }
+
+/// Reads the archive and writes what was read.
+inline OVRef<OVData> passedThrough(const OVRef<OVData>& data) {
+  return archiveOf(unarchived(data));
+}
