@@ -26,6 +26,9 @@ class OV_EXPORT TextField {
   /// Writes what the field holds; no key when it is empty.
   void encode(OVKeyedArchiver& coder, std::string_view key) const;
   [[nodiscard]] static TextField decoded(OVKeyedUnarchiver& coder, std::string_view key);
+  /// The same for a text that its owner searches as soon as it is read.
+  [[nodiscard]] static TextField decodedToBeSearched(OVKeyedUnarchiver& coder,
+                                                     std::string_view key);
 
  private:
   class Kept;

@@ -43,6 +43,6 @@ void OVObjectEmail::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVObjectEmail::initWithCoder(OVKeyedUnarchiver& coder) {
-  email_ = ov::detail::TextField::decoded(coder, kEmailKey);
+  email_ = ov::detail::TextField::decodedToBeSearched(coder, kEmailKey);
   initValid();
 }

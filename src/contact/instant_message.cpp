@@ -46,5 +46,6 @@ void OVObjectInstantMessage::encodeWithCoder(OVKeyedArchiver& coder) const {
 
 void OVObjectInstantMessage::initWithCoder(OVKeyedUnarchiver& coder) {
   userName_ = TextField::decoded(coder, kUserNameKey);
-  server_ = OVInstantMessageServer::serverWithStoredName(TextField::decoded(coder, kServerNameKey));
+  server_ = OVInstantMessageServer::serverWithStoredName(
+      TextField::decodedToBeSearched(coder, kServerNameKey));
 }

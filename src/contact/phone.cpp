@@ -82,6 +82,6 @@ void OVObjectPhone::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVObjectPhone::initWithCoder(OVKeyedUnarchiver& coder) {
-  phoneNumber_ = ov::detail::TextField::decoded(coder, kPhoneNumberKey);
+  phoneNumber_ = ov::detail::TextField::decodedToBeSearched(coder, kPhoneNumberKey);
   initValid();
 }

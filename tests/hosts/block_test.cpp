@@ -143,6 +143,11 @@ TEST(ThroughABlock, TheFirstLabelOfAGroupStaysTheFirst) {
               ElementsAre("a.X-ABLABEL:1", "a.X-ABLABEL:2", "a.X-A:3"));
 }
 
+TEST(ThroughABlock, APhotoThatIsNoneKeepsItsDigitsAndItsGroup) {
+  EXPECT_THAT(linesAfterBlock("a.PHOTO;ENCODING=b:2\na.X-A:1"),
+              ElementsAre("a.PHOTO:data:application/octet-stream;base64,2", "a.X-A:1"));
+}
+
 TEST(ThroughABlock, EqualEntriesKeepWhatOnlyTheirLinesSay) {
   EXPECT_THAT(linesAfterBlock("TEL;TYPE=cell:1\nTEL;PREF=1:5\nTEL;TYPE=cell;PREF=1:1"),
               ElementsAre("TEL;TYPE=cell:1", "TEL;PREF=1:5", "TEL;TYPE=cell;PREF=1:1"));

@@ -10,6 +10,7 @@
 #include "codec/ascii.h"
 #include "codec/escapes.h"
 #include "codec/parameters.h"
+#include "others.h"
 
 namespace ov::card {
 
@@ -115,13 +116,11 @@ void LineSink::writeCompanions(const LineGroup& group) {
 
 void LineSink::writeAlone(const Line& line, Preference preference) {
   std::string parameters = parametersOf(line, preference);
-  if (line.isBase64()) {
-    if (const auto binary = line.binary(); binary && line.name() == "PHOTO") {
-      writer_.binary({line.group(), line.name(), parameters}, binary->bytes, binary->mediaType);
-      return;
-    }
-    parameters += ";ENCODING=b";
+  if (line.isBase64() && line.name() == "PHOTO" && version_ == Version::V4_0) {
+    writer_.line({line.group(), line.name(), parameters}, keptValueOf(line));
+    return;
   }
+  if (line.isBase64()) parameters += ";ENCODING=b";
   writer_.line({line.group(), line.name(), parameters}, line.value());
 }
 

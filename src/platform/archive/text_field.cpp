@@ -34,12 +34,19 @@ TextField TextField::decoded(OVKeyedUnarchiver& coder, std::string_view key) {
   const auto item = reader.find(coder.fields_, key);
   if (!item) return {};
   TextField field(reader.textOf(*item));
-  // Some classes look through the text, and many objects may share a long one.
-  reader.plist().charge(field.text().size() / 2);
   if (!field.isEmpty()) return field;
   if (OVRef<OVObject> object = reader.objectOf(*item)) {
     field.held_ = OVString(static_cast<const TextObject*>(new Kept(std::move(object))));
   }
+  return field;
+}
+
+TextField TextField::decodedToBeSearched(OVKeyedUnarchiver& coder, std::string_view key) {
+  // Many objects may share a long text. So much of it is searched in the time that a byte of memory
+  // is worth.
+  constexpr std::size_t kSearchedPerByte = 8;
+  TextField field = decoded(coder, key);
+  coder.reader_.plist().charge(field.text().size() / kSearchedPerByte);
   return field;
 }
 

@@ -99,7 +99,7 @@ TEST_P(ArchiveCostsOfAText, ManyObjectsThatLookThroughOneLongTextAreRefused) {
 
 // What is honest must not be taken for that.
 TEST(ArchiveCosts, ManyLabelsMayShareAnExceptionallyLongName) {
-  const OVString name(std::string(1000, 'x'));
+  const OVString name(std::string(100000, 'x'));
   const auto labels = OVList<OVLabel>::list();
   for (int i = 0; i < 5000; ++i) {
     labels.push_back(OVLabel::init());
