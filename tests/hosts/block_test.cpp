@@ -148,6 +148,12 @@ TEST(ThroughABlock, APhotoThatIsNoneKeepsItsDigitsAndItsGroup) {
               ElementsAre("a.PHOTO:data:application/octet-stream;base64,2", "a.X-A:1"));
 }
 
+TEST(ThroughABlock, OfTwoPhotosInAGroupBothStayThere) {
+  const std::string photo = "a.PHOTO:data:application/octet-stream;base64,QUJDRA==";
+  EXPECT_THAT(linesAfterBlock("a.PHOTO;ENCODING=b:QUJDRA==\na.PHOTO;ENCODING=b:QUJDRA=="),
+              ElementsAre(photo, photo));
+}
+
 TEST(ThroughABlock, EqualEntriesKeepWhatOnlyTheirLinesSay) {
   EXPECT_THAT(linesAfterBlock("TEL;TYPE=cell:1\nTEL;PREF=1:5\nTEL;TYPE=cell;PREF=1:1"),
               ElementsAre("TEL;TYPE=cell:1", "TEL;PREF=1:5", "TEL;TYPE=cell;PREF=1:1"));

@@ -18,12 +18,10 @@ namespace ov::card {
 
 namespace {
 
-constexpr std::string_view kDigest = "sha256:";
-
 std::string digestOf(std::string_view bytes) {
   Digest digest;
   digest.add(bytes);
-  return std::string(kDigest) + digest.digits();
+  return std::string(kDigestOfPhoto) + digest.digits();
 }
 
 /// Whether a data URI may hold the word and is read as the same again.
@@ -97,7 +95,7 @@ class NewCard {
     const auto held = image->data()->text();
     const std::string_view bytes = held;
     for (const Line& line : plan_.lines()) {
-      if (line.name() != "PHOTO" || !line.value().starts_with(kDigest)) continue;
+      if (line.name() != "PHOTO" || !line.value().starts_with(kDigestOfPhoto)) continue;
       if (line.value() != digestOf(bytes)) return false;
       sink_.writeLike(line, bytes, mediaTypeFor(line, bytes));
       return true;
@@ -168,7 +166,7 @@ OVString oddLinesIn(const PersonValues& values) {
 void writePerson(const IOVPerson& person, const OVString& id, std::string& out, Version version) {
   const CardText odd(oddLinesIn(PersonValues(person)).str());
   LabelReader labels;
-  const PersonReading reading(odd.lines(), labels);
+  const PersonReading reading = PersonReading::ofOddLines(odd.lines(), labels);
   NewCard(person, odd.lines(), reading, version, out).write(id);
 }
 

@@ -64,6 +64,10 @@ std::string_view mediaTypeOf(std::string_view bytes) {
 }
 
 Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading) {
+  if (reading.isOfOddLines() && line.value().starts_with(kDigestOfPhoto)) {
+    const auto digest = OVImage::imageWithData(OVData::dataWithText(line.value()));
+    return reading.set(*binding.property, digest) ? Fit::Unusual : Fit::Other;
+  }
   if (!line.isBase64() && !isDataURI(line)) {
     return line.value().empty() ? Fit::Nothing : Fit::Other;
   }

@@ -51,6 +51,8 @@ Fit readPhoto(const Line& line, const Binding& binding, PersonReading& reading);
 bool spellPhoto(const Binding& binding, const PersonValues& values, const OVSingleValue* entry,
                 Spelling& spelling);
 inline constexpr std::string_view kUnknownMediaType = "application/octet-stream";
+/// The beginning of what an odd line has in place of the photo.
+inline constexpr std::string_view kDigestOfPhoto = "sha256:";
 /// The media type of the beginning of an image, or the unknown one.
 [[nodiscard]] std::string_view mediaTypeOf(std::string_view bytes);
 

@@ -43,15 +43,29 @@ OVString uidOf(const Lines& lines) {
 
 PersonReading::PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVImage> photo)
     : lines_(&lines), labels_(&labels), photo_(std::move(photo)), claims_(lines.size()) {
-  findGroups();
   const auto isPhoto = [](const Line& line) { return line.name() == "PHOTO"; };
   if (std::count_if(lines.begin(), lines.end(), isPhoto) > 1) photo_ = nullptr;
-  for (const Line& line : lines) {
+  readAll();
+}
+
+PersonReading PersonReading::ofOddLines(const Lines& lines, LabelReader& labels) {
+  PersonReading reading;
+  reading.lines_ = &lines;
+  reading.labels_ = &labels;
+  reading.claims_.resize(lines.size());
+  reading.isOfOddLines_ = true;
+  reading.readAll();
+  return reading;
+}
+
+void PersonReading::readAll() {
+  findGroups();
+  for (const Line& line : *lines_) {
     if (formatted_ == nullptr && line.name() == "FN" && !line.text().empty()) formatted_ = &line;
   }
   readFirst("N");
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (claims_[i].binding == nullptr) read(lines[i], claims_[i]);
+  for (std::size_t i = 0; i < lines_->size(); ++i) {
+    if (claims_[i].binding == nullptr) read((*lines_)[i], claims_[i]);
   }
   for (const Several& several : several_) values_.set(*several.property, several.entries);
   judgePreferences();

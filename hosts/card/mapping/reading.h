@@ -66,6 +66,8 @@ class PersonReading {
   /// `photo` is what the card is known to hold as photo, so that it need not be decoded where no
   /// other line may hold it; null when it is not known.
   PersonReading(const Lines& lines, LabelReader& labels, OVRef<OVImage> photo = nullptr);
+  /// The lines that an earlier reading found odd. One of them may name the photo by its digest.
+  [[nodiscard]] static PersonReading ofOddLines(const Lines& lines, LabelReader& labels);
 
   /// The UID; null when there is none.
   [[nodiscard]] const OVString& id() const { return id_; }
@@ -94,6 +96,7 @@ class PersonReading {
   /// The group of the line that is being read; null without.
   [[nodiscard]] const LineGroup* group() const { return current_->group; }
   [[nodiscard]] OVRef<OVImage> knownPhoto() const { return photo_; }
+  [[nodiscard]] bool isOfOddLines() const { return isOfOddLines_; }
   /// Says that the line is about another property than its name says.
   void claimFor(const Binding& binding) { current_->binding = &binding; }
   /// Whether the line is the first one that names the person.
@@ -113,6 +116,7 @@ class PersonReading {
   };
   PersonReading() = default;
 
+  void readAll();
   void findGroups();
   void readFirst(std::string_view name);
   void read(const Line& line, Claim& claim);
@@ -136,6 +140,7 @@ class PersonReading {
   std::unordered_set<std::string_view, KeyedHash> lineNames_;  // of lines_, once asked for
   Claim* current_ = nullptr;
   const Line* formatted_ = nullptr;
+  bool isOfOddLines_ = false;
   bool isProbe_ = false;                   // nothing is to be read
   const PersonValues* present_ = nullptr;  // what a probe has
 };
