@@ -242,6 +242,7 @@ def measure_live(options, results):
     results |= {"live": found}
     rows = (
         ("`e_book_client_get_contacts_sync`", "fetching"),
+        ("the call, then freeing what it brought", "fetchingAndFreeing"),
         ("`OVEDSSession::openBook`", "opening"),
         ("`OVEDSBook::load`", "loading"),
         ("opening and loading", "both"),
