@@ -27,7 +27,7 @@ PUBLIC_HEADERS = {
     "contact": "email instant_message person_name phone",
     "address": "address address_field address_formater country",
     "book": """address_book address_book_general group group_general person person_general person_heading
-        person_matcher person_sorter tag_manager""",
+        person_matcher person_sorter persons_to_list tag_manager""",
 }
 FOLDER_OF_HEADER = {
     f"{header}.h": folder for folder, headers in PUBLIC_HEADERS.items() for header in headers.split()

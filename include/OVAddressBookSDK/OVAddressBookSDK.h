@@ -39,6 +39,7 @@
 #include <OVAddressBookSDK/person_matcher.h>
 #include <OVAddressBookSDK/person_name.h>
 #include <OVAddressBookSDK/person_sorter.h>
+#include <OVAddressBookSDK/persons_to_list.h>
 #include <OVAddressBookSDK/phone.h>
 #include <OVAddressBookSDK/property.h>
 #include <OVAddressBookSDK/single_value.h>

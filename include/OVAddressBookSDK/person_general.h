@@ -1,11 +1,19 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include <OVAddressBookSDK/atomic.h>
 #include <OVAddressBookSDK/person.h>
 #include <OVAddressBookSDK/single_value.h>
 #include <OVAddressBookSDK/text_field.h>
+
+namespace ov::detail {
+
+class ListedPerson;
+struct StandardProperty;
+
+}  // namespace ov::detail
 
 /// The library's own person: an ID and a bag of values by property name.
 ///
@@ -114,6 +122,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
 
  private:
   friend class OVAddressBookGeneral;
+  friend class ov::detail::ListedPerson;
   struct Entry {
     OVString name;
     // An archive may hold an object of any class: it reads as null, is kept and written back.
@@ -121,6 +130,8 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   };
 
   void takeWhatReadsAsNull(const OVPersonGeneral& source);
+  /// The ID, and of the values those under the names in the rows.
+  void readFields(OVKeyedUnarchiver& coder, std::span<const ov::detail::StandardProperty> rows);
   void setObject(OVRef<OVObject> object, const OVString& name);
 
   ov::detail::TextField ID_;

@@ -11,14 +11,15 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
+#include "book/general_book_keys.h"
 #include "platform/dispose.h"
 #include "platform/maker.h"
 #include "platform/owned.h"
 
-namespace {
+using ov::detail::kGroupsKey;
+using ov::detail::kPersonsKey;
 
-constexpr std::string_view kPersonsKey = "personDic";
-constexpr std::string_view kGroupsKey = "groupDic";
+namespace {
 
 [[noreturn]] void raiseNoID(const std::string& whose) {
   throw std::invalid_argument("OVAddressBookGeneral: " + whose + " has no ID");

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -131,15 +132,18 @@ void OVPersonGeneral::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVPersonGeneral::initWithCoder(OVKeyedUnarchiver& coder) {
+  readFields(coder, standardProperties());
+}
+
+void OVPersonGeneral::readFields(OVKeyedUnarchiver& coder, std::span<const StandardProperty> rows) {
   entries_.clear();
-  const auto rows = standardProperties();
   std::array<OVRef<OVObject>, kStandardPropertyCount> values;
-  for (std::size_t i = 0; i < values.size(); ++i) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
     values[i] = coder.decodeObjectForKey(rows[i].name);
   }
   const auto absent = std::ranges::count(values, nullptr);
   entries_.reserve(values.size() - static_cast<std::size_t>(absent));
-  for (std::size_t i = 0; i < values.size(); ++i) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
     if (values[i] != nullptr) entries_.push_back({rows[i].name, std::move(values[i])});
   }
   ID_ = TextField::decoded(coder, kIDKey);

@@ -1,5 +1,7 @@
 #include "book/person_texts.h"
 
+#include <algorithm>
+
 #include <OVAddressBookSDK/email.h>
 #include <OVAddressBookSDK/instant_message.h>
 #include <OVAddressBookSDK/phone.h>
@@ -19,6 +21,15 @@ OVString textOf(const OVRef<OVObject>& datum) {
 const ListedProperties& listedProperties() {
   static BuiltOnce<ListedProperties> properties;
   return properties.get([] { return ListedProperties(); });
+}
+
+bool isListed(const OVString& name) {
+  const auto& [personName, company, isOrganization, nickname, maidenName, firstPhonetic,
+               lastPhonetic, phone, email, account, URL] = listedProperties();
+  const auto all = {
+      &personName,   &company, &isOrganization, &nickname, &maidenName, &firstPhonetic,
+      &lastPhonetic, &phone,   &email,          &account,  &URL};
+  return std::ranges::any_of(all, [&](const auto* each) { return (*each)->name() == name; });
 }
 
 }  // namespace ov::detail

@@ -52,5 +52,7 @@ struct ListedProperties {
 };
 
 [[nodiscard]] const ListedProperties& listedProperties();
+/// Whether the property of that name is one of them.
+[[nodiscard]] bool isListed(const OVString& name);
 
 }  // namespace ov::detail

@@ -151,6 +151,16 @@ TEST_F(List, ADamagedBookIsAFailureWhereverItIsCut) {
   }
 }
 
+TEST_F(List, ReadsPersonsWhateverTheGroupsAre) {
+  add("a", "Ann", "1", "a@example.org");
+  book_->groupsDic().set("g", OVGroupGeneral::init());
+  std::string bytes(book_->saveToData()->text());
+  bytes.at(bytes.find("^OVGroupGeneral")) = '\x70';
+  const std::string path = file("book", bytes);
+  EXPECT_EQ(ovbook({"show", path}).status, 2);
+  EXPECT_EQ(ovbook({"list", path}), success("a  Ann  1  a@example.org\n"));
+}
+
 TEST_F(List, AnArchiveOfSomethingElseIsAFailure) {
   const auto label = labelOf("home");
   const std::string path =

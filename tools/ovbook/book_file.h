@@ -10,6 +10,10 @@ namespace ovbook {
 /// something else.
 [[nodiscard]] OVRef<OVAddressBookGeneral> openBook(const std::string& path);
 
+/// The book's persons, with what lists show of them. The same failures, but for damage that is
+/// not met. Never null.
+[[nodiscard]] OVDictionary<const OVPersonGeneral> personsToList(const std::string& path);
+
 /// The book's persons and groups by ID; never null.
 [[nodiscard]] OVDictionary<OVPersonGeneral> personsOf(const OVAddressBookGeneral& book);
 [[nodiscard]] OVDictionary<OVGroupGeneral> groupsOf(const OVAddressBookGeneral& book);

@@ -15,12 +15,13 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known)
+ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known,
+                             std::span<const OVClass* const> instead)
     : plist_(block),
       arena_(block.size()),
       objects_(plist_),
       leaves_(plist_, arena_),
-      classes_(plist_, objects_, leaves_, known),
+      classes_(plist_, objects_, leaves_, known, instead),
       fields_(plist_, classes_),
       forms_(plist_, objects_, leaves_, fields_, known),
       opaque_(plist_, leaves_, *this) {}

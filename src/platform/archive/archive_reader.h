@@ -47,7 +47,9 @@ class ArchiveReader {
     unsigned& depth_;
   };
 
-  ArchiveReader(std::span<const std::byte> block, Known known);
+  /// `instead`: what objects of the library's classes with these names are made by.
+  ArchiveReader(std::span<const std::byte> block, Known known,
+                std::span<const OVClass* const> instead = {});
 
   /// Throws `OVInvalidArchive`; what was built by then is released, rings included.
   OVRef<OVObject> root();

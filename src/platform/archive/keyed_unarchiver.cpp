@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "platform/archive/archive_reader.h"
+#include "platform/archive/unarchived_with.h"
 #include "platform/real.h"
 
 using ov::detail::ArchiveReader;
@@ -11,9 +12,10 @@ using Kind = PlistItem::Kind;
 
 namespace {
 
-OVRef<OVObject> read(const OVRef<OVData>& data, ArchiveReader::Known known) {
+OVRef<OVObject> read(const OVRef<OVData>& data, ArchiveReader::Known known,
+                     std::span<const OVClass* const> instead = {}) {
   if (data == nullptr) throw OVInvalidArchive("no data");
-  return ArchiveReader(data->bytes(), known).root();
+  return ArchiveReader(data->bytes(), known, instead).root();
 }
 
 }  // namespace
@@ -26,6 +28,11 @@ OVRef<OVObject> OVKeyedUnarchiver::unarchiveObjectWithData(const OVRef<OVData>& 
 
 OVRef<OVObject> OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(const OVRef<OVData>& data) {
   return read(data, ArchiveReader::Known::noClasses);
+}
+
+OVRef<OVObject> ov::detail::unarchivedWith(const OVRef<OVData>& data,
+                                           std::span<const OVClass* const> instead) {
+  return read(data, ArchiveReader::Known::registeredClasses, instead);
 }
 
 void OVKeyedUnarchiver::registerClass(const OVClass& hostClass) {

@@ -25,9 +25,9 @@ namespace {
 /// person.
 using Listed = std::vector<std::pair<OVString, OVRef<OVPersonGeneral>>>;
 
-Listed matching(const OVAddressBookGeneral& book, const OVPersonMatcher& matcher) {
+Listed matching(const OVDictionary<const OVPersonGeneral>& persons,
+                const OVPersonMatcher& matcher) {
   Listed listed;
-  const auto persons = personsOf(book);
   for (const auto& [ID, person] : persons) {
     const bool matches = person == nullptr ? matcher.matchesAll() : matcher.matches(*person);
     if (matches) listed.emplace_back(ID, person);
@@ -110,9 +110,9 @@ void addListCommand(const Command& ovbook, Session& session) {
   const Argument match = command.addOption("--match", "TEXT", "Only persons that match the text");
   const Argument tsv = command.addFlag("--tsv", "Separate fields by tabs, for programs");
   command.setAction([=, &session] {
-    const auto opened = openBook(book.text());
+    const auto persons = personsToList(book.text());
     const Listed listed =
-        sorted(matching(*opened, OVPersonMatcher(match.text())), orderNamed(sort.text()));
+        sorted(matching(persons, OVPersonMatcher(match.text())), orderNamed(sort.text()));
     tsv.isGiven() ? listForPrograms(listed, session.out()) : listForPeople(listed, session.out());
   });
 }
