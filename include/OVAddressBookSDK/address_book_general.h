@@ -39,7 +39,8 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
   [[nodiscard]] OVRef<OVData> saveToData() const;
 
   /// Converts the person and keeps the result under its ID, replacing an earlier one. Null does
-  /// nothing. Throws `std::invalid_argument`, changing nothing, when the ID is null.
+  /// nothing. Throws `std::invalid_argument`, changing nothing, when the ID is null, and when
+  /// `generalPersonWithPerson` does.
   void addPerson(const OVRef<IOVPerson>& person);
   /// Converts the group and keeps the result under its ID, replacing an earlier one. Throws
   /// `std::invalid_argument`, changing nothing, for null, when the ID is null, and when
@@ -48,7 +49,8 @@ class OV_EXPORT OVAddressBookGeneral : public OVAddressBook,
 
   /// Always a new person, with the ID of `person` and the same value objects for the properties of
   /// the standard catalogue; null for null. Tags and values under other names are not copied. What
-  /// an archive held in the place of a value of an `OVPersonGeneral` is.
+  /// an archive held in the place of a value of an `OVPersonGeneral` is. Throws
+  /// `std::invalid_argument` for one of `ov::personsToList`.
   [[nodiscard]] OVRef<OVPersonGeneral> generalPersonWithPerson(
       const OVRef<IOVPerson>& person) const;
   /// A new group of the IDs of the sub-groups and members of `group`; null for null. Sub-groups are

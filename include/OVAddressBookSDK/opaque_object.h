@@ -2,16 +2,13 @@
 
 #include <memory>
 #include <span>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include <OVAddressBookSDK/held_view.h>
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
-
-namespace ov::detail {
-class ArchiveReader;
-}
 
 struct OVOpaqueField;
 
@@ -72,8 +69,11 @@ class OV_EXPORT OVOpaqueObject final : public OVObject,
 
  private:
   friend struct ov::detail::Maker;
-  friend class ov::detail::ArchiveReader;
-  OVOpaqueObject() = default;
+  OVOpaqueObject(OVString className, std::vector<OVString> classes,
+                 std::vector<OVString> classHints)
+      : className_(std::move(className)),
+        classes_(std::move(classes)),
+        classHints_(std::move(classHints)) {}
 
   OVString className_;
   std::vector<OVString> classes_;

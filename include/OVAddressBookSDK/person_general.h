@@ -130,7 +130,7 @@ class OV_EXPORT OVPersonGeneral : public IOVPerson {
   };
 
   void takeWhatReadsAsNull(const OVPersonGeneral& source);
-  /// The ID, and of the values those under the names in the rows.
+  /// The ID, and the values under the names in rows of the catalogue, which are in its order.
   void readFields(OVKeyedUnarchiver& coder, std::span<const ov::detail::StandardProperty> rows);
   void setObject(OVRef<OVObject> object, const OVString& name);
 

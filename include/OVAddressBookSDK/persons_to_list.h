@@ -6,16 +6,19 @@
 
 namespace ov {
 
-/// The persons of the general book in a data block, by their IDs, with no more than lists of
-/// persons show and search: what `headingOf`, `OVPersonSorter` and `OVPersonMatcher` read. Takes
-/// less time than restoring the book.
+/// The persons of the general book in a data block, by their IDs and in the book's order, with no
+/// more than lists of persons show and search: their IDs, and the values that `headingOf`,
+/// `OVPersonSorter` and `OVPersonMatcher` look at. Takes less time than restoring the book. The
+/// block is not needed afterwards.
 ///
-/// They are to be looked at. Archiving one throws `std::invalid_argument`, since the rest of the
-/// person would be lost; a copy in another book has no more than they. A host's own classes are
-/// read whole.
+/// They are to be looked at: archiving one, or adding it to a general book, throws
+/// `std::invalid_argument`, since the rest of the person would be lost. An ID may lead to null,
+/// where the block has something else than a person. Objects of a host's own classes are read
+/// whole.
 ///
-/// Null when the block's root is not a book, or the book has no persons. Throws `OVInvalidArchive`
-/// for a block that is not an archive, and for null; damage in what is not read stays unnoticed.
+/// Null when the block's root is not a book, or the book has no dictionary of persons. Throws
+/// `OVInvalidArchive` for a block that is not an archive, or is damaged in what is read of it, and
+/// for null; other damage stays unnoticed. Any thread may call it.
 ///
 /// \code
 /// auto book = OVAddressBookGeneral::init();

@@ -22,7 +22,6 @@ class OVStringView;
 
 namespace ov::detail {
 
-class ArchiveReader;
 class ArchiveSlot;
 class ArchiveWriter;
 class TextField;
@@ -219,7 +218,6 @@ class OV_EXPORT OVString {
 
  private:
   friend struct ov::detail::Cast<OVString>;
-  friend class ov::detail::ArchiveReader;
   friend class ov::detail::ArchiveSlot;
   friend class ov::detail::ArchiveWriter;
   friend class ov::detail::TextField;

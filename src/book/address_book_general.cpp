@@ -12,12 +12,14 @@
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 
 #include "book/general_book_keys.h"
+#include "book/listed_person.h"
 #include "platform/dispose.h"
 #include "platform/maker.h"
 #include "platform/owned.h"
 
 using ov::detail::kGroupsKey;
 using ov::detail::kPersonsKey;
+using ov::detail::ListedPerson;
 
 namespace {
 
@@ -87,6 +89,7 @@ void OVAddressBookGeneral::addGroup(const OVRef<IOVGroup>& group) {
 OVRef<OVPersonGeneral> OVAddressBookGeneral::generalPersonWithPerson(
     const OVRef<IOVPerson>& person) const {
   if (person == nullptr) return nullptr;
+  if (const auto* listed = dynamic_cast<const ListedPerson*>(person.get())) listed->refuseToKeep();
   auto general = OVPersonGeneral::initWithID(person->ID());
   for (const OVRef<OVProperty> property : OVProperty::StandardPropertyArray()) {
     general->setValueByProperty(person->valueByProperty(property), property);

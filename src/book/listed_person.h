@@ -4,11 +4,13 @@
 
 namespace ov::detail {
 
-/// A person who reads, of an archived one, what lists show. Cannot be archived.
+/// A person who reads, of an archived one, what lists show.
 class ListedPerson final : public OVPersonGeneral {
  public:
   void encodeWithCoder(OVKeyedArchiver& coder) const override;
   void initWithCoder(OVKeyedUnarchiver& coder) override;
+  /// Throws `std::invalid_argument`: the rest of the person would be lost.
+  [[noreturn]] void refuseToKeep() const;
 
  private:
   friend struct Maker;

@@ -3,9 +3,10 @@
 
 #include <OVAddressBookSDK/persons_to_list.h>
 
-#include <array>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <OVAddressBookSDK/address_book_general.h>
@@ -14,7 +15,8 @@
 #include "book/general_book_keys.h"
 #include "book/listed_person.h"
 #include "book/person_texts.h"
-#include "platform/archive/unarchived_with.h"
+#include "platform/archive/archive_reader.h"
+#include "platform/archive/class_table.h"
 #include "platform/built_once.h"
 #include "platform/dispose.h"
 #include "platform/maker.h"
@@ -44,6 +46,9 @@ class ListedBook final : public OVObject {
   [[nodiscard]] const OVClass* classForCoder() const override {
     return &OVAddressBookGeneral::archivedClass();
   }
+  void encodeWithCoder(OVKeyedArchiver& /*coder*/) const override {
+    throw std::invalid_argument("OVAddressBookGeneral: a book was read for a list");
+  }
   void initWithCoder(OVKeyedUnarchiver& coder) override {
     persons_ = coder.decodeObjectForKey(kPersonsKey);
   }
@@ -53,31 +58,37 @@ class ListedBook final : public OVObject {
 };
 
 template <class T>
-OVClass insteadOf(const OVClass& original) {
+OVClass standInFor(const OVClass& original) {
   return {original.name, original.superclass, &Maker::empty<T>};
+}
+
+const OVClass* listedClass(std::string_view name) {
+  static const OVClass person = standInFor<ListedPerson>(OVPersonGeneral::archivedClass());
+  static const OVClass book = standInFor<ListedBook>(OVAddressBookGeneral::archivedClass());
+  if (name == person.name) return &person;
+  if (name == book.name) return &book;
+  return registeredClass(name);
 }
 
 }  // namespace
 
-void ListedPerson::encodeWithCoder(OVKeyedArchiver& /*coder*/) const {
-  throw std::invalid_argument("OVPersonGeneral: the person \"" + ID().str() +
-                              "\" was read for a list and cannot be archived");
-}
+void ListedPerson::encodeWithCoder(OVKeyedArchiver& /*coder*/) const { refuseToKeep(); }
 
 void ListedPerson::initWithCoder(OVKeyedUnarchiver& coder) {
   static BuiltOnce<std::vector<StandardProperty>> rows;
   readFields(coder, rows.get(listedRows));
 }
 
+void ListedPerson::refuseToKeep() const {
+  throw std::invalid_argument("OVPersonGeneral: the person \"" + ID().str() +
+                              "\" was read for a list, without the rest, and cannot be kept");
+}
+
 }  // namespace ov::detail
 
 OVDictionary<const OVPersonGeneral> ov::personsToList(const OVRef<OVData>& data) {
-  using namespace ov::detail;
-  static const OVClass person = insteadOf<ListedPerson>(OVPersonGeneral::archivedClass());
-  static const OVClass book = insteadOf<ListedBook>(OVAddressBookGeneral::archivedClass());
-  static constexpr std::array instead{&person, &book};
-  const OVRef<OVObject> root = unarchivedWith(data, instead);
+  const auto root = detail::unarchived(data, detail::listedClass);
   if (const auto hosts = ov::cast<OVAddressBookGeneral>(root)) return hosts->personsDic();
-  const auto listed = ov::cast<ListedBook>(root);
+  const auto listed = ov::cast<detail::ListedBook>(root);
   return listed == nullptr ? nullptr : ov::cast<OVDictionary<OVPersonGeneral>>(listed->persons());
 }

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/persons_to_list.h>
 
 #include "fuzz/finding.h"
 #include "fuzz/reachable.h"
@@ -67,13 +69,30 @@ void check(Unarchive unarchive, const OVRef<OVData>& block) {
   }
   const Graph first(std::move(root));
   first.use();
-  const Graph second(readOwn(unarchive, first.archive()));
+  const OVRef<OVData> saved = first.archive();
+  const Graph second(readOwn(unarchive, saved));
   expectThat(withoutMainValues(second.listing()) == withoutMainValues(first.listing()),
              "another graph is read from what was written");
   const OVRef<OVData> settled = second.archive();
+  expectThat(second.listing() != first.listing() || settled->text() == saved->text(),
+             "other bytes than those that were read");
   const Graph third(readOwn(unarchive, settled));
   expectThat(third.listing() == second.listing(), "another graph the second time");
   expectThat(third.archive()->text() == settled->text(), "other bytes the second time");
+}
+
+/// Persons are read for a list, or the block is refused.
+void checkPersonsToList(const OVRef<OVData>& block) {
+  const LeaksTolerated tolerated;
+  std::vector<OVRef<OVObject>> objects;
+  try {
+    for (const auto& [ID, person] : ov::personsToList(block)) objects.push_back(person);
+  } catch (const OVInvalidArchive&) {
+    return;
+  }
+  std::erase(objects, nullptr);
+  useObjects(objects);
+  release(objects);
 }
 
 }  // namespace
@@ -83,5 +102,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto block = OVData::dataWithBytes(std::as_bytes(std::span(data, size)));
   check(&OVKeyedUnarchiver::unarchiveObjectWithData, block);
   check(&OVKeyedUnarchiver::unarchiveOpaqueObjectWithData, block);
+  checkPersonsToList(block);
   return 0;
 }

@@ -161,6 +161,13 @@ TEST_F(List, ReadsPersonsWhateverTheGroupsAre) {
   EXPECT_EQ(ovbook({"list", path}), success("a  Ann  1  a@example.org\n"));
 }
 
+TEST_F(List, ReadsAPipe) {
+  const auto archive = std::string(TESTS_FOLDER) + "/foreign_archives.py";
+  const std::string bare = file("bare", "");
+  EXPECT_EQ(runProgram({"python3", archive, "bare_book", bare}, {}), success());
+  EXPECT_EQ(ovbookIn({.input = readFile(bare)}, {"list", "/dev/stdin"}), success());
+}
+
 TEST_F(List, AnArchiveOfSomethingElseIsAFailure) {
   const auto label = labelOf("home");
   const std::string path =

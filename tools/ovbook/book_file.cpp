@@ -24,20 +24,19 @@ OVDictionary<T> orEmpty(OVDictionary<T> dictionary) {
   return dictionary == nullptr ? OVDictionary<T>::dictionary() : std::move(dictionary);
 }
 
+/// What `read` makes of the data of the file at `path`.
 template <class Read>
-auto readWith(Read read, const std::string& path) {
+auto readWith(Read read, const OVRef<OVData>& data, const std::string& path) {
   ov::vcard::registerClasses();
   try {
-    return read(readFile(path));
+    return read(data);
   } catch (const OVInvalidArchive& damage) {
     throw Failure(path, damage.what());
   }
 }
 
-}  // namespace
-
-OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
-  const auto root = readWith(&OVAddressBookGeneral::addressBookWithData, path);
+OVRef<OVAddressBookGeneral> bookOf(const OVRef<OVData>& data, const std::string& path) {
+  const auto root = readWith(&OVAddressBookGeneral::addressBookWithData, data, path);
   auto book = ov::cast<OVAddressBookGeneral>(root);
   if (book == nullptr) {
     throw Failure(path, "not an address book: its root object is " + classNameOf(root));
@@ -45,9 +44,16 @@ OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
   return book;
 }
 
+}  // namespace
+
+OVRef<OVAddressBookGeneral> openBook(const std::string& path) {
+  return bookOf(readFile(path), path);
+}
+
 OVDictionary<const OVPersonGeneral> personsToList(const std::string& path) {
-  if (auto persons = readWith(&ov::personsToList, path); persons != nullptr) return persons;
-  return personsOf(*openBook(path));
+  const auto data = readFile(path);
+  if (auto persons = readWith(&ov::personsToList, data, path); persons != nullptr) return persons;
+  return personsOf(*bookOf(data, path));
 }
 
 OVDictionary<OVPersonGeneral> personsOf(const OVAddressBookGeneral& book) {

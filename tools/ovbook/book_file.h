@@ -10,8 +10,8 @@ namespace ovbook {
 /// something else.
 [[nodiscard]] OVRef<OVAddressBookGeneral> openBook(const std::string& path);
 
-/// The book's persons, with what lists show of them. The same failures, but for damage that is
-/// not met. Never null.
+/// The book's persons, with what lists show of them; never null. Throws `Failure` as `openBook`
+/// does, but not for damage in the rest of the book.
 [[nodiscard]] OVDictionary<const OVPersonGeneral> personsToList(const std::string& path);
 
 /// The book's persons and groups by ID; never null.

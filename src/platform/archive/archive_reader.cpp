@@ -15,16 +15,20 @@ namespace ov::detail {
 
 using Kind = PlistItem::Kind;
 
-ArchiveReader::ArchiveReader(std::span<const std::byte> block, Known known,
-                             std::span<const OVClass* const> instead)
+ArchiveReader::ArchiveReader(std::span<const std::byte> block, ClassLookup classes)
     : plist_(block),
       arena_(block.size()),
       objects_(plist_),
       leaves_(plist_, arena_),
-      classes_(plist_, objects_, leaves_, known, instead),
+      classes_(plist_, objects_, leaves_, classes),
       fields_(plist_, classes_),
-      forms_(plist_, objects_, leaves_, fields_, known),
+      forms_(plist_, objects_, leaves_, fields_, classes != nullptr),
       opaque_(plist_, leaves_, *this) {}
+
+OVRef<OVObject> unarchived(const OVRef<OVData>& data, ClassLookup classes) {
+  if (data == nullptr) throw OVInvalidArchive("no data");
+  return ArchiveReader(data->bytes(), classes).root();
+}
 
 OVRef<OVObject> ArchiveReader::root() {
   const ObjectArena::Use use(&arena_);
@@ -133,23 +137,14 @@ OVRef<OVObject> ArchiveReader::makeEmpty(const ArchivedClass& record, const Arch
   plist_.charge(kMemoryPerObject + fields.dictionary.count * kMemoryPerField);
   if (record.known != nullptr) return record.known->make();
   if (auto made = forms_.make(record, fields)) return made;
-  const auto object = Maker::make<OVOpaqueObject>();
-  object->className_ = record.name;
-  object->classes_ = record.classes;
-  object->classHints_ = record.hints;
   plist_.charge((record.classes.size() + record.hints.size()) * sizeof(OVString));
-  return object;
+  return Maker::make<OVOpaqueObject>(record.name, record.classes, record.hints);
 }
 
 void ArchiveReader::fill(OVObject& object, const ArchiveFields& fields) {
   const Deeper deeper(*this);
   OVKeyedUnarchiver coder(*this, fields);
   object.initWithCoder(coder);
-}
-
-void ArchiveReader::fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary) {
-  object.fields_.clear();
-  object.fields_ = opaque_.fields(dictionary);
 }
 
 bool ArchiveReader::readElements(const ArchiveFields& fields, std::string_view key,

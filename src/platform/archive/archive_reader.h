@@ -30,7 +30,6 @@ namespace ov::detail {
 /// "Object" is an object of the graph; "item" one of the property list, given by its number.
 class ArchiveReader {
  public:
-  using Known = ReadClasses::Known;
   using Item = std::uint64_t;
 
   /// How deep objects are filled inside each other, and how deep containers may be in one object.
@@ -47,9 +46,7 @@ class ArchiveReader {
     unsigned& depth_;
   };
 
-  /// `instead`: what objects of the library's classes with these names are made by.
-  ArchiveReader(std::span<const std::byte> block, Known known,
-                std::span<const OVClass* const> instead = {});
+  ArchiveReader(std::span<const std::byte> block, ClassLookup classes);
 
   /// Throws `OVInvalidArchive`; what was built by then is released, rings included.
   OVRef<OVObject> root();
@@ -75,7 +72,7 @@ class ArchiveReader {
   void readEntries(const ArchiveFields& fields, DictionaryObject& dictionary);
   /// Reads the elements of a list object that the caller makes its own.
   bool readList(Item item, std::vector<OVRef<OVObject>>& elements);
-  void fillOpaque(OVOpaqueObject& object, const PlistItem& dictionary);
+  [[nodiscard]] OpaqueReader& opaque() { return opaque_; }
 
  private:
   struct Waiting {
@@ -102,5 +99,8 @@ class ArchiveReader {
   std::vector<Waiting> waiting_;
   unsigned depth_ = 0;
 };
+
+/// The root object of an archive; null for a null root. Throws `OVInvalidArchive`, for null too.
+[[nodiscard]] OVRef<OVObject> unarchived(const OVRef<OVData>& data, ClassLookup classes);
 
 }  // namespace ov::detail

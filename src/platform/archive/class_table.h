@@ -19,6 +19,9 @@ namespace detail {
 /// The class to build for a name in an archive; null when nobody registered it.
 [[nodiscard]] const OVClass* registeredClass(std::string_view name);
 
+/// How a reader finds the class to build for a name. With null for this, no class is known.
+using ClassLookup = const OVClass* (*)(std::string_view name);
+
 /// True for the library's own classes, which reach each object only through the references they
 /// hold, and each reference once.
 [[nodiscard]] bool isLibraryClass(const OVClass& candidate);

@@ -1,4 +1,5 @@
-// Dates, lists and dictionaries in archives, under the names of Foundation's classes.
+// How lists, dictionaries, numbers, data and opaque objects are written and filled. Where
+// Foundation has such a class, it is under that name.
 
 #include <new>
 #include <utility>
@@ -108,5 +109,6 @@ void OVOpaqueObject::encodeWithCoder(OVKeyedArchiver& coder) const {
 }
 
 void OVOpaqueObject::initWithCoder(OVKeyedUnarchiver& coder) {
-  coder.reader_.fillOpaque(*this, coder.fields_.dictionary);
+  fields_.clear();
+  fields_ = coder.reader_.opaque().fields(coder.fields_.dictionary);
 }

@@ -15,15 +15,14 @@ namespace ov::detail {
 /// The forms in which archives hold texts, data, dates, lists and dictionaries as objects.
 class FoundationForms {
  public:
-  /// With no classes known, texts and data that are objects are left as they are, so that their
-  /// classes show.
+  /// Texts and data that are objects may be left as they are, so that their classes show.
   FoundationForms(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves,
-                  ReadFields& fields, ReadClasses::Known known)
+                  ReadFields& fields, bool makesLeaves)
       : plist_(plist),
         objects_(objects),
         leaves_(leaves),
         fields_(fields),
-        makesLeaves_(known == ReadClasses::Known::registeredClasses) {}
+        makesLeaves_(makesLeaves) {}
 
   /// The object that an archived one is: a text or data block, or a date or collection that is
   /// still empty. Null when it is neither.

@@ -3,36 +3,19 @@
 #include <limits>
 
 #include "platform/archive/archive_reader.h"
-#include "platform/archive/unarchived_with.h"
 #include "platform/real.h"
 
-using ov::detail::ArchiveReader;
 using ov::detail::PlistItem;
 using Kind = PlistItem::Kind;
-
-namespace {
-
-OVRef<OVObject> read(const OVRef<OVData>& data, ArchiveReader::Known known,
-                     std::span<const OVClass* const> instead = {}) {
-  if (data == nullptr) throw OVInvalidArchive("no data");
-  return ArchiveReader(data->bytes(), known, instead).root();
-}
-
-}  // namespace
 
 OVInvalidArchive::~OVInvalidArchive() = default;
 
 OVRef<OVObject> OVKeyedUnarchiver::unarchiveObjectWithData(const OVRef<OVData>& data) {
-  return read(data, ArchiveReader::Known::registeredClasses);
+  return ov::detail::unarchived(data, ov::detail::registeredClass);
 }
 
 OVRef<OVObject> OVKeyedUnarchiver::unarchiveOpaqueObjectWithData(const OVRef<OVData>& data) {
-  return read(data, ArchiveReader::Known::noClasses);
-}
-
-OVRef<OVObject> ov::detail::unarchivedWith(const OVRef<OVData>& data,
-                                           std::span<const OVClass* const> instead) {
-  return read(data, ArchiveReader::Known::registeredClasses, instead);
+  return ov::detail::unarchived(data, nullptr);
 }
 
 void OVKeyedUnarchiver::registerClass(const OVClass& hostClass) {

@@ -35,21 +35,14 @@ ArchivedClass ReadClasses::read(std::uint64_t uid) {
   if (const auto hints = plainEntry(plist_, dictionary, archive::kClassHints)) {
     record.hints = texts(*hints);
   }
-  if (known_ == Known::registeredClasses) {
-    record.known = classNamed(record.name);
+  if (lookUp_ != nullptr) {
+    record.known = lookUp_(record.name);
     for (std::size_t i = 0; record.known == nullptr && i < record.hints.size(); ++i) {
-      record.known = classNamed(record.hints[i]);
+      record.known = lookUp_(record.hints[i]);
     }
   }
   record.isHosts = record.known != nullptr && libraryClass(record.known->name) == nullptr;
   return record;
-}
-
-const OVClass* ReadClasses::classNamed(std::string_view name) const {
-  for (const OVClass* each : instead_) {
-    if (each->name == name) return each;
-  }
-  return registeredClass(name);
 }
 
 std::vector<OVString> ReadClasses::texts(const PlistItem& array) {

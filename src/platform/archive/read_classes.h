@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -25,11 +23,9 @@ struct ArchivedClass {
 /// The records of an archive's classes, each read once.
 class ReadClasses {
  public:
-  enum class Known : std::uint8_t { registeredClasses, noClasses };
-
-  ReadClasses(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves, Known known,
-              std::span<const OVClass* const> instead = {})
-      : plist_(plist), objects_(objects), leaves_(leaves), known_(known), instead_(instead) {}
+  ReadClasses(PlistReader& plist, const ReadObjects& objects, ReadLeaves& leaves,
+              ClassLookup classes)
+      : plist_(plist), objects_(objects), leaves_(leaves), lookUp_(classes) {}
 
   /// The record that an item refers to. Stays where it is. Throws `OVInvalidArchive` where there is
   /// none.
@@ -37,14 +33,12 @@ class ReadClasses {
 
  private:
   ArchivedClass read(std::uint64_t uid);
-  [[nodiscard]] const OVClass* classNamed(std::string_view name) const;
   std::vector<OVString> texts(const PlistItem& array);
 
   PlistReader& plist_;
   const ReadObjects& objects_;
   ReadLeaves& leaves_;
-  Known known_;
-  std::span<const OVClass* const> instead_;  // of the library's of these names
+  ClassLookup lookUp_;
   std::unordered_map<std::uint64_t, ArchivedClass> records_;
 };
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include <OVAddressBookSDK/object.h>
 #include <OVAddressBookSDK/text.h>
@@ -33,7 +33,7 @@ class ReadLeaves {
 
   PlistReader& plist_;
   ObjectArena& arena_;
-  std::unordered_map<const std::byte*, Long> long_;
+  std::map<const std::byte*, Long> long_;  // not hashed: who makes a block chooses its places
   std::string scratch_;
 };
 

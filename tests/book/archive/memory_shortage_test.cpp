@@ -10,6 +10,7 @@
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
 #include <OVAddressBookSDK/multiple_value.h>
+#include <OVAddressBookSDK/persons_to_list.h>
 
 #include "book/archive/sample_graphs.h"
 #include "book/archive/small_book.h"
@@ -111,6 +112,14 @@ TEST(MemoryShortage, LeavesNothingOfABlockReadWithoutClasses) {
   failEachAllocation(read, [&](const OVRef<OVObject>& graph) {
     EXPECT_TRUE(archiveOf(graph)->text() == expected->text());
   });
+}
+
+TEST(MemoryShortage, LeavesNothingOfPersonsToList) {
+  const auto block = smallBook()->saveToData();
+  failEachAllocation([&] { return ov::personsToList(block); },
+                     [&](const OVDictionary<const OVPersonGeneral>& persons) {
+                       EXPECT_EQ(persons.size(), bookIn(block)->personsDic().size());
+                     });
 }
 
 TEST(MemoryShortage, LeavesNothingOfARingThatWasHalfRead) {

@@ -1,6 +1,7 @@
 #include <cstdint>
 #include <functional>
 #include <random>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -84,6 +85,17 @@ TEST(ArchiveCosts, ClassesWithNamesThatCollideAreWritten) {
   }
   const auto block = archive.archive(archive.arrayOf("NSArray", objects));
   EXPECT_LT(passedThrough(block)->size(), 2 * block->size());
+}
+
+TEST(ArchiveCosts, KeysThatCollideAreReadAndFound) {
+  ArchiveBuilder archive;
+  std::vector<Uid> keys;
+  const std::vector<std::string> texts = collidingTexts(50000);
+  for (const std::string& text : texts) keys.push_back(archive.addText(text));
+  const Uid dictionary = archive.dictionaryOf("NSDictionary", keys, keys);
+  const auto read = unarchived<OVDictionary<OVString>>(archive.archive(dictionary));
+  EXPECT_EQ(read.size(), std::set<std::string>(texts.begin(), texts.end()).size());
+  for (const auto& [key, value] : read) ASSERT_EQ(read[key], value);
 }
 
 class ArchiveCostsOfAText : public testing::TestWithParam<std::pair<const char*, const char*>> {};

@@ -9,6 +9,7 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/archive/archive_reader.h"
+#include "platform/archive/class_table.h"
 #include "platform/archive/foundation_forms.h"
 #include "platform/archive/opaque_reader.h"
 #include "platform/archive/plain_entries.h"
@@ -23,6 +24,7 @@ using ov::detail::ArchivedClass;
 using ov::detail::ArchiveFields;
 using ov::detail::ArchiveReader;
 using ov::detail::ArchiveSlot;
+using ov::detail::ClassLookup;
 using ov::detail::FoundationForms;
 using ov::detail::ObjectArena;
 using ov::detail::OpaqueReader;
@@ -40,14 +42,14 @@ namespace {
 
 /// An archive whose objects are listed, and nothing else is read.
 struct Rooms {
-  explicit Rooms(OVRef<OVData> block, ReadClasses::Known known)
+  explicit Rooms(OVRef<OVData> block, ClassLookup known)
       : data(std::move(block)),
         plist(data->bytes()),
         objects(plist),
         leaves(plist, arena),
         classes(plist, objects, leaves, known),
         fields(plist, classes),
-        forms(plist, objects, leaves, fields, known) {
+        forms(plist, objects, leaves, fields, known != nullptr) {
     objects.open(requiredEntry(plist, head(), "$objects", Kind::array));
   }
   PlistItem head() { return plist.item(plist.top()); }
@@ -64,7 +66,7 @@ struct Rooms {
 
 class ArchiveReaderRooms : public testing::Test {
  protected:
-  Rooms& rooms(ReadClasses::Known known = ReadClasses::Known::registeredClasses) {
+  Rooms& rooms(ClassLookup known = ov::detail::registeredClass) {
     rooms_ = std::make_unique<Rooms>(archive_.archive(0), known);
     return *rooms_;
   }
@@ -135,7 +137,7 @@ TEST_F(ArchiveReaderRooms, AClassIsKnownByItsRecord) {
   EXPECT_EQ(unknown.classes[1], "Parent");
   EXPECT_EQ(&rooms.classes.record(other), &unknown);
   EXPECT_THROW((void)rooms.classes.record(text), OVInvalidArchive);
-  EXPECT_EQ(this->rooms(ReadClasses::Known::noClasses).classes.record(label).known, nullptr);
+  EXPECT_EQ(this->rooms(nullptr).classes.record(label).known, nullptr);
 }
 
 TEST_F(ArchiveReaderRooms, FieldsAreFoundByTheirKeys) {
@@ -183,7 +185,7 @@ TEST_F(ArchiveReaderRooms, WhatAnUnknownObjectHoldsIsReadInItsOrder) {
                                           {"s", archive_.set({seven})},
                                           {"a", archive_.null()}});
   Rooms& rooms = this->rooms();
-  ArchiveReader reader(rooms.data->bytes(), ReadClasses::Known::noClasses);
+  ArchiveReader reader(rooms.data->bytes(), nullptr);
   ASSERT_EQ(reader.root(), nullptr);
   const auto fields =
       OpaqueReader(rooms.plist, rooms.leaves, reader).fields(rooms.objects.item(odd));
