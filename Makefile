@@ -114,9 +114,10 @@ consumers: ## Use the library as a subfolder with each compiler and standard, sh
 	cmake --preset dev -B build/consumers -DOV_TEST_EVERY_CONSUMER=ON
 	ctest --test-dir build/consumers -R consumer.add_subdirectory_ -j $(TEST_JOBS) --output-on-failure
 
-cross: ## Build for s390x (big-endian) and i386 (32 bits), run the tests of archives, compare blocks
+cross: ## Build for s390x (big-endian), i386 (32 bits) and with libc++, test archives, compare blocks
 	scripts/cross s390x $(BUILD_JOBS)
 	scripts/cross i386 $(BUILD_JOBS)
+	scripts/cross libc++ $(BUILD_JOBS)
 
 abi-baseline: ## Store the binary interface of the shared library again
 	cmake --preset optimised

@@ -1,7 +1,7 @@
 #include "platform/dispose.h"
 
+#include <future>
 #include <memory>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -110,7 +110,7 @@ TEST(Dispose, EveryThreadDestroysItsOwn) {
     last.reset();
     EXPECT_EQ(destroyed.size(), 10000U);
   };
-  std::jthread other(destroyAChain);
+  const auto other = std::async(std::launch::async, destroyAChain);
   destroyAChain();
 }
 
