@@ -6,6 +6,7 @@
 #include <OVAddressBookSDK/number.h>
 
 #include "platform/archive/met_objects.h"
+#include "platform/archive/plist_reader.h"
 #include "platform/archive/plist_writer.h"
 #include "platform/archive/written_classes.h"
 #include "platform/archive/written_fields.h"
@@ -14,6 +15,7 @@
 
 using ov::detail::KeySequence;
 using ov::detail::MetObjects;
+using ov::detail::PlistReader;
 using ov::detail::PlistWriter;
 using ov::detail::WrittenClasses;
 using ov::detail::WrittenFields;
@@ -48,6 +50,19 @@ TEST_F(ArchiveWriterRooms, ObjectsGetTheirUidsInTurn) {
   EXPECT_EQ(objects_.nextUid(), 2U);
   EXPECT_NE(objects_.add(), first);
   EXPECT_NE(objects_.null(), first);
+}
+
+TEST_F(ArchiveWriterRooms, AnObjectTakesThePlaceThatWasLeftForIt) {
+  const auto uid = objects_.nextUid();
+  (void)objects_.add();
+  objects_.place(uid, plist_.text("late"));
+  const auto written = plist_.finish(objects_.array());
+  PlistReader plist(written->bytes());
+  const auto array = plist.item(plist.top());
+  EXPECT_EQ(array.count, 2U);
+  std::string storage;
+  EXPECT_TRUE(plist.equals(plist.item(plist.reference(array, 0)), "$null", storage));
+  EXPECT_TRUE(plist.equals(plist.item(plist.reference(array, uid)), "late", storage));
 }
 
 TEST_F(ArchiveWriterRooms, AnEqualLeafIsTheEarlierObject) {
