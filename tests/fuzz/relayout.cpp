@@ -87,12 +87,27 @@ std::string joined(const Parts& parts) {
   return list;
 }
 
-void change(std::string& object) {
-  constexpr std::size_t kRoom = 16;
-  const std::size_t size = object.size();
-  object.resize(size + kRoom);
-  object.resize(
-      LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(object.data()), size, object.size()));
+void change(std::string& bytes) {
+  constexpr std::size_t kRoom = 32;  // for any word of the dictionary
+  const std::size_t size = bytes.size();
+  bytes.resize(size + kRoom);
+  bytes.resize(LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(bytes.data()), size, bytes.size()));
+}
+
+/// Changes a text and leaves it one: a key, a class name, a value. False for anything else.
+bool changeText(std::string& object) {
+  const auto first = static_cast<unsigned char>(object.empty() ? '\0' : object.front());
+  const std::size_t start = (first & 0x0FU) == plist::kLengthFollows ? 3 : 1;
+  if ((first & 0xF0U) != plist::kAscii || object.size() <= start) return false;
+  std::string text = object.substr(start);
+  change(text);
+  text.resize(std::min<std::size_t>(text.size(), 0xFF));
+  for (char& c : text) c = static_cast<char>(c & 0x7F);
+  object = static_cast<char>(plist::kAscii | plist::kLengthFollows);
+  object += static_cast<char>(plist::kInteger);
+  object += static_cast<char>(text.size());
+  object += text;
+  return true;
 }
 
 unsigned kindOf(const Parts& parts, std::size_t number) {
@@ -144,6 +159,9 @@ void changeOne(Parts& parts, unsigned chance) {
       break;
     case 2:  // a number for another object
       parts.numbers[chance / 8 % parts.numbers.size()] = chance / 64 % parts.objects.size();
+      break;
+    case 6:
+      if (!changeText(object)) change(object);
       break;
     default:
       change(object);
