@@ -126,10 +126,13 @@ def operations_table(operations):
 def machine_table(limits, own):
     """What the machine itself needs for a person, and how far each direction is from it."""
     persons, block, held = limits["persons"], own["block_bytes"], own["restored_bytes"]
+    clearing, copying = (f"{1e-9 / limits[key]:.1f} GB/s" for key in ("clearing", "copying"))
     works = (("walking over a plain graph", limits["walking"], True, False),
-             ("clearing fresh pages for the block", limits["clearing"] * block, True, False),
-             ("copying the block", limits["copying"] * block, True, True),
-             ("clearing fresh pages for the restored book", limits["clearing"] * held, False, True))
+             (f"clearing fresh pages for the block, at {clearing}", limits["clearing"] * block,
+              True, False),
+             (f"copying the block, at {copying}", limits["copying"] * block, True, True),
+             (f"clearing fresh pages for the restored book, at {clearing}",
+              limits["clearing"] * held, False, True))
     rows = [f"| {persons} persons: what the machine needs | saving, µs/person "
             "| restoring, µs/person |", "|---|---|---|"]
     for name, seconds, saving, restoring in works:
@@ -140,7 +143,8 @@ def machine_table(limits, own):
     rows.append(f"| together | {save / persons * 1e6:.2f} | {restore / persons * 1e6:.2f} |")
     rows.append(f"| OVAddressBookSDK, times that | {own['save_seconds'] / save:.1f} "
                 f"| {own['restore_seconds'] / restore:.1f} |")
-    rows.append(f"| `ovbook list`, times restoring | - | {limits['list'] / own['restore_seconds']:.1f} |")
+    listing = limits["list"] / own["restore_seconds"]
+    rows.append(f"| `ovbook list`, times restoring | - | {listing:.2f} |")
     return "\n".join(rows)
 
 
