@@ -1,6 +1,7 @@
 // Any bytes are either refused or an archive whose objects can be used, and what is written of them
 // is read as the same graph and written in the same bytes.
 
+#include <algorithm>
 #include <cstdint>
 #include <sstream>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
+#include <OVAddressBookSDK/multiple_value.h>
 #include <OVAddressBookSDK/persons_to_list.h>
 
 #include "fuzz/finding.h"
@@ -30,6 +32,14 @@ class Graph {
   ~Graph() { release(objects_); }
 
   void use() const { useObjects(objects_); }
+  /// Whether every list of values has a main value. Where it has none, the first one is it once the
+  /// list has been written and read.
+  [[nodiscard]] bool hasMainValues() const {
+    return std::ranges::none_of(objects_, [](const OVRef<OVObject>& each) {
+      const auto values = ov::cast<OVMultipleValue>(each);
+      return values != nullptr && values->count() != 0 && values->mainValue() == nullptr;
+    });
+  }
   [[nodiscard]] std::string listing() const { return archiveListing(root_); }
   [[nodiscard]] OVRef<OVData> archive() const {
     return OVKeyedArchiver::archivedDataWithRootObject(root_);
@@ -74,7 +84,7 @@ void check(Unarchive unarchive, const OVRef<OVData>& block) {
   expectThat(withoutMainValues(second.listing()) == withoutMainValues(first.listing()),
              "another graph is read from what was written");
   const OVRef<OVData> settled = second.archive();
-  expectThat(second.listing() != first.listing() || settled->text() == saved->text(),
+  expectThat(!first.hasMainValues() || settled->text() == saved->text(),
              "other bytes than those that were read");
   const Graph third(readOwn(unarchive, settled));
   expectThat(third.listing() == second.listing(), "another graph the second time");
