@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <stdexcept>
+#include <string>
+
 #include <OVAddressBookSDK/address_book_general.h>
 #include <OVAddressBookSDK/keyed_archiver.h>
 #include <OVAddressBookSDK/keyed_unarchiver.h>
@@ -33,25 +37,21 @@ bool has(const OVRef<OVPersonGeneral>& person, const OVString& property) {
   return person->valueByPropertyName(property) != nullptr;
 }
 
-class HostsPerson : public OVPersonGeneral {
+/// A host's own class, under that name.
+template <class Base>
+class Hosts : public Base {
  public:
   static const OVClass& archivedClass() {
-    static const OVClass record{"TestListedHostsPerson", &OVPersonGeneral::archivedClass(),
-                                [] { return OVRef<OVObject>(std::make_shared<HostsPerson>()); }};
+    static const std::string name = std::string("TestListed") + Base::archivedClass().name;
+    static const OVClass record{name.c_str(), &Base::archivedClass(),
+                                [] { return OVRef<OVObject>(std::make_shared<Hosts>()); }};
     return record;
   }
   const OVClass* classForCoder() const override { return &archivedClass(); }
 };
 
-class HostsBook : public OVAddressBookGeneral {
- public:
-  static const OVClass& archivedClass() {
-    static const OVClass record{"TestListedHostsBook", &OVAddressBookGeneral::archivedClass(),
-                                [] { return OVRef<OVObject>(std::make_shared<HostsBook>()); }};
-    return record;
-  }
-  const OVClass* classForCoder() const override { return &archivedClass(); }
-};
+using HostsPerson = Hosts<OVPersonGeneral>;
+using HostsBook = Hosts<OVAddressBookGeneral>;
 
 }  // namespace
 
@@ -99,6 +99,17 @@ TEST(PersonsToListOfBlocks, OfAHostsClassesAreWhole) {
   const auto persons = ov::personsToList(book->saveToData());
   EXPECT_TRUE(has(persons["hosts"], OVProPertyNote));
   EXPECT_FALSE(has(persons["plain"], OVProPertyNote));
+}
+
+TEST(PersonsToListOfBlocks, RefuseToKeepABookInThePlaceOfAValue) {
+  ArchiveBuilder b;
+  const Uid book = b.object("OVAddressBookGeneral", {});
+  const Uid company = b.object("OVMutableSingleValue", {{"value", b.to(book)}});
+  const Uid person = b.object("OVPersonGeneral", {{"Company", b.to(company)}});
+  const auto value =
+      ov::personsToList(bookOf(b, person))["p"]->valueByPropertyName(OVProPertyCompany);
+  ASSERT_NE(value, nullptr);
+  EXPECT_THROW((void)OVKeyedArchiver::archivedDataWithRootObject(value), std::invalid_argument);
 }
 
 TEST(PersonsToListOfBlocks, InARingAreReleasedWhenTheBlockIsRefused) {
