@@ -159,6 +159,7 @@ void LineReader::takeCard(Line& line) {
     if (marker == Marker::End) --open;
     if (marker == Marker::Begin || (agent.cardBegins && !cursor_.isContinuation())) ++open;
   }
+  takeContinuations();  // of its last line: they would continue this one, were it written as one
   line.holdsCard_ = true;
   line.openCards_ = open;
 }

@@ -98,6 +98,15 @@ TEST(CardReader, AnAgentMayBeginOnItsOwnLine) {
   EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD\\n FN:a"));
 }
 
+TEST(CardReader, LinesFoldedAfterTheCardOfAnAgentBelongToIt) {
+  const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nFN:b\nEND:VCARD\n c\nFN:a\nEND:VCARD\n");
+  EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD\\n c\\n FN:a"));
+  const Split respelled("BEGIN:VCARD\nAGENT:BEGIN:VCARD\nN:\xE4\nEND:VCARD\n \nEND:VCARD\n");
+  EXPECT_THAT(respelled.sources,
+              ElementsAre("BEGIN:VCARD\nAGENT:BEGIN:VCARD\\nN:\u00E4\\nEND:VCARD\\n \\n\n"
+                          "END:VCARD\n"));
+}
+
 TEST(CardReader, AFoldedAgentIsOneLine) {
   const Split split("BEGIN:VCARD\nAGENT:BEGIN:VCARD\n \\nFN:b\\nEND:VCARD\nFN:a\nEND:VCARD\n");
   EXPECT_THAT(split.cards, ElementsAre("1: AGENT:BEGIN:VCARD\\nFN:b\\nEND:VCARD FN:a"));
