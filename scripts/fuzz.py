@@ -74,7 +74,7 @@ def fuzz(build, name, seconds):
 
 
 def merge(build, name):
-    """Adds what reaches something new, the shortest inputs first, to the corpus in the tree."""
+    """Adds the few inputs that reach code which the corpus in the tree does not, to that."""
     with tempfile.TemporaryDirectory() as short:
         for path in folder(build, "corpus", name).iterdir():
             if path.stat().st_size <= LARGEST_FOUND:
@@ -85,7 +85,7 @@ def merge(build, name):
                 for file in pathlib.Path(path).iterdir():
                     pathlib.Path(added, file.name).write_bytes(file.read_bytes())
             before = set(pathlib.Path(added).iterdir())
-            command = [program(build, name), "-merge=1", "-use_value_profile=0", added, short]
+            command = [program(build, name), "-set_cover_merge=1", "-use_counters=0", added, short]
             subprocess.run(command, check=True, capture_output=True)
             found = sorted(set(pathlib.Path(added).iterdir()) - before)
             for file in found:
