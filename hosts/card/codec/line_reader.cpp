@@ -159,7 +159,8 @@ void LineReader::takeCard(Line& line) {
     if (marker == Marker::End) --open;
     if (marker == Marker::Begin || (agent.cardBegins && !cursor_.isContinuation())) ++open;
   }
-  takeContinuations();  // of its last line: they would continue this one, were it written as one
+  // Folded after the card's end, they would continue the one line that it may be spelled in later.
+  takeContinuations();
   line.holdsCard_ = true;
   line.openCards_ = open;
 }
